@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/ParameterGroups.h"
+
+#include <algorithm>
+#include <limits>
+#include <ranges>
+
+namespace quorvin
+{
+
+void ParameterGroups::beginGroup(const QString &key, bool numbered)
+{
+    _groups.push_back({key, numbered, {}});
+}
+
+void ParameterGroups::beginStream(int number)
+{
+    _groups.back().streams.push_back(
+        {static_cast<quint32>(number), static_cast<quint32>(_parameters.size()), 0});
+}
+
+void ParameterGroups::add(TermPtr term, QStringView value, ParameterFlags flags)
+{
+    QByteArray text = value.toUtf8();
+    if (_text.size() + text.size() > std::numeric_limits<quint32>::max())
+        text.clear();
+    _parameters.push_back(
+        {std::move(term), static_cast<quint32>(_text.size()), static_cast<quint32>(text.size()), flags});
+    _text.append(text);
+    ++_groups.back().streams.back().count;
+}
+
+void ParameterGroups::endStreamUnlessEmpty()
+{
+    auto &streams = _groups.back().streams;
+    if (streams.back().count == 0)
+        streams.pop_back();
+}
+
+void ParameterGroups::squeeze()
+{
+    _parameters.shrink_to_fit();
+    _text.squeeze();
+}
+
+std::span<const ParameterGroups::Parameter> ParameterGroups::parameters(const Stream &stream) const
+{
+    return std::span(_parameters).subspan(stream.first, stream.count);
+}
+
+QString ParameterGroups::value(const Parameter &parameter) const
+{
+    return QString::fromUtf8(QByteArrayView(_text).sliced(parameter.offset, parameter.length));
+}
+
+const ParameterGroups::Group *ParameterGroups::group(QStringView key) const
+{
+    const auto found = std::ranges::find(_groups, key, &Group::key);
+    return found == _groups.end() ? nullptr : &*found;
+}
+
+std::optional<QString> ParameterGroups::lookUp(const Stream &stream, QStringView key) const
+{
+    for (const Parameter &parameter : std::views::reverse(parameters(stream))) {
+        if (parameter.term->key == key)
+            return value(parameter);
+    }
+    return std::nullopt;
+}
+
+} // namespace quorvin

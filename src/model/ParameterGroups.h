@@ -1,0 +1,84 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/Vocabulary.h"
+
+#include <QByteArray>
+#include <QFlags>
+#include <QString>
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace quorvin
+{
+
+enum class ParameterFlag : quint8 {
+    None = 0,
+    SkipInExtended = 1, ///< not shown in the Extended tree
+    SkipInExport = 2, ///< not in the key list for exports
+    SkipInComparison = 4, ///< not in the comparison table
+    IsPrivateInfo = 8, ///< a fact about the user's file rather than the media
+};
+Q_DECLARE_FLAGS(ParameterFlags, ParameterFlag)
+Q_DECLARE_OPERATORS_FOR_FLAGS(ParameterFlags)
+
+/// The parameters of one file, each stored once: an ordered list of groups, each an ordered list of streams,
+/// each an ordered list of parameters. All values lie in one buffer, so that a parameter costs 32 bytes and
+/// its text.
+///
+/// Filled front to back through the `begin…`, `add` and `end…` operations by one thread; read only
+/// afterwards.
+class ParameterGroups
+{
+public:
+    struct Parameter {
+        TermPtr term; ///< never null
+        quint32 offset = 0; ///< of the value, in bytes of UTF-8
+        quint32 length = 0;
+        ParameterFlags flags;
+    };
+
+    struct Stream {
+        quint32 number = 0; ///< counted from 1 within its kind; 0 in a group that is no stream of a kind
+        quint32 first = 0; ///< index of the first parameter
+        quint32 count = 0;
+    };
+
+    struct Group {
+        QString key; ///< also the name
+        bool numbered = false; ///< the kind has several streams, so each bears its number
+        std::vector<Stream> streams;
+    };
+
+    /// Opens a group; the streams that follow belong to it. `numbered` as in `Group`.
+    void beginGroup(const QString &key, bool numbered = false);
+    /// Opens the next stream of the open group.
+    void beginStream(int number);
+    /// Appends a parameter to the open stream. A repeated key is kept: lists have it twice, look-ups give the
+    /// last. A value that would take the record past 4 GiB of text is cut to nothing.
+    void add(TermPtr term, QStringView value, ParameterFlags flags = {});
+    /// Drops the open stream if it has got no parameter.
+    void endStreamUnlessEmpty();
+    /// Gives back spare memory; call once when the last group is complete.
+    void squeeze();
+
+    const std::vector<Group> &groups() const { return _groups; }
+    std::span<const Parameter> parameters(const Stream &stream) const;
+    QString value(const Parameter &parameter) const;
+
+    /// The group of that key, or null.
+    const Group *group(QStringView key) const;
+    /// The value of the last parameter of that key in the stream; absent when there is none.
+    std::optional<QString> lookUp(const Stream &stream, QStringView key) const;
+
+private:
+    std::vector<Group> _groups;
+    std::vector<Parameter> _parameters;
+    QByteArray _text;
+};
+
+} // namespace quorvin

@@ -1,0 +1,93 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/QuorvinData.h"
+
+#include <QStringList>
+
+namespace quorvin
+{
+
+namespace
+{
+
+QString textOfTree(const ExtTreeItems &tree, bool skipFilePrivate)
+{
+    QStringList lines;
+    convertFromDataArray(tree, lines, skipFilePrivate);
+    return lines.join(u'\n');
+}
+
+ExtTreeItems leavesOf(const ParameterGroups &groups, const ParameterGroups::Stream &stream)
+{
+    ExtTreeItems leaves;
+    for (const auto &parameter : groups.parameters(stream)) {
+        if (!parameter.flags.testFlag(ParameterFlag::SkipInExtended))
+            leaves.push_back(ExtTreeItem::itemWithKey(parameter.term->key, parameter.term->label,
+                                                      groups.value(parameter), parameter.flags));
+    }
+    return leaves;
+}
+
+} // namespace
+
+ExtTreeItems QuorvinData::extendedContent() const
+{
+    ExtTreeItems tree;
+    for (const auto &group : groups().groups()) {
+        for (const auto &stream : group.streams) {
+            const QString name = group.numbered
+                ? group.key + QLatin1String(" #") + QString::number(stream.number)
+                : group.key;
+            tree.push_back(
+                ExtTreeItem::groupTreeWithKey(group.key, name, leavesOf(groups(), stream), stream.number));
+        }
+    }
+    return tree;
+}
+
+QString QuorvinData::stringForExportText() const
+{
+    return textOfTree(extendedContent(), false);
+}
+
+QString QuorvinData::stringForExportTextWithoutFilePrivate() const
+{
+    return textOfTree(extendedContent(), true);
+}
+
+QString QuorvinData::stringForExportGeneral() const
+{
+    const GeneralFacts &general = generalInfo();
+    QStringList summary;
+    for (const QString &piece : {general.format, general.filesize, general.duration, general.bitrate,
+                                 general.imageSize.value_or(QString())})
+        addStringIfNotEmpty(summary, piece);
+
+    QStringList lines{QLatin1String("Container: ") + summary.join(QLatin1String(", "))};
+    for (const StreamLine &line : general.streamLines)
+        lines.append(line.name + QLatin1String(": ") + line.value.plain);
+    return lines.join(u'\n');
+}
+
+void addStringIfNotEmpty(QStringList &list, const QString &text)
+{
+    if (!text.isEmpty())
+        list.append(text);
+}
+
+void convertFromDataArray(const ExtTreeItems &items, QStringList &lines, bool skipFilePrivate)
+{
+    for (const ExtTreeItemPtr &item : items) {
+        if (item->children()) {
+            if (!lines.isEmpty())
+                lines.append(QString());
+            lines.append(item->extValue());
+            convertFromDataArray(*item->children(), lines, skipFilePrivate);
+        } else if (!skipFilePrivate || !item->isPrivateInfo()) {
+            lines.append(item->extValue());
+        }
+    }
+}
+
+} // namespace quorvin

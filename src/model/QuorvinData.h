@@ -1,0 +1,70 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/ExtTreeItem.h"
+#include "model/GeneralFacts.h"
+#include "model/Location.h"
+#include "model/ParameterGroups.h"
+
+#include <memory>
+#include <optional>
+
+namespace quorvin
+{
+
+/// What a reader and the builder of its views found in a file, on the way to becoming a record.
+struct RecordContents {
+    QString filename; ///< full path as it stands in the list, not resolved
+    qint64 duration = 0; ///< playing time in milliseconds; 0 for images and when unknown
+    bool isImage = false; ///< an image reader accepted the file
+    bool isVideo = false; ///< there is at least one video stream
+    bool isAudio = false; ///< there is at least one audio stream
+    GeneralFacts general;
+    ParameterGroups groups; ///< the first is "File"
+    std::optional<Location> mapLocation;
+};
+
+/// The record of one analysed file. It does not change once made, so any thread may read it.
+class QuorvinData
+{
+public:
+    explicit QuorvinData(RecordContents contents) : _contents(std::move(contents)) { }
+
+    const QString &filename() const { return _contents.filename; }
+    qint64 duration() const { return _contents.duration; }
+    bool isImage() const { return _contents.isImage; }
+    bool isVideo() const { return _contents.isVideo; }
+    bool isAudio() const { return _contents.isAudio; }
+    bool isUnknown() const { return !isImage() && !isVideo() && !isAudio(); }
+    const QString &format() const { return _contents.general.format; }
+    const std::optional<QString> &formatProfile() const { return _contents.general.formatProfile; }
+    const GeneralFacts &generalInfo() const { return _contents.general; }
+    const ParameterGroups &groups() const { return _contents.groups; }
+    const std::optional<Location> &mapLocation() const { return _contents.mapLocation; }
+
+    /// The tree of the Extended tab, made anew: a group node for each stream, its parameters as leaves.
+    ExtTreeItems extendedContent() const;
+
+    /// The Extended tree as text: for each group its name and then "name: value" lines, an empty line between
+    /// groups, lines joined by line feeds. The second form leaves private facts out.
+    QString stringForExportText() const;
+    QString stringForExportTextWithoutFilePrivate() const;
+
+    /// The General tab as text: a "Container: …" line, then a line for each stream.
+    QString stringForExportGeneral() const;
+
+private:
+    RecordContents _contents;
+};
+
+using QuorvinDataPtr = std::shared_ptr<const QuorvinData>;
+
+/// Appends the text unless it is "".
+void addStringIfNotEmpty(QStringList &list, const QString &text);
+
+/// The lines of a tree, as `stringForExportText` joins them, appended to `lines`.
+void convertFromDataArray(const ExtTreeItems &items, QStringList &lines, bool skipFilePrivate);
+
+} // namespace quorvin

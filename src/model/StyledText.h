@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+namespace quorvin
+{
+
+/// A text whose tail may be a title, which the window sets in its title font. All consumers of plain text
+/// take `plain` as it is.
+struct StyledText {
+    QString plain;
+    qsizetype titleStart = -1; ///< index in `plain` at which the title begins, or -1 without a title
+
+    bool hasTitle() const { return titleStart >= 0; }
+    bool operator==(const StyledText &) const = default;
+};
+
+} // namespace quorvin
