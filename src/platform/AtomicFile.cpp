@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/AtomicFile.h"
+
+#include "platform/NativePath.h"
+#include "platform/RegularFile.h"
+#include "platform/UnfinishedFiles.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <climits>
+#include <cstdio>
+#include <cstdlib>
+
+namespace quorvin
+{
+
+namespace
+{
+
+QByteArray folderOf(const QByteArray &path)
+{
+    const qsizetype slash = path.lastIndexOf('/');
+    return slash < 0 ? QByteArrayLiteral(".") : path.left(std::max<qsizetype>(slash, 1));
+}
+
+QByteArray withoutLinks(const QByteArray &path)
+{
+    char real[PATH_MAX];
+    return ::realpath(path.constData(), real) ? QByteArray(real) : path;
+}
+
+mode_t modeOfNewFile()
+{
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    return 0666 & ~mask;
+}
+
+void copyAttributes(const QByteArray &from, int to)
+{
+    QByteArray names(64 * 1024, Qt::Uninitialized);
+    const ssize_t length
+        = ::listxattr(from.constData(), names.data(), static_cast<std::size_t>(names.size()));
+    if (length <= 0)
+        return;
+    QByteArray value(64 * 1024, Qt::Uninitialized);
+    for (const QByteArray &name : names.first(length - 1).split('\0')) {
+        const ssize_t size = ::getxattr(from.constData(), name.constData(), value.data(),
+                                        static_cast<std::size_t>(value.size()));
+        if (size >= 0)
+            ::fsetxattr(to, name.constData(), value.constData(), static_cast<std::size_t>(size), 0);
+    }
+}
+
+/// Owner first, since a change of owner clears bits of the mode. What the user may not hand on stays the
+/// user's own.
+void inheritFrom(const QByteArray &existing, const struct stat &facts, int descriptor)
+{
+    if (::fchown(descriptor, facts.st_uid, facts.st_gid) != 0
+        && ::fchown(descriptor, static_cast<uid_t>(-1), facts.st_gid) != 0)
+        errno = 0;
+    ::fchmod(descriptor, facts.st_mode & 07777);
+    copyAttributes(existing, descriptor);
+}
+
+void syncFolderOf(const QByteArray &path)
+{
+    const int folder = ::open(folderOf(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (folder < 0)
+        return;
+    ::fsync(folder);
+    ::close(folder);
+}
+
+bool renameKeepingExisting(const QByteArray &from, const QByteArray &to)
+{
+    if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+    // This file system has no such rename: a hard link does not replace either.
+    return ::link(from.constData(), to.constData()) == 0 && ::unlink(from.constData()) == 0;
+}
+
+} // namespace
+
+tl::expected<std::unique_ptr<AtomicFile>, QString> AtomicFile::create(const QString &target)
+{
+    std::unique_ptr<AtomicFile> file(new AtomicFile);
+    const QByteArray path = withoutLinks(encodePath(target));
+    struct stat facts {
+    };
+    const bool exists = ::stat(path.constData(), &facts) == 0;
+    const auto opened
+        = exists && !S_ISREG(facts.st_mode) ? file->openDirectly(path) : file->openTemporary(path);
+    if (!opened)
+        return tl::unexpected(opened.error());
+    if (exists && S_ISREG(facts.st_mode))
+        inheritFrom(path, facts, file->_device.handle());
+    return file;
+}
+
+tl::expected<void, QString> AtomicFile::openTemporary(const QByteArray &target)
+{
+    _target = target;
+    _temporary = folderOf(target) + "/.quorvin-XXXXXX";
+    const int descriptor = ::mkostemp(_temporary.data(), O_CLOEXEC);
+    if (descriptor < 0) {
+        _temporary.clear();
+        return tl::unexpected(systemErrorText(errno));
+    }
+    _slot = UnfinishedFiles::add(_temporary);
+    ::fchmod(descriptor, modeOfNewFile());
+    _device.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+    return {};
+}
+
+tl::expected<void, QString> AtomicFile::openDirectly(const QByteArray &target)
+{
+    const int descriptor = ::open(target.constData(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
+    if (descriptor < 0)
+        return tl::unexpected(systemErrorText(errno));
+    _device.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+    return {};
+}
+
+tl::expected<void, QString> AtomicFile::commit(Existing existing)
+{
+    if (!_device.flush() || _device.error() != QFileDevice::NoError)
+        return tl::unexpected(_device.errorString());
+    if (_temporary.isEmpty())
+        return {};
+    if (::fsync(_device.handle()) != 0)
+        return tl::unexpected(systemErrorText(errno));
+    const bool moved = existing == Existing::Keep
+        ? renameKeepingExisting(_temporary, _target)
+        : std::rename(_temporary.constData(), _target.constData()) == 0;
+    if (!moved)
+        return tl::unexpected(systemErrorText(errno));
+    UnfinishedFiles::remove(_slot);
+    _temporary.clear();
+    syncFolderOf(_target);
+    return {};
+}
+
+AtomicFile::~AtomicFile()
+{
+    _device.close();
+    if (_temporary.isEmpty())
+        return;
+    ::unlink(_temporary.constData());
+    UnfinishedFiles::remove(_slot);
+}
+
+} // namespace quorvin

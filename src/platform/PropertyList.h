@@ -1,0 +1,20 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArrayView>
+#include <QVariant>
+
+#include <optional>
+
+namespace quorvin
+{
+
+/// A binary or XML property list as a value: string, list, map, number, boolean, bytes or `QDateTime`. Absent
+/// when the bytes are no property list, or nest deeper than `kMaxPropertyListDepth`. Any thread.
+std::optional<QVariant> parsePropertyList(QByteArrayView bytes);
+
+inline constexpr int kMaxPropertyListDepth = 32;
+
+} // namespace quorvin

@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QVariant>
+
+#include <mutex>
+#include <optional>
+#include <span>
+
+namespace quorvin
+{
+
+/// Every setting, in the order of the table. The enumerators are the keys.
+enum class Setting {
+    terminateAppWhenAllWindowsClosed,
+    sidebarWidth,
+    sidebarPos,
+    extRowHeight,
+    extFontSize,
+    quickViewFontSize,
+    quickViewRowHeight,
+    lastExportFormat,
+    lastExportType,
+    lastComparisonExportFormat,
+    lastExportWithoutFilePrivate,
+    lastTab,
+    openTab,
+    hideUnknownFiles,
+    enableDebug,
+    enableExperimentalPreferences,
+    compareFilesLimit,
+    extComparisonHighlightValue,
+    genComparisonHighlightValue,
+    wrapLongLines,
+    firstColumnBold,
+    extParameterRightAlign,
+    useSIUnits,
+    useSlowThumbProcessing,
+    displayOtherTracksInGeneral,
+    videoUtility,
+    computeFileHashes,
+    useSystemMetadata,
+    showCoincidences,
+    MTMode,
+    useQuickInfoService,
+    mapType,
+    SUFeedURL,
+    debugDataCacher,
+    sidebarIsHidden,
+    extComparisonHighlight,
+};
+
+enum class SettingType { Boolean, Integer, Float, String };
+
+struct SettingRow {
+    Setting setting;
+    QLatin1String key;
+    SettingType type;
+    QLatin1String defaultText; ///< as `settingText` writes it
+};
+
+/// The one table of keys, types and defaults; the row of a setting has its enumerator as index.
+std::span<const SettingRow> settingsTable();
+/// "boolean", "integer", "float" or "string".
+QString nameOfType(SettingType type);
+/// Booleans as true or false, floats with a decimal point.
+QString settingText(SettingType type, const QVariant &value);
+/// The value of that text; absent when it is none of that type. Booleans are true, false, 1 or 0.
+std::optional<QVariant> settingFromText(SettingType type, const QString &text);
+
+/// The user's settings: a file, and over it what was set for this run alone. A value of the file that is not
+/// of its setting's type counts as not there. Any thread.
+class Settings
+{
+public:
+    /// Reads the file, which need not exist. `path` "" means no file: defaults only.
+    explicit Settings(const QString &path);
+    /// Where the user's settings lie: quorvin/settings.ini in the XDG config folder.
+    static QString userPath();
+
+    bool boolean(Setting setting) const { return value(setting).toBool(); }
+    int integer(Setting setting) const { return value(setting).toInt(); }
+    double real(Setting setting) const { return value(setting).toDouble(); }
+    QString string(Setting setting) const { return value(setting).toString(); }
+    QString text(Setting setting) const;
+
+    /// Sets a value for this run from "KEY=VALUE". Absent when it went well, otherwise what was wrong with
+    /// it.
+    std::optional<QString> overrideFrom(const QString &assignment);
+
+private:
+    QVariant value(Setting setting) const;
+
+    mutable std::mutex _lock;
+    QHash<int, QVariant> _values; ///< by the setting's number: what differs from the default
+};
+
+} // namespace quorvin
