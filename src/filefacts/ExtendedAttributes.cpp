@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "filefacts/ExtendedAttributes.h"
+
+#include "model/Log.h"
+#include "platform/NativePath.h"
+#include "platform/PropertyList.h"
+#include "platform/RegularFile.h"
+
+#include <QDateTime>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+
+#include <array>
+#include <cerrno>
+
+namespace quorvin::Utilities
+{
+
+namespace
+{
+
+constexpr QLatin1String kNameSpace("user.");
+
+QByteArray nameOnDisk(const QString &name)
+{
+    return QString(kNameSpace + name).toUtf8();
+}
+
+/// Asks for the size and then for the bytes; again when the value grew in between.
+template <typename Read>
+std::optional<QByteArray> readSized(Read read)
+{
+    for (;;) {
+        const ssize_t size = read(nullptr, 0);
+        if (size < 0)
+            return std::nullopt;
+        QByteArray bytes(size, Qt::Uninitialized);
+        const ssize_t length = read(bytes.data(), static_cast<std::size_t>(size));
+        if (length < 0 && errno == ERANGE)
+            continue;
+        if (length < 0)
+            return std::nullopt;
+        bytes.truncate(length);
+        return bytes;
+    }
+}
+
+Error posixError(int number)
+{
+    return {kPosixErrorDomain, number, systemErrorText(number)};
+}
+
+} // namespace
+
+std::optional<QByteArray> extendedAttributeData(const QString &name, const QString &path)
+{
+    const QByteArray attribute = nameOnDisk(name);
+    const QByteArray file = encodePath(path);
+    return readSized([&](char *bytes, std::size_t size) {
+        return ::getxattr(file.constData(), attribute.constData(), bytes, size);
+    });
+}
+
+std::optional<QVariant> extendedAttribute(const QString &name, const QString &path)
+{
+    const auto bytes = extendedAttributeData(name, path);
+    if (!bytes)
+        return std::nullopt;
+    auto value = parsePropertyList(*bytes);
+    if (!value)
+        qCInfo(lcQuorvin).noquote() << QStringLiteral("Failed to unserialize xattr %1: %2")
+                                           .arg(name, QLatin1String("not a property list"));
+    return value;
+}
+
+std::optional<QStringList> listExtendedAttributesOnFileAtPath(const QString &path)
+{
+    const QByteArray file = encodePath(path);
+    const auto bytes = readSized(
+        [&](char *names, std::size_t size) { return ::listxattr(file.constData(), names, size); });
+    if (!bytes)
+        return std::nullopt;
+    QStringList names;
+    for (const QByteArray &name : bytes->split('\0')) {
+        if (name.startsWith(kNameSpace.data()) && name.size() > kNameSpace.size())
+            names.append(QString::fromUtf8(name.sliced(kNameSpace.size())));
+    }
+    return names;
+}
+
+tl::expected<void, Error> removeExtendedAtrribute(const QString &name, const QString &path)
+{
+    const QByteArray file = encodePath(path);
+    bool removed = ::removexattr(file.constData(), nameOnDisk(name).constData()) == 0;
+    int number = errno;
+    if (name == kTagsAttribute && (removed || number == ENODATA)) {
+        const bool desktopRemoved
+            = ::removexattr(file.constData(), nameOnDisk(kDesktopTagsAttribute).constData()) == 0;
+        removed = removed || desktopRemoved;
+        number = errno;
+    }
+    if (!removed)
+        return tl::unexpected(posixError(number));
+    return {};
+}
+
+tl::expected<void, Error> touchDate(const QString &date, const QString &path)
+{
+    QDateTime time = QDateTime::fromString(date, QStringLiteral("'UTC 'yyyy-MM-dd HH:mm:ss"));
+    if (!time.isValid())
+        return tl::unexpected(Error{kErrorDomain, 1, QStringLiteral("Failed to convert the date")});
+    time.setTimeSpec(Qt::UTC);
+    const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, timespec{time.toSecsSinceEpoch(), 0}};
+    if (::utimensat(AT_FDCWD, encodePath(path).constData(), times.data(), 0) != 0)
+        return tl::unexpected(posixError(errno));
+    return {};
+}
+
+} // namespace quorvin::Utilities

@@ -1,0 +1,122 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "filefacts/FileHash.h"
+
+#include "platform/RegularFile.h"
+
+#include <fcntl.h>
+#include <openssl/evp.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <memory>
+#include <vector>
+
+namespace quorvin::FileHash
+{
+
+namespace
+{
+
+constexpr std::size_t kChunk = 1 << 20;
+
+const EVP_MD *algorithmOf(Digest digest)
+{
+    switch (digest) {
+    case Digest::MD5:
+        return EVP_md5();
+    case Digest::SHA1:
+        return EVP_sha1();
+    case Digest::SHA512:
+        break;
+    }
+    return EVP_sha512();
+}
+
+/// A digest under way.
+class Hasher
+{
+public:
+    explicit Hasher(Digest digest) : _context(EVP_MD_CTX_new())
+    {
+        EVP_DigestInit_ex(_context.get(), algorithmOf(digest), nullptr);
+    }
+
+    void update(const char *bytes, std::size_t length) { EVP_DigestUpdate(_context.get(), bytes, length); }
+
+    QString finish()
+    {
+        std::array<uchar, EVP_MAX_MD_SIZE> bytes{};
+        unsigned length = 0;
+        EVP_DigestFinal_ex(_context.get(), bytes.data(), &length);
+        const auto digest = QByteArray::fromRawData(reinterpret_cast<const char *>(bytes.data()), length);
+        return QString::fromLatin1(digest.toHex());
+    }
+
+private:
+    struct Deleter {
+        void operator()(EVP_MD_CTX *context) const { EVP_MD_CTX_free(context); }
+    };
+    std::unique_ptr<EVP_MD_CTX, Deleter> _context;
+};
+
+} // namespace
+
+std::optional<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests)
+{
+    std::vector<Hasher> hashers(digests.begin(), digests.end());
+    std::vector<char> chunk(kChunk);
+    ::posix_fadvise(descriptor, 0, 0, POSIX_FADV_SEQUENTIAL);
+    for (off_t offset = 0;;) {
+        const ssize_t count = ::pread(descriptor, chunk.data(), chunk.size(), offset);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count < 0)
+            return std::nullopt;
+        if (count == 0)
+            break;
+        for (Hasher &hasher : hashers)
+            hasher.update(chunk.data(), static_cast<std::size_t>(count));
+        offset += count;
+    }
+    QStringList hashes;
+    for (Hasher &hasher : hashers)
+        hashes.append(hasher.finish());
+    return hashes;
+}
+
+std::optional<QString> hashOfFileAtPath(const QString &path, Digest digest)
+{
+    const auto file = RegularFile::open(path);
+    if (!file)
+        return std::nullopt;
+    const auto hashes = hashesOfFile(file->descriptor(), {digest});
+    return hashes ? std::optional(hashes->first()) : std::nullopt;
+}
+
+std::optional<QString> md5HashOfFileAtPath(const QString &path)
+{
+    return hashOfFileAtPath(path, Digest::MD5);
+}
+
+std::optional<QString> sha1HashOfFileAtPath(const QString &path)
+{
+    return hashOfFileAtPath(path, Digest::SHA1);
+}
+
+std::optional<QString> sha512HashOfFileAtPath(const QString &path)
+{
+    return hashOfFileAtPath(path, Digest::SHA512);
+}
+
+QString sha1String(const QString &string)
+{
+    const QByteArray bytes = string.toUtf8();
+    Hasher hasher(Digest::SHA1);
+    hasher.update(bytes.constData(), static_cast<std::size_t>(string.size()));
+    return hasher.finish();
+}
+
+} // namespace quorvin::FileHash

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "filefacts/Paths.h"
+
+#include "model/Log.h"
+#include "platform/NativePath.h"
+
+#include <QDir>
+#include <QUuid>
+
+#include <sys/stat.h>
+
+namespace quorvin::Utilities
+{
+
+namespace
+{
+
+constexpr int kMostTries = 9998;
+
+bool exists(const QString &path)
+{
+    struct stat facts {
+    };
+    return ::lstat(encodePath(path).constData(), &facts) == 0;
+}
+
+std::optional<QString> madeFolder(const QString &path)
+{
+    return QDir().mkpath(path) ? std::optional(path) : std::nullopt;
+}
+
+QString globallyUniqueName()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+} // namespace
+
+QString uniqueFilename(const QString &path)
+{
+    if (!exists(path))
+        return path;
+    const QString extension = pathExtension(path);
+    const QString tail = extension.isEmpty() ? QString() : u'.' + extension;
+    const QString base = path.left(path.size() - tail.size());
+    QString candidate;
+    for (int n = 1; n <= kMostTries; ++n) {
+        candidate = base + QLatin1String(" (") + QString::number(n) + u')' + tail;
+        if (!exists(candidate))
+            break;
+    }
+    return candidate;
+}
+
+std::optional<QString> createUniqueFolder(const QString &path)
+{
+    const auto folder = madeFolder(uniqueFilename(path));
+    if (!folder)
+        qCInfo(lcQuorvin).noquote() << "Failed to create the folder" << path;
+    return folder;
+}
+
+std::optional<QString> createTemporaryFolderWithName(const std::optional<QString> &name)
+{
+    return madeFolder(QDir::tempPath() + u'/' + name.value_or(globallyUniqueName()));
+}
+
+std::optional<QString> createRandomTemporaryFolderInSubfolder(const std::optional<QString> &subfolder)
+{
+    const QString above = subfolder ? *subfolder + u'/' : QString();
+    return madeFolder(QDir::tempPath() + u'/' + above + globallyUniqueName());
+}
+
+} // namespace quorvin::Utilities
