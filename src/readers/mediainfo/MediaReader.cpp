@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "readers/mediainfo/MediaReader.h"
+
+#include "filefacts/FileStream.h"
+#include "model/Log.h"
+#include "readers/mediainfo/MediaExtended.h"
+#include "readers/mediainfo/MediaGeneral.h"
+#include "readers/mediainfo/oMediaInfo.h"
+
+namespace quorvin
+{
+
+tl::expected<RecordContents, QString> readMedia(const QString &filename, const RegularFile &file,
+                                                const RecordOptions &options)
+{
+    oMediaInfo info;
+    if (!info.Open(filename)) {
+        qCInfo(lcQuorvin).noquote() << "Failed to parse with MI:" << filename;
+        return tl::unexpected(QStringLiteral("Can not process the file"));
+    }
+    RecordContents record;
+    record.filename = filename;
+    prepareMediainfoGeneral(info, file, options, record);
+    prepareFileStream(filename, record.general, record.groups);
+    prepareMediainfoData(info, options, record.groups);
+    return record;
+}
+
+} // namespace quorvin
