@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "export/ExportEntry.h"
+
+#include <QString>
+
+#include <tl/expected.hpp>
+
+namespace quorvin
+{
+
+/// Where the documents of an export go. Takes the entries one by one, so that a list of any length can be
+/// exported while it is analysed. Errors are reasons, for a person to read. One thread.
+class ExportTarget
+{
+public:
+    using Result = tl::expected<void, QString>;
+
+    ExportTarget() = default;
+    virtual ~ExportTarget() = default;
+    ExportTarget(const ExportTarget &) = delete;
+    ExportTarget &operator=(const ExportTarget &) = delete;
+
+    virtual Result add(const ExportEntry &entry) = 0;
+    /// Call once, after the last entry; a target that is dropped without it leaves no file behind that is not
+    /// complete.
+    virtual Result finish() = 0;
+};
+
+} // namespace quorvin
