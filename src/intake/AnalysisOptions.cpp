@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "intake/AnalysisOptions.h"
+
+namespace quorvin
+{
+
+RecordOptions recordOptionsFrom(const Settings &settings)
+{
+    RecordOptions options;
+    options.useSIUnits = settings.boolean(Setting::useSIUnits);
+    options.useSlowThumbProcessing = settings.boolean(Setting::useSlowThumbProcessing);
+    options.otherTracksInGeneral = settings.boolean(Setting::displayOtherTracksInGeneral);
+    options.computeFileHashes = settings.boolean(Setting::computeFileHashes);
+    options.skipExtAttributes = !settings.boolean(Setting::useSystemMetadata);
+    options.useExiftoolForVideo = settings.string(Setting::videoUtility) == QLatin1String("exiftool");
+    return options;
+}
+
+} // namespace quorvin

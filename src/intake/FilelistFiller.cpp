@@ -1,0 +1,176 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "intake/FilelistFiller.h"
+
+#include "platform/FileOrder.h"
+#include "platform/NativePath.h"
+#include "platform/RegularFile.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+namespace quorvin
+{
+
+namespace
+{
+
+/// A folder that is being walked, with the way up from it.
+struct Folder {
+    dev_t device = 0;
+    ino_t inode = 0;
+    std::shared_ptr<const Folder> parent;
+
+    bool isItsOwnAncestor() const
+    {
+        for (const Folder *above = parent.get(); above; above = above->parent.get()) {
+            if (above->device == device && above->inode == inode)
+                return true;
+        }
+        return false;
+    }
+};
+
+/// A folder still to be listed.
+struct Pending {
+    QByteArray path;
+    QByteArray prefix;
+    std::shared_ptr<const Folder> parent;
+};
+
+struct DirectoryCloser {
+    void operator()(DIR *directory) const { ::closedir(directory); }
+};
+using Directory = std::unique_ptr<DIR, DirectoryCloser>;
+
+QByteArray joined(const QByteArray &folder, const char *name)
+{
+    if (folder.isEmpty() || folder.endsWith('/'))
+        return folder + name;
+    return folder + '/' + name;
+}
+
+bool isFolder(int at, const char *path)
+{
+    struct stat facts {
+    };
+    return ::fstatat(at, path, &facts, 0) == 0 && S_ISDIR(facts.st_mode);
+}
+
+/// The listing tells a folder from a file without a further call, except for links.
+bool isFolder(DIR *directory, const dirent &entry)
+{
+    if (entry.d_type == DT_LNK || entry.d_type == DT_UNKNOWN)
+        return isFolder(::dirfd(directory), entry.d_name);
+    return entry.d_type == DT_DIR;
+}
+
+/// One walk: a stack of folders and what came out of them.
+class Walk
+{
+public:
+    explicit Walk(std::vector<FilelistItemPtr> &files, std::vector<FilelistFiller::Problem> &problems)
+        : _files(files), _problems(problems)
+    {
+    }
+
+    void start(const QString &path, bool isOnlyOne)
+    {
+        const QByteArray bytes = encodePath(path);
+        const QString name = lastPathComponent(path);
+        if (isFolder(AT_FDCWD, bytes.constData()))
+            _pending.push_back({bytes, isOnlyOne ? QByteArray() : encodePath(name), nullptr});
+        else
+            _files.push_back(FilelistItem::itemWithFilename(path, name));
+    }
+
+    bool isOver() const { return _pending.empty(); }
+
+    void listNextFolder()
+    {
+        const Pending next = std::move(_pending.back());
+        _pending.pop_back();
+        const int descriptor = ::open(next.path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        struct stat facts {
+        };
+        if (descriptor < 0 || ::fstat(descriptor, &facts) != 0)
+            return complain(next.path, errno);
+        const Directory directory(::fdopendir(descriptor));
+        const auto folder = std::make_shared<const Folder>(Folder{facts.st_dev, facts.st_ino, next.parent});
+        if (folder->isItsOwnAncestor())
+            return;
+
+        errno = 0;
+        while (const dirent *entry = ::readdir(directory.get())) {
+            take(directory.get(), *entry, next, folder);
+            errno = 0;
+        }
+        if (errno != 0)
+            complain(next.path, errno);
+    }
+
+private:
+    void take(DIR *directory, const dirent &entry, const Pending &parent,
+              const std::shared_ptr<const Folder> &folder)
+    {
+        const std::string_view name(entry.d_name);
+        if (name == "." || name == ".." || name == ".DS_Store")
+            return;
+        QByteArray path = joined(parent.path, entry.d_name);
+        QByteArray prefixedPath = joined(parent.prefix, entry.d_name);
+        if (isFolder(directory, entry))
+            _pending.push_back({std::move(path), std::move(prefixedPath), folder});
+        else
+            _files.push_back(FilelistItem::itemWithFilename(decodePath(path), decodePath(prefixedPath)));
+    }
+
+    void complain(const QByteArray &path, int number)
+    {
+        _problems.push_back({decodePath(path), systemErrorText(number)});
+    }
+
+    std::vector<FilelistItemPtr> &_files;
+    std::vector<FilelistFiller::Problem> &_problems;
+    std::vector<Pending> _pending;
+};
+
+} // namespace
+
+FilelistFiller FilelistFiller::fillerWithSourceArray(const QStringList &paths, const std::stop_token &stop,
+                                                     const std::function<void(std::size_t)> &progress)
+{
+    FilelistFiller filler;
+    Walk walk(filler._filelist, filler._problems);
+    for (const QString &path : paths)
+        walk.start(path, paths.size() < 2);
+    while (!walk.isOver() && !stop.stop_requested()) {
+        walk.listNextFolder();
+        if (progress)
+            progress(filler._filelist.size());
+    }
+    filler.sortFilelistLikeFinder();
+    return filler;
+}
+
+void FilelistFiller::sortFilelistLikeFinder()
+{
+    std::vector<QString> names;
+    names.reserve(_filelist.size());
+    for (const FilelistItemPtr &item : _filelist)
+        names.push_back(item->prefixedPath());
+    std::vector<FilelistItemPtr> sorted;
+    sorted.reserve(_filelist.size());
+    for (const std::size_t index : fileBrowserOrder(names))
+        sorted.push_back(std::move(_filelist[index]));
+    _filelist = std::move(sorted);
+}
+
+} // namespace quorvin
