@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cli/RawSource.h"
+
+#include "platform/RegularFile.h"
+#include "readers/mediainfo/oMediaInfo.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quorvin::cli
+{
+
+namespace
+{
+
+struct Source {
+    QLatin1String name;
+    bool takesFiles;
+    std::optional<QString> (*report)(const QString &path);
+};
+
+constexpr std::array kSources{
+    Source{QLatin1String("mediainfo"), true, oMediaInfo::InformOnFile},
+    Source{QLatin1String("mediainfo-complete"), true, oMediaInfo::InformCompleteOnFile},
+    Source{QLatin1String("mediainfo-trace"), true, oMediaInfo::InformTraceOnFile},
+    Source{QLatin1String("parameters"), false,
+           [](const QString &) { return std::optional(oMediaInfo::parameterReport()); }},
+};
+
+const Source &sourceNamed(const QString &name)
+{
+    const auto found
+        = std::ranges::find_if(kSources, [&](const Source &source) { return source.name == name; });
+    return found == kSources.end() ? kSources.front() : *found;
+}
+
+} // namespace
+
+QStringList rawSources()
+{
+    QStringList names;
+    for (const Source &source : kSources)
+        names.append(source.name);
+    return names;
+}
+
+bool rawSourceTakesFiles(const QString &source)
+{
+    return sourceNamed(source).takesFiles;
+}
+
+tl::expected<QString, QString> rawReport(const QString &source, const QString &path)
+{
+    const Source &row = sourceNamed(source);
+    if (row.takesFiles) {
+        if (const auto file = RegularFile::open(path); !file)
+            return tl::unexpected(file.error());
+    }
+    if (auto report = row.report(path))
+        return *std::move(report);
+    return tl::unexpected(QStringLiteral("Can not process the file"));
+}
+
+} // namespace quorvin::cli

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include <tl/expected.hpp>
+
+namespace quorvin::cli
+{
+
+/// The reports of the libraries, by the names the command line has for them.
+QStringList rawSources();
+
+/// False for a report on the library itself.
+bool rawSourceTakesFiles(const QString &source);
+
+/// The report on a file, or the reason why there is none. `path` is "" for a source that takes no files.
+tl::expected<QString, QString> rawReport(const QString &source, const QString &path);
+
+} // namespace quorvin::cli

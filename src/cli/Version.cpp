@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/Version.h"
+
+#include "cli/Commands.h"
+#include "readers/mediainfo/oMediaInfo.h"
+
+#include <QProcess>
+
+namespace quorvin::cli
+{
+
+namespace
+{
+
+using namespace Qt::StringLiterals;
+
+constexpr int kExiftoolPatience = 10'000; ///< milliseconds
+
+QString exiftoolVersion()
+{
+    QProcess exiftool;
+    exiftool.start(u"exiftool"_s, {u"-ver"_s});
+    if (!exiftool.waitForFinished(kExiftoolPatience) || exiftool.exitCode() != 0)
+        return u"not installed"_s;
+    return u'v' + QString::fromUtf8(exiftool.readAllStandardOutput()).trimmed();
+}
+
+} // namespace
+
+QString versionText()
+{
+    const QStringList lines{
+        u"quorvin-cli "_s + programVersion(),     oMediaInfo::libVersion(),
+        u"Qt - v"_s + QLatin1String(qVersion()),  u"exiftool - "_s + exiftoolVersion(),
+        u"readers: in this process, unguarded"_s,
+    };
+    return lines.join(u'\n') + u'\n';
+}
+
+} // namespace quorvin::cli

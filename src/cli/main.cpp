@@ -1,0 +1,74 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cli/Arguments.h"
+#include "cli/Commands.h"
+#include "cli/Console.h"
+#include "cli/FileRun.h"
+#include "platform/NativePath.h"
+#include "platform/Settings.h"
+#include "platform/UnfinishedFiles.h"
+#include "platform/UserLocale.h"
+#include "readers/RecordBuilder.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+
+using namespace quorvin;
+using namespace quorvin::cli;
+
+namespace
+{
+
+/// The words of the command line as they are; the application object would lose bytes that are not UTF-8.
+QStringList wordsOf(int argc, char **argv)
+{
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(decodePath(argv[i]));
+    return words;
+}
+
+int usageError(Console &console, const QString &problem)
+{
+    console.complain(problem);
+    console.complain(QStringLiteral("try 'quorvin-cli --help'"));
+    return WrongCall;
+}
+
+int run(const QStringList &words, Console &console)
+{
+    auto arguments = parseArguments(words);
+    if (!arguments)
+        return usageError(console, arguments.error());
+    if (arguments->helpText || arguments->version) {
+        console.write(arguments->helpText.value_or(versionText()).toUtf8());
+        return console.finish(true) ? AllWell : SomethingFailed;
+    }
+
+    Settings settings(Settings::userPath());
+    for (const QString &assignment : arguments->overrides) {
+        if (const auto problem = settings.overrideFrom(assignment))
+            return usageError(console, *problem);
+    }
+    const auto paths = pathsOf(*arguments);
+    if (!paths)
+        return usageError(console, paths.error());
+    arguments->paths = *paths;
+    return runCommand(*arguments, settings, console);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // Whoever wants the log sets QT_LOGGING_RULES; on a terminal only errors and progress have a place.
+    QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
+    UnfinishedFiles::removeOnInterrupt();
+    const QStringList words = wordsOf(argc, argv);
+    const QCoreApplication application(argc, argv);
+    useUtf8CharacterType();
+    RecordBuilder::setupLibraries();
+    Console console;
+    return run(words, console);
+}
