@@ -41,8 +41,8 @@ struct Folder {
 
 /// A folder still to be listed.
 struct Pending {
-    QByteArray path;
-    QByteArray prefix;
+    QString path;
+    QString prefix;
     std::shared_ptr<const Folder> parent;
 };
 
@@ -51,11 +51,11 @@ struct DirectoryCloser {
 };
 using Directory = std::unique_ptr<DIR, DirectoryCloser>;
 
-QByteArray joined(const QByteArray &folder, const char *name)
+QString joined(const QString &folder, const QString &name)
 {
-    if (folder.isEmpty() || folder.endsWith('/'))
+    if (folder.isEmpty() || folder.endsWith(u'/'))
         return folder + name;
-    return folder + '/' + name;
+    return folder + u'/' + name;
 }
 
 bool isFolder(int at, const char *path)
@@ -84,10 +84,9 @@ public:
 
     void start(const QString &path, bool isOnlyOne)
     {
-        const QByteArray bytes = encodePath(path);
         const QString name = lastPathComponent(path);
-        if (isFolder(AT_FDCWD, bytes.constData()))
-            _pending.push_back({bytes, isOnlyOne ? QByteArray() : encodePath(name), nullptr});
+        if (isFolder(AT_FDCWD, encodePath(path).constData()))
+            _pending.push_back({path, isOnlyOne ? QString() : name, nullptr});
         else
             _files.push_back(FilelistItem::itemWithFilename(path, name));
     }
@@ -98,7 +97,7 @@ public:
     {
         const Pending next = std::move(_pending.back());
         _pending.pop_back();
-        const int descriptor = ::open(next.path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        const int descriptor = ::open(encodePath(next.path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         struct stat facts {
         };
         if (descriptor < 0 || ::fstat(descriptor, &facts) != 0)
@@ -124,18 +123,17 @@ private:
         const std::string_view name(entry.d_name);
         if (name == "." || name == ".." || name == ".DS_Store")
             return;
-        QByteArray path = joined(parent.path, entry.d_name);
-        QByteArray prefixedPath = joined(parent.prefix, entry.d_name);
+        const QString decodedName
+            = decodePath(QByteArray::fromRawData(entry.d_name, static_cast<qsizetype>(name.size())));
+        const QString path = joined(parent.path, decodedName);
+        const QString prefixedPath = joined(parent.prefix, decodedName);
         if (isFolder(directory, entry))
-            _pending.push_back({std::move(path), std::move(prefixedPath), folder});
+            _pending.push_back({path, prefixedPath, folder});
         else
-            _files.push_back(FilelistItem::itemWithFilename(decodePath(path), decodePath(prefixedPath)));
+            _files.push_back(FilelistItem::itemWithFilename(path, prefixedPath));
     }
 
-    void complain(const QByteArray &path, int number)
-    {
-        _problems.push_back({decodePath(path), systemErrorText(number)});
-    }
+    void complain(const QString &path, int number) { _problems.push_back({path, systemErrorText(number)}); }
 
     std::vector<FilelistItemPtr> &_files;
     std::vector<FilelistFiller::Problem> &_problems;

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/UserLocale.h"
+#include "readers/RecordBuilder.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+
+#include <benchmark/benchmark.h>
+
+int main(int argc, char **argv)
+{
+    QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
+    const QCoreApplication application(argc, argv);
+    quorvin::useUtf8CharacterType();
+    quorvin::RecordBuilder::setupLibraries();
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
