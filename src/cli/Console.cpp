@@ -6,7 +6,6 @@
 #include <unistd.h>
 
 #include <cmath>
-#include <cstdio>
 
 namespace quorvin::cli
 {
@@ -40,17 +39,17 @@ QString clockTime(double seconds)
 
 } // namespace
 
-Console::Console()
+Console::Console(StandardStreams streams) : _streams(streams)
 {
-    _output.open(stdout, QIODevice::WriteOnly);
-    _errors.open(stderr, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    _output.open(_streams.output, QIODevice::WriteOnly);
+    _errors.open(_streams.errors, QIODevice::WriteOnly | QIODevice::Unbuffered);
     _clock.start();
 }
 
 bool Console::finish(bool endsInLineFeed)
 {
     endProgress();
-    if (!endsInLineFeed && ::isatty(STDOUT_FILENO))
+    if (!endsInLineFeed && ::isatty(_streams.output))
         _output.write("\n");
     if (_output.flush() && _output.error() == QFileDevice::NoError)
         return true;
@@ -72,7 +71,7 @@ void Console::complain(const QString &message)
 void Console::startProgress(std::size_t total)
 {
     _total = total;
-    _showsProgress = total >= 2 && ::isatty(STDERR_FILENO);
+    _showsProgress = total >= 2 && ::isatty(_streams.errors);
     _clock.restart();
     _lastShown = 0;
 }
@@ -103,7 +102,6 @@ void Console::clearProgressLine()
 void Console::writeError(const QByteArray &bytes)
 {
     _errors.write(bytes);
-    _errors.flush();
 }
 
 QString progressLine(std::size_t done, std::size_t total, double seconds)

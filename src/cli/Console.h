@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "platform/StandardStreams.h"
+
 #include <QByteArray>
 #include <QElapsedTimer>
 #include <QFile>
@@ -18,7 +20,7 @@ namespace quorvin::cli
 class Console
 {
 public:
-    Console();
+    explicit Console(StandardStreams streams);
 
     /// Unbuffered bytes may wait until `finish`.
     QFile &output() { return _output; }
@@ -41,6 +43,7 @@ private:
     void clearProgressLine();
     void writeError(const QByteArray &bytes);
 
+    StandardStreams _streams;
     QFile _output;
     QFile _errors;
     std::size_t _total = 0;

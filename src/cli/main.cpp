@@ -7,6 +7,7 @@
 #include "cli/FileRun.h"
 #include "platform/NativePath.h"
 #include "platform/Settings.h"
+#include "platform/StandardStreams.h"
 #include "platform/UnfinishedFiles.h"
 #include "platform/UserLocale.h"
 #include "readers/RecordBuilder.h"
@@ -67,8 +68,8 @@ int main(int argc, char **argv)
     UnfinishedFiles::removeOnInterrupt();
     const QStringList words = wordsOf(argc, argv);
     const QCoreApplication application(argc, argv);
+    Console console(takeStandardStreams());
     useUtf8CharacterType();
     RecordBuilder::setupLibraries();
-    Console console;
     return run(words, console);
 }

@@ -11,8 +11,8 @@ namespace quorvin
 
 /// File names are bytes; the system works with strings. A name that is valid UTF-8 is that text. In any other
 /// name each byte that is no part of a valid sequence stands as the lone surrogate U+DC80…U+DCFF, so that no
-/// two names get the same string and every string leads back to its bytes. On output such a unit becomes
-/// U+FFFD.
+/// two names get the same string and every string leads back to its bytes. Written out as text, such a unit
+/// becomes a question mark.
 
 QString decodePath(const QByteArray &bytes);
 QByteArray encodePath(const QString &path);

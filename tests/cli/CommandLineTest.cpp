@@ -1,0 +1,185 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "support/TestFolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QThread>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <csignal>
+
+namespace quorvin
+{
+
+using test::contentOf;
+using test::sample;
+using test::TestFolder;
+
+namespace
+{
+
+struct Outcome {
+    int status = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+Outcome run(const QStringList &words, const QByteArray &input = {},
+            const QString &language = QStringLiteral("C.UTF-8"))
+{
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("LC_ALL"), language);
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
+                       QDir::tempPath() + QStringLiteral("/quorvin-no-settings"));
+    process.setProcessEnvironment(environment);
+    process.start(QStringLiteral(QUORVIN_CLI), words);
+    process.write(input);
+    process.closeWriteChannel();
+    process.waitForFinished(60'000);
+    return {process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
+            process.readAllStandardOutput(), process.readAllStandardError()};
+}
+
+QString words(const char *line)
+{
+    return QLatin1String(line);
+}
+
+} // namespace
+
+TEST(CommandLine, WrongCallsSayWhatAndWhereToLook)
+{
+    for (const char *line : {"", "frob", "export", "list --bad x", "export -f doc x", "export -o a -d b x",
+                             "raw --source none x", "export --jobs 0 x", "list --set none=1 x",
+                             "list --set useSIUnits=2 x", "settings x", "list --files-from /no/such/file"}) {
+        const Outcome outcome = run(words(line).split(u' ', Qt::SkipEmptyParts));
+        EXPECT_EQ(outcome.status, 2) << line;
+        EXPECT_TRUE(outcome.output.isEmpty()) << line;
+        EXPECT_EQ(outcome.errors.count('\n'), 2) << line;
+        EXPECT_TRUE(outcome.errors.endsWith("quorvin-cli: try 'quorvin-cli --help'\n")) << line;
+    }
+    EXPECT_TRUE(run({words("--help")}).output.startsWith("Usage: quorvin-cli COMMAND"));
+    EXPECT_TRUE(run({words("export"), words("--help")}).output.contains("--skip-private"));
+    EXPECT_TRUE(run({words("--version")}).output.contains("MediaInfoLib - v"));
+}
+
+TEST(CommandLine, BadFilesCostTheirOwnLineOnly)
+{
+    const TestFolder folder;
+    folder.write(words("b.wav"), contentOf(sample(words("tone.wav"))));
+    ASSERT_EQ(::mkfifo((folder / words("a.fifo")).toUtf8().constData(), 0600), 0);
+    const Outcome outcome = run({words("general"), folder.path(), folder / words("two\nlines")});
+    const QByteArray place = folder.path().toUtf8();
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors,
+              "quorvin-cli: " + place + "/a.fifo: Is a FIFO, not a regular file\n" + "quorvin-cli: " + place
+                  + "/two\\nlines: No such file or directory\n");
+    EXPECT_TRUE(outcome.output.endsWith("/b.wav\n"
+                                        + QByteArray(place.size() - place.lastIndexOf('/') - 1 + 6, '-')
+                                        + "\nContainer: Wave, 88.3 KB, 00:00:01, 1 412 kb/s\n"
+                                          "Audio: PCM, 1 411.2 kb/s CBR, 44.1 kHz, Stereo\n"));
+}
+
+TEST(CommandLine, ListTakesAndGivesZeroBytes)
+{
+    const TestFolder folder;
+    const QByteArray two = folder.write(words("2\n")).toUtf8();
+    const QByteArray ten = folder.write(words("10")).toUtf8();
+    const Outcome outcome
+        = run({words("list"), words("-0"), words("--files-from"), words("-")}, ten + '\0' + two + '\0');
+    EXPECT_EQ(outcome.output, "2\n\t" + two + '\0' + "10\t" + ten + '\0');
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(run({words("list"), words("--files-from"), words("-")}, ten + '\n').output,
+              "10\t" + ten + '\n');
+}
+
+TEST(CommandLine, ExportIsTheSameToEveryPlace)
+{
+    const TestFolder folder;
+    const QString output = folder / words("all.txt");
+    const QString samples = QStringLiteral(QUORVIN_SAMPLES);
+    const Outcome direct = run({words("export"), samples});
+    EXPECT_EQ(direct.status, 0);
+    EXPECT_TRUE(direct.errors.isEmpty());
+    EXPECT_FALSE(direct.output.endsWith('\n'));
+    EXPECT_EQ(run({words("export"), words("-o"), output, words("--jobs"), words("1"), samples}).status, 0);
+    EXPECT_EQ(contentOf(output), direct.output);
+    EXPECT_EQ(run({words("export"), words("-d"), folder / words("each"), samples}).status, 0);
+    EXPECT_EQ(QDir(folder / words("each")).entryList(QDir::Files).size(),
+              QDir(samples).entryList(QDir::Files).size());
+    EXPECT_FALSE(run({words("export"), words("--skip-private"), samples}).output.contains("\nLocation: "));
+}
+
+TEST(CommandLine, OutputThatCanNotBeWrittenIsAFailure)
+{
+    const Outcome outcome
+        = run({words("export"), words("-o"), words("/no/such/folder/x"), sample(words("tone.wav"))});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors, "quorvin-cli: /no/such/folder/x: No such file or directory\n");
+    QProcess shell;
+    shell.start(words("sh"),
+                {words("-c"), QStringLiteral("'%1' settings >/dev/full").arg(QStringLiteral(QUORVIN_CLI))});
+    ASSERT_TRUE(shell.waitForFinished());
+    EXPECT_EQ(shell.exitCode(), 1);
+    EXPECT_TRUE(shell.readAllStandardError().contains("No space left on device"));
+}
+
+TEST(CommandLine, LocaleOfTheUserIsNoMatter)
+{
+    const TestFolder folder;
+    const QString path = folder.write(words("h\xe9.wav"), contentOf(sample(words("tone.wav"))));
+    const Outcome utf8 = run({words("export"), path});
+    EXPECT_TRUE(utf8.output.contains("h\xc3\xa9.wav\n------\n"));
+    const Outcome plain = run({words("export"), path}, {}, words("C"));
+    EXPECT_EQ(plain.output, utf8.output);
+    EXPECT_TRUE(plain.errors.isEmpty());
+    EXPECT_TRUE(run({words("export"), path}, {}, words("de_DE.UTF-8")).output.contains(" um "));
+}
+
+TEST(CommandLine, SettingsOfThisRunShow)
+{
+    const Outcome outcome = run({words("settings"), words("--set"), words("useSIUnits=0")});
+    EXPECT_TRUE(outcome.output.startsWith(
+        "terminateAppWhenAllWindowsClosed\tboolean\tfalse\tfalse\nsidebarWidth\tfloat\t160.0\t160.0\n"));
+    EXPECT_TRUE(outcome.output.contains("\nuseSIUnits\tboolean\ttrue\tfalse\n"));
+}
+
+TEST(CommandLine, RawReportsComeAsTheyAre)
+{
+    const Outcome plain = run({words("raw"), sample(words("tone.wav"))});
+    EXPECT_TRUE(plain.output.startsWith("General\n"));
+    EXPECT_TRUE(run({words("raw"), words("--source"), words("mediainfo-trace"), sample(words("tone.wav"))})
+                    .output.contains("WAVE"));
+    EXPECT_TRUE(
+        run({words("raw"), words("--source"), words("parameters")}).output.startsWith("\nGeneral\n-----"));
+    EXPECT_EQ(run({words("raw"), words("/none")}).errors, "quorvin-cli: /none: No such file or directory\n");
+}
+
+TEST(CommandLine, InterruptLeavesNoHalfFile)
+{
+    const TestFolder folder;
+    const TestFolder target;
+    const QByteArray tone = contentOf(sample(words("tone.wav")));
+    for (int i = 0; i < 2000; ++i)
+        folder.write(QString::number(i) + words(".wav"), tone);
+    QProcess process;
+    process.start(QStringLiteral(QUORVIN_CLI),
+                  {words("export"), words("-o"), target / words("all.txt"), folder.path()});
+    ASSERT_TRUE(process.waitForStarted());
+    const QDir place(target.path());
+    for (int i = 0; i < 500 && place.entryList(QDir::Files | QDir::Hidden).isEmpty(); ++i)
+        QThread::msleep(10);
+    ASSERT_FALSE(place.entryList(QDir::Files | QDir::Hidden).isEmpty());
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitStatus(), QProcess::CrashExit);
+    EXPECT_TRUE(place.entryList(QDir::Files | QDir::Hidden).isEmpty());
+}
+
+} // namespace quorvin

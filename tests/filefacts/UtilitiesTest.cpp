@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "filefacts/Captures.h"
+#include "filefacts/FileHash.h"
+#include "filefacts/Paths.h"
+#include "filefacts/Sizes.h"
+#include "support/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace quorvin
+{
+
+using namespace Utilities;
+
+TEST(Sizes, BordersOfBothRules)
+{
+    struct Row {
+        qint64 bytes;
+        const char *decimal;
+        const char *binary;
+    };
+    for (const Row &row : {Row{0, "0 bytes", "0 bytes"},
+                           {999, "999 bytes", "999 bytes"},
+                           {1000, "1.00 KB", "1000 bytes"},
+                           {1024, "1.02 KB", "1.00 KiB"},
+                           {9'999, "10.00 KB", "9.76 KiB"},
+                           {999'999, "1000 KB", "977 KiB"},
+                           {1'125'000, "1.12 MB", "1.07 MiB"},
+                           {1'500'000, "1.50 MB", "1.43 MiB"},
+                           {10'000'000, "10.0 MB", "9.54 MiB"},
+                           {100'000'000, "100 MB", "95.4 MiB"},
+                           {999'999'999'999, "1000 GB", "931 GiB"},
+                           {1'000'000'000'000, "1.00 TB", "931 GiB"},
+                           {1'099'511'627'776, "1.10 TB", "1.00 TiB"},
+                           {-1'500'000'000'000, "-1.50 TB", "-1.36 TiB"}}) {
+        EXPECT_EQ(filesizeToMacHumanString(row.bytes), QLatin1String(row.decimal));
+        EXPECT_EQ(filesizeToBase2HumanString(row.bytes), QLatin1String(row.binary));
+    }
+    EXPECT_EQ(filesizeToMacHumanString(std::numeric_limits<qint64>::max()), QStringLiteral("9223372 TB"));
+}
+
+TEST(Paths, UniqueNamesCountUpFromTheExtension)
+{
+    const test::TestFolder folder;
+    EXPECT_EQ(uniqueFilename(folder / QStringLiteral("a.txt")), folder / QStringLiteral("a.txt"));
+    folder.write(QStringLiteral("a.txt"));
+    folder.write(QStringLiteral("a (1).txt"));
+    EXPECT_EQ(uniqueFilename(folder / QStringLiteral("a.txt")), folder / QStringLiteral("a (2).txt"));
+    folder.write(QStringLiteral(".hidden"));
+    EXPECT_EQ(uniqueFilename(folder / QStringLiteral(".hidden")), folder / QStringLiteral(".hidden (1)"));
+    EXPECT_EQ(createUniqueFolder(folder / QStringLiteral("deep/er")), folder / QStringLiteral("deep/er"));
+    EXPECT_EQ(createUniqueFolder(folder / QStringLiteral("deep/er")), folder / QStringLiteral("deep/er (1)"));
+    EXPECT_EQ(createUniqueFolder(QStringLiteral("/proc/none")), std::nullopt);
+    EXPECT_NE(createRandomTemporaryFolderInSubfolder(QStringLiteral("quorvin-test")),
+              createRandomTemporaryFolderInSubfolder(QStringLiteral("quorvin-test")));
+}
+
+TEST(FileHash, DigestsOfTheWholeFileInOnePass)
+{
+    const test::TestFolder folder;
+    const QString empty = folder.write(QStringLiteral("empty"), QByteArray());
+    EXPECT_EQ(FileHash::md5HashOfFileAtPath(empty), QStringLiteral("d41d8cd98f00b204e9800998ecf8427e"));
+    const QString large = folder.write(QStringLiteral("large"), QByteArray(3'000'000, 'a'));
+    EXPECT_EQ(FileHash::md5HashOfFileAtPath(large), QStringLiteral("99ddc9a3a46ea62c95652bdf937a1fb8"));
+    EXPECT_EQ(FileHash::sha1HashOfFileAtPath(large),
+              QStringLiteral("e8935af087fafce14bf157d50ab992c861688ffa"));
+    EXPECT_EQ(FileHash::sha512HashOfFileAtPath(folder.path()), std::nullopt);
+    EXPECT_EQ(FileHash::sha1String(QStringLiteral("abc")),
+              QStringLiteral("a9993e364706816aba3e25717850c26c9cd0d89d"));
+    // Two bytes of UTF-8, but one character: only the first byte is hashed.
+    EXPECT_EQ(FileHash::sha1String(QStringLiteral("\u00e9")),
+              QStringLiteral("8bf7b464aaa2c2b536aa1d76a1297c19155f5603"));
+}
+
+TEST(Captures, GroupsThatTookNoPartAreEmpty)
+{
+    const auto capture = [](const char *pattern, const char *text) {
+        return captureFirstComponentsMatchedByRegex(QLatin1String(pattern), QLatin1String(text));
+    };
+    EXPECT_EQ(capture("(A)(b)?", "xa"), (QStringList{QStringLiteral("a"), QStringLiteral("a"), QString()}));
+    EXPECT_EQ(capture("z", "a"), QStringList());
+    EXPECT_EQ(capture("(", "a"), std::nullopt);
+}
+
+} // namespace quorvin

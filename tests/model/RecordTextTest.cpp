@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/QuorvinData.h"
+#include "support/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvin
+{
+
+namespace
+{
+
+void add(ParameterGroups &groups, const QString &key, const QString &value, ParameterFlags flags = {})
+{
+    groups.add(internTerm(key, key.toUpper()), value, flags);
+}
+
+RecordContents contents()
+{
+    RecordContents record;
+    ParameterGroups &groups = record.groups;
+    groups.beginGroup(QStringLiteral("File"));
+    groups.beginStream(0);
+    add(groups, QStringLiteral("name"), QStringLiteral("a.mov"));
+    add(groups, QStringLiteral("bytes"), QStringLiteral("5"), ParameterFlag::SkipInExtended);
+    add(groups, QStringLiteral("folder"), QStringLiteral("/home"), ParameterFlag::IsPrivateInfo);
+    groups.beginGroup(QStringLiteral("Audio"), true);
+    groups.beginStream(1);
+    groups.endStreamUnlessEmpty();
+    groups.beginStream(2);
+    add(groups, QStringLiteral("title"), QStringLiteral("old"));
+    add(groups, QStringLiteral("title"), QStringLiteral("n\u00e9w\nline"));
+    groups.endStreamUnlessEmpty();
+    groups.beginGroup(QStringLiteral("Menu"));
+    return record;
+}
+
+} // namespace
+
+TEST(RecordText, GroupsAreBlocksWithAnEmptyLineBetween)
+{
+    const QuorvinData record(contents());
+    EXPECT_EQ(
+        record.stringForExportText(),
+        QStringLiteral("File\nNAME: a.mov\nFOLDER: /home\n\nAudio #2\nTITLE: old\nTITLE: n\u00e9w\nline"));
+    EXPECT_EQ(record.stringForExportTextWithoutFilePrivate(),
+              QStringLiteral("File\nNAME: a.mov\n\nAudio #2\nTITLE: old\nTITLE: n\u00e9w\nline"));
+}
+
+TEST(RecordText, GroupOfPrivateFactsAloneKeepsItsName)
+{
+    RecordContents record;
+    record.groups.beginGroup(QStringLiteral("File"));
+    record.groups.beginStream(0);
+    add(record.groups, QStringLiteral("folder"), QStringLiteral("/home"), ParameterFlag::IsPrivateInfo);
+    EXPECT_EQ(QuorvinData(record).stringForExportTextWithoutFilePrivate(), QStringLiteral("File"));
+    EXPECT_EQ(QuorvinData(RecordContents{}).stringForExportText(), QString());
+}
+
+TEST(RecordText, RepeatedKeyIsListedTwiceAndLooksUpAsTheLast)
+{
+    const ParameterGroups groups = contents().groups;
+    const auto &stream = groups.group(u"Audio")->streams.front();
+    EXPECT_EQ(stream.number, 2U);
+    EXPECT_EQ(groups.parameters(stream).size(), 2U);
+    EXPECT_EQ(groups.lookUp(stream, u"title"), QStringLiteral("n\u00e9w\nline"));
+    EXPECT_EQ(groups.lookUp(stream, u"none"), std::nullopt);
+    EXPECT_TRUE(groups.group(u"Menu")->streams.empty());
+    EXPECT_EQ(groups.group(u"Video"), nullptr);
+}
+
+TEST(RecordText, GeneralLeavesEmptyPiecesOut)
+{
+    RecordContents record;
+    record.general.format = QStringLiteral("Matroska");
+    record.general.filesize = QStringLiteral("1.50 MB");
+    record.general.imageSize = QStringLiteral("4 x 3");
+    record.general.streamLines
+        = {{QStringLiteral("Video"), QStringLiteral("Video #1"), {QStringLiteral("AVC - Title"), 6}, 0},
+           {QStringLiteral("Video"), QStringLiteral("Video #2"), {}, 1}};
+    EXPECT_EQ(QuorvinData(record).stringForExportGeneral(),
+              QStringLiteral("Container: Matroska, 1.50 MB, 4 x 3\nVideo #1: AVC - Title\nVideo #2: "));
+}
+
+} // namespace quorvin

@@ -1,0 +1,105 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/AtomicFile.h"
+
+#include "support/TestFolder.h"
+
+#include <QDir>
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/xattr.h>
+#include <unistd.h>
+
+#include <array>
+
+namespace quorvin
+{
+
+using test::contentOf;
+using test::TestFolder;
+
+namespace
+{
+
+bool writeTo(const QString &path, const QByteArray &content,
+             AtomicFile::Existing existing = AtomicFile::Existing::Replace)
+{
+    const auto file = AtomicFile::create(path);
+    if (!file)
+        return false;
+    (*file)->device().write(content);
+    return (*file)->commit(existing).has_value();
+}
+
+QStringList names(const TestFolder &folder)
+{
+    return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System);
+}
+
+} // namespace
+
+TEST(AtomicFile, OldFileStaysUntilTheNewOneIsComplete)
+{
+    const TestFolder folder;
+    const QString path = folder.write(QStringLiteral("a.txt"), "old");
+    {
+        const auto file = AtomicFile::create(path);
+        ASSERT_TRUE(file);
+        (*file)->device().write("half");
+        (*file)->device().flush();
+        EXPECT_EQ(contentOf(path), "old");
+    }
+    EXPECT_EQ(contentOf(path), "old");
+    EXPECT_EQ(names(folder), QStringList{QStringLiteral("a.txt")});
+    EXPECT_TRUE(writeTo(path, "new"));
+    EXPECT_EQ(contentOf(path), "new");
+}
+
+TEST(AtomicFile, ReplacedFileHandsItsAttributesOn)
+{
+    const TestFolder folder;
+    const QString path = folder.write(QStringLiteral("a.txt"));
+    const QByteArray name = path.toUtf8();
+    ASSERT_EQ(::chmod(name.constData(), 0640), 0);
+    folder.setAttribute(path, "user.note", "kept");
+    ASSERT_TRUE(writeTo(path, "new"));
+
+    struct stat facts {
+    };
+    ASSERT_EQ(::stat(name.constData(), &facts), 0);
+    EXPECT_EQ(facts.st_mode & 07777, 0640U);
+    std::array<char, 8> value{};
+    EXPECT_EQ(::getxattr(name.constData(), "user.note", value.data(), value.size()), 4);
+}
+
+TEST(AtomicFile, LinkStaysAndItsTargetIsReplaced)
+{
+    const TestFolder folder;
+    const QString path = folder.write(QStringLiteral("a.txt"));
+    ASSERT_EQ(::symlink("a.txt", (folder / QStringLiteral("link")).toUtf8().constData()), 0);
+    EXPECT_TRUE(writeTo(folder / QStringLiteral("link"), "new"));
+    EXPECT_EQ(contentOf(path), "new");
+    EXPECT_EQ(names(folder).size(), 2);
+}
+
+TEST(AtomicFile, KeepNeverReplaces)
+{
+    const TestFolder folder;
+    const QString path = folder.write(QStringLiteral("a.txt"), "old");
+    EXPECT_FALSE(writeTo(path, "new", AtomicFile::Existing::Keep));
+    EXPECT_EQ(contentOf(path), "old");
+    EXPECT_EQ(names(folder).size(), 1);
+    EXPECT_TRUE(writeTo(folder / QStringLiteral("b.txt"), "new", AtomicFile::Existing::Keep));
+}
+
+TEST(AtomicFile, SpecialFilesAreWrittenDirectlyAndFoldersRefused)
+{
+    EXPECT_TRUE(writeTo(QStringLiteral("/dev/null"), "gone"));
+    EXPECT_FALSE(writeTo(QStringLiteral("/dev/full"), "no room"));
+    EXPECT_FALSE(writeTo(TestFolder().path(), "x"));
+    EXPECT_FALSE(writeTo(QStringLiteral("/no/such/folder/a.txt"), "x"));
+}
+
+} // namespace quorvin

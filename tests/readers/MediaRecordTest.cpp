@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/NativePath.h"
+#include "readers/Cover.h"
+#include "readers/RecordBuilder.h"
+#include "support/TestFolder.h"
+
+#include <QBuffer>
+#include <QDir>
+#include <QImage>
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <thread>
+
+namespace quorvin
+{
+
+namespace
+{
+
+QuorvinDataPtr record(const QString &path, const RecordOptions &options = {})
+{
+    return RecordBuilder(options).dataAboutFile(path).value_or(nullptr);
+}
+
+/// Everything of a record that depends on the media alone. A file that is reached through its descriptor has no extension.
+QString mediaText(const QuorvinData &data)
+{
+    QString text = data.stringForExportText();
+    text.remove(QRegularExpression(QStringLiteral("FileExtension_Invalid: .*\n")));
+    return text.mid(text.indexOf(QStringLiteral("\n\n")));
+}
+
+QByteArray noisyPicture()
+{
+    QImage picture(900, 600, QImage::Format_RGB32);
+    uint seed = 1;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            picture.setPixel(x, y, seed = seed * 1664525 + 1013904223);
+    }
+    QByteArray bytes;
+    QBuffer device(&bytes);
+    picture.save(&device, "JPEG", 90);
+    return bytes;
+}
+
+} // namespace
+
+TEST(MediaRecord, LinesOfTheGeneralTab)
+{
+    const auto data = record(test::sample(QStringLiteral("matroska.mkv")));
+    ASSERT_TRUE(data);
+    EXPECT_EQ(data->stringForExportGeneral(),
+              QStringLiteral("Container: Matroska, 87.2 KB, 00:00:03, 346 kb/s\n"
+                             "Video: AVC, 320x180, 25.000 fps, 71.4 kb/s - Main feature\n"
+                             "Audio #1: AC-3, 96.0 kb/s CBR, 48.0 kHz, Stereo, English\n"
+                             "Audio #2: FLAC, 107 kb/s VBR, 48.0 kHz, Mono, French - Commentary\n"
+                             "Subtitles #1: UTF-8, English\n"
+                             "Subtitles #2: UTF-8, French\n"
+                             "Menu: 2 chapters"));
+    const auto &lines = data->generalInfo().streamLines;
+    EXPECT_EQ(lines[2].key, QStringLiteral("Audio"));
+    EXPECT_EQ(lines[2].streamIndex, 1U);
+    EXPECT_EQ(lines[2].value.plain.mid(lines[2].value.titleStart), QStringLiteral("Commentary"));
+    EXPECT_FALSE(lines[1].value.hasTitle());
+    EXPECT_EQ(lines[5].key, QStringLiteral("Menu/Chapters"));
+    EXPECT_TRUE(data->isVideo() && data->isAudio() && !data->isUnknown());
+    EXPECT_EQ(data->duration(), 2016);
+}
+
+TEST(MediaRecord, SizesAndDurationsFollowTheirRules)
+{
+    const auto decimal = record(test::sample(QStringLiteral("movie.mp4")));
+    ASSERT_TRUE(decimal);
+    const auto &stream = decimal->groups().group(u"Video")->streams.front();
+    EXPECT_EQ(decimal->groups().lookUp(stream, u"StreamSize/String/SI"), QStringLiteral("17.8 KB (27.0%)"));
+    EXPECT_EQ(decimal->groups().lookUp(stream, u"StreamSize/String"), std::nullopt);
+    EXPECT_EQ(decimal->groups().lookUp(stream, u"Duration/String1"), QStringLiteral("2 s 0 ms"));
+    EXPECT_EQ(decimal->groups().lookUp(stream, u"Duration/String"), std::nullopt);
+    EXPECT_EQ(decimal->mapLocation(), (Location{48.8577, 2.295}));
+
+    RecordOptions options;
+    options.useSIUnits = false;
+    const auto binary = record(test::sample(QStringLiteral("movie.mp4")), options);
+    const auto &binaryStream = binary->groups().group(u"Video")->streams.front();
+    EXPECT_EQ(binary->groups().lookUp(binaryStream, u"StreamSize/String"), QStringLiteral("17.4 KiB (27%)"));
+    EXPECT_EQ(binary->groups().lookUp(binaryStream, u"StreamSize/String/SI"), std::nullopt);
+}
+
+TEST(MediaRecord, EmptyAndForeignFilesAreUnknown)
+{
+    const test::TestFolder folder;
+    const auto empty = record(folder.write(QStringLiteral("empty.mp4"), QByteArray()));
+    ASSERT_TRUE(empty);
+    EXPECT_TRUE(empty->isUnknown());
+    EXPECT_EQ(empty->stringForExportGeneral(), QStringLiteral("Container: Unknown Format, 0 bytes"));
+    EXPECT_EQ(empty->duration(), 0);
+    EXPECT_FALSE(record(folder / QStringLiteral("none")));
+    EXPECT_FALSE(record(folder.path()));
+}
+
+TEST(MediaRecord, CoverIsTheFirstAndNeverLarge)
+{
+    const auto data = record(test::sample(QStringLiteral("two-covers.mp3")));
+    ASSERT_TRUE(data);
+    EXPECT_EQ(QImage::fromData(data->generalInfo().coverData).size(), QSize(320, 320));
+
+    const QByteArray large = noisyPicture();
+    ASSERT_GT(large.size(), kLargestCover);
+    EXPECT_EQ(QImage::fromData(storedCover(large)).size(), QSize(kCoverSide, 341));
+    EXPECT_EQ(storedCover(large.first(kLargestCover)), large.first(kLargestCover));
+    EXPECT_EQ(storedCover(QByteArray(kLargestCover + 1, 'x')), QByteArray(kLargestCover + 1, 'x'));
+}
+
+TEST(MediaRecord, TruncatedFilesKeepWhatCouldBeRead)
+{
+    const test::TestFolder folder;
+    for (const char *name : {"two-covers.mp3", "tone.flac", "tone.wav", "pages.tif", "profiled.png"}) {
+        const QByteArray whole = test::contentOf(test::sample(QLatin1String(name)));
+        for (qsizetype length = 0; length < whole.size(); length = length * 3 / 2 + 1) {
+            const QString path = folder.write(QLatin1String(name), whole.first(length));
+            const auto data = record(path);
+            ASSERT_TRUE(data) << name << length;
+            EXPECT_EQ(data->generalInfo().filesizeinbytes, QString::number(length));
+        }
+    }
+}
+
+TEST(MediaRecord, EveryNameGivesTheSameMedia)
+{
+    const test::TestFolder folder;
+    const QByteArray tone = test::contentOf(test::sample(QStringLiteral("tone.flac")));
+    const auto plain = record(folder.write(QStringLiteral("plain.flac"), tone));
+    for (const QByteArray &name :
+         {QByteArray("odd\xff.flac"), QByteArray("two\nlines.flac"), QByteArray("\xf0\x9f\x8e\xac.flac")}) {
+        const auto data = record(folder.write(decodePath(name), tone));
+        ASSERT_TRUE(data);
+        EXPECT_EQ(mediaText(*data), mediaText(*plain));
+        EXPECT_EQ(data->generalInfo().fileUTI, QStringLiteral("audio/flac"));
+    }
+}
+
+TEST(MediaRecord, ThreadsReadAtOnce)
+{
+    const QDir samples(QStringLiteral(QUORVIN_SAMPLES));
+    std::vector<QString> paths;
+    for (const QString &name : samples.entryList(QDir::Files))
+        paths.push_back(samples.filePath(name));
+    std::vector<std::vector<QString>> texts(4);
+    {
+        std::vector<std::jthread> threads;
+        for (auto &found : texts) {
+            threads.emplace_back([&] {
+                for (const QString &path : paths)
+                    found.push_back(record(path)->stringForExportText());
+            });
+        }
+    }
+    for (const auto &found : texts)
+        EXPECT_EQ(found, texts.front());
+}
+
+} // namespace quorvin

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "support/TestFolder.h"
+
+#include "platform/NativePath.h"
+
+#include <QDir>
+#include <QFile>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/xattr.h>
+
+namespace quorvin::test
+{
+
+QString TestFolder::write(const QString &name, const QByteArray &content) const
+{
+    const QString path = *this / name;
+    QDir().mkpath(withoutLastPathComponent(path));
+    QFile file;
+    const int descriptor
+        = ::open(encodePath(path).constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+    EXPECT_TRUE(file.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle));
+    file.write(content);
+    return path;
+}
+
+void TestFolder::setAttribute(const QString &path, const char *name, const QByteArray &value) const
+{
+    const auto size = static_cast<std::size_t>(value.size());
+    EXPECT_EQ(::setxattr(encodePath(path).constData(), name, value.constData(), size, 0), 0);
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QString sample(const QString &name)
+{
+    return QStringLiteral(QUORVIN_SAMPLES "/") + name;
+}
+
+} // namespace quorvin::test
