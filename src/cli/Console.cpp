@@ -43,13 +43,20 @@ Console::Console(StandardStreams streams) : _streams(streams)
 {
     _output.open(_streams.output, QIODevice::WriteOnly);
     _errors.open(_streams.errors, QIODevice::WriteOnly | QIODevice::Unbuffered);
+    _outputIsTerminal = ::isatty(_streams.output);
     _clock.start();
+}
+
+void Console::write(const QByteArray &bytes)
+{
+    beginOutput();
+    _output.write(bytes);
 }
 
 bool Console::finish(bool endsInLineFeed)
 {
     endProgress();
-    if (!endsInLineFeed && ::isatty(_streams.output))
+    if (!endsInLineFeed && _outputIsTerminal)
         _output.write("\n");
     if (_output.flush() && _output.error() == QFileDevice::NoError)
         return true;
@@ -81,9 +88,17 @@ void Console::progressTo(std::size_t done)
     const qint64 now = _clock.elapsed();
     if (!_showsProgress || now - _lastShown < kProgressInterval)
         return;
+    if (_outputIsTerminal)
+        _output.flush();
     _lastShown = now;
     _hasProgressLine = true;
     writeError(kEraseLine + progressLine(done, _total, static_cast<double>(now) / 1000).toUtf8());
+}
+
+void Console::beginOutput()
+{
+    if (_outputIsTerminal)
+        clearProgressLine();
 }
 
 void Console::endProgress()

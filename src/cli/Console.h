@@ -22,9 +22,9 @@ class Console
 public:
     explicit Console(StandardStreams streams);
 
-    /// Unbuffered bytes may wait until `finish`.
+    /// What is written may wait in a buffer until `finish`.
     QFile &output() { return _output; }
-    void write(const QByteArray &bytes) { _output.write(bytes); }
+    void write(const QByteArray &bytes);
     /// Ends the output; a document that does not end in a line feed gets one when a person reads it. False,
     /// with an error line, when not all could be written.
     bool finish(bool endsInLineFeed);
@@ -37,6 +37,9 @@ public:
     /// Progress is shown from the second file on, and only on a terminal.
     void startProgress(std::size_t total);
     void progressTo(std::size_t done);
+    /// Before anything is written to `output` itself: where both ends are one terminal, progress makes way
+    /// for text.
+    void beginOutput();
     void endProgress();
 
 private:
@@ -48,6 +51,7 @@ private:
     QFile _errors;
     std::size_t _total = 0;
     bool _showsProgress = false;
+    bool _outputIsTerminal = false;
     bool _hasProgressLine = false;
     qint64 _lastShown = 0;
     QElapsedTimer _clock;

@@ -47,6 +47,7 @@ void FileRun::forEachRecord(const std::function<bool(const ExportEntry &)> &use)
         const auto record = builder.dataAboutFile(item.filename());
         if (!record)
             return record.error();
+        _console.beginOutput();
         goesOn = use({item.filename(), item.prefixedPath(), *record});
         return std::nullopt;
     });
