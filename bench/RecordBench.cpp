@@ -16,8 +16,7 @@
 #include <string>
 #include <vector>
 
-namespace
-{
+namespace {
 
 using namespace quorvin;
 using Clock = std::chrono::steady_clock;

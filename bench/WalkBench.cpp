@@ -11,8 +11,7 @@
 #include <cstdlib>
 #include <fstream>
 
-namespace
-{
+namespace {
 
 using namespace quorvin;
 using Clock = std::chrono::steady_clock;

@@ -12,11 +12,9 @@
 #include <array>
 #include <span>
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
-namespace
-{
+namespace {
 
 using namespace Qt::StringLiterals;
 

@@ -10,8 +10,7 @@
 
 #include <optional>
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
 /// A call of the program, taken apart and checked.
 struct Arguments {

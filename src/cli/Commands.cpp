@@ -15,11 +15,9 @@
 #include <algorithm>
 #include <array>
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
-namespace
-{
+namespace {
 
 using namespace Qt::StringLiterals;
 

@@ -5,13 +5,11 @@
 
 #include "cli/Arguments.h"
 
-namespace quorvin
-{
+namespace quorvin {
 class Settings;
 }
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
 class Console;
 

@@ -7,11 +7,9 @@
 
 #include <cmath>
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
-namespace
-{
+namespace {
 
 constexpr int kBarWidth = 24;
 constexpr qint64 kProgressInterval = 100; ///< milliseconds

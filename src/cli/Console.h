@@ -12,13 +12,11 @@
 
 #include <cstddef>
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
 /// The two ends of the terminal: what was asked for on standard output, and errors and progress on standard
 /// error. One thread.
-class Console
-{
+class Console {
 public:
     explicit Console(StandardStreams streams);
 

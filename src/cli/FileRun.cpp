@@ -12,8 +12,7 @@
 
 #include <cstdio>
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
 FileRun::FileRun(const Arguments &arguments, const Settings &settings, Console &console)
     : _console(console),

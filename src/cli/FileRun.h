@@ -12,19 +12,16 @@
 #include <optional>
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 class Settings;
 }
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
 class Console;
 
 /// The files of one call, in the order of the list, with their errors and their progress.
-class FileRun
-{
+class FileRun {
 public:
     /// Walks the folders at once; those that can't be listed are failures.
     FileRun(const Arguments &arguments, const Settings &settings, Console &console);

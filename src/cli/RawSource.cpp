@@ -9,11 +9,9 @@
 #include <algorithm>
 #include <array>
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
-namespace
-{
+namespace {
 
 struct Source {
     QLatin1String name;

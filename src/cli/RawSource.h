@@ -8,8 +8,7 @@
 
 #include <tl/expected.hpp>
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
 /// The reports of the libraries, by the names the command line has for them.
 QStringList rawSources();

@@ -8,11 +8,9 @@
 
 #include <QProcess>
 
-namespace quorvin::cli
-{
+namespace quorvin::cli {
 
-namespace
-{
+namespace {
 
 using namespace Qt::StringLiterals;
 

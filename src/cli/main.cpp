@@ -18,8 +18,7 @@
 using namespace quorvin;
 using namespace quorvin::cli;
 
-namespace
-{
+namespace {
 
 /// The words of the command line as they are; the application object would lose bytes that are not UTF-8.
 QStringList wordsOf(int argc, char **argv)

@@ -7,8 +7,7 @@
 
 #include <QString>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// One analysed file of an export.
 struct ExportEntry {

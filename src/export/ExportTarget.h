@@ -9,13 +9,11 @@
 
 #include <tl/expected.hpp>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Where the documents of an export go. Takes the entries one by one, so that a list of any length can be
 /// exported while it is analysed. Errors are reasons, for a person to read. One thread.
-class ExportTarget
-{
+class ExportTarget {
 public:
     using Result = tl::expected<void, QString>;
 

@@ -8,11 +8,9 @@
 #include <algorithm>
 #include <array>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 struct Format {
     QLatin1String key;

@@ -11,16 +11,14 @@
 
 class QIODevice;
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Writes one document of a format, an entry at a time, so that a document of any length takes the memory of
 /// one record. Text is UTF-8, lines end in a single line feed. What the device could not take shows in the
 /// device's own error.
 ///
 /// Call `write` once for each entry, in order, and then `finish`; with no entry call neither. One thread.
-class ExportWriter
-{
+class ExportWriter {
 public:
     ExportWriter(QIODevice &device, bool skipFilePrivate) : _device(device), _skipFilePrivate(skipFilePrivate)
     {

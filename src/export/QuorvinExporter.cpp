@@ -10,16 +10,13 @@
 
 #include <QFileDevice>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 using Result = ExportTarget::Result;
 
-class DeviceTarget final : public ExportTarget
-{
+class DeviceTarget final : public ExportTarget {
 public:
     DeviceTarget(const QuorvinExporter &exporter, QIODevice &device)
         : _device(device), _writer(makeExportWriter(exporter.format(), device, exporter.skipFilePrivate()))
@@ -55,8 +52,7 @@ private:
     bool _isEmpty = true;
 };
 
-class FileTarget final : public ExportTarget
-{
+class FileTarget final : public ExportTarget {
 public:
     FileTarget(QuorvinExporter exporter, QString path)
         : _exporter(std::move(exporter)), _path(std::move(path))
@@ -89,8 +85,7 @@ private:
     std::unique_ptr<ExportTarget> _document;
 };
 
-class FolderTarget final : public ExportTarget
-{
+class FolderTarget final : public ExportTarget {
 public:
     FolderTarget(QuorvinExporter exporter, QString folder)
         : _exporter(std::move(exporter)), _folder(std::move(folder))

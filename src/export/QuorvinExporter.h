@@ -11,12 +11,10 @@
 
 class QIODevice;
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Turns records into documents of one of the six formats. Starts as Text, with private facts.
-class QuorvinExporter
-{
+class QuorvinExporter {
 public:
     void setFormat(const QString &format) { _format = format; }
     const QString &format() const { return _format; }

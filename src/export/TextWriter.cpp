@@ -7,8 +7,7 @@
 
 #include <QIODevice>
 
-namespace quorvin
-{
+namespace quorvin {
 
 void TextWriter::write(const ExportEntry &entry)
 {

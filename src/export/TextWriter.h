@@ -5,13 +5,11 @@
 
 #include "export/ExportWriter.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Plain text: a line naming the program, then for each file its path, a rule of that length and its Extended
 /// tree; two empty lines between blocks, no line feed at the end.
-class TextWriter final : public ExportWriter
-{
+class TextWriter final : public ExportWriter {
 public:
     using ExportWriter::ExportWriter;
 

@@ -9,11 +9,9 @@
 
 #include <QDateTime>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 constexpr QLatin1String kListSeparator(",\n");
 

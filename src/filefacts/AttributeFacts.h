@@ -9,8 +9,7 @@
 
 #include <optional>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// What the extended attributes of a file tell of it. A fact comes from the attribute of the record's
 /// vocabulary, or, where that is not set, from the attribute that the desktop uses for it.

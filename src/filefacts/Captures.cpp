@@ -5,8 +5,7 @@
 
 #include <QRegularExpression>
 
-namespace quorvin::Utilities
-{
+namespace quorvin::Utilities {
 
 std::optional<QStringList> captureFirstComponentsMatchedByRegex(const QString &pattern, const QString &string)
 {

@@ -8,8 +8,7 @@
 
 #include <optional>
 
-namespace quorvin::Utilities
-{
+namespace quorvin::Utilities {
 
 /// The first match of a case-insensitive regular expression: the whole match, then each capture group, "" for
 /// a group that took no part. An empty list without a match; absent for a bad pattern. Any thread.

@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// What an operation that reports details gives in place of its result.
 struct Error {

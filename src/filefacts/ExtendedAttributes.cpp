@@ -17,11 +17,9 @@
 #include <array>
 #include <cerrno>
 
-namespace quorvin::Utilities
-{
+namespace quorvin::Utilities {
 
-namespace
-{
+namespace {
 
 constexpr QLatin1String kNameSpace("user.");
 

@@ -13,8 +13,7 @@
 
 #include <optional>
 
-namespace quorvin::Utilities
-{
+namespace quorvin::Utilities {
 
 /// Names are those of the record's vocabulary, such as "com.apple.metadata:kMDItemWhereFroms"; on the disk
 /// they stand under "user.". Symbolic links are followed. Any thread.

@@ -14,11 +14,9 @@
 #include <memory>
 #include <vector>
 
-namespace quorvin::FileHash
-{
+namespace quorvin::FileHash {
 
-namespace
-{
+namespace {
 
 constexpr std::size_t kChunk = 1 << 20;
 
@@ -36,8 +34,7 @@ const EVP_MD *algorithmOf(Digest digest)
 }
 
 /// A digest under way.
-class Hasher
-{
+class Hasher {
 public:
     explicit Hasher(Digest digest) : _context(EVP_MD_CTX_new())
     {

@@ -9,8 +9,7 @@
 #include <initializer_list>
 #include <optional>
 
-namespace quorvin::FileHash
-{
+namespace quorvin::FileHash {
 
 enum class Digest { MD5, SHA1, SHA512 };
 

@@ -15,11 +15,9 @@
 #include <algorithm>
 #include <array>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 using enum ParameterFlag;
 

@@ -9,8 +9,7 @@
 #include "model/RecordOptions.h"
 #include "platform/RegularFile.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// The facts of an open file. Size, dates, kind and attributes are those of the file that symbolic links lead
 /// to. `options` decides on the size rule, the extended attributes and the hashes; hashing reads the whole

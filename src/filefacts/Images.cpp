@@ -11,11 +11,9 @@
 
 #include <algorithm>
 
-namespace quorvin::Utilities
-{
+namespace quorvin::Utilities {
 
-namespace
-{
+namespace {
 
 QSize fitting(QSize size, QSize limit)
 {

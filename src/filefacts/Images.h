@@ -8,8 +8,7 @@
 #include <QSize>
 #include <QString>
 
-namespace quorvin::Utilities
-{
+namespace quorvin::Utilities {
 
 /// Pictures as one image of their own; all give a null image for what cannot be decoded, or is larger than
 /// `kMaxPictureSide` on a side. Sizes are in pixels. Any thread.

@@ -11,18 +11,15 @@
 
 #include <sys/stat.h>
 
-namespace quorvin::Utilities
-{
+namespace quorvin::Utilities {
 
-namespace
-{
+namespace {
 
 constexpr int kMostTries = 9998;
 
 bool exists(const QString &path)
 {
-    struct stat facts {
-    };
+    struct stat facts { };
     return ::lstat(encodePath(path).constData(), &facts) == 0;
 }
 
@@ -56,7 +53,7 @@ QString uniqueFilename(const QString &path)
 
 std::optional<QString> createUniqueFolder(const QString &path)
 {
-    const auto folder = madeFolder(uniqueFilename(path));
+    auto folder = madeFolder(uniqueFilename(path));
     if (!folder)
         qCInfo(lcQuorvin).noquote() << "Failed to create the folder" << path;
     return folder;

@@ -7,8 +7,7 @@
 
 #include <optional>
 
-namespace quorvin::Utilities
-{
+namespace quorvin::Utilities {
 
 /// The path itself if nothing stands there; otherwise the first of "base (1).ext", "base (2).ext" … that is
 /// free. After 9998 it gives up and returns that name, free or not.

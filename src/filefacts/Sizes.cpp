@@ -6,11 +6,9 @@
 #include <array>
 #include <charconv>
 
-namespace quorvin::Utilities
-{
+namespace quorvin::Utilities {
 
-namespace
-{
+namespace {
 
 struct Unit {
     quint64 least; ///< bytes from which the unit is used; also the divisor

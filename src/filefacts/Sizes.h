@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace quorvin::Utilities
-{
+namespace quorvin::Utilities {
 
 /// A number of bytes in decimal units (KB is 1000 bytes) or binary ones (KiB is 1024): whole bytes below the
 /// first unit, else three digits at least, "1.50 MB", "15.0 MB", "150 MB", rounded half to even. A negative

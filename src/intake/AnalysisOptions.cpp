@@ -3,8 +3,7 @@
 
 #include "intake/AnalysisOptions.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
 RecordOptions recordOptionsFrom(const Settings &settings)
 {

@@ -6,8 +6,7 @@
 #include "model/RecordOptions.h"
 #include "platform/Settings.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// How records are to be built by the settings as they stand now. Any thread.
 RecordOptions recordOptionsFrom(const Settings &settings);

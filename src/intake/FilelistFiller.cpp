@@ -17,11 +17,9 @@
 #include <string_view>
 #include <utility>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 /// A folder that is being walked, with the way up from it.
 struct Folder {
@@ -60,8 +58,7 @@ QString joined(const QString &folder, const QString &name)
 
 bool isFolder(int at, const char *path)
 {
-    struct stat facts {
-    };
+    struct stat facts { };
     return ::fstatat(at, path, &facts, 0) == 0 && S_ISDIR(facts.st_mode);
 }
 
@@ -74,8 +71,7 @@ bool isFolder(DIR *directory, const dirent &entry)
 }
 
 /// One walk: a stack of folders and what came out of them.
-class Walk
-{
+class Walk {
 public:
     explicit Walk(std::vector<FilelistItemPtr> &files, std::vector<FilelistFiller::Problem> &problems)
         : _files(files), _problems(problems)
@@ -98,8 +94,7 @@ public:
         const Pending next = std::move(_pending.back());
         _pending.pop_back();
         const int descriptor = ::open(encodePath(next.path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        struct stat facts {
-        };
+        struct stat facts { };
         if (descriptor < 0 || ::fstat(descriptor, &facts) != 0)
             return complain(next.path, errno);
         const Directory directory(::fdopendir(descriptor));

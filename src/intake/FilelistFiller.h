@@ -12,16 +12,14 @@
 #include <stop_token>
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Expands files and folders into the sorted list of their files.
 ///
 /// Folders are walked to any depth, symbolic links followed, hidden files and packages included; only
 /// ".DS_Store" is left out. A folder that is its own ancestor (same device and inode) is not entered again. A
 /// path that does not exist is an item like any other. What is no folder is not opened.
-class FilelistFiller
-{
+class FilelistFiller {
 public:
     /// A folder that could not be listed.
     struct Problem {

@@ -3,8 +3,7 @@
 
 #include "intake/FilelistItem.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
 FilelistItem::FilelistItem(QString filename, QString prefixedPath)
     : _filename(std::move(filename)), _prefixedPath(std::move(prefixedPath))

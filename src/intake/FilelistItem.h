@@ -10,13 +10,11 @@
 #include <atomic>
 #include <memory>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// One file of a list. Identity decides equality: two items for one path are two files. Name and prefixed
 /// path never change; what analysis finds may be written by one thread while others read.
-class FilelistItem
-{
+class FilelistItem {
 public:
     static std::shared_ptr<FilelistItem> itemWithFilename(const QString &filename,
                                                           const QString &prefixedPath);

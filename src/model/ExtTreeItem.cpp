@@ -3,8 +3,7 @@
 
 #include "model/ExtTreeItem.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
 ExtTreeItemPtr ExtTreeItem::itemWithKey(const QString &key, const QString &name, const QString &value)
 {

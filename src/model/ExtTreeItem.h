@@ -13,16 +13,14 @@
 #include <optional>
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 
 class ExtTreeItem;
 using ExtTreeItemPtr = std::shared_ptr<const ExtTreeItem>;
 using ExtTreeItems = std::vector<ExtTreeItemPtr>;
 
 /// A node of the Extended and General trees, read only once made.
-class ExtTreeItem
-{
+class ExtTreeItem {
 public:
     static ExtTreeItemPtr itemWithKey(const QString &key, const QString &name, const QString &value);
     /// A parameter of the file facts: the leaf knows whether its fact is private.

@@ -5,10 +5,9 @@
 
 #include "model/Log.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
-void FlatInfo::addItem(ItemPtr item)
+void FlatInfo::addItem(const ItemPtr &item)
 {
     if (!item || item->key.isEmpty())
         return;
@@ -19,7 +18,7 @@ void FlatInfo::addItem(ItemPtr item)
                                            .arg(item->key, item->value, old->value);
     }
     _keys.append(item->key);
-    _data.insert(item->key, std::move(item));
+    _data.insert(item->key, item);
 }
 
 FlatInfo::ItemPtr FlatInfo::operator[](qsizetype index) const

@@ -11,18 +11,16 @@
 #include <memory>
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// An ordered map of parameters. A key that is added again keeps its first place, gets a second one, and the
 /// newest item stands in both.
-class FlatInfo
-{
+class FlatInfo {
 public:
     using ItemPtr = std::shared_ptr<const FlatItem>;
 
     /// Does nothing without an item or with an item without key; logs when the key is already present.
-    void addItem(ItemPtr item);
+    void addItem(const ItemPtr &item);
 
     /// Null when there is none of that key, or none at that place.
     ItemPtr itemForKey(const QString &key) const { return _data.value(key); }

@@ -5,8 +5,7 @@
 
 #include <QStringList>
 
-namespace quorvin
-{
+namespace quorvin {
 
 FlatItem FlatItem::itemWithKey(const QString &key, std::optional<QString> label, const QVariant &rawValue)
 {

@@ -8,8 +8,7 @@
 
 #include <optional>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// One parameter of a flat list. All flags start false.
 struct FlatItem {

@@ -11,8 +11,7 @@
 #include <optional>
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// What the file system tells of a file. The names are those of the record's vocabulary.
 struct FileFacts {

@@ -3,8 +3,7 @@
 
 #pragma once
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Where a file was recorded.
 struct Location {

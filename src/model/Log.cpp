@@ -3,8 +3,7 @@
 
 #include "model/Log.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
 Q_LOGGING_CATEGORY(lcQuorvin, "quorvin")
 Q_LOGGING_CATEGORY(lcLibraries, "quorvin.libraries", QtInfoMsg)

@@ -5,8 +5,7 @@
 
 #include <QLoggingCategory>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// The fixed phrases of this system: one line of free text each, at info level.
 Q_DECLARE_LOGGING_CATEGORY(lcQuorvin)

@@ -5,10 +5,8 @@
 
 #include <algorithm>
 #include <limits>
-#include <ranges>
 
-namespace quorvin
-{
+namespace quorvin {
 
 void ParameterGroups::beginGroup(const QString &key, bool numbered)
 {
@@ -63,11 +61,12 @@ const ParameterGroups::Group *ParameterGroups::group(QStringView key) const
 
 std::optional<QString> ParameterGroups::lookUp(const Stream &stream, QStringView key) const
 {
-    for (const Parameter &parameter : std::views::reverse(parameters(stream))) {
+    const Parameter *found = nullptr;
+    for (const Parameter &parameter : parameters(stream)) {
         if (parameter.term->key == key)
-            return value(parameter);
+            found = &parameter;
     }
-    return std::nullopt;
+    return found ? std::optional(value(*found)) : std::nullopt;
 }
 
 } // namespace quorvin

@@ -13,8 +13,7 @@
 #include <span>
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 
 enum class ParameterFlag : quint8 {
     None = 0,
@@ -32,8 +31,7 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(ParameterFlags)
 ///
 /// Filled front to back through the `begin…`, `add` and `end…` operations by one thread; read only
 /// afterwards.
-class ParameterGroups
-{
+class ParameterGroups {
 public:
     struct Parameter {
         TermPtr term; ///< never null

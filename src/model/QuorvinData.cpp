@@ -5,11 +5,9 @@
 
 #include <QStringList>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 QString textOfTree(const ExtTreeItems &tree, bool skipFilePrivate)
 {

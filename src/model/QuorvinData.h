@@ -11,8 +11,7 @@
 #include <memory>
 #include <optional>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// What a reader and the builder of its views found in a file, on the way to becoming a record.
 struct RecordContents {
@@ -27,8 +26,7 @@ struct RecordContents {
 };
 
 /// The record of one analysed file. It does not change once made, so any thread may read it.
-class QuorvinData
-{
+class QuorvinData {
 public:
     explicit QuorvinData(RecordContents contents) : _contents(std::move(contents)) { }
 

@@ -3,8 +3,7 @@
 
 #pragma once
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// How a record is to be built; read from the settings once for each thread.
 struct RecordOptions {

@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// A text whose tail may be a title, which the window sets in its title font. All consumers of plain text
 /// take `plain` as it is.

@@ -3,8 +3,7 @@
 
 #include "model/Version.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
 QString programVersion()
 {

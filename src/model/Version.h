@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// "v1.2 (34)": version and build number.
 QString programVersion();

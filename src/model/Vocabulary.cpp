@@ -8,8 +8,7 @@
 #include <mutex>
 #include <utility>
 
-namespace quorvin
-{
+namespace quorvin {
 
 TermPtr internTerm(const QString &key, const QString &label)
 {

@@ -7,8 +7,7 @@
 
 #include <memory>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// What a parameter is called: its stable key and its human label.
 struct Term {

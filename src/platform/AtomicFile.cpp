@@ -17,11 +17,11 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
+
+constexpr qsizetype kMostAttributeBytes = 65'536; ///< the kernel's own limit, for names and for values
 
 QByteArray folderOf(const QByteArray &path)
 {
@@ -44,12 +44,12 @@ mode_t modeOfNewFile()
 
 void copyAttributes(const QByteArray &from, int to)
 {
-    QByteArray names(64 * 1024, Qt::Uninitialized);
+    QByteArray names(kMostAttributeBytes, Qt::Uninitialized);
     const ssize_t length
         = ::listxattr(from.constData(), names.data(), static_cast<std::size_t>(names.size()));
     if (length <= 0)
         return;
-    QByteArray value(64 * 1024, Qt::Uninitialized);
+    QByteArray value(kMostAttributeBytes, Qt::Uninitialized);
     for (const QByteArray &name : names.first(length - 1).split('\0')) {
         const ssize_t size = ::getxattr(from.constData(), name.constData(), value.data(),
                                         static_cast<std::size_t>(value.size()));
@@ -94,8 +94,7 @@ tl::expected<std::unique_ptr<AtomicFile>, QString> AtomicFile::create(const QStr
 {
     std::unique_ptr<AtomicFile> file(new AtomicFile);
     const QByteArray path = withoutLinks(encodePath(target));
-    struct stat facts {
-    };
+    struct stat facts { };
     const bool exists = ::stat(path.constData(), &facts) == 0;
     const auto opened
         = exists && !S_ISREG(facts.st_mode) ? file->openDirectly(path) : file->openTemporary(path);

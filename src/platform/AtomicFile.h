@@ -10,8 +10,7 @@
 
 #include <memory>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// A file that appears under its name only when it is complete. It is written under a temporary name in the
 /// folder of its target, synced, and renamed into place; until then the old file stays as it was. A file that
@@ -19,8 +18,7 @@ namespace quorvin
 /// link and replaces what it leads to. What is no regular file (a FIFO, /dev/null) is written directly.
 ///
 /// One thread an object.
-class AtomicFile
-{
+class AtomicFile {
 public:
     enum class Existing { Replace, Keep };
 

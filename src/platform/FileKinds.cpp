@@ -7,11 +7,9 @@
 #include <QIODevice>
 #include <QMimeDatabase>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 /// Each call of `comment` reads a file of the database again, hence the memory.
 QString descriptionOf(const QMimeType &type)

@@ -7,8 +7,7 @@
 
 class QIODevice;
 
-namespace quorvin
-{
+namespace quorvin {
 
 struct FileKind {
     QString description; ///< of the type, in the user's language: "MPEG-4 video"

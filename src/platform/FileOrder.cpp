@@ -12,11 +12,9 @@
 #include <memory>
 #include <numeric>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 /// One sort key: where it lies in the common buffer.
 struct Key {
@@ -38,8 +36,7 @@ std::unique_ptr<icu::Collator> makeCollator()
 }
 
 /// All sort keys, one behind the other.
-class KeyBuffer
-{
+class KeyBuffer {
 public:
     explicit KeyBuffer(std::span<const QString> names)
     {

@@ -9,8 +9,7 @@
 #include <span>
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// The order of a file browser: numbers by their value, case and width ignored, accents by the user's locale.
 /// Names that are equal by these rules follow in the order of their code units; only equal strings keep the

@@ -10,11 +10,9 @@
 
 #include <memory>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 QString formatted(const icu::DateFormat *format, qint64 milliseconds)
 {

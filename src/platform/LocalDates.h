@@ -5,8 +5,7 @@
 
 #include <QString>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Both take milliseconds since 1970 in UTC and write in the system's time zone. Any thread.
 

@@ -12,11 +12,9 @@
 #include <cstdlib>
 #include <memory>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 constexpr char16_t kEscapeBase = 0xDC00;
 

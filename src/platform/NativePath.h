@@ -6,8 +6,7 @@
 #include <QByteArray>
 #include <QString>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// File names are bytes; the system works with strings. A name that is valid UTF-8 is that text. In any other
 /// name each byte that is no part of a valid sequence stands as the lone surrogate U+DC80…U+DCFF, so that no

@@ -11,11 +11,9 @@
 #include <limits>
 #include <memory>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 /// Dates of a property list count from the first of January 2001.
 constexpr qint64 kReferenceDate = 978'307'200;

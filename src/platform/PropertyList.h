@@ -8,8 +8,7 @@
 
 #include <optional>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// A binary or XML property list as a value: string, list, map, number, boolean, bytes or `QDateTime`. Absent
 /// when the bytes are no property list, or nest deeper than `kMaxPropertyListDepth`. Any thread.

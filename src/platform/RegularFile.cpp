@@ -14,11 +14,9 @@
 #include <cstring>
 #include <utility>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 QString nameOfKind(mode_t mode)
 {
@@ -41,8 +39,7 @@ qint64 millisecondsOf(const statx_timestamp &time)
 tl::expected<RegularFile, QString> RegularFile::open(const QString &path)
 {
     const QByteArray bytes = encodePath(path);
-    struct stat found {
-    };
+    struct stat found { };
     if (::stat(bytes.constData(), &found) != 0)
         return tl::unexpected(systemErrorText(errno));
     if (!S_ISREG(found.st_mode))
@@ -58,8 +55,7 @@ tl::expected<RegularFile, QString> RegularFile::open(const QString &path)
 
 bool RegularFile::readAttributes()
 {
-    struct statx facts {
-    };
+    struct statx facts { };
     if (::statx(_descriptor, "", AT_EMPTY_PATH, STATX_BASIC_STATS | STATX_BTIME, &facts) != 0)
         return false;
     if (!S_ISREG(facts.stx_mode)) {

@@ -10,13 +10,11 @@
 
 #include <optional>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// A regular file, open for reading. Anything else (folder, FIFO, socket, device) is refused without being
 /// opened, so that opening never blocks and never disturbs a device.
-class RegularFile
-{
+class RegularFile {
 public:
     /// Follows symbolic links. The error is the reason, for a person to read.
     static tl::expected<RegularFile, QString> open(const QString &path);

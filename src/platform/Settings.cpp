@@ -9,11 +9,9 @@
 #include <algorithm>
 #include <array>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 using enum SettingType;
 using L = QLatin1String;

@@ -11,8 +11,7 @@
 #include <optional>
 #include <span>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Every setting, in the order of the table. The enumerators are the keys.
 enum class Setting {
@@ -74,8 +73,7 @@ std::optional<QVariant> settingFromText(SettingType type, const QString &text);
 
 /// The user's settings: a file, and over it what was set for this run alone. A value of the file that is not
 /// of its setting's type counts as not there. Any thread.
-class Settings
-{
+class Settings {
 public:
     /// Reads the file, which need not exist. `path` "" means no file: defaults only.
     explicit Settings(const QString &path);

@@ -12,11 +12,9 @@
 
 #include <cstdio>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 int errorDescriptor = STDERR_FILENO;
 

@@ -3,8 +3,7 @@
 
 #pragma once
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// The standard streams of this process, kept for what the program itself has to say.
 struct StandardStreams {

@@ -11,11 +11,9 @@
 #include <csignal>
 #include <cstring>
 
-namespace quorvin::UnfinishedFiles
-{
+namespace quorvin::UnfinishedFiles {
 
-namespace
-{
+namespace {
 
 enum State : int { Free, Claimed, Listed };
 
@@ -64,14 +62,12 @@ void remove(int slot)
 
 void removeOnInterrupt()
 {
-    struct sigaction action {
-    };
+    struct sigaction action { };
     action.sa_handler = removeFilesAndEnd;
     sigemptyset(&action.sa_mask);
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         // Who started us may have chosen to ignore one (nohup); that choice stays.
-        struct sigaction before {
-        };
+        struct sigaction before { };
         if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)
             sigaction(signal, &action, nullptr);
     }

@@ -5,8 +5,7 @@
 
 #include <QByteArray>
 
-namespace quorvin::UnfinishedFiles
-{
+namespace quorvin::UnfinishedFiles {
 
 /// The temporary files that exist at this moment, kept where a signal handler can read them.
 

@@ -10,16 +10,14 @@
 #include <clocale>
 #include <string_view>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 QByteArray environmentLocale(const char *category)
 {
     for (const char *name : {"LC_ALL", category, "LANG"}) {
-        if (const QByteArray value = qgetenv(name); !value.isEmpty())
+        if (QByteArray value = qgetenv(name); !value.isEmpty())
             return value;
     }
     return {};

@@ -5,8 +5,7 @@
 
 #include <unicode/locid.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// The locale that the environment names for string order (LC_ALL, LC_COLLATE, LANG). It need not be
 /// installed on the system. "C" and "POSIX" give the root locale: order without a language.

@@ -7,11 +7,9 @@
 
 #include <QBuffer>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 constexpr int kJpegQuality = 90;
 

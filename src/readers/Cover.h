@@ -5,15 +5,14 @@
 
 #include <QByteArray>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// An encoded picture as a record keeps it: as it came, or, above `kLargestCover` bytes, scaled to
 /// `kCoverSide` pixels on its longer side and encoded again. What cannot be decoded stays as it came. Any
 /// thread.
 QByteArray storedCover(const QByteArray &encoded);
 
-inline constexpr qsizetype kLargestCover = 64 * 1024;
+inline constexpr qsizetype kLargestCover = 65'536;
 inline constexpr int kCoverSide = 512;
 
 } // namespace quorvin

@@ -7,11 +7,9 @@
 
 #include <charconv>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 /// As far as the text is a number; 0 when it is none.
 double leadingNumber(const QString &text)

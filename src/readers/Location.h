@@ -8,8 +8,7 @@
 
 #include <optional>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Where the media was recorded, if the file says so. Absent for a file without a position, and for one that
 /// cannot be read as ISO 6709 in decimal degrees. The altitude is left out.

@@ -10,11 +10,9 @@
 #include "readers/mediainfo/MediaReader.h"
 #include "readers/mediainfo/oMediaInfo.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 using Contents = tl::expected<RecordContents, QString>;
 using Reader = Contents (*)(const QString &filename, const RegularFile &file, const RecordOptions &options);

@@ -13,8 +13,7 @@
 
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// The ways in which a file can be read.
 enum class Way { Image, ExifTool, Media };
@@ -25,8 +24,7 @@ enum class Way { Image, ExifTool, Media };
 std::vector<Way> waysFor(QByteArrayView head, const RecordOptions &options);
 
 /// Makes the record of a file. Knows neither the list nor the thread or process it runs in.
-class RecordBuilder
-{
+class RecordBuilder {
 public:
     /// Set up the libraries that all records are read with. Once, before the first record and any thread.
     static void setupLibraries();

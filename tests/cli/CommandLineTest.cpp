@@ -13,15 +13,13 @@
 
 #include <csignal>
 
-namespace quorvin
-{
+namespace quorvin {
 
 using test::contentOf;
 using test::sample;
 using test::TestFolder;
 
-namespace
-{
+namespace {
 
 struct Outcome {
     int status = -1;

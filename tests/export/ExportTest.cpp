@@ -11,11 +11,9 @@
 
 #include <gtest/gtest.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 ExportEntry entry(const QString &filename, const QString &pathPrefix)
 {

@@ -10,13 +10,11 @@
 
 #include <cerrno>
 
-namespace quorvin
-{
+namespace quorvin {
 
 using namespace Utilities;
 
-namespace
-{
+namespace {
 
 constexpr char kWhereFroms[] = "user.com.apple.metadata:kMDItemWhereFroms";
 constexpr char kTags[] = "user.com.apple.metadata:_kMDItemUserTags";

@@ -9,11 +9,9 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 /// "key=value" of each parameter, with "-" for each place where it does not show: extended, export,
 /// comparison; "p" if private.

@@ -11,8 +11,7 @@
 
 #include <limits>
 
-namespace quorvin
-{
+namespace quorvin {
 
 using namespace Utilities;
 

@@ -14,11 +14,9 @@
 #include <sys/un.h>
 #include <unistd.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 QString listed(const QStringList &paths)
 {

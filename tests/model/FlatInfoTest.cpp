@@ -8,11 +8,9 @@
 
 #include <gtest/gtest.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 std::shared_ptr<const FlatItem> item(const QString &key, const QVariant &value)
 {

@@ -6,11 +6,9 @@
 
 #include <gtest/gtest.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 void add(ParameterGroups &groups, const QString &key, const QString &value, ParameterFlags flags = {})
 {

@@ -8,8 +8,7 @@
 #include <thread>
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 
 TEST(Vocabulary, ManyThreadsShareOneTerm)
 {

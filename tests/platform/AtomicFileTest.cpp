@@ -14,14 +14,12 @@
 
 #include <array>
 
-namespace quorvin
-{
+namespace quorvin {
 
 using test::contentOf;
 using test::TestFolder;
 
-namespace
-{
+namespace {
 
 bool writeTo(const QString &path, const QByteArray &content,
              AtomicFile::Existing existing = AtomicFile::Existing::Replace)
@@ -66,8 +64,7 @@ TEST(AtomicFile, ReplacedFileHandsItsAttributesOn)
     folder.setAttribute(path, "user.note", "kept");
     ASSERT_TRUE(writeTo(path, "new"));
 
-    struct stat facts {
-    };
+    struct stat facts { };
     ASSERT_EQ(::stat(name.constData(), &facts), 0);
     EXPECT_EQ(facts.st_mode & 07777, 0640U);
     std::array<char, 8> value{};

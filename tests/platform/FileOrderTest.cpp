@@ -10,11 +10,9 @@
 
 #include <gtest/gtest.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 QString sorted(const QString &words)
 {

@@ -9,8 +9,7 @@
 
 #include <gtest/gtest.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
 TEST(NativePath, EveryNameLeadsBackToItsBytes)
 {

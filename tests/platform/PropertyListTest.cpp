@@ -9,11 +9,9 @@
 
 #include <gtest/gtest.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 QByteArray xml(const QByteArray &content)
 {

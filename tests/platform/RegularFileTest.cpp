@@ -10,8 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
 TEST(RegularFile, WhatIsNoFileIsRefusedWithoutBlocking)
 {

@@ -7,11 +7,9 @@
 
 #include <gtest/gtest.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 /// A value of the type that is not the default.
 QString otherText(const SettingRow &row)

@@ -8,8 +8,7 @@
 
 #include <gtest/gtest.h>
 
-namespace quorvin
-{
+namespace quorvin {
 
 TEST(Classification, BrandDecidesOnIsoFiles)
 {

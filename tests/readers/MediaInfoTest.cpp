@@ -13,11 +13,9 @@
 
 #include <limits>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 QString joined(const QStringList &list)
 {

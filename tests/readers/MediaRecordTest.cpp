@@ -16,18 +16,17 @@
 #include <algorithm>
 #include <thread>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 QuorvinDataPtr record(const QString &path, const RecordOptions &options = {})
 {
     return RecordBuilder(options).dataAboutFile(path).value_or(nullptr);
 }
 
-/// Everything of a record that depends on the media alone. A file that is reached through its descriptor has no extension.
+/// Everything of a record that depends on the media alone. A file that is reached through its descriptor has
+/// no extension.
 QString mediaText(const QuorvinData &data)
 {
     QString text = data.stringForExportText();

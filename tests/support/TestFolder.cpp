@@ -12,8 +12,7 @@
 #include <gtest/gtest.h>
 #include <sys/xattr.h>
 
-namespace quorvin::test
-{
+namespace quorvin::test {
 
 QString TestFolder::write(const QString &name, const QByteArray &content) const
 {

@@ -15,12 +15,10 @@ inline void PrintTo(const QString &text, std::ostream *out)
     *out << '"' << text.toStdString() << '"';
 }
 
-namespace quorvin::test
-{
+namespace quorvin::test {
 
 /// A folder that goes with the test.
-class TestFolder
-{
+class TestFolder {
 public:
     QString path() const { return _folder.path(); }
     /// The path of a name in the folder.

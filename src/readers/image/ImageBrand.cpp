@@ -6,11 +6,9 @@
 #include <algorithm>
 #include <array>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 constexpr std::array<QByteArrayView, 5> kImageBrands{"JXL ", "crx ", "msf1", "mif1", "miaf"};
 constexpr std::array<QByteArrayView, 3> kImageBrandBeginnings{"avi", "hei", "hev"};

@@ -5,8 +5,7 @@
 
 #include <QByteArrayView>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Whether the image reader may look at a file that begins with these bytes. An ISO base media file ("ftyp"
 /// at byte 4, at least 12 bytes) may only with a major brand of still pictures, so that a movie never gets

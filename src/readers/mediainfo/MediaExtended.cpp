@@ -6,17 +6,14 @@
 #include "readers/mediainfo/StandardParameters.h"
 #include "readers/mediainfo/oMediaInfo.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 using namespace Qt::StringLiterals;
 
 /// One stream on its way into the groups.
-class StreamWalk
-{
+class StreamWalk {
 public:
     StreamWalk(const oMediaInfo &info, StreamKind kind, quint64 number, bool useSIUnits,
                ParameterGroups &groups)

@@ -9,8 +9,7 @@
 
 #include <QString>
 
-namespace quorvin
-{
+namespace quorvin {
 
 class oMediaInfo;
 

@@ -13,11 +13,9 @@
 #include <array>
 #include <limits>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 using namespace Qt::StringLiterals;
 

@@ -6,8 +6,7 @@
 #include "model/QuorvinData.h"
 #include "model/RecordOptions.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
 class oMediaInfo;
 class RegularFile;

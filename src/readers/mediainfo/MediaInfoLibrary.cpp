@@ -12,11 +12,9 @@
 #include <string>
 #include <type_traits>
 
-namespace quorvin::mi
-{
+namespace quorvin::mi {
 
-namespace
-{
+namespace {
 
 QString stringFromWChar(const wchar_t *text)
 {

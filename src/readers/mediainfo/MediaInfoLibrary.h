@@ -7,8 +7,7 @@
 
 #include <QString>
 
-namespace quorvin::mi
-{
+namespace quorvin::mi {
 
 /// The C interface of the library, with strings in place of wide characters. A failure of any kind gives
 /// null, false, 0 or

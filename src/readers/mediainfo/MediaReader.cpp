@@ -9,8 +9,7 @@
 #include "readers/mediainfo/MediaGeneral.h"
 #include "readers/mediainfo/oMediaInfo.h"
 
-namespace quorvin
-{
+namespace quorvin {
 
 tl::expected<RecordContents, QString> readMedia(const QString &filename, const RegularFile &file,
                                                 const RecordOptions &options)

@@ -9,8 +9,7 @@
 
 #include <tl/expected.hpp>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// Reads a file with the MediaInfo library. `filename` is the path as the list shows it, `file` that file,
 /// open. The error is the reason, for a person to read; it is logged too. Any thread, after the set-up of the

@@ -11,11 +11,9 @@
 #include <array>
 #include <mutex>
 
-namespace quorvin::StandardParameters
-{
+namespace quorvin::StandardParameters {
 
-namespace
-{
+namespace {
 
 std::vector<Section> readList()
 {

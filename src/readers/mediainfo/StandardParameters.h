@@ -13,8 +13,7 @@
 #include <span>
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 
 class oMediaInfo;
 
@@ -35,8 +34,7 @@ struct ParameterFace {
 /// The parameters that the library has for every stream of a kind. Name, display name and show flag of such a
 /// parameter do not depend on the file, so they are read once. A stream may have further parameters behind
 /// these, its own. Any thread, after the set-up of the library.
-namespace StandardParameters
-{
+namespace StandardParameters {
 
 /// The library's list as it comes: a heading for each kind, then "Name;Comment" lines.
 const QString &text();

@@ -5,11 +5,9 @@
 
 #include <algorithm>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 struct Names {
     QString library;

@@ -9,8 +9,7 @@
 #include <array>
 #include <optional>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// The kinds of streams, with the values of the MediaInfo library.
 enum StreamKind : qint32 { General = 0, Video = 1, Audio = 2, Text = 3, Other = 4, Image = 5, Menu = 6 };

@@ -14,11 +14,9 @@
 
 #include <limits>
 
-namespace quorvin
-{
+namespace quorvin {
 
-namespace
-{
+namespace {
 
 /// Readable names for parameters that the library leaves bare; every line ends in a line feed.
 constexpr char16_t kLanguage[] = u"AttachmentCount;Number of attachments\n"

@@ -12,14 +12,12 @@
 #include <utility>
 #include <vector>
 
-namespace quorvin
-{
+namespace quorvin {
 
 /// The one place that speaks to the MediaInfo library: one library handle an object, one file a handle. Texts
 /// never come back absent: a missing parameter is "". An object stays on the thread that made it; several
 /// threads may each have theirs. No exception of the library leaves this class.
-class oMediaInfo
-{
+class oMediaInfo {
 public:
     /// What a parameter is asked for.
     enum Info { Name = 0, Value = 1, Options = 3, DisplayName = 4 };
@@ -104,8 +102,7 @@ public:
     static std::optional<QString> InformTraceOnFile(const QString &path);
 
 private:
-    struct BareHandle {
-    };
+    struct BareHandle { };
     explicit oMediaInfo(BareHandle);
 
     QString sizeAndShare(StreamKind kind, quint64 number, const QString &parameter) const;
