@@ -20,6 +20,7 @@ FileRun::FileRun(const Arguments &arguments, const Settings &settings, Console &
       _options(recordOptionsFrom(settings)),
       _filler(FilelistFiller::fillerWithSourceArray(arguments.paths))
 {
+    _options.keepCover = false;
     for (const auto &problem : _filler.problems())
         fail(problem.path, problem.reason);
 }

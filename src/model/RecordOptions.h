@@ -12,6 +12,7 @@ struct RecordOptions {
     bool otherTracksInGeneral = false; ///< the General tab lists the Other tracks too
     bool computeFileHashes = false; ///< MD5 and SHA-1 among the file facts
     bool skipExtAttributes = false; ///< no facts from extended attributes
+    bool keepCover = true; ///< a record that nobody looks at needs no picture
     bool useExiftoolForVideo = false; ///< what is no image goes to exiftool instead of MediaInfo
 };
 

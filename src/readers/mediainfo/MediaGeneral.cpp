@@ -177,7 +177,8 @@ void prepareMediainfoGeneral(const oMediaInfo &info, const RegularFile &file, co
     general.duration = oMediaInfo::formatDurationUpToSeconds(duration);
     general.bitrate = info.GetGeneral(0, u"OverallBitRate/String"_s);
     general.imageSize = QString();
-    general.coverData = firstCover(info);
+    if (options.keepCover)
+        general.coverData = firstCover(info);
     general.container = joinedPieces({general.format, general.filesize, general.duration, general.bitrate});
     for (const LineForm &form : kLineForms) {
         if (form.kind != Other || options.otherTracksInGeneral)
