@@ -3,8 +3,8 @@
 
 #include "cli/Arguments.h"
 
-#include "cli/RawSource.h"
 #include "export/ExportWriter.h"
+#include "readers/RawReport.h"
 
 #include <QCommandLineParser>
 

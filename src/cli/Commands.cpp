@@ -5,10 +5,10 @@
 
 #include "cli/Console.h"
 #include "cli/FileRun.h"
-#include "cli/RawSource.h"
 #include "export/QuorvinExporter.h"
 #include "platform/NativePath.h"
 #include "platform/Settings.h"
+#include "readers/RawReport.h"
 
 #include <QDir>
 
@@ -118,12 +118,14 @@ int runRaw(const Context &context)
     }
     FileRun run(context.arguments, context.settings, context.console);
     bool endsInLineFeed = true;
+    const auto runner = run.makeRunner();
     run.forEachFile([&](const FilelistItem &item) -> std::optional<QString> {
-        const auto report = rawReport(source, item.filename());
-        if (!report)
-            return report.error();
-        endsInLineFeed = report->isEmpty() ? endsInLineFeed : report->endsWith(u'\n');
-        context.console.write(report->toUtf8());
+        const JobResult result = runner->run(Job::rawReport(item.filename(), source));
+        if (!result)
+            return result.error();
+        const QString &report = result->report;
+        endsInLineFeed = report.isEmpty() ? endsInLineFeed : report.endsWith(u'\n');
+        context.console.write(report.toUtf8());
         return std::nullopt;
     });
     return context.console.finish(endsInLineFeed) && !run.hasFailures() ? AllWell : SomethingFailed;

@@ -4,11 +4,12 @@
 #include "cli/FileRun.h"
 
 #include "cli/Console.h"
-#include "intake/AnalysisOptions.h"
+#include "cli/OrderedResults.h"
+#include "intake/DataCacher.h"
 #include "platform/NativePath.h"
-#include "readers/RecordBuilder.h"
 
 #include <QFile>
+#include <QThread>
 
 #include <cstdio>
 
@@ -17,10 +18,11 @@ namespace quorvin::cli {
 FileRun::FileRun(const Arguments &arguments, const Settings &settings, Console &console)
     : _console(console),
       _noProgress(arguments.noProgress),
-      _options(recordOptionsFrom(settings)),
+      _jobs(arguments.jobs > 0 ? arguments.jobs : QThread::idealThreadCount()),
+      _setup(analysisSetupFrom(settings)),
       _filler(FilelistFiller::fillerWithSourceArray(arguments.paths))
 {
-    _options.keepCover = false;
+    _setup.options.keepCover = false;
     for (const auto &problem : _filler.problems())
         fail(problem.path, problem.reason);
 }
@@ -39,18 +41,27 @@ void FileRun::forEachFile(const std::function<std::optional<QString>(const Filel
 
 void FileRun::forEachRecord(const std::function<bool(const ExportEntry &)> &use)
 {
-    const RecordBuilder builder(_options);
-    bool goesOn = true;
-    forEachFile([&](const FilelistItem &item) -> std::optional<QString> {
-        if (!goesOn)
-            return std::nullopt;
-        const auto record = builder.dataAboutFile(item.filename());
-        if (!record)
-            return record.error();
+    if (filelist().empty())
+        return;
+    _console.startProgress(_noProgress ? 0 : filelist().size());
+    OrderedResults results(filelist());
+    results.whenNext = [&](const FilelistItem &item) {
+        if (item.isFailed()) {
+            fail(item.filename(), item.failureReason());
+            return true;
+        }
         _console.beginOutput();
-        goesOn = use({item.filename(), item.prefixedPath(), *record});
-        return std::nullopt;
-    });
+        return use({item.filename(), item.prefixedPath(), item.quorvinData()});
+    };
+    results.whenCounted = [&](std::size_t done) { _console.progressTo(done); };
+
+    DataCacher pool([this] { return _setup; });
+    pool.setThreadCount(_jobs);
+    pool.setDelegate(&results);
+    pool.processFiles(filelist());
+    results.wait();
+    pool.cancelThreadsAndWait();
+    _console.endProgress();
 }
 
 void FileRun::fail(const QString &path, const QString &reason)

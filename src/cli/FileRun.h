@@ -5,8 +5,8 @@
 
 #include "cli/Arguments.h"
 #include "export/ExportEntry.h"
+#include "intake/AnalysisOptions.h"
 #include "intake/FilelistFiller.h"
-#include "model/RecordOptions.h"
 
 #include <functional>
 #include <optional>
@@ -28,12 +28,15 @@ public:
 
     const std::vector<FilelistItemPtr> &filelist() const { return _filler.filelist(); }
 
-    /// Calls `use` for every file, which gives a reason when it failed.
+    /// Calls `use` for every file in order, which gives a reason when it failed.
     void forEachFile(const std::function<std::optional<QString>(const FilelistItem &)> &use);
 
-    /// Analyses every file and calls `use` with each record; false ends the run. A file without a record is a
-    /// failure.
+    /// Analyses all files on a pool of threads and calls `use` with each record, in the order of the list and
+    /// as soon as all before it are done; false ends the run. A file without a record is a failure.
     void forEachRecord(const std::function<bool(const ExportEntry &)> &use);
+
+    /// Does jobs in the way that the settings ask for.
+    std::unique_ptr<JobRunner> makeRunner() const { return _setup.makeRunner(); }
 
     bool hasFailures() const { return _hasFailures; }
 
@@ -42,7 +45,8 @@ private:
 
     Console &_console;
     bool _noProgress;
-    RecordOptions _options;
+    int _jobs;
+    AnalysisSetup _setup;
     FilelistFiller _filler;
     bool _hasFailures = false;
 };

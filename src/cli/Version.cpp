@@ -5,6 +5,8 @@
 
 #include "cli/Commands.h"
 #include "readers/mediainfo/oMediaInfo.h"
+#include "readers/process/Guard.h"
+#include "readers/process/JobRunner.h"
 
 #include <QProcess>
 
@@ -25,14 +27,20 @@ QString exiftoolVersion()
     return u'v' + QString::fromUtf8(exiftool.readAllStandardOutput()).trimmed();
 }
 
+QString readerGuard()
+{
+    const auto parts = guardPartsInForce();
+    return parts ? u"processes of their own, guarded by "_s + guardNames(*parts) : u"not available"_s;
+}
+
 } // namespace
 
 QString versionText()
 {
     const QStringList lines{
-        u"quorvin-cli "_s + programVersion(),     oMediaInfo::libVersion(),
-        u"Qt - v"_s + QLatin1String(qVersion()),  u"exiftool - "_s + exiftoolVersion(),
-        u"readers: in this process, unguarded"_s,
+        u"quorvin-cli "_s + programVersion(),    oMediaInfo::libVersion(),
+        u"Qt - v"_s + QLatin1String(qVersion()), u"exiftool - "_s + exiftoolVersion(),
+        u"readers: "_s + readerGuard(),
     };
     return lines.join(u'\n') + u'\n';
 }

@@ -17,4 +17,19 @@ RecordOptions recordOptionsFrom(const Settings &settings)
     return options;
 }
 
+AnalysisSetup analysisSetupFrom(const Settings &settings)
+{
+    AnalysisSetup setup;
+    setup.options = recordOptionsFrom(settings);
+    setup.logsDebug = settings.boolean(Setting::debugDataCacher);
+    setup.makeRunner = makeInProcessRunner;
+    if (settings.boolean(Setting::readerProcesses)) {
+        const ReaderLimits limits{settings.integer(Setting::readerCpuSeconds),
+                                  settings.integer(Setting::readerWallSeconds),
+                                  settings.integer(Setting::readerMemoryMiB)};
+        setup.makeRunner = [limits] { return makeReaderRunner(limits); };
+    }
+    return setup;
+}
+
 } // namespace quorvin

@@ -5,10 +5,22 @@
 
 #include "model/RecordOptions.h"
 #include "platform/Settings.h"
+#include "readers/process/JobRunner.h"
+
+#include <functional>
+#include <memory>
 
 namespace quorvin {
 
-/// How records are to be built by the settings as they stand now. Any thread.
+/// How files are to be analysed; each thread asks for it once, when it starts.
+struct AnalysisSetup {
+    RecordOptions options;
+    bool logsDebug = false; ///< the pool tells what it does
+    std::function<std::unique_ptr<JobRunner>()> makeRunner;
+};
+
+/// By the settings as they stand now. Any thread.
 RecordOptions recordOptionsFrom(const Settings &settings);
+AnalysisSetup analysisSetupFrom(const Settings &settings);
 
 } // namespace quorvin

@@ -20,6 +20,18 @@ void FilelistItem::resetQuorvinData()
     _quorvinData.store(nullptr);
     _isDone = false;
     _isFailed = false;
+    setFailureReason(QString());
+}
+
+QString FilelistItem::failureReason() const
+{
+    const auto reason = _failureReason.load();
+    return reason ? *reason : QString();
+}
+
+void FilelistItem::setFailureReason(const QString &reason)
+{
+    _failureReason.store(reason.isEmpty() ? nullptr : std::make_shared<const QString>(reason));
 }
 
 QString FilelistItem::description() const

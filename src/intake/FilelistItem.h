@@ -31,9 +31,13 @@ public:
     /// The last analysis gave no record.
     bool isFailed() const { return _isFailed; }
 
+    /// Why the last analysis gave no record; "" when it did not fail.
+    QString failureReason() const;
+
     void setQuorvinData(QuorvinDataPtr record) { _quorvinData = std::move(record); }
     void setIsDone(bool done) { _isDone = done; }
     void setIsFailed(bool failed) { _isFailed = failed; }
+    void setFailureReason(const QString &reason);
     /// Back to a file that waits for its analysis.
     void resetQuorvinData();
 
@@ -47,6 +51,7 @@ private:
     std::atomic<QuorvinDataPtr> _quorvinData;
     std::atomic<bool> _isDone = false;
     std::atomic<bool> _isFailed = false;
+    std::atomic<std::shared_ptr<const QString>> _failureReason;
 };
 
 using FilelistItemPtr = std::shared_ptr<FilelistItem>;

@@ -31,6 +31,8 @@ struct FileFacts {
     std::optional<QString> fileTagNames;
     std::optional<QString> md5; ///< lower-case hex, as below
     std::optional<QString> sha1;
+
+    bool operator==(const FileFacts &) const = default;
 };
 
 /// A line of the General tab that stands for a stream.
@@ -39,6 +41,8 @@ struct StreamLine {
     QString name; ///< label
     StyledText value;
     quint64 streamIndex = 0; ///< counted from 0 within its kind
+
+    bool operator==(const StreamLine &) const = default;
 };
 
 /// The summary of a file: its file facts and what its reader puts on the General tab.
@@ -51,6 +55,8 @@ struct GeneralFacts : FileFacts {
     QByteArray coverData; ///< an encoded picture; empty when there is no cover
     QString container; ///< format, size, duration and bit rate in one line
     std::vector<StreamLine> streamLines;
+
+    bool operator==(const GeneralFacts &) const = default;
 };
 
 } // namespace quorvin

@@ -21,12 +21,16 @@ void ParameterGroups::beginStream(int number)
 
 void ParameterGroups::add(TermPtr term, QStringView value, ParameterFlags flags)
 {
-    QByteArray text = value.toUtf8();
-    if (_text.size() + text.size() > std::numeric_limits<quint32>::max())
-        text.clear();
+    addUtf8(std::move(term), value.toUtf8(), flags);
+}
+
+void ParameterGroups::addUtf8(TermPtr term, QByteArrayView value, ParameterFlags flags)
+{
+    if (_text.size() + value.size() > std::numeric_limits<quint32>::max())
+        value = {};
     _parameters.push_back(
-        {std::move(term), static_cast<quint32>(_text.size()), static_cast<quint32>(text.size()), flags});
-    _text.append(text);
+        {std::move(term), static_cast<quint32>(_text.size()), static_cast<quint32>(value.size()), flags});
+    _text.append(value);
     ++_groups.back().streams.back().count;
 }
 
@@ -48,9 +52,9 @@ std::span<const ParameterGroups::Parameter> ParameterGroups::parameters(const St
     return std::span(_parameters).subspan(stream.first, stream.count);
 }
 
-QString ParameterGroups::value(const Parameter &parameter) const
+QByteArrayView ParameterGroups::utf8Value(const Parameter &parameter) const
 {
-    return QString::fromUtf8(QByteArrayView(_text).sliced(parameter.offset, parameter.length));
+    return QByteArrayView(_text).sliced(parameter.offset, parameter.length);
 }
 
 const ParameterGroups::Group *ParameterGroups::group(QStringView key) const
@@ -67,6 +71,16 @@ std::optional<QString> ParameterGroups::lookUp(const Stream &stream, QStringView
             found = &parameter;
     }
     return found ? std::optional(value(*found)) : std::nullopt;
+}
+
+bool ParameterGroups::operator==(const ParameterGroups &other) const
+{
+    const auto same = [](const Parameter &left, const Parameter &right) {
+        return left.term->key == right.term->key && left.term->label == right.term->label
+            && left.offset == right.offset && left.length == right.length && left.flags == right.flags;
+    };
+    return _groups == other._groups && _text == other._text
+        && std::ranges::equal(_parameters, other._parameters, same);
 }
 
 } // namespace quorvin

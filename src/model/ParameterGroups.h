@@ -44,12 +44,16 @@ public:
         quint32 number = 0; ///< counted from 1 within its kind; 0 in a group that is no stream of a kind
         quint32 first = 0; ///< index of the first parameter
         quint32 count = 0;
+
+        bool operator==(const Stream &) const = default;
     };
 
     struct Group {
         QString key; ///< also the name
         bool numbered = false; ///< the kind has several streams, so each bears its number
         std::vector<Stream> streams;
+
+        bool operator==(const Group &) const = default;
     };
 
     /// Opens a group; the streams that follow belong to it. `numbered` as in `Group`.
@@ -59,6 +63,8 @@ public:
     /// Appends a parameter to the open stream. A repeated key is kept: lists have it twice, look-ups give the
     /// last. A value that would take the record past 4 GiB of text is cut to nothing.
     void add(TermPtr term, QStringView value, ParameterFlags flags = {});
+    /// The same for a value that is UTF-8 already.
+    void addUtf8(TermPtr term, QByteArrayView value, ParameterFlags flags);
     /// Drops the open stream if it has got no parameter.
     void endStreamUnlessEmpty();
     /// Gives back spare memory; call once when the last group is complete.
@@ -66,12 +72,17 @@ public:
 
     const std::vector<Group> &groups() const { return _groups; }
     std::span<const Parameter> parameters(const Stream &stream) const;
-    QString value(const Parameter &parameter) const;
+    QString value(const Parameter &parameter) const { return QString::fromUtf8(utf8Value(parameter)); }
+    /// A view that lasts as long as this object.
+    QByteArrayView utf8Value(const Parameter &parameter) const;
 
     /// The group of that key, or null.
     const Group *group(QStringView key) const;
     /// The value of the last parameter of that key in the stream; absent when there is none.
     std::optional<QString> lookUp(const Stream &stream, QStringView key) const;
+
+    /// Equal in keys, labels, values, flags and order.
+    bool operator==(const ParameterGroups &other) const;
 
 private:
     std::vector<Group> _groups;

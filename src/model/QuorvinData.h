@@ -23,6 +23,8 @@ struct RecordContents {
     GeneralFacts general;
     ParameterGroups groups; ///< the first is "File"
     std::optional<Location> mapLocation;
+
+    bool operator==(const RecordContents &) const = default;
 };
 
 /// The record of one analysed file. It does not change once made, so any thread may read it.
@@ -30,6 +32,7 @@ class QuorvinData {
 public:
     explicit QuorvinData(RecordContents contents) : _contents(std::move(contents)) { }
 
+    const RecordContents &contents() const { return _contents; }
     const QString &filename() const { return _contents.filename; }
     qint64 duration() const { return _contents.duration; }
     bool isImage() const { return _contents.isImage; }

@@ -55,6 +55,10 @@ constexpr std::array kTable{
     SettingRow{Setting::debugDataCacher, L("debugDataCacher"), Boolean, L("false")},
     SettingRow{Setting::sidebarIsHidden, L("sidebarIsHidden"), Boolean, L("false")},
     SettingRow{Setting::extComparisonHighlight, L("extComparisonHighlight"), Boolean, L("false")},
+    SettingRow{Setting::readerProcesses, L("readerProcesses"), Boolean, L("true")},
+    SettingRow{Setting::readerCpuSeconds, L("readerCpuSeconds"), Integer, L("20")},
+    SettingRow{Setting::readerWallSeconds, L("readerWallSeconds"), Integer, L("60")},
+    SettingRow{Setting::readerMemoryMiB, L("readerMemoryMiB"), Integer, L("2048")},
 };
 
 const SettingRow &rowOf(Setting setting)

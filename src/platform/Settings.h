@@ -51,6 +51,10 @@ enum class Setting {
     debugDataCacher,
     sidebarIsHidden,
     extComparisonHighlight,
+    readerProcesses,
+    readerCpuSeconds,
+    readerWallSeconds,
+    readerMemoryMiB,
 };
 
 enum class SettingType { Boolean, Integer, Float, String };

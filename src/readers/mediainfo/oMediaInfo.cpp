@@ -206,7 +206,7 @@ QString oMediaInfo::myCodecHint(StreamKind kind, quint64 number) const
     const QString format = read(u"Format"_s);
     QStringList description;
     if (kind == Video) {
-        const QString hint = format == "MPEG-4 Visual"_L1 ? read(u"CodecID/Hint"_s) : QString();
+        QString hint = format == "MPEG-4 Visual"_L1 ? read(u"CodecID/Hint"_s) : QString();
         if (!hint.isEmpty() && hint != "Microsoft"_L1)
             return hint;
         addIfSet(description, read(u"CodecID"_s));

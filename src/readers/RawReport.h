@@ -8,9 +8,9 @@
 
 #include <tl/expected.hpp>
 
-namespace quorvin::cli {
+namespace quorvin {
 
-/// The reports of the libraries, by the names the command line has for them.
+/// The reports of the libraries, by name.
 QStringList rawSources();
 
 /// False for a report on the library itself.
@@ -19,4 +19,4 @@ bool rawSourceTakesFiles(const QString &source);
 /// The report on a file, or the reason why there is none. `path` is "" for a source that takes no files.
 tl::expected<QString, QString> rawReport(const QString &source, const QString &path);
 
-} // namespace quorvin::cli
+} // namespace quorvin

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "cli/RawSource.h"
+#include "readers/RawReport.h"
 
 #include "platform/RegularFile.h"
 #include "readers/mediainfo/oMediaInfo.h"
@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <array>
 
-namespace quorvin::cli {
+namespace quorvin {
 
 namespace {
 
@@ -61,4 +61,4 @@ tl::expected<QString, QString> rawReport(const QString &source, const QString &p
     return tl::unexpected(QStringLiteral("Can not process the file"));
 }
 
-} // namespace quorvin::cli
+} // namespace quorvin

@@ -1,0 +1,200 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "intake/DataCacher.h"
+
+#include "intake/DataCacherShared.h"
+#include "model/Log.h"
+
+#include <sys/prctl.h>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <system_error>
+#include <thread>
+
+namespace quorvin {
+
+namespace {
+
+constexpr std::array kModes{1, 2, 4, 8, 256};
+constexpr std::size_t kFilesForOneThread = 10;
+constexpr std::chrono::milliseconds kPoll{20};
+
+int cores()
+{
+    return std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
+}
+
+} // namespace
+
+DataCacher::DataCacher(std::function<AnalysisSetup()> setup) : _shared(std::make_shared<Shared>())
+{
+    _shared->setup = std::move(setup);
+    _shared->mailbox = std::make_unique<DataCacherMailbox>();
+}
+
+DataCacher::~DataCacher()
+{
+    cancelThreads();
+    // Destroyed outside the lock, and with it what was posted and not delivered.
+    std::unique_ptr<DataCacherMailbox> mailbox;
+    const std::lock_guard guard(_shared->mailLock);
+    mailbox.swap(_shared->mailbox);
+}
+
+void DataCacher::setDelegate(DataCacherDelegate *delegate)
+{
+    _shared->mailbox->delegate = delegate;
+}
+
+DataCacherDelegate *DataCacher::delegate() const
+{
+    return _shared->mailbox->delegate;
+}
+
+void DataCacher::setMTMode(int mode)
+{
+    _mode = std::ranges::find(kModes, mode) == kModes.end() ? 1 : mode;
+}
+
+int DataCacher::mode() const
+{
+    return _mode;
+}
+
+void DataCacher::setThreadCount(int count)
+{
+    _threadCount = count;
+}
+
+int DataCacher::numberOfThreadsToWorkWithFilesCount(std::size_t files, int mode, int cores)
+{
+    const int cap = mode <= cores && mode != kModes.back() ? mode : cores;
+    if (mode == 1 || cap == 1 || files <= kFilesForOneThread)
+        return 1;
+    const std::size_t wanted = (files + kFilesForOneThread - 1) / kFilesForOneThread;
+    return static_cast<int>(std::min<std::size_t>(wanted, static_cast<std::size_t>(cap)));
+}
+
+void DataCacher::processFiles(const std::vector<FilelistItemPtr> &files)
+{
+    if (!files.empty())
+        _shared->fileQueue.addFilesToEnd(files);
+    const std::size_t queued = _shared->fileQueue.count();
+    if (queued == 0)
+        return;
+    const int byCount
+        = static_cast<int>(std::min<std::size_t>(queued, static_cast<std::size_t>(_threadCount)));
+    const int count
+        = _threadCount > 0 ? byCount : numberOfThreadsToWorkWithFilesCount(queued, _mode, cores());
+
+    const std::lock_guard guard(_shared->safeLock);
+    // Running threads take the new files.
+    if (!_shared->threads.empty())
+        return;
+    for (int i = 0; i < count; ++i) {
+        const int number = ++_shared->lastThread;
+        try {
+            std::jthread thread([shared = _shared, number](const std::stop_token &stop) {
+                ::prctl(PR_SET_NAME, "DataCacherThread");
+                processFilesInThread(shared, number, stop);
+            });
+            _shared->threads.emplace(number, thread.get_stop_source());
+            thread.detach();
+        } catch (const std::system_error &error) {
+            qCInfo(lcQuorvin) << "Failed to start a thread:" << error.what();
+        }
+    }
+}
+
+void DataCacher::processFileFirstly(const FilelistItemPtr &file)
+{
+    _shared->fileQueue.addForcedFileToStart(file);
+    processFiles({});
+}
+
+void DataCacher::cancelThreads()
+{
+    std::map<int, std::stop_source> threads;
+    {
+        const std::lock_guard guard(_shared->safeLock);
+        threads.swap(_shared->threads);
+    }
+    for (auto &[number, source] : threads)
+        source.request_stop();
+}
+
+void DataCacher::cancelThreadsAndWait()
+{
+    std::map<int, std::stop_source> threads;
+    {
+        const std::lock_guard guard(_shared->safeLock);
+        threads = _shared->threads;
+    }
+    for (auto &[number, source] : threads)
+        source.request_stop();
+    std::unique_lock lock(_shared->safeLock);
+    while (!_shared->threadEnded.wait_for(lock, kPoll, [this] { return _shared->threads.empty(); })) { }
+}
+
+Claim DataCacher::Shared::setFileIsInProcess(const FilelistItemPtr &file, const std::stop_token &stop)
+{
+    if (stop.stop_requested())
+        return Claim::Cancelled;
+    const std::lock_guard guard(safeLock);
+    if (file->isDone())
+        return Claim::Done;
+    if (!filesInProcess.insert(file.get()).second) {
+        ++filesWaitingForFinishProcessing[file];
+        return Claim::InProcess;
+    }
+    return Claim::Free;
+}
+
+void DataCacher::Shared::setFileIsDone(const FilelistItemPtr &file)
+{
+    const std::lock_guard guard(safeLock);
+    file->setIsDone(true);
+    filesInProcess.erase(file.get());
+}
+
+void DataCacher::Shared::dataReady(const QuorvinDataPtr &data, const FilelistItemPtr &file,
+                                   DataCacherDelivery::Status status, const QString &reason)
+{
+    int repeats = 0;
+    {
+        const std::lock_guard guard(safeLock);
+        if (const auto waiting = filesWaitingForFinishProcessing.find(file);
+            waiting != filesWaitingForFinishProcessing.end()) {
+            repeats = waiting->second;
+            if (--waiting->second == 0)
+                filesWaitingForFinishProcessing.erase(waiting);
+        }
+        if (data || status != DataCacherDelivery::Repeat) {
+            file->setQuorvinData(data);
+            file->setIsFailed(!data);
+            file->setFailureReason(reason);
+        }
+    }
+    post({file, status, data});
+    for (int i = 0; i < repeats; ++i)
+        post({file, DataCacherDelivery::Repeat, data});
+}
+
+void DataCacher::Shared::post(const DataCacherDelivery &delivery)
+{
+    const std::lock_guard guard(mailLock);
+    if (!mailbox)
+        return;
+    QMetaObject::invokeMethod(
+        mailbox.get(),
+        [box = mailbox.get(), delivery] {
+            if (box->delegate)
+                box->delegate->dataCacherNewObjectReady(delivery);
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace quorvin

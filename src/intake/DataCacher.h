@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "intake/AnalysisOptions.h"
+#include "intake/FilelistItem.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace quorvin {
+
+/// What came of a file, or of asking for it again.
+struct DataCacherDelivery {
+    enum Status {
+        Fresh = 1, ///< a run has just ended; without data it failed
+        Repeat = 2, ///< the file was asked for again and is finished: only counts change
+    };
+
+    FilelistItemPtr file;
+    Status status = Fresh;
+    QuorvinDataPtr data;
+};
+
+class DataCacherDelegate {
+public:
+    virtual ~DataCacherDelegate() = default;
+    virtual void dataCacherNewObjectReady(const DataCacherDelivery &delivery) = 0;
+};
+
+/// Analyses the files of one window, or of one call, on a small pool of threads, and posts each result to the
+/// event loop of the thread that made the pool: the delegate's thread, on which all operations are called.
+/// Threads end when the queue is empty and start again when there is something to do.
+///
+/// A pool can be destroyed while its threads run: they are cancelled and end by themselves. Its files may
+/// outlive it.
+class DataCacher {
+public:
+    /// `setup` is asked by each thread when it starts; it must stay callable for as long as the threads run.
+    explicit DataCacher(std::function<AnalysisSetup()> setup);
+    /// As `cancelThreads`.
+    ~DataCacher();
+    DataCacher(const DataCacher &) = delete;
+    DataCacher &operator=(const DataCacher &) = delete;
+
+    /// May be null. A delegate that is taken away gets nothing any more, not even what was posted before.
+    void setDelegate(DataCacherDelegate *delegate);
+    DataCacherDelegate *delegate() const;
+
+    /// 1, 2, 4, 8 or 256; every other value sets 1. Starts at 1.
+    void setMTMode(int mode);
+    int mode() const;
+    /// As many threads as this, or as there are files, whatever the mode; 0 goes back to the mode.
+    void setThreadCount(int count);
+
+    /// Queues the files behind the others. The number of threads is fixed when the first of them start.
+    void processFiles(const std::vector<FilelistItemPtr> &files);
+    /// Queues the file in front of the others.
+    void processFileFirstly(const FilelistItemPtr &file);
+
+    /// The threads give up the file in hand and end; this does not wait for them. The file in hand stays done
+    /// without a record and is not delivered.
+    void cancelThreads();
+    /// The same, and waits until all have ended: at once with reader processes, else for the file in hand.
+    void cancelThreadsAndWait();
+
+    /// One thread for ten files, up to what the mode and the number of cores allow.
+    static int numberOfThreadsToWorkWithFilesCount(std::size_t files, int mode, int cores);
+
+    /// What the pool and its threads share.
+    struct Shared;
+
+private:
+    std::shared_ptr<Shared> _shared;
+    int _mode = 1;
+    int _threadCount = 0;
+};
+
+} // namespace quorvin

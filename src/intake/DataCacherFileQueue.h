@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "intake/FilelistItem.h"
+
+#include <atomic>
+#include <cstddef>
+#include <mutex>
+#include <vector>
+
+namespace quorvin {
+
+/// Files to do: a stack whose top is the next to be taken. A file may stand in it more than once. Any thread.
+class DataCacherFileQueue {
+public:
+    /// Behind everything that is queued, in their order.
+    void addFilesToEnd(const std::vector<FilelistItemPtr> &files);
+    /// In front of everything, earlier forced files too. The file's other place in the queue stays.
+    void addForcedFileToStart(const FilelistItemPtr &file);
+    /// Takes the next file; null when there is none.
+    FilelistItemPtr nextItem();
+    /// Read without the lock.
+    std::size_t count() const { return _count; }
+
+private:
+    std::mutex queueLock;
+    std::vector<FilelistItemPtr> fileQueue;
+    std::atomic<std::size_t> _count = 0;
+};
+
+} // namespace quorvin

@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "intake/DataCacher.h"
+#include "intake/DataCacherFileQueue.h"
+
+#include <QObject>
+
+#include <condition_variable>
+#include <map>
+#include <mutex>
+#include <stop_token>
+#include <unordered_map>
+#include <unordered_set>
+
+namespace quorvin {
+
+/// What a thread is to do with a file that it took from the queue.
+enum class Claim {
+    Free = 0, ///< it is this thread's now
+    Done = 1, ///< it is finished
+    InProcess = 2, ///< another thread works on it, and will answer for this request too
+    Cancelled = 3, ///< this thread has no more work to do
+};
+
+/// Lives in the delegate's thread; what is posted to it is delivered there.
+class DataCacherMailbox : public QObject {
+public:
+    DataCacherDelegate *delegate = nullptr;
+};
+
+/// The state of a pool. Outlives the pool for as long as a thread runs. No two of its locks are ever held at
+/// once.
+struct DataCacher::Shared {
+    std::function<AnalysisSetup()> setup;
+    DataCacherFileQueue fileQueue;
+
+    std::mutex
+        safeLock; ///< for bookkeeping only; guards all down to the next lock, and the items' record and flags
+    std::unordered_set<const FilelistItem *> filesInProcess;
+    std::unordered_map<FilelistItemPtr, int>
+        filesWaitingForFinishProcessing; ///< how often each was asked for again
+    std::map<int, std::stop_source> threads; ///< the running ones that are not cancelled
+    int lastThread = 0;
+    std::condition_variable threadEnded;
+
+    std::mutex mailLock; ///< guards the mailbox's life
+    std::unique_ptr<DataCacherMailbox> mailbox;
+
+    Claim setFileIsInProcess(const FilelistItemPtr &file, const std::stop_token &stop);
+    void setFileIsDone(const FilelistItemPtr &file);
+    /// `reason` is why there is no record.
+    void dataReady(const QuorvinDataPtr &data, const FilelistItemPtr &file, DataCacherDelivery::Status status,
+                   const QString &reason = {});
+
+private:
+    void post(const DataCacherDelivery &delivery);
+};
+
+/// The life of one thread of the pool.
+void processFilesInThread(const std::shared_ptr<DataCacher::Shared> &shared, int thread,
+                          const std::stop_token &stop);
+
+} // namespace quorvin

@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/Log.h"
+#include "platform/UserLocale.h"
+#include "readers/RecordBuilder.h"
+#include "readers/process/Bytes.h"
+#include "readers/process/Frames.h"
+#include "readers/process/Guard.h"
+#include "readers/process/Job.h"
+#include "readers/process/RecordBytes.h"
+
+#include <QCoreApplication>
+
+#include <sys/prctl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <new>
+
+// The resident reader: takes jobs from its socket, one after the other, and answers them. Started by
+// ReaderProcess as "quorvin-reader PARENT MEMORY": the parent's process number, and the most bytes of address
+// space, 0 for no limit.
+
+using namespace quorvin;
+
+namespace {
+
+bool readAll(char *bytes, std::size_t length)
+{
+    while (length > 0) {
+        const ssize_t count = ::read(kReaderSocket, bytes, length);
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return false;
+        bytes += count;
+        length -= static_cast<std::size_t>(count);
+    }
+    return true;
+}
+
+bool writeAll(QByteArrayView bytes)
+{
+    while (!bytes.isEmpty()) {
+        const ssize_t count = ::write(kReaderSocket, bytes.data(), static_cast<std::size_t>(bytes.size()));
+        if (count < 0 && errno == EINTR)
+            continue;
+        if (count <= 0)
+            return false;
+        bytes = bytes.sliced(count);
+    }
+    return true;
+}
+
+std::optional<Job> nextJob()
+{
+    quint32 length = 0;
+    if (!readAll(reinterpret_cast<char *>(&length), sizeof length) || length > kMostRequestBytes)
+        return std::nullopt;
+    QByteArray content(static_cast<qsizetype>(length), Qt::Uninitialized);
+    return readAll(content.data(), length) ? jobOfRequest(content) : std::nullopt;
+}
+
+QByteArray answerTo(const Job &job, RecordEncoder &encoder)
+{
+    const JobResult result = doJob(job);
+    if (!result)
+        return replyFrame(ReplyKind::Failure, result.error().toUtf8());
+    if (!result->record)
+        return replyFrame(ReplyKind::Report, result->report.toUtf8());
+    return replyFrame(ReplyKind::Record, encoder.encode(result->record->contents()));
+}
+
+/// A reader ends with its parent, whatever it is doing.
+void tieTo(pid_t parent)
+{
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent)
+        std::_Exit(EXIT_SUCCESS);
+    // What interrupts the parent at the terminal is the parent's affair.
+    std::signal(SIGINT, SIG_IGN);
+    ::close_range(kReaderSocket + 1, ~0U, 0);
+}
+
+[[noreturn]] void endWithoutMemory()
+{
+    std::_Exit(kOutOfMemoryStatus);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc != 3)
+        return EXIT_FAILURE;
+    tieTo(static_cast<pid_t>(std::strtol(argv[1], nullptr, 10)));
+    std::set_new_handler(endWithoutMemory);
+    QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
+    const QCoreApplication application(argc, argv);
+    useUtf8CharacterType();
+    RecordBuilder::setupLibraries();
+
+    RecordEncoder encoder;
+    if (!writeAll(helloFrame(raiseGuard(std::strtoull(argv[2], nullptr, 10)))))
+        return EXIT_FAILURE;
+    while (const auto job = nextJob()) {
+        if (!writeAll(answerTo(*job, encoder)))
+            break;
+    }
+    std::_Exit(EXIT_SUCCESS);
+}
