@@ -26,7 +26,8 @@ AnalysisSetup analysisSetupFrom(const Settings &settings)
     if (settings.boolean(Setting::readerProcesses)) {
         const ReaderLimits limits{settings.integer(Setting::readerCpuSeconds),
                                   settings.integer(Setting::readerWallSeconds),
-                                  settings.integer(Setting::readerMemoryMiB)};
+                                  settings.integer(Setting::readerMemoryMiB),
+                                  {}};
         setup.makeRunner = [limits] { return makeReaderRunner(limits); };
     }
     return setup;

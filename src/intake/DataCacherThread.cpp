@@ -31,8 +31,10 @@ public:
             // The reader works on the next file while the record of this one travels.
             const FilelistItemPtr next = begunNext();
             finish(file, _runner->take());
+            answerRepeats();
             file = next;
         }
+        answerRepeats();
         // What is left in hand here was given up: done without a record.
         if (file)
             _shared.setFileIsDone(file);
@@ -59,9 +61,16 @@ private:
             if (claim == Claim::Free)
                 return file;
             if (claim == Claim::Done)
-                _shared.dataReady(nullptr, file, DataCacherDelivery::Repeat);
+                _repeats.push_back(file);
         }
         return nullptr;
+    }
+
+    /// After the result in hand, which was there before they were asked for again.
+    void answerRepeats()
+    {
+        for (const FilelistItemPtr &file : std::exchange(_repeats, {}))
+            _shared.dataReady(nullptr, file, DataCacherDelivery::Repeat);
     }
 
     void finish(const FilelistItemPtr &file, const JobResult &result)
@@ -85,6 +94,7 @@ private:
     std::stop_token _stop;
     AnalysisSetup _setup;
     std::unique_ptr<JobRunner> _runner;
+    std::vector<FilelistItemPtr> _repeats; ///< met in the queue and found done
 };
 
 /// Leaves the pool; false when there is work after all, and nobody else to do it.
@@ -116,9 +126,9 @@ bool left(DataCacher::Shared &shared, int thread, const std::stop_token &stop)
 void processFilesInThread(const std::shared_ptr<DataCacher::Shared> &shared, int thread,
                           const std::stop_token &stop)
 {
-    Worker worker(*shared, thread, stop);
     do {
-        worker.run();
+        // Ends, and its reader with it, before the thread counts as gone.
+        Worker(*shared, thread, stop).run();
     } while (!left(*shared, thread, stop));
 }
 

@@ -159,6 +159,27 @@ TEST(CommandLine, RawReportsComeAsTheyAre)
     EXPECT_EQ(run({words("raw"), words("/none")}).errors, "quorvin-cli: /none: No such file or directory\n");
 }
 
+TEST(CommandLine, FileThatEndsALibraryLeavesItsNeighboursWhole)
+{
+    const TestFolder folder;
+    const QByteArray tone = contentOf(sample(words("tone.flac")));
+    // A TIFF whose empty directory names itself as the next one: libmediainfo follows it for ever.
+    const QByteArray loop = QByteArray("II*\0\x08\0\0\0\0\0\x08\0\0\0", 14) + QByteArray(8, '\0');
+    for (int i = 1; i <= 12; ++i)
+        folder.write(QString::number(i) + words(".flac"), tone);
+    folder.write(words("5.tif"), loop);
+    const QStringList call{words("general"), words("--set"), words("readerCpuSeconds=1"), folder.path()};
+    const Outcome outcome = run(call);
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.errors, "quorvin-cli: " + folder.path().toUtf8() + "/5.tif: stopped: took too long\n");
+    QByteArrayList names;
+    for (const QByteArray &line : outcome.output.split('\n')) {
+        if (line.endsWith(".flac"))
+            names.append(line.chopped(5));
+    }
+    EXPECT_EQ(names.join(' '), "1 2 3 4 5 6 7 8 9 10 11 12");
+}
+
 TEST(CommandLine, InterruptLeavesNoHalfFile)
 {
     const TestFolder folder;

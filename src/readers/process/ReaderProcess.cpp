@@ -73,7 +73,7 @@ std::unique_ptr<ReaderProcess> ReaderProcess::start(const ReaderLimits &limits)
     const int childEnd = ::fcntl(ends[1], F_DUPFD_CLOEXEC, kReaderSocket + 1);
     ::close(ends[1]);
 
-    const std::string program = readerProgram();
+    const std::string program = limits.program.empty() ? readerProgram() : limits.program;
     const std::string parent = std::to_string(::getpid());
     const std::string memory
         = std::to_string(kLimitsMemory ? static_cast<quint64>(limits.memoryMiB) * kMiB : 0);

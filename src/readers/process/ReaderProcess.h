@@ -8,6 +8,7 @@
 #include <sys/types.h>
 
 #include <memory>
+#include <string>
 
 namespace quorvin {
 
@@ -16,6 +17,7 @@ struct ReaderLimits {
     int cpuSeconds = 20; ///< of processor time for one job
     int wallSeconds = 60; ///< from the start of one job to its end
     int memoryMiB = 2048; ///< of address space
+    std::string program; ///< path; "" is the reader beside this program
 };
 
 /// A running reader and this end of its socket. The process goes with the object: it is killed, if it still

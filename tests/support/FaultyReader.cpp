@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/NativePath.h"
+#include "readers/process/Bytes.h"
+#include "readers/process/Frames.h"
+
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+#include <functional>
+#include <map>
+#include <vector>
+
+// Speaks the reader's language over its socket, but obeys the name of the file: "hang", "crash" and so on;
+// any other name is answered with a report of the name.
+
+using namespace quorvin;
+
+namespace {
+
+void say(const QByteArray &bytes)
+{
+    if (::write(kReaderSocket, bytes.constData(), static_cast<std::size_t>(bytes.size())) < 0)
+        std::_Exit(EXIT_FAILURE);
+}
+
+QByteArray length(quint32 value)
+{
+    ByteWriter writer;
+    writer.number(value);
+    return writer.result();
+}
+
+void eatMemory()
+{
+    std::set_new_handler([] { std::_Exit(kOutOfMemoryStatus); });
+    for (std::vector<std::vector<char>> eaten;;)
+        eaten.emplace_back(64 << 20, 'x');
+}
+
+const std::map<QString, std::function<void()>> &faults()
+{
+    static const std::map<QString, std::function<void()>> table{
+        {QStringLiteral("hang"), [] { ::pause(); }},
+        {QStringLiteral("burn"),
+         [] {
+             for (const volatile bool on = true; on;) { }
+         }},
+        {QStringLiteral("eat"), eatMemory},
+        {QStringLiteral("crash"), [] { std::raise(SIGKILL); }},
+        {QStringLiteral("silent"), [] { std::_Exit(EXIT_SUCCESS); }},
+        {QStringLiteral("no bytes"), [] { say(length(0)); }},
+        {QStringLiteral("too long"), [] { say(length(kMostReplyBytes + 1)); }},
+        {QStringLiteral("half"),
+         [] {
+             say(length(1000) + "half");
+             std::_Exit(EXIT_SUCCESS);
+         }},
+        {QStringLiteral("stalls"),
+         [] {
+             say(length(1000) + "half");
+             ::pause();
+         }},
+        {QStringLiteral("no kind"), [] { say(frameOf("\x09what")); }},
+        {QStringLiteral("no record"), [] { say(replyFrame(ReplyKind::Record, QByteArray(500, '\xff'))); }},
+    };
+    return table;
+}
+
+bool answerNext()
+{
+    quint32 size = 0;
+    if (::read(kReaderSocket, &size, sizeof size) != sizeof size)
+        return false;
+    QByteArray content(static_cast<qsizetype>(size), Qt::Uninitialized);
+    if (::read(kReaderSocket, content.data(), size) != static_cast<ssize_t>(size))
+        return false;
+    const QString name = lastPathComponent(jobOfRequest(content)->path);
+    if (const auto fault = faults().find(name); fault != faults().end())
+        fault->second();
+    else
+        say(replyFrame(ReplyKind::Report, name.toUtf8()));
+    return true;
+}
+
+} // namespace
+
+int main(int, char **argv)
+{
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    const rlim_t memory = std::strtoull(argv[2], nullptr, 10);
+    const rlimit limit{memory, memory};
+    if (memory > 0)
+        ::setrlimit(RLIMIT_AS, &limit);
+    say(helloFrame(0));
+    while (answerNext()) { }
+    return EXIT_SUCCESS;
+}
