@@ -1,17 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "platform/NativePath.h"
+#include "BenchFiles.h"
 #include "readers/RecordBuilder.h"
-
-#include <QDir>
-#include <QFile>
 
 #include <MediaInfoDLL/MediaInfoDLL_Static.h>
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 
-#include <chrono>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -19,40 +15,14 @@
 namespace {
 
 using namespace quorvin;
-using Clock = std::chrono::steady_clock;
-
-/// The files to measure with: those listed in the file that QUORVIN_BENCH_LIST names, one a line, else the
-/// samples. Only those that a record can be made of count.
-const std::vector<QString> &mediaFiles()
-{
-    static const std::vector<QString> files = [] {
-        QStringList paths;
-        if (QFile list(qEnvironmentVariable("QUORVIN_BENCH_LIST")); list.open(QIODevice::ReadOnly)) {
-            for (const QByteArray &line : list.readAll().split('\n'))
-                paths.append(decodePath(line));
-        } else {
-            const QDir samples(QStringLiteral(QUORVIN_SAMPLES));
-            for (const QString &name : samples.entryList(QDir::Files))
-                paths.append(samples.filePath(name));
-        }
-        paths.removeIf([](const QString &path) { return !RecordBuilder({}).dataAboutFile(path); });
-        return std::vector<QString>(paths.begin(), paths.end());
-    }();
-    return files;
-}
+using bench::mediaFiles;
+using bench::secondsOf;
 
 void bareLibrary(const std::wstring &path)
 {
     void *handle = MediaInfo_New();
     MediaInfo_Open(handle, path.c_str());
     MediaInfo_Delete(handle);
-}
-
-double secondsOf(const auto &work)
-{
-    const auto start = Clock::now();
-    work();
-    return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
 /// A record of each file against New, Open and Delete of the bare library, turn and turn about over the same

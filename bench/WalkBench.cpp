@@ -1,20 +1,20 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "BenchFiles.h"
 #include "intake/FilelistFiller.h"
 
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
-#include <chrono>
 #include <cstdlib>
 #include <fstream>
 
 namespace {
 
 using namespace quorvin;
-using Clock = std::chrono::steady_clock;
+using bench::secondsOf;
 
 constexpr int kFolders = 100;
 constexpr int kFilesInFolder = 1000;
@@ -29,13 +29,6 @@ void makeTree(const QString &root)
         for (int file = 0; file < kFilesInFolder; ++file)
             std::ofstream(path + "/IMG_" + std::to_string(file) + ".jpg");
     }
-}
-
-double secondsOf(const auto &work)
-{
-    const auto start = Clock::now();
-    work();
-    return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
 /// Walking and sorting 100,000 files against `find | sort` over the same folder.

@@ -5,6 +5,12 @@
 
 namespace quorvin::cli {
 
+OrderedResults::OrderedResults(const std::vector<FilelistItemPtr> &files) : _files(files)
+{
+    for (const FilelistItemPtr &file : files)
+        _waiting.insert(file.get());
+}
+
 void OrderedResults::wait()
 {
     if (!_isOver)
@@ -15,14 +21,12 @@ void OrderedResults::dataCacherNewObjectReady(const DataCacherDelivery &delivery
 {
     if (_isOver || delivery.status != DataCacherDelivery::Fresh)
         return;
-    whenCounted(++_done);
-    while (!_isOver && _next < _files.size()) {
-        FilelistItem &file = *_files[_next];
-        if (!file.isFailed() && !file.quorvinData())
-            break;
-        ++_next;
+    _waiting.erase(delivery.file.get());
+    whenCounted(_files.size() - _waiting.size());
+    while (!_isOver && _next < _files.size() && !_waiting.contains(_files[_next].get())) {
+        FilelistItem &file = *_files[_next++];
         _isOver = !whenNext(file);
-        file.setQuorvinData(nullptr);
+        file.releaseQuorvinData();
     }
     _isOver = _isOver || _next == _files.size();
     if (_isOver)

@@ -9,6 +9,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <unordered_set>
 #include <vector>
 
 namespace quorvin::cli {
@@ -17,7 +18,7 @@ namespace quorvin::cli {
 /// once it was passed on.
 class OrderedResults : public DataCacherDelegate {
 public:
-    explicit OrderedResults(const std::vector<FilelistItemPtr> &files) : _files(files) { }
+    explicit OrderedResults(const std::vector<FilelistItemPtr> &files);
 
     /// Called with each finished file, in order; false ends the wait.
     std::function<bool(const FilelistItem &file)> whenNext;
@@ -31,7 +32,7 @@ public:
 
 private:
     const std::vector<FilelistItemPtr> &_files;
-    std::size_t _done = 0;
+    std::unordered_set<const FilelistItem *> _waiting; ///< not delivered yet
     std::size_t _next = 0;
     bool _isOver = false;
     QEventLoop _loop;

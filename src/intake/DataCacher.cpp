@@ -29,29 +29,26 @@ int cores()
 
 } // namespace
 
-DataCacher::DataCacher(std::function<AnalysisSetup()> setup) : _shared(std::make_shared<Shared>())
+DataCacher::DataCacher(std::function<AnalysisSetup()> setup)
+    : _mailbox(new DataCacherMailbox), _shared(std::make_shared<Shared>())
 {
     _shared->setup = std::move(setup);
-    _shared->mailbox = std::make_unique<DataCacherMailbox>();
+    _shared->mail = _mailbox->mail();
 }
 
 DataCacher::~DataCacher()
 {
     cancelThreads();
-    // Destroyed outside the lock, and with it what was posted and not delivered.
-    std::unique_ptr<DataCacherMailbox> mailbox;
-    const std::lock_guard guard(_shared->mailLock);
-    mailbox.swap(_shared->mailbox);
 }
 
 void DataCacher::setDelegate(DataCacherDelegate *delegate)
 {
-    _shared->mailbox->delegate = delegate;
+    _mailbox->delegate = delegate;
 }
 
 DataCacherDelegate *DataCacher::delegate() const
 {
-    return _shared->mailbox->delegate;
+    return _mailbox->delegate;
 }
 
 void DataCacher::setMTMode(int mode)
@@ -172,29 +169,12 @@ void DataCacher::Shared::dataReady(const QuorvinDataPtr &data, const FilelistIte
             if (--waiting->second == 0)
                 filesWaitingForFinishProcessing.erase(waiting);
         }
-        if (data || status != DataCacherDelivery::Repeat) {
-            file->setQuorvinData(data);
-            file->setIsFailed(!data);
-            file->setFailureReason(reason);
-        }
+        if (data || status != DataCacherDelivery::Repeat)
+            file->setResult(data, reason);
     }
-    post({file, status, data});
+    mail->post({file, status, data});
     for (int i = 0; i < repeats; ++i)
-        post({file, DataCacherDelivery::Repeat, data});
-}
-
-void DataCacher::Shared::post(const DataCacherDelivery &delivery)
-{
-    const std::lock_guard guard(mailLock);
-    if (!mailbox)
-        return;
-    QMetaObject::invokeMethod(
-        mailbox.get(),
-        [box = mailbox.get(), delivery] {
-            if (box->delegate)
-                box->delegate->dataCacherNewObjectReady(delivery);
-        },
-        Qt::QueuedConnection);
+        mail->post({file, DataCacherDelivery::Repeat, data});
 }
 
 } // namespace quorvin

@@ -24,6 +24,11 @@ struct DataCacherDelivery {
     QuorvinDataPtr data;
 };
 
+class DataCacherMailbox;
+struct DataCacherMailboxDisposer {
+    void operator()(DataCacherMailbox *mailbox) const;
+};
+
 class DataCacherDelegate {
 public:
     virtual ~DataCacherDelegate() = default;
@@ -73,6 +78,7 @@ public:
     struct Shared;
 
 private:
+    std::unique_ptr<DataCacherMailbox, DataCacherMailboxDisposer> _mailbox;
     std::shared_ptr<Shared> _shared;
     int _mode = 1;
     int _threadCount = 0;

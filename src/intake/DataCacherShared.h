@@ -5,8 +5,7 @@
 
 #include "intake/DataCacher.h"
 #include "intake/DataCacherFileQueue.h"
-
-#include <QObject>
+#include "intake/DataCacherMailbox.h"
 
 #include <condition_variable>
 #include <map>
@@ -25,20 +24,13 @@ enum class Claim {
     Cancelled = 3, ///< this thread has no more work to do
 };
 
-/// Lives in the delegate's thread; what is posted to it is delivered there.
-class DataCacherMailbox : public QObject {
-public:
-    DataCacherDelegate *delegate = nullptr;
-};
-
 /// The state of a pool. Outlives the pool for as long as a thread runs. No two of its locks are ever held at
 /// once.
 struct DataCacher::Shared {
     std::function<AnalysisSetup()> setup;
     DataCacherFileQueue fileQueue;
 
-    std::mutex
-        safeLock; ///< for bookkeeping only; guards all down to the next lock, and the items' record and flags
+    std::mutex safeLock; ///< for bookkeeping only; guards all below, and the items' record and flags
     std::unordered_set<const FilelistItem *> filesInProcess;
     std::unordered_map<FilelistItemPtr, int>
         filesWaitingForFinishProcessing; ///< how often each was asked for again
@@ -46,17 +38,13 @@ struct DataCacher::Shared {
     int lastThread = 0;
     std::condition_variable threadEnded;
 
-    std::mutex mailLock; ///< guards the mailbox's life
-    std::unique_ptr<DataCacherMailbox> mailbox;
+    std::shared_ptr<DataCacherMail> mail;
 
     Claim setFileIsInProcess(const FilelistItemPtr &file, const std::stop_token &stop);
     void setFileIsDone(const FilelistItemPtr &file);
     /// `reason` is why there is no record.
     void dataReady(const QuorvinDataPtr &data, const FilelistItemPtr &file, DataCacherDelivery::Status status,
                    const QString &reason = {});
-
-private:
-    void post(const DataCacherDelivery &delivery);
 };
 
 /// The life of one thread of the pool.

@@ -15,23 +15,45 @@ FilelistItemPtr FilelistItem::itemWithFilename(const QString &filename, const QS
     return FilelistItemPtr(new FilelistItem(filename, prefixedPath));
 }
 
-void FilelistItem::resetQuorvinData()
+QuorvinDataPtr FilelistItem::quorvinData() const
 {
-    _quorvinData.store(nullptr);
-    _isDone = false;
-    _isFailed = false;
-    setFailureReason(QString());
+    const std::lock_guard guard(_lock);
+    return _quorvinData;
+}
+
+bool FilelistItem::isFailed() const
+{
+    const std::lock_guard guard(_lock);
+    return _isFailed;
 }
 
 QString FilelistItem::failureReason() const
 {
-    const auto reason = _failureReason.load();
-    return reason ? *reason : QString();
+    const std::lock_guard guard(_lock);
+    return _failureReason;
 }
 
-void FilelistItem::setFailureReason(const QString &reason)
+void FilelistItem::setResult(const QuorvinDataPtr &record, const QString &reason)
 {
-    _failureReason.store(reason.isEmpty() ? nullptr : std::make_shared<const QString>(reason));
+    const std::lock_guard guard(_lock);
+    _quorvinData = record;
+    _isFailed = !record;
+    _failureReason = record ? QString() : reason;
+}
+
+void FilelistItem::releaseQuorvinData()
+{
+    const std::lock_guard guard(_lock);
+    _quorvinData = nullptr;
+}
+
+void FilelistItem::resetQuorvinData()
+{
+    _isDone = false;
+    const std::lock_guard guard(_lock);
+    _quorvinData = nullptr;
+    _isFailed = false;
+    _failureReason.clear();
 }
 
 QString FilelistItem::description() const

@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <memory>
+#include <mutex>
 
 namespace quorvin {
 
@@ -25,19 +26,19 @@ public:
     const QString &prefixedPath() const { return _prefixedPath; }
 
     /// Null while there is none.
-    QuorvinDataPtr quorvinData() const { return _quorvinData.load(); }
+    QuorvinDataPtr quorvinData() const;
     /// An analysis of the file has ended.
     bool isDone() const { return _isDone; }
     /// The last analysis gave no record.
-    bool isFailed() const { return _isFailed; }
-
+    bool isFailed() const;
     /// Why the last analysis gave no record; "" when it did not fail.
     QString failureReason() const;
 
-    void setQuorvinData(QuorvinDataPtr record) { _quorvinData = std::move(record); }
     void setIsDone(bool done) { _isDone = done; }
-    void setIsFailed(bool failed) { _isFailed = failed; }
-    void setFailureReason(const QString &reason);
+    /// What an analysis gave: a record, or null, with the reason.
+    void setResult(const QuorvinDataPtr &record, const QString &reason);
+    /// Drops the record of a file that nobody will ask again.
+    void releaseQuorvinData();
     /// Back to a file that waits for its analysis.
     void resetQuorvinData();
 
@@ -48,10 +49,11 @@ private:
 
     QString _filename;
     QString _prefixedPath;
-    std::atomic<QuorvinDataPtr> _quorvinData;
     std::atomic<bool> _isDone = false;
-    std::atomic<bool> _isFailed = false;
-    std::atomic<std::shared_ptr<const QString>> _failureReason;
+    mutable std::mutex _lock; ///< guards all below
+    QuorvinDataPtr _quorvinData;
+    bool _isFailed = false;
+    QString _failureReason;
 };
 
 using FilelistItemPtr = std::shared_ptr<FilelistItem>;
