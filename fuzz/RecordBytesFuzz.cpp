@@ -7,7 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// What a parent does with the bytes of a reader that has been taken over: whatever they are, the parent stays whole.
+// What a parent does with the bytes of a reader that has been taken over. Whatever they are, the parent stays
+// whole.
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {

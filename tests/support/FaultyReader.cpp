@@ -54,6 +54,11 @@ const std::map<QString, std::function<void()>> &faults()
         {QStringLiteral("eat"), eatMemory},
         {QStringLiteral("crash"), [] { std::raise(SIGKILL); }},
         {QStringLiteral("silent"), [] { std::_Exit(EXIT_SUCCESS); }},
+        {QStringLiteral("farewell"),
+         [] {
+             say(replyFrame(ReplyKind::Report, "farewell"));
+             std::_Exit(EXIT_SUCCESS);
+         }},
         {QStringLiteral("no bytes"), [] { say(length(0)); }},
         {QStringLiteral("too long"), [] { say(length(kMostReplyBytes + 1)); }},
         {QStringLiteral("half"),

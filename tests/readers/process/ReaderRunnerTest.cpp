@@ -83,9 +83,7 @@ TEST(ReaderRunner, NextJobTravelsWithTheLastResult)
 {
     const auto runner = makeReaderRunner(faulty());
     QStringList results;
-    const QStringList names{QStringLiteral("1"),     QStringLiteral("half"),      QStringLiteral("2"),
-                            QStringLiteral("crash"), QStringLiteral("no record"), QStringLiteral("3"),
-                            QStringLiteral("4")};
+    const QStringList names = QStringLiteral("1,half,2,crash,no record,3,farewell,4,farewell").split(u',');
     runner->begin(named(names.first()));
     for (qsizetype i = 0; i < names.size(); ++i) {
         EXPECT_TRUE(runner->await({}));
@@ -93,7 +91,16 @@ TEST(ReaderRunner, NextJobTravelsWithTheLastResult)
             runner->begin(named(names[i + 1]));
         results.append(outcome(runner->take()).left(7));
     }
-    EXPECT_EQ(results.join(u'|'), QStringLiteral("1|stopped|2|stopped|stopped|3|4"));
+    EXPECT_EQ(results.join(u'|'), QStringLiteral("1|stopped|2|stopped|stopped|3|farewel|4|farewel"));
+}
+
+TEST(ReaderRunner, ReaderThatDiesIdleCostsNothing)
+{
+    const auto runner = makeReaderRunner(faulty());
+    for (int i = 0; i < 20; ++i) {
+        EXPECT_EQ(outcome(runner->run(named(QStringLiteral("farewell")))), QStringLiteral("farewell"));
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
 }
 
 TEST(ReaderRunner, StopTakesEffectAtOnce)
