@@ -4,6 +4,7 @@
 #include "platform/NativePath.h"
 #include "readers/process/Bytes.h"
 #include "readers/process/Frames.h"
+#include "readers/process/JobCounter.h"
 
 #include <sys/prctl.h>
 #include <sys/resource.h>
@@ -85,6 +86,8 @@ bool answerNext()
     QByteArray content(static_cast<qsizetype>(size), Qt::Uninitialized);
     if (::read(kReaderSocket, content.data(), size) != static_cast<ssize_t>(size))
         return false;
+    static JobCounter counter(kReaderCounter);
+    counter.take();
     const QString name = lastPathComponent(jobOfRequest(content)->path);
     if (const auto fault = faults().find(name); fault != faults().end())
         fault->second();

@@ -16,6 +16,8 @@ namespace quorvin {
 
 /// The descriptor under which a reader finds its end of the socket.
 inline constexpr int kReaderSocket = 3;
+/// And that of the memory in which it counts its jobs.
+inline constexpr int kReaderCounter = 4;
 /// A reader that could not get memory ends with this status.
 inline constexpr int kOutOfMemoryStatus = 77;
 

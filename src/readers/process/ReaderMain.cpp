@@ -8,13 +8,16 @@
 #include "readers/process/Frames.h"
 #include "readers/process/Guard.h"
 #include "readers/process/Job.h"
+#include "readers/process/JobCounter.h"
 #include "readers/process/RecordBytes.h"
 
 #include <QCoreApplication>
 
+#include <fcntl.h>
 #include <sys/prctl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
@@ -82,7 +85,19 @@ void tieTo(pid_t parent)
         std::_Exit(EXIT_SUCCESS);
     // What interrupts the parent at the terminal is the parent's affair.
     std::signal(SIGINT, SIG_IGN);
-    ::close_range(kReaderSocket + 1, ~0U, 0);
+    ::close_range(kReaderCounter + 1, ~0U, 0);
+}
+
+/// Whether more than half of the address space is in use.
+bool isShortOf(quint64 addressSpace)
+{
+    std::array<char, 32> text{};
+    const int statm = ::open("/proc/self/statm", O_RDONLY | O_CLOEXEC);
+    const bool wasRead = ::read(statm, text.data(), text.size() - 1) > 0;
+    ::close(statm);
+    const quint64 used
+        = std::strtoull(text.data(), nullptr, 10) * static_cast<quint64>(::sysconf(_SC_PAGESIZE));
+    return addressSpace > 0 && wasRead && used > addressSpace / 2;
 }
 
 [[noreturn]] void endWithoutMemory()
@@ -103,11 +118,15 @@ int main(int argc, char **argv)
     useUtf8CharacterType();
     RecordBuilder::setupLibraries();
 
+    JobCounter counter(kReaderCounter);
     RecordEncoder encoder;
-    if (!writeAll(helloFrame(raiseGuard(std::strtoull(argv[2], nullptr, 10)))))
+    const quint64 memory = std::strtoull(argv[2], nullptr, 10);
+    if (!writeAll(helloFrame(raiseGuard(memory))))
         return EXIT_FAILURE;
     while (const auto job = nextJob()) {
-        if (!writeAll(answerTo(*job, encoder)))
+        counter.take();
+        // One that earlier files have left short of memory makes way for a fresh one.
+        if (!writeAll(answerTo(*job, encoder)) || isShortOf(memory))
             break;
     }
     std::_Exit(EXIT_SUCCESS);

@@ -43,7 +43,7 @@ std::string readerProgram()
 /// The three standard streams lead nowhere, unless somebody listens to the libraries.
 class FileActions {
 public:
-    explicit FileActions(int socket)
+    FileActions(int socket, int counter)
     {
         posix_spawn_file_actions_init(&_actions);
         posix_spawn_file_actions_addopen(&_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
@@ -51,6 +51,7 @@ public:
         if (!lcLibraries().isDebugEnabled())
             posix_spawn_file_actions_addopen(&_actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
         posix_spawn_file_actions_adddup2(&_actions, socket, kReaderSocket);
+        posix_spawn_file_actions_adddup2(&_actions, counter, kReaderCounter);
     }
     ~FileActions() { posix_spawn_file_actions_destroy(&_actions); }
     FileActions(const FileActions &) = delete;
@@ -69,8 +70,10 @@ std::unique_ptr<ReaderProcess> ReaderProcess::start(const ReaderLimits &limits)
     std::array<int, 2> ends{};
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
         return nullptr;
-    // A number that the child gives its end, so that giving it clears the close-on-exec mark.
-    const int childEnd = ::fcntl(ends[1], F_DUPFD_CLOEXEC, kReaderSocket + 1);
+    auto counter = std::make_unique<JobCounter>();
+    // Numbers that the child does not give its own, so that giving those clears the close-on-exec mark.
+    const int childEnd = ::fcntl(ends[1], F_DUPFD_CLOEXEC, kReaderCounter + 1);
+    const int childCounter = ::fcntl(counter->descriptor(), F_DUPFD_CLOEXEC, kReaderCounter + 1);
     ::close(ends[1]);
 
     const std::string program = limits.program.empty() ? readerProgram() : limits.program;
@@ -79,17 +82,23 @@ std::unique_ptr<ReaderProcess> ReaderProcess::start(const ReaderLimits &limits)
         = std::to_string(kLimitsMemory ? static_cast<quint64>(limits.memoryMiB) * kMiB : 0);
     std::array<char *, 4> arguments{const_cast<char *>(program.c_str()), const_cast<char *>(parent.c_str()),
                                     const_cast<char *>(memory.c_str()), nullptr};
-    const FileActions actions(childEnd);
+    const FileActions actions(childEnd, childCounter);
     pid_t pid = 0;
     const int problem
         = ::posix_spawn(&pid, program.c_str(), actions.get(), nullptr, arguments.data(), environ);
     ::close(childEnd);
+    ::close(childCounter);
     if (problem != 0) {
         qCInfo(lcQuorvin) << "Failed to start the reader, error" << problem;
         ::close(ends[0]);
         return nullptr;
     }
-    return std::unique_ptr<ReaderProcess>(new ReaderProcess(pid, ends[0]));
+    return std::unique_ptr<ReaderProcess>(new ReaderProcess(pid, ends[0], std::move(counter)));
+}
+
+ReaderProcess::ReaderProcess(pid_t pid, int socket, std::unique_ptr<JobCounter> counter)
+    : _pid(pid), _socket(socket), _counter(std::move(counter))
+{
 }
 
 ReaderProcess::~ReaderProcess()

@@ -3,7 +3,9 @@
 
 #pragma once
 
-#include <QByteArray>
+#include "readers/process/JobCounter.h"
+
+#include <QtGlobal>
 
 #include <sys/types.h>
 
@@ -33,16 +35,22 @@ public:
 
     int socket() const { return _socket; }
     pid_t pid() const { return _pid; }
+    /// To be told of every job that is sent.
+    void countJob() { ++_jobs; }
+    /// Whether the reader has begun with the last job that was sent.
+    bool hasTakenLastJob() const { return _counter->hasTaken(_jobs); }
     /// Processor time used so far, in milliseconds.
     qint64 cpuTime() const;
     /// Ends the process and tells how it ended: its status as `waitpid` gives it.
     int kill();
 
 private:
-    ReaderProcess(pid_t pid, int socket) : _pid(pid), _socket(socket) { }
+    ReaderProcess(pid_t pid, int socket, std::unique_ptr<JobCounter> counter);
 
     pid_t _pid;
     int _socket;
+    std::unique_ptr<JobCounter> _counter;
+    quint32 _jobs = 0;
 };
 
 } // namespace quorvin

@@ -61,7 +61,12 @@ public:
     std::optional<quint32> guardParts();
 
 private:
-    enum class Wait { Ready, Stopped, Failed };
+    enum class Wait {
+        Ready,
+        Stopped,
+        Failed, ///< the reader is gone
+        Untouched, ///< it is gone, and never began with the last job
+    };
 
     void ensureReader();
     std::optional<quint32> readHello();
@@ -155,6 +160,7 @@ bool ReaderRunner::send()
     _deadline.setRemainingTime(qint64{_limits.wallSeconds} * 1000);
     _cpuAtStart = _reader->cpuTime();
     // A request always fits into the socket; a reader that lets it fill up is no reader.
+    _reader->countJob();
     const QByteArray frame = requestFrame(_job);
     return ::send(_reader->socket(), frame.constData(), static_cast<std::size_t>(frame.size()),
                   MSG_NOSIGNAL | MSG_DONTWAIT)
@@ -173,10 +179,14 @@ bool ReaderRunner::await(const std::stop_token &stop)
         return !stop.stop_requested();
     const StopSignal signal;
     const std::stop_callback tell(stop, std::cref(signal));
-    const Wait wait = waitForBytes(sizeof(quint32), &signal);
+    Wait wait = waitForBytes(sizeof(quint32), &signal);
+    for (int i = 0; i < kStartTries && wait == Wait::Untouched; ++i) {
+        handOver();
+        wait = _reader ? waitForBytes(sizeof(quint32), &signal) : Wait::Failed;
+    }
     if (wait == Wait::Stopped)
         _reader.reset();
-    if (wait == Wait::Failed)
+    if (wait == Wait::Failed || wait == Wait::Untouched)
         _awaitedFailure = _lastReason;
     _hasResult = wait == Wait::Ready;
     return wait != Wait::Stopped;
@@ -222,8 +232,9 @@ ReaderRunner::Wait ReaderRunner::waitForBytes(qsizetype count, const StopSignal 
         if (wait != Wait::Ready)
             return wait;
         if (!readSome()) {
+            const bool wasTaken = _reader->hasTakenLastJob();
             endReader(kCrashed);
-            return Wait::Failed;
+            return wasTaken ? Wait::Failed : Wait::Untouched;
         }
     }
     return Wait::Ready;

@@ -83,7 +83,7 @@ TEST(ReaderRunner, NextJobTravelsWithTheLastResult)
 {
     const auto runner = makeReaderRunner(faulty());
     QStringList results;
-    const QStringList names = QStringLiteral("1,half,2,crash,no record,3,4").split(u',');
+    const QStringList names = QStringLiteral("1,half,2,crash,no record,3,farewell,4,farewell,5").split(u',');
     runner->begin(named(names.first()));
     for (qsizetype i = 0; i < names.size(); ++i) {
         EXPECT_TRUE(runner->await({}));
@@ -91,7 +91,7 @@ TEST(ReaderRunner, NextJobTravelsWithTheLastResult)
             runner->begin(named(names[i + 1]));
         results.append(outcome(runner->take()).left(7));
     }
-    EXPECT_EQ(results.join(u'|'), QStringLiteral("1|stopped|2|stopped|stopped|3|4"));
+    EXPECT_EQ(results.join(u'|'), QStringLiteral("1|stopped|2|stopped|stopped|3|farewel|4|farewel|5"));
 }
 
 TEST(ReaderRunner, ReaderThatDiesIdleCostsNothing)
