@@ -30,7 +30,7 @@ public:
         while (file && _runner->await(_stop)) {
             // The reader works on the next file while the record of this one travels.
             const FilelistItemPtr next = begunNext();
-            finish(file, _runner->take());
+            finish(file, _runner->take(_stop));
             answerRepeats();
             file = next;
         }

@@ -67,7 +67,7 @@ public:
             _gate.pass(stop);
         return !stop.stop_requested();
     }
-    JobResult take() override
+    JobResult take(const std::stop_token &) override
     {
         if (_done.path.startsWith(QStringLiteral("bad")))
             return tl::unexpected(QStringLiteral("it is bad"));

@@ -72,6 +72,11 @@ const std::map<QString, std::function<void()>> &faults()
              say(length(1000) + "half");
              ::pause();
          }},
+        {QStringLiteral("dribbles"),
+          [] {
+              for (say(length(100'000));; ::usleep(1000))
+                  say("x");
+          }},
         {QStringLiteral("no kind"), [] { say(frameOf("\x09what")); }},
         {QStringLiteral("no record"), [] { say(replyFrame(ReplyKind::Record, QByteArray(500, '\xff'))); }},
     };

@@ -22,7 +22,8 @@ inline constexpr int kReaderCounter = 4;
 inline constexpr int kOutOfMemoryStatus = 77;
 
 inline constexpr quint32 kMostRequestBytes = 1 << 20;
-inline constexpr quint32 kMostReplyBytes = 512U << 20;
+inline constexpr quint32 kMostReplyBytes = 256U << 20;
+inline constexpr qsizetype kMostRecordBytes = 64 << 20;
 inline constexpr quint32 kHelloMagic = 0x51564e31;
 
 /// The first frame of a reader: that it is one, and the parts of its guard.

@@ -18,7 +18,7 @@ public:
         _result = doJob(_job);
         return !stop.stop_requested();
     }
-    JobResult take() override { return std::move(_result); }
+    JobResult take(const std::stop_token &) override { return std::move(_result); }
 
 private:
     Job _job;
@@ -30,7 +30,7 @@ private:
 JobResult JobRunner::run(const Job &job, const std::stop_token &stop)
 {
     begin(job);
-    return await(stop) ? take() : JobResult(tl::unexpected(QStringLiteral("stopped")));
+    return await(stop) ? take(stop) : JobResult(tl::unexpected(QStringLiteral("stopped")));
 }
 
 std::unique_ptr<JobRunner> makeInProcessRunner()

@@ -3,6 +3,7 @@
 
 #include "readers/process/JobCounter.h"
 
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -10,9 +11,11 @@ namespace quorvin {
 
 static_assert(std::atomic<quint32>::is_always_lock_free);
 
-JobCounter::JobCounter() : _descriptor(::memfd_create("quorvin-reader", MFD_CLOEXEC))
+JobCounter::JobCounter() : _descriptor(::memfd_create("quorvin-reader", MFD_CLOEXEC | MFD_ALLOW_SEALING))
 {
-    if (_descriptor >= 0 && ::ftruncate(_descriptor, sizeof *_taken) == 0)
+    // Sealed, since a reader that made it shorter would take its parent down.
+    if (::ftruncate(_descriptor, sizeof *_taken) == 0
+        && ::fcntl(_descriptor, F_ADD_SEALS, F_SEAL_SHRINK | F_SEAL_GROW | F_SEAL_SEAL) == 0)
         map();
 }
 

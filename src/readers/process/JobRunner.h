@@ -24,7 +24,8 @@ public:
     virtual void begin(const Job &job) = 0;
     /// False when a stop was asked for: the job is given up, and nothing is under way any more.
     virtual bool await(const std::stop_token &stop) = 0;
-    virtual JobResult take() = 0;
+    /// The job fails when a stop is asked for while its result travels.
+    virtual JobResult take(const std::stop_token &stop) = 0;
 
     /// All three in one; a job that is given up fails.
     JobResult run(const Job &job, const std::stop_token &stop = {});

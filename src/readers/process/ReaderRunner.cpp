@@ -31,6 +31,7 @@ constexpr std::size_t kReadChunk = 64 * 1024;
 
 const QString kCrashed = QStringLiteral("stopped: the reader crashed");
 const QString kNotStarted = QStringLiteral("the reader can not be started");
+const QString kStopped = QStringLiteral("stopped");
 const QString kTookTooLong = QStringLiteral("stopped: took too long");
 const QString kTooMuchMemory = QStringLiteral("stopped: used too much memory");
 
@@ -55,7 +56,7 @@ public:
 
     void begin(const Job &job) override;
     bool await(const std::stop_token &stop) override;
-    JobResult take() override;
+    JobResult take(const std::stop_token &stop) override;
 
     /// Starts a reader if there is none.
     std::optional<quint32> guardParts();
@@ -192,7 +193,7 @@ bool ReaderRunner::await(const std::stop_token &stop)
     return wait != Wait::Stopped;
 }
 
-JobResult ReaderRunner::take()
+JobResult ReaderRunner::take(const std::stop_token &stop)
 {
     _hasResult = false;
     if (!_awaitedFailure.isEmpty())
@@ -200,9 +201,12 @@ JobResult ReaderRunner::take()
     const quint32 length = frameLength().value_or(0);
     if (length == 0 || length > kMostReplyBytes)
         return endedWith(kCrashed);
-    if (waitForBytes(qsizetype{sizeof(quint32)} + length, nullptr) != Wait::Ready)
-        return tl::unexpected(_lastReason);
-    return resultOf(takeFrame());
+    const StopSignal signal;
+    const std::stop_callback tell(stop, std::cref(signal));
+    const Wait wait = waitForBytes(qsizetype{sizeof(quint32)} + length, &signal);
+    if (wait == Wait::Stopped)
+        return endedWith(kStopped);
+    return wait == Wait::Ready ? resultOf(takeFrame()) : tl::unexpected(_lastReason);
 }
 
 JobResult ReaderRunner::resultOf(const QByteArray &frame)
@@ -213,7 +217,8 @@ JobResult ReaderRunner::resultOf(const QByteArray &frame)
         return tl::unexpected(QString::fromUtf8(content));
     if (kind == ReplyKind::Report)
         return JobAnswer{nullptr, QString::fromUtf8(content)};
-    auto record = kind == ReplyKind::Record ? _decoder.decode(content) : std::nullopt;
+    const bool isRecord = kind == ReplyKind::Record && content.size() <= kMostRecordBytes;
+    auto record = isRecord ? _decoder.decode(content) : std::nullopt;
     if (!record)
         return endedWith(kCrashed);
     return JobAnswer{std::make_shared<const QuorvinData>(std::move(*record)), {}};
@@ -244,22 +249,22 @@ ReaderRunner::Wait ReaderRunner::waitReadable(const StopSignal *stop)
 {
     std::array<pollfd, 2> ends{pollfd{_reader->socket(), POLLIN, 0},
                                pollfd{stop ? stop->descriptor() : -1, POLLIN, 0}};
-    for (;;) {
+    // Also for a reader that always has one more byte to send.
+    while (!_deadline.hasExpired()) {
         const auto patience
             = static_cast<int>(std::min<qint64>(_deadline.remainingTime(), kCpuCheckInterval));
         const int ready = ::poll(ends.data(), ends.size(), std::max(patience, 1));
         if (ready < 0 && errno != EINTR)
-            return Wait::Failed;
+            break;
         if (ends[1].revents != 0)
             return Wait::Stopped;
         if (ends[0].revents != 0)
             return Wait::Ready;
-        const bool usedUp = _reader->cpuTime() - _cpuAtStart > qint64{_limits.cpuSeconds} * 1000;
-        if (usedUp || _deadline.hasExpired()) {
-            endReader(kTookTooLong);
-            return Wait::Failed;
-        }
+        if (_reader->cpuTime() - _cpuAtStart > qint64{_limits.cpuSeconds} * 1000)
+            break;
     }
+    endReader(kTookTooLong);
+    return Wait::Failed;
 }
 
 bool ReaderRunner::readSome()

@@ -186,6 +186,8 @@ std::optional<RecordContents> RecordDecoder::decode(QByteArrayView bytes)
     ByteReader in(bytes);
     if (in.number<quint8>() != 0)
         _terms.clear();
+    if (_terms.size() >= kMaxConnectionTerms)
+        return std::nullopt;
     const quint32 newCount = in.count(kLeastBytesOfTerm);
     for (quint32 i = 0; i < newCount && in.ok(); ++i) {
         const QString key = in.text();

@@ -73,6 +73,7 @@ TEST(ReaderRunner, LimitsEndTheJobWithTheirReason)
     EXPECT_EQ(outcome(makeReaderRunner(faulty(1, 60))->run(named(QStringLiteral("burn")))), tooLong);
     EXPECT_EQ(outcome(makeReaderRunner(faulty(20, 1))->run(named(QStringLiteral("hang")))), tooLong);
     EXPECT_EQ(outcome(makeReaderRunner(faulty(20, 1))->run(named(QStringLiteral("stalls")))), tooLong);
+    EXPECT_EQ(outcome(makeReaderRunner(faulty(20, 1))->run(named(QStringLiteral("dribbles")))), tooLong);
     if (kHasMemoryLimit) {
         EXPECT_EQ(outcome(makeReaderRunner(faulty(20, 60, 512))->run(named(QStringLiteral("eat")))),
                   QStringLiteral("stopped: used too much memory"));
@@ -89,7 +90,7 @@ TEST(ReaderRunner, NextJobTravelsWithTheLastResult)
         EXPECT_TRUE(runner->await({}));
         if (i + 1 < names.size())
             runner->begin(named(names[i + 1]));
-        results.append(outcome(runner->take()).left(7));
+        results.append(outcome(runner->take({})).left(7));
     }
     EXPECT_EQ(results.join(u'|'), QStringLiteral("1|stopped|2|stopped|stopped|3|farewel|4|farewel|5"));
 }
@@ -115,6 +116,11 @@ TEST(ReaderRunner, StopTakesEffectAtOnce)
     });
     runner->begin(named(QStringLiteral("hang")));
     EXPECT_FALSE(runner->await(source.get_token()));
+    EXPECT_LT(clock.elapsed(), 200);
+    runner->begin(named(QStringLiteral("stalls")));
+    EXPECT_TRUE(runner->await({}));
+    clock.start();
+    EXPECT_EQ(outcome(runner->take(source.get_token())), QStringLiteral("stopped"));
     EXPECT_LT(clock.elapsed(), 200);
     EXPECT_EQ(outcome(runner->run(named(QStringLiteral("good")))), QStringLiteral("good"));
 }
