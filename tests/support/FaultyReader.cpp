@@ -73,10 +73,10 @@ const std::map<QString, std::function<void()>> &faults()
              ::pause();
          }},
         {QStringLiteral("dribbles"),
-          [] {
-              for (say(length(100'000));; ::usleep(1000))
-                  say("x");
-          }},
+         [] {
+             for (say(length(100'000));; ::usleep(1000))
+                 say("x");
+         }},
         {QStringLiteral("no kind"), [] { say(frameOf("\x09what")); }},
         {QStringLiteral("no record"), [] { say(replyFrame(ReplyKind::Record, QByteArray(500, '\xff'))); }},
     };

@@ -21,8 +21,7 @@ public:
     JobCounter(const JobCounter &) = delete;
     JobCounter &operator=(const JobCounter &) = delete;
 
-    /// For the reader to inherit; closes itself on exec. -1 when there is no such memory: then every job
-    /// counts as taken.
+    /// For the reader to inherit; closes itself on exec.
     int descriptor() const { return _descriptor; }
     void take();
     bool hasTaken(quint32 jobs) const;
