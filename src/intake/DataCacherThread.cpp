@@ -45,7 +45,7 @@ public:
 private:
     FilelistItemPtr begunNext()
     {
-        const FilelistItemPtr file = claimedNext();
+        FilelistItemPtr file = claimedNext();
         if (file) {
             if (_setup.logsDebug)
                 log(QStringLiteral("open: %1").arg(file->filename()));

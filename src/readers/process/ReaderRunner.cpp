@@ -27,7 +27,7 @@ namespace {
 
 constexpr int kCpuCheckInterval = 250; ///< milliseconds
 constexpr int kStartTries = 2;
-constexpr std::size_t kReadChunk = 64 * 1024;
+constexpr std::size_t kReadChunk = 65'536;
 
 const QString kCrashed = QStringLiteral("stopped: the reader crashed");
 const QString kNotStarted = QStringLiteral("the reader can not be started");
@@ -52,7 +52,7 @@ private:
 
 class ReaderRunner final : public JobRunner {
 public:
-    explicit ReaderRunner(const ReaderLimits &limits) : _limits(limits) { }
+    explicit ReaderRunner(ReaderLimits limits) : _limits(std::move(limits)) { }
 
     void begin(const Job &job) override;
     bool await(const std::stop_token &stop) override;
