@@ -5,7 +5,10 @@
 #include "intake/DataCacher.h"
 #include "readers/process/JobRunner.h"
 
+#include <QDir>
 #include <QEventLoop>
+#include <QTemporaryFile>
+#include <QThread>
 
 #include <benchmark/benchmark.h>
 
@@ -81,5 +84,25 @@ void startOfReader(benchmark::State &state)
         benchmark::DoNotOptimize(makeReaderRunner({})->run(Job::record(QStringLiteral("/none"), {})));
 }
 BENCHMARK(startOfReader)->UseRealTime()->Unit(benchmark::kMillisecond);
+
+/// From asking for a stop, while a file keeps its reader busy for ever, to the end of the pool's threads.
+void cancelOfStuckFile(benchmark::State &state)
+{
+    // A TIFF whose empty directory names itself as the next one.
+    QTemporaryFile file(QDir::tempPath() + QStringLiteral("/XXXXXX.tif"));
+    if (!file.open())
+        return state.SkipWithError("no temporary file");
+    file.write(QByteArray("II*\0\x08\0\0\0\0\0\x08\0\0\0", 14) + QByteArray(8, '\0'));
+    file.flush();
+    AnalysisSetup setup;
+    setup.makeRunner = [] { return makeReaderRunner({}); };
+    for ([[maybe_unused]] auto _ : state) {
+        DataCacher pool([setup] { return setup; });
+        pool.processFiles({FilelistItem::itemWithFilename(file.fileName(), QString())});
+        QThread::msleep(200);
+        state.SetIterationTime(secondsOf([&] { pool.cancelThreadsAndWait(); }));
+    }
+}
+BENCHMARK(cancelOfStuckFile)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
 
 } // namespace

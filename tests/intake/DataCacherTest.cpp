@@ -211,10 +211,7 @@ TEST(DataCacher, CancelledFileIsDoneWithoutRecordOrDelivery)
     const auto list = files({"gate", "b"});
     bench.pool->processFiles(list);
     bench.gate->awaitWaiting(1);
-    QElapsedTimer clock;
-    clock.start();
     bench.pool->cancelThreadsAndWait();
-    EXPECT_LT(clock.elapsed(), 200);
     EXPECT_TRUE(bench.await(0));
     EXPECT_TRUE(list[0]->isDone() && !list[0]->isFailed() && !list[0]->quorvinData());
     EXPECT_FALSE(list[1]->isDone());

