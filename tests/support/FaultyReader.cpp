@@ -30,6 +30,12 @@ void say(const QByteArray &bytes)
         std::_Exit(EXIT_FAILURE);
 }
 
+/// The answer to a job: the mark that it is done, and a reply.
+void answer(const QByteArray &reply)
+{
+    say(QByteArray(1, kDoneMark) + reply);
+}
+
 QByteArray length(quint32 value)
 {
     ByteWriter writer;
@@ -57,28 +63,28 @@ const std::map<QString, std::function<void()>> &faults()
         {QStringLiteral("silent"), [] { std::_Exit(EXIT_SUCCESS); }},
         {QStringLiteral("farewell"),
          [] {
-             say(replyFrame(ReplyKind::Report, "farewell"));
+             answer(replyFrame(ReplyKind::Report, "farewell"));
              std::_Exit(EXIT_SUCCESS);
          }},
-        {QStringLiteral("no bytes"), [] { say(length(0)); }},
-        {QStringLiteral("too long"), [] { say(length(kMostReplyBytes + 1)); }},
+        {QStringLiteral("no bytes"), [] { answer(length(0)); }},
+        {QStringLiteral("too long"), [] { answer(length(kMostReplyBytes + 1)); }},
         {QStringLiteral("half"),
          [] {
-             say(length(1000) + "half");
+             answer(length(1000) + "half");
              std::_Exit(EXIT_SUCCESS);
          }},
         {QStringLiteral("stalls"),
          [] {
-             say(length(1000) + "half");
+             answer(length(1000) + "half");
              ::pause();
          }},
         {QStringLiteral("dribbles"),
          [] {
-             for (say(length(100'000));; ::usleep(1000))
+             for (answer(length(100'000));; ::usleep(1000))
                  say("x");
          }},
-        {QStringLiteral("no kind"), [] { say(frameOf("\x09what")); }},
-        {QStringLiteral("no record"), [] { say(replyFrame(ReplyKind::Record, QByteArray(500, '\xff'))); }},
+        {QStringLiteral("no kind"), [] { answer(frameOf("\x09what")); }},
+        {QStringLiteral("no record"), [] { answer(replyFrame(ReplyKind::Record, QByteArray(500, '\xff'))); }},
     };
     return table;
 }
@@ -97,7 +103,7 @@ bool answerNext()
     if (const auto fault = faults().find(name); fault != faults().end())
         fault->second();
     else
-        say(replyFrame(ReplyKind::Report, name.toUtf8()));
+        answer(replyFrame(ReplyKind::Report, name.toUtf8()));
     return true;
 }
 

@@ -12,7 +12,8 @@
 namespace quorvin {
 
 /// What a reader and its parent say to each other: frames, each the length of its content in four bytes and
-/// the content.
+/// the content. Ahead of each reply goes one byte more, as soon as the job is done: so the next request is on
+/// its way while the reply is still put together.
 
 /// The descriptor under which a reader finds its end of the socket.
 inline constexpr int kReaderSocket = 3;
@@ -24,6 +25,7 @@ inline constexpr int kOutOfMemoryStatus = 77;
 inline constexpr quint32 kMostRequestBytes = 1 << 20;
 inline constexpr quint32 kMostReplyBytes = 256U << 20;
 inline constexpr qsizetype kMostRecordBytes = 64 << 20;
+inline constexpr char kDoneMark = 1;
 inline constexpr quint32 kHelloMagic = 0x51564e31;
 
 /// The first frame of a reader: that it is one, and the parts of its guard.

@@ -31,6 +31,8 @@ using namespace quorvin;
 
 namespace {
 
+constexpr int kJobsBetweenMemoryChecks = 8;
+
 bool readAll(char *bytes, std::size_t length)
 {
     while (length > 0) {
@@ -67,14 +69,19 @@ std::optional<Job> nextJob()
     return readAll(content.data(), length) ? jobOfRequest(content) : std::nullopt;
 }
 
-QByteArray answerTo(const Job &job, RecordEncoder &encoder)
+QByteArray replyOf(const JobResult &result, RecordEncoder &encoder)
 {
-    const JobResult result = doJob(job);
     if (!result)
         return replyFrame(ReplyKind::Failure, result.error().toUtf8());
     if (!result->record)
         return replyFrame(ReplyKind::Report, result->report.toUtf8());
     return replyFrame(ReplyKind::Record, encoder.encode(result->record->contents()));
+}
+
+bool answer(const Job &job, RecordEncoder &encoder)
+{
+    const JobResult result = doJob(job);
+    return writeAll(QByteArrayView(&kDoneMark, 1)) && writeAll(replyOf(result, encoder));
 }
 
 /// A reader ends with its parent, whatever it is doing.
@@ -123,10 +130,10 @@ int main(int argc, char **argv)
     const quint64 memory = std::strtoull(argv[2], nullptr, 10);
     if (!writeAll(helloFrame(raiseGuard(memory))))
         return EXIT_FAILURE;
-    while (const auto job = nextJob()) {
+    for (int jobs = 1; const auto job = nextJob(); ++jobs) {
         counter.take();
         // One that earlier files have left short of memory makes way for a fresh one.
-        if (!writeAll(answerTo(*job, encoder)) || isShortOf(memory))
+        if (!answer(*job, encoder) || (jobs % kJobsBetweenMemoryChecks == 0 && isShortOf(memory)))
             break;
     }
     std::_Exit(EXIT_SUCCESS);

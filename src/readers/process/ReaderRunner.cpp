@@ -27,6 +27,7 @@ namespace {
 
 constexpr int kCpuCheckInterval = 250; ///< milliseconds
 constexpr int kStartTries = 2;
+constexpr qsizetype kHeader = sizeof(quint32); ///< of a frame
 constexpr std::size_t kReadChunk = 65'536;
 
 const QString kCrashed = QStringLiteral("stopped: the reader crashed");
@@ -141,7 +142,6 @@ std::optional<quint32> ReaderRunner::readHello()
 {
     _deadline.setRemainingTime(qint64{_limits.wallSeconds} * 1000);
     _cpuAtStart = 0;
-    constexpr qsizetype kHeader = sizeof(quint32);
     if (waitForBytes(kHeader, nullptr) != Wait::Ready)
         return std::nullopt;
     const qsizetype length = *frameLength();
@@ -180,10 +180,10 @@ bool ReaderRunner::await(const std::stop_token &stop)
         return !stop.stop_requested();
     const StopSignal signal;
     const std::stop_callback tell(stop, std::cref(signal));
-    Wait wait = waitForBytes(sizeof(quint32), &signal);
+    Wait wait = waitForBytes(1, &signal);
     for (int i = 0; i < kStartTries && wait == Wait::Untouched; ++i) {
         handOver();
-        wait = _reader ? waitForBytes(sizeof(quint32), &signal) : Wait::Failed;
+        wait = _reader ? waitForBytes(1, &signal) : Wait::Failed;
     }
     if (wait == Wait::Stopped)
         _reader.reset();
@@ -198,12 +198,17 @@ JobResult ReaderRunner::take(const std::stop_token &stop)
     _hasResult = false;
     if (!_awaitedFailure.isEmpty())
         return tl::unexpected(_awaitedFailure);
-    const quint32 length = frameLength().value_or(0);
-    if (length == 0 || length > kMostReplyBytes)
+    if (!_received.startsWith(kDoneMark))
         return endedWith(kCrashed);
+    _received.remove(0, 1);
     const StopSignal signal;
     const std::stop_callback tell(stop, std::cref(signal));
-    const Wait wait = waitForBytes(qsizetype{sizeof(quint32)} + length, &signal);
+    Wait wait = waitForBytes(kHeader, &signal);
+    const quint32 length = frameLength().value_or(0);
+    if (wait == Wait::Ready && (length == 0 || length > kMostReplyBytes))
+        return endedWith(kCrashed);
+    if (wait == Wait::Ready)
+        wait = waitForBytes(kHeader + length, &signal);
     if (wait == Wait::Stopped)
         return endedWith(kStopped);
     return wait == Wait::Ready ? resultOf(takeFrame()) : tl::unexpected(_lastReason);
