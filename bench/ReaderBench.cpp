@@ -75,7 +75,7 @@ void readersAgainstInProcess(benchmark::State &state)
     state.counters["two_readers_against_one"] = there1 / there2;
     state.counters["files_a_second"] = static_cast<double>(kFiles * state.iterations()) / there2;
 }
-BENCHMARK(readersAgainstInProcess)->UseManualTime()->Iterations(3)->Unit(benchmark::kMillisecond);
+BENCHMARK(readersAgainstInProcess)->UseManualTime()->Iterations(6)->Unit(benchmark::kMillisecond);
 
 /// From nothing to the first answer of a reader.
 void startOfReader(benchmark::State &state)
