@@ -51,6 +51,9 @@ int run(const QStringList &words, Console &console)
         if (const auto problem = settings.overrideFrom(assignment))
             return usageError(console, *problem);
     }
+    // Readers set their libraries up themselves; nothing else of a call needs them so.
+    if (!settings.boolean(Setting::readerProcesses))
+        RecordBuilder::setupLibraries();
     const auto paths = pathsOf(*arguments);
     if (!paths)
         return usageError(console, paths.error());
@@ -69,6 +72,5 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     Console console(takeStandardStreams());
     useUtf8CharacterType();
-    RecordBuilder::setupLibraries();
     return run(words, console);
 }
