@@ -35,14 +35,17 @@ struct FileFacts {
     bool operator==(const FileFacts &) const = default;
 };
 
-/// A line of the General tab that stands for a stream.
-struct StreamLine {
-    QString key; ///< human name of the stream's kind; with `streamIndex` it leads to the stream's group
+/// A line of the General tab: a stream of a media file, or a photographic fact of an image.
+struct GeneralLine {
+    QString key; ///< human name of the stream's kind; with `streamIndex` it leads to the stream's group. ""
+                 ///< in a line that stands for no stream
     QString name; ///< label
     StyledText value;
     quint64 streamIndex = 0; ///< counted from 0 within its kind
+    bool isLocation = false; ///< the value is where the picture was taken
 
-    bool operator==(const StreamLine &) const = default;
+    bool isMediaStream() const { return !key.isEmpty(); }
+    bool operator==(const GeneralLine &) const = default;
 };
 
 /// The summary of a file: its file facts and what its reader puts on the General tab.
@@ -52,9 +55,13 @@ struct GeneralFacts : FileFacts {
     QString duration; ///< hh:mm:ss, "" when unknown
     QString bitrate; ///< the library's text, "" when unknown
     std::optional<QString> imageSize; ///< "" for media; absent for an image of unknown size
+    std::optional<QString> imageSizeMP; ///< the size of an image, with its megapixels where they count
+    std::optional<QString> thumbCount; ///< decimal number of an image's previews
+    std::optional<double> latitude; ///< of an image, in degrees, north positive
+    std::optional<double> longitude; ///< likewise, east positive
     QByteArray coverData; ///< an encoded picture; empty when there is no cover
-    QString container; ///< format, size, duration and bit rate in one line
-    std::vector<StreamLine> streamLines;
+    QString container; ///< format, size, duration and bit rate in one line; "" for images
+    std::vector<GeneralLine> lines;
 
     bool operator==(const GeneralFacts &) const = default;
 };

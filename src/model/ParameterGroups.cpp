@@ -10,7 +10,16 @@ namespace quorvin {
 
 void ParameterGroups::beginGroup(const QString &key, bool numbered)
 {
-    _groups.push_back({key, numbered, {}});
+    _groups.push_back({key, numbered, {}, {}});
+}
+
+quint16 ParameterGroups::addSubgroup(const QString &name)
+{
+    auto &subgroups = _groups.back().subgroups;
+    if (subgroups.size() >= std::numeric_limits<quint16>::max())
+        return 0;
+    subgroups.push_back(name);
+    return static_cast<quint16>(subgroups.size());
 }
 
 void ParameterGroups::beginStream(int number)
@@ -19,17 +28,17 @@ void ParameterGroups::beginStream(int number)
         {static_cast<quint32>(number), static_cast<quint32>(_parameters.size()), 0});
 }
 
-void ParameterGroups::add(TermPtr term, QStringView value, ParameterFlags flags)
+void ParameterGroups::add(TermPtr term, QStringView value, ParameterFlags flags, quint16 subgroup)
 {
-    addUtf8(std::move(term), value.toUtf8(), flags);
+    addUtf8(std::move(term), value.toUtf8(), flags, subgroup);
 }
 
-void ParameterGroups::addUtf8(TermPtr term, QByteArrayView value, ParameterFlags flags)
+void ParameterGroups::addUtf8(TermPtr term, QByteArrayView value, ParameterFlags flags, quint16 subgroup)
 {
     if (_text.size() + value.size() > std::numeric_limits<quint32>::max())
         value = {};
-    _parameters.push_back(
-        {std::move(term), static_cast<quint32>(_text.size()), static_cast<quint32>(value.size()), flags});
+    _parameters.push_back({std::move(term), static_cast<quint32>(_text.size()),
+                           static_cast<quint32>(value.size()), flags, subgroup});
     _text.append(value);
     ++_groups.back().streams.back().count;
 }
@@ -77,7 +86,8 @@ bool ParameterGroups::operator==(const ParameterGroups &other) const
 {
     const auto same = [](const Parameter &left, const Parameter &right) {
         return left.term->key == right.term->key && left.term->label == right.term->label
-            && left.offset == right.offset && left.length == right.length && left.flags == right.flags;
+            && left.offset == right.offset && left.length == right.length && left.flags == right.flags
+            && left.subgroup == right.subgroup;
     };
     return _groups == other._groups && _text == other._text
         && std::ranges::equal(_parameters, other._parameters, same);

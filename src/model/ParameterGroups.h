@@ -38,6 +38,7 @@ public:
         quint32 offset = 0; ///< of the value, in bytes of UTF-8
         quint32 length = 0;
         ParameterFlags flags;
+        quint16 subgroup = 0; ///< place in the group's subgroups, counted from 1; 0 when it is in none
     };
 
     struct Stream {
@@ -51,6 +52,7 @@ public:
     struct Group {
         QString key; ///< also the name
         bool numbered = false; ///< the kind has several streams, so each bears its number
+        std::vector<QString> subgroups; ///< groups within the group; in one named "" they stand in the open
         std::vector<Stream> streams;
 
         bool operator==(const Group &) const = default;
@@ -60,11 +62,14 @@ public:
     void beginGroup(const QString &key, bool numbered = false);
     /// Opens the next stream of the open group.
     void beginStream(int number);
+    /// Adds a subgroup to the open group and gives its place. Two may have the same name. Beyond 65,535 the
+    /// parameters stand in none.
+    quint16 addSubgroup(const QString &name);
     /// Appends a parameter to the open stream. A repeated key is kept: lists have it twice, look-ups give the
     /// last. A value that would take the record past 4 GiB of text is cut to nothing.
-    void add(TermPtr term, QStringView value, ParameterFlags flags = {});
+    void add(TermPtr term, QStringView value, ParameterFlags flags = {}, quint16 subgroup = 0);
     /// The same for a value that is UTF-8 already.
-    void addUtf8(TermPtr term, QByteArrayView value, ParameterFlags flags);
+    void addUtf8(TermPtr term, QByteArrayView value, ParameterFlags flags = {}, quint16 subgroup = 0);
     /// Drops the open stream if it has got no parameter.
     void endStreamUnlessEmpty();
     /// Gives back spare memory; call once when the last group is complete.
@@ -81,7 +86,7 @@ public:
     /// The value of the last parameter of that key in the stream; absent when there is none.
     std::optional<QString> lookUp(const Stream &stream, QStringView key) const;
 
-    /// Equal in keys, labels, values, flags and order.
+    /// Equal in keys, labels, values, flags, subgroups and order.
     bool operator==(const ParameterGroups &other) const;
 
 private:

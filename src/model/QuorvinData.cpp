@@ -5,6 +5,9 @@
 
 #include <QStringList>
 
+#include <algorithm>
+#include <iterator>
+
 namespace quorvin {
 
 namespace {
@@ -16,15 +19,32 @@ QString textOfTree(const ExtTreeItems &tree, bool skipFilePrivate)
     return lines.join(u'\n');
 }
 
-ExtTreeItems leavesOf(const ParameterGroups &groups, const ParameterGroups::Stream &stream)
+/// The leaves of a stream by subgroup; at 0 those that are in none.
+std::vector<ExtTreeItems> leavesBySubgroup(const ParameterGroups &groups, const ParameterGroups::Group &group,
+                                           const ParameterGroups::Stream &stream)
 {
-    ExtTreeItems leaves;
+    std::vector<ExtTreeItems> leaves(group.subgroups.size() + 1);
     for (const auto &parameter : groups.parameters(stream)) {
         if (!parameter.flags.testFlag(ParameterFlag::SkipInExtended))
-            leaves.push_back(ExtTreeItem::itemWithKey(parameter.term->key, parameter.term->label,
-                                                      groups.value(parameter), parameter.flags));
+            leaves[parameter.subgroup].push_back(ExtTreeItem::itemWithKey(
+                parameter.term->key, parameter.term->label, groups.value(parameter), parameter.flags));
     }
     return leaves;
+}
+
+ExtTreeItems childrenOf(const ParameterGroups &groups, const ParameterGroups::Group &group,
+                        const ParameterGroups::Stream &stream)
+{
+    std::vector<ExtTreeItems> leaves = leavesBySubgroup(groups, group, stream);
+    ExtTreeItems children = std::move(leaves.front());
+    for (std::size_t i = 0; i < group.subgroups.size(); ++i) {
+        const QString &name = group.subgroups[i];
+        if (name.isEmpty())
+            std::ranges::move(leaves[i + 1], std::back_inserter(children));
+        else if (!leaves[i + 1].empty())
+            children.push_back(ExtTreeItem::groupTreeWithKey(name, name, std::move(leaves[i + 1]), 0));
+    }
+    return children;
 }
 
 } // namespace
@@ -37,8 +57,8 @@ ExtTreeItems QuorvinData::extendedContent() const
             const QString name = group.numbered
                 ? group.key + QLatin1String(" #") + QString::number(stream.number)
                 : group.key;
-            tree.push_back(
-                ExtTreeItem::groupTreeWithKey(group.key, name, leavesOf(groups(), stream), stream.number));
+            tree.push_back(ExtTreeItem::groupTreeWithKey(group.key, name, childrenOf(groups(), group, stream),
+                                                         stream.number));
         }
     }
     return tree;
@@ -63,7 +83,7 @@ QString QuorvinData::stringForExportGeneral() const
         addStringIfNotEmpty(summary, piece);
 
     QStringList lines{QLatin1String("Container: ") + summary.join(QLatin1String(", "))};
-    for (const StreamLine &line : general.streamLines)
+    for (const GeneralLine &line : general.lines)
         lines.append(line.name + QLatin1String(": ") + line.value.plain);
     return lines.join(u'\n');
 }

@@ -57,6 +57,22 @@ TEST(RecordText, GroupOfPrivateFactsAloneKeepsItsName)
     EXPECT_EQ(QuorvinData(RecordContents{}).stringForExportText(), QString());
 }
 
+TEST(RecordText, SubgroupsAreGroupsAndTheOneWithoutNameIsOpen)
+{
+    RecordContents record;
+    ParameterGroups &groups = record.groups;
+    groups.beginGroup(QStringLiteral("MakerNote"));
+    groups.beginStream(0);
+    const quint16 first = groups.addSubgroup(QStringLiteral("Auto Focus"));
+    const quint16 open = groups.addSubgroup(QString());
+    const quint16 namesake = groups.addSubgroup(QStringLiteral("Auto Focus"));
+    groups.add(internTerm(QStringLiteral("a"), QStringLiteral("A")), u"1", {}, namesake);
+    groups.add(internTerm(QStringLiteral("b"), QStringLiteral("B")), u"2", {}, open);
+    groups.add(internTerm(QStringLiteral("c"), QStringLiteral("C")), u"3", {}, first);
+    EXPECT_EQ(QuorvinData(record).stringForExportText(),
+              QStringLiteral("MakerNote\n\nAuto Focus\nC: 3\nB: 2\n\nAuto Focus\nA: 1"));
+}
+
 TEST(RecordText, RepeatedKeyIsListedTwiceAndLooksUpAsTheLast)
 {
     const ParameterGroups groups = contents().groups;
@@ -75,7 +91,7 @@ TEST(RecordText, GeneralLeavesEmptyPiecesOut)
     record.general.format = QStringLiteral("Matroska");
     record.general.filesize = QStringLiteral("1.50 MB");
     record.general.imageSize = QStringLiteral("4 x 3");
-    record.general.streamLines
+    record.general.lines
         = {{QStringLiteral("Video"), QStringLiteral("Video #1"), {QStringLiteral("AVC - Title"), 6}, 0},
            {QStringLiteral("Video"), QStringLiteral("Video #2"), {}, 1}};
     EXPECT_EQ(QuorvinData(record).stringForExportGeneral(),

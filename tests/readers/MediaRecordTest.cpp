@@ -62,7 +62,7 @@ TEST(MediaRecord, LinesOfTheGeneralTab)
                              "Subtitles #1: UTF-8, English\n"
                              "Subtitles #2: UTF-8, French\n"
                              "Menu: 2 chapters"));
-    const auto &lines = data->generalInfo().streamLines;
+    const auto &lines = data->generalInfo().lines;
     EXPECT_EQ(lines[2].key, QStringLiteral("Audio"));
     EXPECT_EQ(lines[2].streamIndex, 1U);
     EXPECT_EQ(lines[2].value.plain.mid(lines[2].value.titleStart), QStringLiteral("Commentary"));

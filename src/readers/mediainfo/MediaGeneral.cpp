@@ -141,7 +141,7 @@ void addLines(const LineForm &form, const oMediaInfo &info, GeneralFacts &genera
             continue;
         const QString label
             = count == 1 ? QString(form.label) : form.label + " #"_L1 + QString::number(i + 1);
-        general.streamLines.push_back(
+        general.lines.push_back(
             {*streamKindToHumanString(form.kind), label, lineText(form, read), read.number});
     }
 }

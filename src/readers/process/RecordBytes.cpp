@@ -19,7 +19,8 @@ void visitGeneral(Codec &codec, Facts &facts)
     codec(facts.fileFrom), codec(facts.fileAuthors), codec(facts.fileFromDate), codec(facts.fileTagNames);
     codec(facts.md5), codec(facts.sha1);
     codec(facts.format), codec(facts.formatProfile), codec(facts.duration), codec(facts.bitrate);
-    codec(facts.imageSize), codec(facts.coverData), codec(facts.container), codec(facts.streamLines);
+    codec(facts.imageSize), codec(facts.imageSizeMP), codec(facts.thumbCount), codec(facts.latitude);
+    codec(facts.longitude), codec(facts.coverData), codec(facts.container), codec(facts.lines);
 }
 
 template <typename Codec, typename Record>
@@ -45,10 +46,12 @@ struct Writing {
     void operator()(bool flag) { out.number(static_cast<quint8>(flag)); }
     void operator()(double number) { out.number(number); }
     void operator()(const Location &location) { (*this)(location.latitude), (*this)(location.longitude); }
-    void operator()(const StreamLine &line)
+    void operator()(const GeneralLine &line)
     {
         (*this)(line.key), (*this)(line.name), (*this)(line.value.plain);
-        (*this)(static_cast<qint64>(line.value.titleStart)), (*this)(static_cast<qint64>(line.streamIndex));
+        (*this)(static_cast<qint64>(line.value.titleStart));
+        (*this)(static_cast<qint64>(line.value.italicLength));
+        (*this)(static_cast<qint64>(line.streamIndex)), (*this)(line.isLocation);
     }
     template <typename Value>
     void operator()(const std::optional<Value> &value)
@@ -57,10 +60,10 @@ struct Writing {
         if (value)
             (*this)(*value);
     }
-    void operator()(const std::vector<StreamLine> &lines)
+    void operator()(const std::vector<GeneralLine> &lines)
     {
         out.number(static_cast<quint32>(lines.size()));
-        for (const StreamLine &line : lines)
+        for (const GeneralLine &line : lines)
             (*this)(line);
     }
 };
@@ -80,12 +83,15 @@ struct Reading {
     void operator()(bool &flag) { flag = in.number<quint8>() != 0; }
     void operator()(double &number) { number = in.number<double>(); }
     void operator()(Location &location) { (*this)(location.latitude), (*this)(location.longitude); }
-    void operator()(StreamLine &line)
+    void operator()(GeneralLine &line)
     {
         (*this)(line.key), (*this)(line.name), (*this)(line.value.plain);
+        const qsizetype length = line.value.plain.size();
         const auto titleStart = in.number<qint64>();
-        line.value.titleStart = titleStart < 0 || titleStart > line.value.plain.size() ? -1 : titleStart;
+        line.value.titleStart = titleStart < 0 || titleStart > length ? -1 : titleStart;
+        line.value.italicLength = std::clamp<qsizetype>(in.number<qint64>(), 0, length);
         line.streamIndex = in.number<quint64>();
+        (*this)(line.isLocation);
     }
     template <typename Value>
     void operator()(std::optional<Value> &value)
@@ -93,9 +99,9 @@ struct Reading {
         if (in.number<quint8>() != 0)
             (*this)(value.emplace());
     }
-    void operator()(std::vector<StreamLine> &lines)
+    void operator()(std::vector<GeneralLine> &lines)
     {
-        constexpr qsizetype kLeastBytes = 28;
+        constexpr qsizetype kLeastBytes = 37;
         const quint32 count = in.count(kLeastBytes);
         for (quint32 i = 0; i < count && in.ok(); ++i)
             (*this)(lines.emplace_back());
@@ -103,9 +109,10 @@ struct Reading {
 };
 
 constexpr qsizetype kLeastBytesOfTerm = 8;
-constexpr qsizetype kLeastBytesOfGroup = 9;
+constexpr qsizetype kLeastBytesOfGroup = 13;
+constexpr qsizetype kLeastBytesOfSubgroup = 4;
 constexpr qsizetype kLeastBytesOfStream = 8;
-constexpr qsizetype kLeastBytesOfParameter = 9;
+constexpr qsizetype kLeastBytesOfParameter = 11;
 
 bool readStream(ByteReader &in, const std::vector<TermPtr> &terms, ParameterGroups &groups)
 {
@@ -114,10 +121,11 @@ bool readStream(ByteReader &in, const std::vector<TermPtr> &terms, ParameterGrou
     for (quint32 i = 0; i < count && in.ok(); ++i) {
         const auto number = in.number<quint32>();
         const auto flags = ParameterFlags::fromInt(in.number<quint8>());
+        const auto subgroup = in.number<quint16>();
         const QByteArrayView value = in.bytes();
-        if (!in.ok() || number >= terms.size())
+        if (!in.ok() || number >= terms.size() || subgroup > groups.groups().back().subgroups.size())
             return false;
-        groups.addUtf8(terms[number], value, flags);
+        groups.addUtf8(terms[number], value, flags, subgroup);
     }
     return in.ok();
 }
@@ -128,6 +136,9 @@ bool readGroups(ByteReader &in, const std::vector<TermPtr> &terms, ParameterGrou
     for (quint32 i = 0; i < groupCount && in.ok(); ++i) {
         const QString key = in.text();
         groups.beginGroup(internTerm(key, key)->key, in.number<quint8>() != 0);
+        const quint32 subgroupCount = in.count(kLeastBytesOfSubgroup);
+        for (quint32 j = 0; j < subgroupCount; ++j)
+            groups.addSubgroup(in.text());
         const quint32 streamCount = in.count(kLeastBytesOfStream);
         for (quint32 j = 0; j < streamCount; ++j) {
             if (!readStream(in, terms, groups))
@@ -156,6 +167,9 @@ QByteArray RecordEncoder::encode(const RecordContents &record)
     for (const auto &group : record.groups.groups()) {
         body.text(group.key);
         body.number(static_cast<quint8>(group.numbered));
+        body.number(static_cast<quint32>(group.subgroups.size()));
+        for (const QString &subgroup : group.subgroups)
+            body.text(subgroup);
         body.number(static_cast<quint32>(group.streams.size()));
         for (const auto &stream : group.streams) {
             body.number(stream.number);
@@ -171,6 +185,7 @@ QByteArray RecordEncoder::encode(const RecordContents &record)
                 }
                 body.number(known->second);
                 body.number(static_cast<quint8>(parameter.flags.toInt()));
+                body.number(parameter.subgroup);
                 body.bytes(record.groups.utf8Value(parameter));
             }
         }

@@ -24,8 +24,11 @@ RecordContents contents()
     record.mapLocation = Location{1.5, -2.5};
     record.general.md5 = QString();
     record.general.coverData = QByteArray("\0x", 2);
-    record.general.streamLines
-        = {{QStringLiteral("Audio"), QStringLiteral("Audio #1"), {QStringLiteral("x - y"), 4}, 3}};
+    record.general.lines
+        = {{QStringLiteral("Audio"), QStringLiteral("Audio #1"), {QStringLiteral("x - y"), 4, 1}, 3},
+           {QString(), QStringLiteral("Location"), {QStringLiteral("1\u00b0N")}, 0, true}};
+    record.general.thumbCount = QStringLiteral("0");
+    record.general.longitude = -2.5;
     record.groups.beginGroup(QStringLiteral("File"));
     record.groups.beginStream(0);
     record.groups.add(internTerm(QStringLiteral("k"), QStringLiteral("l")), u"v",
@@ -34,6 +37,10 @@ RecordContents contents()
     record.groups.beginStream(2);
     record.groups.add(internTerm(QStringLiteral("k"), QStringLiteral("l")), u"\u00e9");
     record.groups.add(internTerm(QStringLiteral("k2"), QStringLiteral("l2")), u"");
+    record.groups.beginGroup(QStringLiteral("MakerNote"));
+    const quint16 subgroup = record.groups.addSubgroup(QStringLiteral("Auto Focus"));
+    record.groups.beginStream(0);
+    record.groups.add(internTerm(QStringLiteral("k"), QStringLiteral("l")), u"v", {}, subgroup);
     record.groups.beginGroup(QStringLiteral("Menu"));
     return record;
 }
