@@ -7,11 +7,6 @@
 
 namespace quorvin {
 
-OutputBuffer::OutputBuffer(QIODevice &device) : _device(device)
-{
-    _bytes.reserve(kPiece);
-}
-
 const OutputBuffer::Result &OutputBuffer::flush()
 {
     drain();
@@ -23,8 +18,7 @@ const OutputBuffer::Result &OutputBuffer::flush()
 
 void OutputBuffer::drain()
 {
-    handOn(_bytes);
-    _bytes.resize(0);
+    handOn({_piece.get(), std::exchange(_used, 0)});
 }
 
 void OutputBuffer::handOn(QByteArrayView bytes)
