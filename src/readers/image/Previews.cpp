@@ -1,0 +1,116 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "readers/image/Previews.h"
+
+#include "model/Log.h"
+
+#include <algorithm>
+
+namespace quorvin {
+
+namespace {
+
+/// Which of the previews, seen one after the other, stands for the file.
+class Choice {
+public:
+    void see(const Exiv2::PreviewImage &preview, std::size_t index)
+    {
+        if (_jpegFound)
+            return;
+        const bool tall = preview.height() >= kTallPreview;
+        if (!_tallSeen)
+            _best = index;
+        _tallSeen = _tallSeen || tall;
+        if (tall && preview.mimeType() == "image/jpeg") {
+            _best = index;
+            _jpegFound = true;
+        }
+    }
+    std::size_t best() const { return _best; }
+
+private:
+    std::size_t _best = 0;
+    bool _tallSeen = false;
+    bool _jpegFound = false;
+};
+
+/// Bytes of a native preview as they stand in the file.
+QByteArray nativeBytes(const Exiv2::Image &image, const Exiv2::NativePreview &preview)
+{
+    Exiv2::BasicIo &io = image.io();
+    const Exiv2::IoCloser closer(io);
+    if (io.open() != 0 || io.seek(preview.position_, Exiv2::BasicIo::beg) != 0)
+        return {};
+    const Exiv2::DataBuf bytes = io.read(static_cast<long>(preview.size_));
+    return QByteArray(reinterpret_cast<const char *>(bytes.pData_), bytes.size_);
+}
+
+/// Whether the library would take the length of a thumbnail resource less its header for a length, although
+/// the resource is shorter than the header: it asks for 4 GiB then.
+bool hasCutThumbnailResource(const Exiv2::Image &image)
+{
+    constexpr uint32_t kThumbnailHeader = 28;
+    const auto isCut = [&](const Exiv2::NativePreview &preview) {
+        if (preview.filter_ != "hex-irb")
+            return false;
+        const QByteArray resources = QByteArray::fromHex(nativeBytes(image, preview));
+        const Exiv2::byte *resource = nullptr;
+        uint32_t headerSize = 0;
+        uint32_t dataSize = 0;
+        const bool found = Exiv2::Photoshop::locatePreviewIrb(
+                               reinterpret_cast<const Exiv2::byte *>(resources.constData()),
+                               static_cast<long>(resources.size()), &resource, &headerSize, &dataSize)
+            == 0;
+        return found && dataSize < kThumbnailHeader;
+    };
+    return std::ranges::any_of(image.nativePreviews(), isCut);
+}
+
+QString line(const Exiv2::PreviewImage &preview)
+{
+    return QStringLiteral("%1 x %2 (%3, %4 bytes)")
+        .arg(preview.width())
+        .arg(preview.height())
+        .arg(QString::fromStdString(preview.mimeType()))
+        .arg(preview.size());
+}
+
+void listPreviews(const Exiv2::Image &image, bool keepThumb, ImageMetadata &result)
+{
+    if (hasCutThumbnailResource(image))
+        return;
+    const Exiv2::PreviewManager manager(image);
+    const Exiv2::PreviewPropertiesList list = manager.getPreviewProperties();
+    result.thumbCount = QString::number(list.size());
+    if (list.empty())
+        return;
+    Choice choice;
+    QStringList lines;
+    for (std::size_t i = 0; i < list.size(); ++i) {
+        const Exiv2::PreviewImage preview = manager.getPreviewImage(list[i]);
+        choice.see(preview, i);
+        lines.append(line(preview));
+    }
+    result.previews = std::move(lines);
+    if (!keepThumb)
+        return;
+    const Exiv2::PreviewImage best = manager.getPreviewImage(list[choice.best()]);
+    result.thumb = QByteArray(reinterpret_cast<const char *>(best.pData()), best.size());
+    result.thumbHeight = static_cast<int>(best.height());
+}
+
+} // namespace
+
+void prepareThumbnails(const Exiv2::Image &image, const QString &filepath, bool keepThumb,
+                       ImageMetadata &result)
+{
+    try {
+        listPreviews(image, keepThumb, result);
+    } catch (const Exiv2::Error &error) {
+        qCInfo(lcQuorvin).noquote() << "exiv2 exception in Thumbnails:" << error.what()
+                                    << u'(' + filepath + u')';
+    }
+}
+
+} // namespace quorvin
