@@ -11,30 +11,6 @@ namespace quorvin {
 
 namespace {
 
-/// Which of the previews, seen one after the other, stands for the file.
-class Choice {
-public:
-    void see(const Exiv2::PreviewImage &preview, std::size_t index)
-    {
-        if (_jpegFound)
-            return;
-        const bool tall = preview.height() >= kTallPreview;
-        if (!_tallSeen)
-            _best = index;
-        _tallSeen = _tallSeen || tall;
-        if (tall && preview.mimeType() == "image/jpeg") {
-            _best = index;
-            _jpegFound = true;
-        }
-    }
-    std::size_t best() const { return _best; }
-
-private:
-    std::size_t _best = 0;
-    bool _tallSeen = false;
-    bool _jpegFound = false;
-};
-
 /// Bytes of a native preview as they stand in the file.
 QByteArray nativeBytes(const Exiv2::Image &image, const Exiv2::NativePreview &preview)
 {
@@ -85,22 +61,33 @@ void listPreviews(const Exiv2::Image &image, bool keepThumb, ImageMetadata &resu
     result.thumbCount = QString::number(list.size());
     if (list.empty())
         return;
-    Choice choice;
+    std::vector<PreviewKind> kinds;
     QStringList lines;
-    for (std::size_t i = 0; i < list.size(); ++i) {
-        const Exiv2::PreviewImage preview = manager.getPreviewImage(list[i]);
-        choice.see(preview, i);
+    for (const Exiv2::PreviewProperties &properties : list) {
+        const Exiv2::PreviewImage preview = manager.getPreviewImage(properties);
+        kinds.push_back({preview.height(), preview.mimeType() == "image/jpeg"});
         lines.append(line(preview));
     }
     result.previews = std::move(lines);
     if (!keepThumb)
         return;
-    const Exiv2::PreviewImage best = manager.getPreviewImage(list[choice.best()]);
+    const Exiv2::PreviewImage best = manager.getPreviewImage(list[chosenPreview(kinds)]);
     result.thumb = QByteArray(reinterpret_cast<const char *>(best.pData()), best.size());
     result.thumbHeight = static_cast<int>(best.height());
 }
 
 } // namespace
+
+std::size_t chosenPreview(const std::vector<PreviewKind> &previews)
+{
+    const auto isTall = [](const PreviewKind &preview) { return preview.height >= kTallPreview; };
+    auto chosen = std::ranges::find_if(
+        previews, [&](const PreviewKind &preview) { return preview.isJpeg && isTall(preview); });
+    if (chosen == previews.end())
+        chosen = std::ranges::find_if(previews, isTall);
+    return chosen == previews.end() ? previews.size() - 1
+                                    : static_cast<std::size_t>(chosen - previews.begin());
+}
 
 void prepareThumbnails(const Exiv2::Image &image, const QString &filepath, bool keepThumb,
                        ImageMetadata &result)
