@@ -29,8 +29,8 @@ QImage resizedImageFromData(const QByteArray &data, QSize maxSize);
 QByteArray pngDataFromImage(const QImage &image);
 
 /// Most pixels of a picture that is scaled down while it is decoded, line by line.
-inline constexpr qint64 kMaxScaledPixels = 128 * 1024 * 1024;
+inline constexpr qint64 kMaxScaledPixels = qint64{128} * 1024 * 1024;
 /// Most pixels of a picture that has to be decoded as a whole.
-inline constexpr qint64 kMaxWholePixels = 64 * 1024 * 1024;
+inline constexpr qint64 kMaxWholePixels = qint64{64} * 1024 * 1024;
 
 } // namespace quorvin::Utilities

@@ -121,29 +121,28 @@ void findPosition(const Exiv2::ExifData &exif, ImageMetadata &result)
     result.gpsLongitude = gpsDegreesFromExifDatum(*longitude, east.empty() ? '\0' : east.front());
 }
 
-/// The clockwise turns are those of the picture as it is stored.
+struct Turn {
+    long orientation;
+    QStringView degrees;
+};
+
+/// The turns are those of the picture as it is stored; mirrored pictures have none.
+constexpr std::array kTurns{
+    Turn{1, u"0\u00b0"},
+    Turn{3, u"180\u00b0 CW"},
+    Turn{6, u"270\u00b0 CW"},
+    Turn{8, u"90\u00b0 CW"},
+};
+
 void findOrientation(const Exiv2::ExifData &exif, ImageMetadata &result)
 {
     static const exiv2::TagNumber orientation("Exif.Image.Orientation");
     const auto *datum = orientation.in(exif);
     if (!datum)
         return;
-    switch (exiv2::toLong(*datum)) {
-    case 1:
-        result.imageOrientationDegrees = u"0\u00b0"_s;
-        break;
-    case 3:
-        result.imageOrientationDegrees = u"180\u00b0 CW"_s;
-        break;
-    case 6:
-        result.imageOrientationDegrees = u"270\u00b0 CW"_s;
-        break;
-    case 8:
-        result.imageOrientationDegrees = u"90\u00b0 CW"_s;
-        break;
-    default:
-        break;
-    }
+    const auto *turn = std::ranges::find(kTurns, exiv2::toLong(*datum), &Turn::orientation);
+    if (turn != kTurns.end())
+        result.imageOrientationDegrees = turn->degrees.toString();
 }
 
 void findPrimaryImage(const Exiv2::ExifData &exif, const QString &mimeType, ImageMetadata &result)

@@ -19,7 +19,7 @@ QByteArray nativeBytes(const Exiv2::Image &image, const Exiv2::NativePreview &pr
     if (io.open() != 0 || io.seek(preview.position_, Exiv2::BasicIo::beg) != 0)
         return {};
     const Exiv2::DataBuf bytes = io.read(static_cast<long>(preview.size_));
-    return QByteArray(reinterpret_cast<const char *>(bytes.pData_), bytes.size_);
+    return {reinterpret_cast<const char *>(bytes.pData_), bytes.size_};
 }
 
 /// Whether the library would take the length of a thumbnail resource less its header for a length, although

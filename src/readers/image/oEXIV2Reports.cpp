@@ -15,6 +15,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+/// With replacement characters for what is no UTF-8.
 QString lenient(const std::string &utf8)
 {
     return QString::fromStdString(utf8);
@@ -62,15 +63,33 @@ QString report(const Exiv2::Image &image)
     return lines.join(u'\n');
 }
 
-} // namespace
-
-std::optional<QString> oEXIV2::outputOnFile(const QString &path)
-try {
+/// What `make` makes of an image with its metadata read; nothing for a file that is no image.
+template <typename Make>
+std::optional<QString> textOfFile(const QString &path, Make make)
+{
     const auto image = exiv2::openImage(path);
     if (!image)
         return std::nullopt;
     image->readMetadata();
-    return report(*image);
+    return make(*image);
+}
+
+/// The same, and the library's error as text.
+template <typename Make>
+std::optional<QString> textOrErrorOfFile(const QString &path, Make make)
+try {
+    return textOfFile(path, make);
+} catch (const Exiv2::Error &error) {
+    return errorText(error);
+} catch (...) {
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<QString> oEXIV2::outputOnFile(const QString &path)
+try {
+    return textOfFile(path, report);
 } catch (const Exiv2::Error &error) {
     qCInfo(lcQuorvin).noquote() << errorText(error);
     return std::nullopt;
@@ -82,31 +101,17 @@ try {
 }
 
 std::optional<QString> oEXIV2::structureOfFile(const QString &path)
-try {
-    const auto image = exiv2::openImage(path);
-    if (!image)
-        return std::nullopt;
-    image->readMetadata();
-    std::ostringstream out;
-    image->printStructure(out, Exiv2::kpsRecursive, 0);
-    return lenient(out.str());
-} catch (const Exiv2::Error &error) {
-    return errorText(error);
-} catch (...) {
-    return std::nullopt;
+{
+    return textOrErrorOfFile(path, [](Exiv2::Image &image) {
+        std::ostringstream out;
+        image.printStructure(out, Exiv2::kpsRecursive, 0);
+        return lenient(out.str());
+    });
 }
 
 std::optional<QString> oEXIV2::rawXmpOfFile(const QString &path)
-try {
-    const auto image = exiv2::openImage(path);
-    if (!image)
-        return std::nullopt;
-    image->readMetadata();
-    return lenient(image->xmpPacket());
-} catch (const Exiv2::Error &error) {
-    return errorText(error);
-} catch (...) {
-    return std::nullopt;
+{
+    return textOrErrorOfFile(path, [](Exiv2::Image &image) { return lenient(image.xmpPacket()); });
 }
 
 } // namespace quorvin

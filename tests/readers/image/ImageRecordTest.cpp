@@ -132,13 +132,15 @@ TEST(ImageRecord, CoverIsThePreviewOrTheSlowWay)
 
 TEST(ImageRecord, VideosThatTheLibraryReadsAreNoImages)
 {
-    for (const char *head :
-         {"RIFF\x10\0\0\0AVI LIST", "RIFF\x10\0\0\0WAVEfmt ", "\x1a\x45\xdf\xa3\x80\0\0\0",
-          "\x30\x26\xb2\x75\x8e\x66\xcf\x11\xa6\xd9\0\xaa\0\x62\xce\x6c", "\0\0\0\x08wide\0\0\0\x08mdat"})
-        EXPECT_FALSE(oEXIV2::initWithMemData(QByteArray(head, 16) + QByteArray(64, '\0')));
-    EXPECT_FALSE(oEXIV2::initWithFilename(test::sample(QStringLiteral("movie.mp4")))
-                 && waysFor(test::contentOf(test::sample(QStringLiteral("movie.mp4"))).first(50), {}).front()
-                     == Way::Image);
+    const std::array heads{
+        QByteArray("RIFF\x10\0\0\0AVI LIST", 16),
+        QByteArray("RIFF\x10\0\0\0WAVEfmt ", 16),
+        QByteArray("\x1a\x45\xdf\xa3\x80\0\0\0", 8),
+        QByteArray("\x30\x26\xb2\x75\x8e\x66\xcf\x11\xa6\xd9\0\xaa\0\x62\xce\x6c", 16),
+        QByteArray("\0\0\0\x08wide\0\0\0\x08mdat", 16),
+    };
+    for (const QByteArray &head : heads)
+        EXPECT_FALSE(oEXIV2::initWithMemData(head + QByteArray(64, '\0'))) << head.toStdString();
 }
 
 TEST(ImageRecord, EveryTruncationIsReadOrRefused)
@@ -175,9 +177,11 @@ TEST(ImageRecord, ThreadsReadAtOnce)
         = folder.write(QStringLiteral("a.jpg"), withMetadata(picture("JPEG"), photoExif(), xmp));
     const QString heic = folder.write(QStringLiteral("a.heic"), test::heif(heif_compression_HEVC));
     const QString expected = RecordBuilder({}).dataAboutFile(path).value()->stringForExportText();
+    constexpr int kThreads = 4;
     std::vector<std::jthread> threads;
+    threads.reserve(kThreads);
     std::atomic<int> wrong = 0;
-    for (int i = 0; i < 4; ++i) {
+    for (int i = 0; i < kThreads; ++i) {
         threads.emplace_back([&] {
             for (int round = 0; round < 50; ++round) {
                 wrong += RecordBuilder({}).dataAboutFile(path).value()->stringForExportText() != expected;
