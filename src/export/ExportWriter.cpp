@@ -3,7 +3,12 @@
 
 #include "export/ExportWriter.h"
 
+#include "export/CsvWriter.h"
+#include "export/HtmlWriter.h"
+#include "export/JsonWriter.h"
+#include "export/PlistWriter.h"
 #include "export/TextWriter.h"
+#include "export/XmlWriter.h"
 
 #include <algorithm>
 #include <array>
@@ -24,10 +29,39 @@ std::unique_ptr<ExportWriter> make(QIODevice &device, bool skipFilePrivate)
 }
 
 constexpr std::array kFormats{
-    Format{QLatin1String("txt"), make<TextWriter>},
+    Format{QLatin1String("txt"), make<TextWriter>},  Format{QLatin1String("html"), make<HtmlWriter>},
+    Format{QLatin1String("csv"), make<CsvWriter>},   Format{QLatin1String("xml"), make<XmlWriter>},
+    Format{QLatin1String("json"), make<JsonWriter>}, Format{QLatin1String("plist"), make<PlistWriter>},
 };
 
 } // namespace
+
+ExportWriter::Result ExportWriter::write(const ExportEntry &entry)
+{
+    if (std::exchange(_isEmpty, false)) {
+        _first = entry;
+        return {};
+    }
+    if (_first) {
+        begin(false);
+        writeEntry(*_first, true);
+        _first.reset();
+    }
+    writeEntry(entry, false);
+    return _out.result();
+}
+
+ExportWriter::Result ExportWriter::finish()
+{
+    if (_first) {
+        begin(true);
+        writeEntry(*_first, true);
+        _first.reset();
+    } else if (_isEmpty) {
+        begin(false);
+    }
+    return end().and_then([this] { return flush(); });
+}
 
 QStringList exportFormats()
 {

@@ -8,7 +8,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/NativePath.h"
 
-#include <QFileDevice>
+#include <QIODevice>
 
 namespace quorvin {
 
@@ -25,28 +25,15 @@ public:
 
     Result add(const ExportEntry &entry) override
     {
-        _writer->write(entry);
         _isEmpty = false;
-        return flushed();
+        const Result written = _writer->write(entry);
+        // Whoever reads a pipe or a terminal wants each file as soon as it is there.
+        return written && _device.isSequential() ? _writer->flush() : written;
     }
 
-    Result finish() override
-    {
-        if (!_isEmpty)
-            _writer->finish();
-        return flushed();
-    }
+    Result finish() override { return _isEmpty ? Result() : _writer->finish(); }
 
 private:
-    /// A device that is no file has nothing to flush, and no error that stays.
-    Result flushed()
-    {
-        auto *file = qobject_cast<QFileDevice *>(&_device);
-        if (file && (!file->flush() || file->error() != QFileDevice::NoError))
-            return tl::unexpected(file->errorString());
-        return {};
-    }
-
     QIODevice &_device;
     std::unique_ptr<ExportWriter> _writer;
     bool _isEmpty = true;

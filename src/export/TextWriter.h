@@ -13,10 +13,9 @@ class TextWriter final : public ExportWriter {
 public:
     using ExportWriter::ExportWriter;
 
-    void write(const ExportEntry &entry) override;
-
 private:
-    bool _hasHeader = false;
+    void begin(bool hasOneEntry) override;
+    void writeEntry(const ExportEntry &entry, bool isFirst) override;
 };
 
 } // namespace quorvin

@@ -8,6 +8,11 @@
 
 namespace quorvin {
 
+QString ParameterGroups::Group::nameOf(const Stream &stream) const
+{
+    return numbered ? key + QLatin1String(" #") + QString::number(stream.number) : key;
+}
+
 void ParameterGroups::beginGroup(const QString &key, bool numbered)
 {
     _groups.push_back({key, numbered, {}, {}});
@@ -30,10 +35,18 @@ void ParameterGroups::beginStream(int number)
 
 void ParameterGroups::add(TermPtr term, QStringView value, ParameterFlags flags, quint16 subgroup)
 {
-    addUtf8(std::move(term), value.toUtf8(), flags, subgroup);
+    append(std::move(term), value.toUtf8(), flags, subgroup);
 }
 
 void ParameterGroups::addUtf8(TermPtr term, QByteArrayView value, ParameterFlags flags, quint16 subgroup)
+{
+    if (value.isValidUtf8())
+        append(std::move(term), value, flags, subgroup);
+    else
+        add(std::move(term), QString::fromUtf8(value), flags, subgroup);
+}
+
+void ParameterGroups::append(TermPtr term, QByteArrayView value, ParameterFlags flags, quint16 subgroup)
 {
     if (_text.size() + value.size() > std::numeric_limits<quint32>::max())
         value = {};
@@ -59,6 +72,19 @@ void ParameterGroups::squeeze()
 std::span<const ParameterGroups::Parameter> ParameterGroups::parameters(const Stream &stream) const
 {
     return std::span(_parameters).subspan(stream.first, stream.count);
+}
+
+std::vector<const ParameterGroups::Parameter *> ParameterGroups::shownParameters(const Stream &stream) const
+{
+    std::vector<const Parameter *> shown;
+    shown.reserve(stream.count);
+    for (const Parameter &parameter : parameters(stream)) {
+        if (!parameter.flags.testFlag(ParameterFlag::SkipInExtended))
+            shown.push_back(&parameter);
+    }
+    if (!std::ranges::is_sorted(shown, {}, &Parameter::subgroup))
+        std::ranges::stable_sort(shown, {}, &Parameter::subgroup);
+    return shown;
 }
 
 QByteArrayView ParameterGroups::utf8Value(const Parameter &parameter) const

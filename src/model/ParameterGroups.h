@@ -55,6 +55,8 @@ public:
         std::vector<QString> subgroups; ///< groups within the group; in one named "" they stand in the open
         std::vector<Stream> streams;
 
+        /// The name of a stream of this group in the Extended tree, such as "Audio #2".
+        QString nameOf(const Stream &stream) const;
         bool operator==(const Group &) const = default;
     };
 
@@ -68,7 +70,7 @@ public:
     /// Appends a parameter to the open stream. A repeated key is kept: lists have it twice, look-ups give the
     /// last. A value that would take the record past 4 GiB of text is cut to nothing.
     void add(TermPtr term, QStringView value, ParameterFlags flags = {}, quint16 subgroup = 0);
-    /// The same for a value that is UTF-8 already.
+    /// The same for a value that is UTF-8 already. What is not valid in it becomes U+FFFD.
     void addUtf8(TermPtr term, QByteArrayView value, ParameterFlags flags = {}, quint16 subgroup = 0);
     /// Drops the open stream if it has got no parameter.
     void endStreamUnlessEmpty();
@@ -77,8 +79,10 @@ public:
 
     const std::vector<Group> &groups() const { return _groups; }
     std::span<const Parameter> parameters(const Stream &stream) const;
+    /// Those of the Extended tree in the order in which it shows them: subgroup by subgroup.
+    std::vector<const Parameter *> shownParameters(const Stream &stream) const;
     QString value(const Parameter &parameter) const { return QString::fromUtf8(utf8Value(parameter)); }
-    /// A view that lasts as long as this object.
+    /// Valid UTF-8. The view lasts as long as this object.
     QByteArrayView utf8Value(const Parameter &parameter) const;
 
     /// The group of that key, or null.
@@ -90,6 +94,8 @@ public:
     bool operator==(const ParameterGroups &other) const;
 
 private:
+    void append(TermPtr term, QByteArrayView value, ParameterFlags flags, quint16 subgroup);
+
     std::vector<Group> _groups;
     std::vector<Parameter> _parameters;
     QByteArray _text;

@@ -54,11 +54,8 @@ ExtTreeItems QuorvinData::extendedContent() const
     ExtTreeItems tree;
     for (const auto &group : groups().groups()) {
         for (const auto &stream : group.streams) {
-            const QString name = group.numbered
-                ? group.key + QLatin1String(" #") + QString::number(stream.number)
-                : group.key;
-            tree.push_back(ExtTreeItem::groupTreeWithKey(group.key, name, childrenOf(groups(), group, stream),
-                                                         stream.number));
+            tree.push_back(ExtTreeItem::groupTreeWithKey(group.key, group.nameOf(stream),
+                                                         childrenOf(groups(), group, stream), stream.number));
         }
     }
     return tree;

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/ExportInfo.h"
 #include "model/ExtTreeItem.h"
 #include "model/GeneralFacts.h"
 #include "model/Location.h"
@@ -47,6 +48,13 @@ public:
 
     /// The tree of the Extended tab, made anew: a group node for each stream, its parameters as leaves.
     ExtTreeItems extendedContent() const;
+
+    /// What is marked for export. The second form leaves private facts out, but not those of an image.
+    ExportInfo computeExportInfo() const { return quorvin::computeExportInfo(_contents, false); }
+    ExportInfo computeExportInfoWithoutFilePrivate(bool without) const
+    {
+        return quorvin::computeExportInfo(_contents, without);
+    }
 
     /// The Extended tree as text: for each group its name and then "name: value" lines, an empty line between
     /// groups, lines joined by line feeds. The second form leaves private facts out.

@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "export/JsonWriter.h"
+
+namespace quorvin {
+
+namespace {
+
+constexpr quint64 kMaxDepth = 100;
+
+} // namespace
+
+JsonWriter::JsonWriter(QIODevice &device, bool skipFilePrivate)
+    : StructureWriter(device, skipFilePrivate), _stream(*this, {.maxDepth = kMaxDepth, .humanReadable = true})
+{
+}
+
+JsonWriter::Result JsonWriter::complete()
+{
+    if (!_stream.error().isEmpty())
+        return tl::unexpected(_stream.error());
+    return {};
+}
+
+void JsonWriter::writer(const SBJson5StreamWriter &, QByteArrayView appendBytes)
+{
+    out().put(appendBytes);
+}
+
+} // namespace quorvin

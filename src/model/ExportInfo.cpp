@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/ExportInfo.h"
+
+#include "model/QuorvinData.h"
+
+#include <QHash>
+
+namespace quorvin {
+
+namespace {
+
+ExportStream rowsOf(const ParameterGroups &groups, const ParameterGroups::Stream &stream, bool skipPrivate)
+{
+    const auto parameters = groups.parameters(stream);
+    QHash<QStringView, const ParameterGroups::Parameter *> newest;
+    newest.reserve(static_cast<qsizetype>(parameters.size()));
+    for (const auto &parameter : parameters)
+        newest.insert(parameter.term->key, &parameter);
+
+    ExportStream rows;
+    rows.reserve(parameters.size());
+    for (const auto &parameter : parameters) {
+        if (parameter.flags.testFlag(ParameterFlag::SkipInExport))
+            continue;
+        const auto &shown = *newest.value(parameter.term->key);
+        if (!skipPrivate || !shown.flags.testFlag(ParameterFlag::IsPrivateInfo))
+            rows.push_back({shown.term.get(), groups.utf8Value(shown)});
+    }
+    return rows;
+}
+
+} // namespace
+
+ExportInfo computeExportInfo(const RecordContents &record, bool withoutFilePrivate)
+{
+    const bool skipPrivate = withoutFilePrivate && !record.isImage;
+    ExportInfo info;
+    info.filename = record.filename;
+    for (const auto &group : record.groups.groups()) {
+        if (group.streams.empty())
+            continue;
+        ExportSection &section = info.sections.emplace_back();
+        section.name = group.key;
+        for (const auto &stream : group.streams)
+            section.streams.push_back(rowsOf(record.groups, stream, skipPrivate));
+    }
+    return info;
+}
+
+} // namespace quorvin
