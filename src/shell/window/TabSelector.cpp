@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/window/TabSelector.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QToolButton>
+
+namespace quorvin {
+
+TabSelector::TabSelector(const std::vector<QAction *> &tabs, QWidget *parent) : QWidget(parent)
+{
+    setAccessibleName(tr("Tabs"));
+    auto *row = new QHBoxLayout(this);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(2);
+    for (QAction *tab : tabs) {
+        auto *button = new QToolButton;
+        const QString name = tab->text().remove(u'&');
+        button->setText(name);
+        button->setAccessibleName(name);
+        button->setToolTip(
+            QStringLiteral("%1 (%2)").arg(name, tab->shortcut().toString(QKeySequence::NativeText)));
+        button->setCheckable(true);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::TabFocus);
+        button->setToolButtonStyle(Qt::ToolButtonTextOnly);
+        button->setMinimumHeight(28);
+        button->setMinimumWidth(button->fontMetrics().horizontalAdvance(name) + 24);
+        _buttons.addButton(button);
+        row->addWidget(button);
+        connect(button, &QToolButton::clicked, tab, &QAction::trigger);
+        connect(tab, &QAction::changed, button, [button, tab] { button->setChecked(tab->isChecked()); });
+    }
+}
+
+} // namespace quorvin
