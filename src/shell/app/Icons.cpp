@@ -18,6 +18,8 @@ namespace quorvin {
 
 namespace {
 
+constexpr int kLargeSide = 64; ///< pixels
+
 QString bundledPath(const QString &name)
 {
     return QStringLiteral(":/icons/%1.svg").arg(name);
@@ -71,6 +73,9 @@ private:
         if (size.isEmpty() || !file.open(QIODevice::ReadOnly))
             return {};
         QByteArray svg = file.readAll().replace("#000000", color.name().toLatin1());
+        // What is a firm line in a button would be a bar in a large picture.
+        if (std::min(size.width(), size.height()) >= kLargeSide)
+            svg.replace("stroke-width=\"1.2\"", "stroke-width=\"0.6\"");
         QBuffer buffer(&svg);
         QImageReader reader(&buffer, "svg");
         const int side = std::min(size.width(), size.height());

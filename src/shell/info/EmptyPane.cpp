@@ -58,10 +58,10 @@ void EmptyPane::setTexts(const QString &title, const QString &hint)
     _hint->setMinimumWidth(std::min(kHintWidth, _hint->fontMetrics().horizontalAdvance(hint) + 8));
 }
 
-QPushButton *EmptyPane::addButton(const QString &text)
+QPushButton *EmptyPane::addButton(const QString &text, ButtonPlace place)
 {
     auto *button = new QPushButton(text);
-    _column->insertWidget(_column->indexOf(_hint), button, 0, Qt::AlignHCenter);
+    _column->insertWidget(_column->indexOf(_hint) + place, button, 0, Qt::AlignHCenter);
     return button;
 }
 

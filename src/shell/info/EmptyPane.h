@@ -18,8 +18,8 @@ public:
     explicit EmptyPane(const QString &iconName, QWidget *parent = nullptr);
 
     void setTexts(const QString &title, const QString &hint);
-    /// A button under the title.
-    QPushButton *addButton(const QString &text);
+    enum ButtonPlace { OverHint, UnderHint };
+    QPushButton *addButton(const QString &text, ButtonPlace place);
 
 protected:
     void changeEvent(QEvent *event) override;

@@ -4,7 +4,6 @@
 #include "shell/info/GeneralPane.h"
 
 #include "filefacts/Images.h"
-#include "platform/NativePath.h"
 #include "shell/app/Icons.h"
 #include "shell/app/PictureThread.h"
 #include "shell/info/CoverView.h"
@@ -13,7 +12,6 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QLabel>
-#include <QPushButton>
 #include <QTreeView>
 
 #include <algorithm>
@@ -53,15 +51,8 @@ GeneralPane::GeneralPane(QWidget *parent) : QWidget(parent), _cover(new CoverVie
     _format = addFact(facts, 2, tr("Format:"));
     _size = addFact(facts, 3, tr("Size:"));
     _secondary = addFact(facts, 4, {});
-    _reason = new QLabel;
-    _reason->setWordWrap(true);
-    _reason->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    facts->addWidget(_reason, 5, 1);
-    _retry = new QPushButton(tr("&Try Again"));
-    facts->addWidget(_retry, 6, 1, Qt::AlignLeading);
     facts->setRowStretch(0, 1);
-    facts->setRowStretch(7, 1);
-    connect(_retry, &QPushButton::clicked, this, &GeneralPane::retryWanted);
+    facts->setRowStretch(5, 1);
 
     auto *top = new QHBoxLayout;
     top->setSpacing(3 * kGrid);
@@ -130,8 +121,6 @@ void GeneralPane::clear()
     _secondary.heading->setText({});
     for (const Fact &fact : {_kind, _format, _size, _secondary})
         setFact(fact, {});
-    _reason->hide();
-    _retry->hide();
     _streamsTree.setContent({});
 }
 
@@ -166,25 +155,14 @@ void GeneralPane::showCover(const QuorvinData &record)
     const QByteArray cover = general.coverData;
     const qreal ratio = devicePixelRatioF();
     decodeElsewhere(
-        this, [cover] { return Utilities::thumbnailedImageFromData(cover, CoverView::kSide * kLargestScale); },
+        this,
+        [cover] { return Utilities::thumbnailedImageFromData(cover, CoverView::kSide * kLargestScale); },
         [this, ratio, shown = _shown](QImage image) {
             if (shown != _shown || image.isNull())
                 return;
             image.setDevicePixelRatio(ratio);
             _cover->setCoverImage(image);
         });
-}
-
-void GeneralPane::showFailure(const QString &path, const QString &reason)
-{
-    clear();
-    _cover->setIcon(themedIcon(QStringLiteral("dialog-warning")));
-    setFact(_kind, {});
-    _format.value->setText(tr("Can not process the file"));
-    _format.value->show();
-    _reason->setText(reason);
-    _reason->setVisible(!reason.isEmpty());
-    _retry->show();
 }
 
 void GeneralPane::setWrapLongLines(bool wraps)

@@ -10,7 +10,6 @@
 
 class QGridLayout;
 class QLabel;
-class QPushButton;
 class QTreeView;
 
 namespace quorvin {
@@ -26,8 +25,6 @@ public:
 
     void clear();
     void showRecord(const QuorvinData &record);
-    /// A file without a record, and why.
-    void showFailure(const QString &path, const QString &reason);
 
     void setWrapLongLines(bool wraps);
     void setTreeFont(const QFont &font);
@@ -39,7 +36,6 @@ public:
 Q_SIGNALS:
     void streamActivated(const QString &key, quint64 streamIndex);
     void locationActivated();
-    void retryWanted();
     void selectionDidChange();
 
 protected:
@@ -63,8 +59,6 @@ private:
     Fact _format;
     Fact _size;
     Fact _secondary;
-    QLabel *_reason;
-    QPushButton *_retry;
     QTreeView *_streams;
     ExtTreeModel _streamsTree;
     OutlineDelegate *_delegate;

@@ -59,9 +59,10 @@ InfoView::InfoView(const Settings &settings, QWidget *parent)
 
 void InfoView::connectPanes()
 {
-    connect(_noFile->addButton(tr("Open…")), &QPushButton::clicked, this, &InfoView::openWanted);
-    connect(_failure->addButton(tr("&Try Again")), &QPushButton::clicked, this, &InfoView::retryWanted);
-    connect(_general, &GeneralPane::retryWanted, this, &InfoView::retryWanted);
+    connect(_noFile->addButton(tr("Open…"), EmptyPane::OverHint), &QPushButton::clicked, this,
+            &InfoView::openWanted);
+    connect(_failure->addButton(tr("&Try Again"), EmptyPane::UnderHint), &QPushButton::clicked, this,
+            &InfoView::retryWanted);
     connect(_general, &GeneralPane::selectionDidChange, this, &InfoView::selectionDidChange);
     connect(_outline, &ExtendedOutline::selectionDidChange, this, &InfoView::selectionDidChange);
     connect(_outline, &ExtendedOutline::menuWanted, this, &InfoView::menuWanted);
@@ -85,8 +86,10 @@ void InfoView::showPage()
         page = _comparison;
     else if (_tab == Custom && _hasFile)
         page = _custom;
+    else if (_hasFailed)
+        page = _failure;
     else if (_tab == Extended && _hasFile)
-        page = _hasFailed ? static_cast<QWidget *>(_failure) : _outline;
+        page = _outline;
     else if (_hasFile)
         page = _general;
     if (page == _outline)
@@ -128,12 +131,11 @@ void InfoView::showRecord(const QuorvinDataPtr &record)
     showPage();
 }
 
-void InfoView::showFailure(const QString &path, const QString &reason)
+void InfoView::showFailure(const QString &reason)
 {
     clear();
     _hasFailed = true;
     _failure->setTexts(tr("Can not process the file"), reason);
-    _general->showFailure(path, reason);
     showPage();
 }
 

@@ -33,7 +33,7 @@ public:
     /// A file of which nothing is known yet.
     void clear();
     void showRecord(const QuorvinDataPtr &record);
-    void showFailure(const QString &path, const QString &reason);
+    void showFailure(const QString &reason);
 
     /// The sign that the current file is being read.
     void startWorking();

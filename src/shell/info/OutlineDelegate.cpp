@@ -20,13 +20,14 @@ namespace {
 
 constexpr int kMargin = 6; ///< beside a cell's text
 constexpr int kLead = 2; ///< above and below it
+constexpr int kGroupLead = 8; ///< above the name of a group at the top
 
 QTextLayout::FormatRange formatRange(qsizetype start, qsizetype length, const QTextCharFormat &format)
 {
     return {static_cast<int>(start), static_cast<int>(length), format};
 }
 
-/// The title stands in a light italic of its own, and the beginning in italics.
+/// The title and the beginning stand in italics.
 QList<QTextLayout::FormatRange> formatsOf(const StyledText &text)
 {
     QList<QTextLayout::FormatRange> formats;
@@ -37,7 +38,6 @@ QList<QTextLayout::FormatRange> formatsOf(const StyledText &text)
     }
     if (text.hasTitle()) {
         format.setFontItalic(true);
-        format.setFontWeight(QFont::DemiBold);
         formats.append(formatRange(text.titleStart, text.plain.size() - text.titleStart, format));
     }
     return formats;
@@ -52,6 +52,7 @@ struct OutlineDelegate::Cell {
     QFont font;
     Qt::Alignment alignment;
     bool wraps = true;
+    bool isTopGroup = false;
 
     /// Lays the text out in that width and gives its height.
     qreal layOut(QTextLayout &layout, int width) const
@@ -95,6 +96,7 @@ OutlineDelegate::Cell OutlineDelegate::cellOf(const QStyleOptionViewItem &option
     cell.font = option.font;
     cell.font.setBold(isGroup);
     cell.wraps = wrapsLongLines;
+    cell.isTopGroup = isGroup && !index.parent().isValid();
     const bool toTheRight = index.column() == ExtTreeModel::Name && !isGroup && rightAlignsParameters;
     cell.alignment = toTheRight ? Qt::AlignTrailing : Qt::AlignLeading;
     if (index.column() == ExtTreeModel::Value && item->value())
@@ -130,7 +132,8 @@ QSize OutlineDelegate::sizeHint(const QStyleOptionViewItem &option, const QModel
         QTextLayout layout;
         height = static_cast<int>(std::ceil(cell.layOut(layout, width)));
     }
-    return {0, std::max(height + 2 * kLead, minimumRowHeight)};
+    const int lead = cell.isTopGroup ? kGroupLead : kLead;
+    return {0, std::max(height + lead + kLead, minimumRowHeight)};
 }
 
 void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -144,15 +147,19 @@ void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
 
     Cell cell = cellOf(option, index);
     cell.alignment = QStyle::visualAlignment(option.direction, cell.alignment);
-    const QRect inner = option.rect.adjusted(kMargin, kLead, -kMargin, -kLead);
+    const int lead = cell.isTopGroup ? kGroupLead : kLead;
+    const QRect inner = option.rect.adjusted(kMargin, lead, -kMargin, -kLead);
     QTextLayout layout;
-    const qreal height = cell.layOut(layout, std::max(inner.width(), 1));
+    cell.layOut(layout, std::max(inner.width(), 1));
+    // The first lines of name and value stand side by side, however many follow; one line alone is centred.
+    const int room = inner.height() - QFontMetrics(cell.font).height();
+    const int above = room > 0 && option.rect.height() <= minimumRowHeight ? room / 2 : 0;
     const bool selected = own.state.testFlag(QStyle::State_Selected);
     const auto group = own.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
     painter->save();
     painter->setClipRect(option.rect);
     painter->setPen(own.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
-    layout.draw(painter, QPointF(inner.left(), inner.top() + std::max((inner.height() - height) / 2, 0.0)));
+    layout.draw(painter, QPointF(inner.left(), inner.top() + above));
     painter->restore();
 }
 

@@ -67,7 +67,7 @@ struct CommandRow {
     Command command;
     const char *text; ///< untranslated, with its mnemonic
     const char *icon; ///< nullptr: none
-    const char *keys; ///< all ways to reach it, separated by ";"; nullptr: none
+    const char *keys; ///< all ways to reach it, separated by "; "; nullptr: none
     CommandMenu menu;
     int section; ///< a menu has a line between one section and the next
     CommandPlaces places;

@@ -207,7 +207,7 @@ void MainView::showCurrentRecord()
     if (const QuorvinDataPtr record = file->quorvinData())
         _info->showRecord(record);
     else
-        _info->showFailure(file->filename(), file->failureReason());
+        _info->showFailure(file->failureReason());
 }
 
 void MainView::startDelayedWorkingAnimation(const FilelistItemPtr &file)

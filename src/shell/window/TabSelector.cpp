@@ -5,9 +5,29 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QToolButton>
 
 namespace quorvin {
+
+namespace {
+
+/// Shows the keyboard on any style; a flat button alone hardly does.
+class TabButton final : public QToolButton {
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        QToolButton::paintEvent(event);
+        if (!hasFocus())
+            return;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+        painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 3, 3);
+    }
+};
+
+} // namespace
 
 TabSelector::TabSelector(const std::vector<QAction *> &tabs, QWidget *parent) : QWidget(parent)
 {
@@ -16,7 +36,7 @@ TabSelector::TabSelector(const std::vector<QAction *> &tabs, QWidget *parent) : 
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(2);
     for (QAction *tab : tabs) {
-        auto *button = new QToolButton;
+        auto *button = new TabButton;
         const QString name = tab->text().remove(u'&');
         button->setText(name);
         button->setAccessibleName(name);
