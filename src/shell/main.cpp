@@ -35,6 +35,12 @@ void nameApplication()
         QIcon::fromTheme(kApplicationId, QIcon(QStringLiteral(":/org.quorvin.Quorvin.svg"))));
 }
 
+int wrongCall(const QString &problem)
+{
+    std::fprintf(stderr, "quorvin: %s\nquorvin: try 'quorvin --help'\n", qPrintable(problem));
+    return 2;
+}
+
 /// What the first file would otherwise wait for.
 void prepareInBackground()
 {
@@ -47,6 +53,10 @@ void prepareInBackground()
 int run(const StartArguments &arguments)
 {
     Settings settings(Settings::userPath());
+    for (const QString &assignment : arguments.overrides) {
+        if (const auto problem = settings.overrideFrom(assignment))
+            return wrongCall(*problem);
+    }
     useUtf8CharacterType();
     if (!settings.boolean(Setting::readerProcesses))
         RecordBuilder::setupLibraries();
@@ -62,10 +72,8 @@ int run(const StartArguments &arguments)
 int main(int argc, char **argv)
 {
     const auto arguments = parseStartArguments(wordsOf(argc, argv));
-    if (!arguments) {
-        std::fprintf(stderr, "quorvin: %s\nquorvin: try 'quorvin --help'\n", qPrintable(arguments.error()));
-        return 2;
-    }
+    if (!arguments)
+        return wrongCall(arguments.error());
     if (arguments->answer) {
         std::fputs(arguments->answer->toUtf8().constData(), stdout);
         return 0;

@@ -100,9 +100,10 @@ TEST(OpenRequest, ReachesTheRunningInstance)
 TEST(StartArguments, AreTakenApart)
 {
     const auto words = [](const QString &line) { return parseStartArguments(line.split(u' ')); };
-    const auto plain = words(QStringLiteral("--new-window /a b/../c file:///d%20e -- --help"));
+    const auto plain = words(QStringLiteral("--new-window --set useSIUnits=false /a b/../c file:///d%20e -- --help"));
     ASSERT_TRUE(plain);
     EXPECT_TRUE(plain->newWindow);
+    EXPECT_EQ(plain->overrides, QStringList{QStringLiteral("useSIUnits=false")});
     EXPECT_FALSE(plain->answer);
     EXPECT_EQ(plain->paths,
               (QStringList{QStringLiteral("/a"), absolutePath(QStringLiteral("b/../c")),
@@ -110,6 +111,7 @@ TEST(StartArguments, AreTakenApart)
     EXPECT_TRUE(words(QStringLiteral("--help"))->answer->contains(QStringLiteral("--new-window")));
     EXPECT_TRUE(words(QStringLiteral("--version"))->answer->startsWith(QStringLiteral("quorvin v")));
     EXPECT_FALSE(words(QStringLiteral("--nonsense")));
+    EXPECT_FALSE(words(QStringLiteral("--set")));
 }
 
 TEST(FileUri, LeadsBackToThePath)

@@ -75,7 +75,7 @@ private:
         QByteArray svg = file.readAll().replace("#000000", color.name().toLatin1());
         // What is a firm line in a button would be a bar in a large picture.
         if (std::min(size.width(), size.height()) >= kLargeSide)
-            svg.replace("stroke-width=\"1.2\"", "stroke-width=\"0.6\"");
+            svg.replace("stroke-width=\"1.2\"", "stroke-width=\"0.4\"");
         QBuffer buffer(&svg);
         QImageReader reader(&buffer, "svg");
         const int side = std::min(size.width(), size.height());

@@ -11,14 +11,15 @@ namespace quorvin {
 
 namespace {
 
-constexpr QLatin1String kHelp("Usage: quorvin [--new-window] [FILE|FOLDER…]\n"
+constexpr QLatin1String kHelp("Usage: quorvin [--new-window] [--set KEY=VALUE] [FILE|FOLDER…]\n"
                               "\n"
                               "Shows what media files are and what is inside them. Where Quorvin runs "
                               "already, its window takes the files.\n"
                               "\n"
-                              "  --new-window   open a window of their own for the files, or an empty one\n"
-                              "  -h, --help     show this help\n"
-                              "  -v, --version  show the version\n"
+                              "  --new-window     open a window of their own for the files, or an empty one\n"
+                              "  --set KEY=VALUE  change a setting for this run; quorvin-cli settings prints them\n"
+                               "  -h, --help       show this help\n"
+                              "  -v, --version    show the version\n"
                               "\n"
                               "quorvin-cli tells the same in a terminal.\n");
 
@@ -28,13 +29,16 @@ tl::expected<StartArguments, QString> parseStartArguments(const QStringList &wor
 {
     StartArguments arguments;
     bool onlyPaths = false;
-    for (const QString &word : words) {
+    for (qsizetype i = 0; i < words.size(); ++i) {
+        const QString &word = words[i];
         if (onlyPaths || !word.startsWith(u'-') || word == QLatin1String("-"))
             arguments.paths.append(pathFromUri(word).value_or(absolutePath(word)));
         else if (word == QLatin1String("--"))
             onlyPaths = true;
         else if (word == QLatin1String("--new-window"))
             arguments.newWindow = true;
+        else if (word == QLatin1String("--set") && i + 1 < words.size())
+            arguments.overrides.append(words[++i]);
         else if (word == QLatin1String("--help") || word == QLatin1String("-h"))
             arguments.answer = QString::fromUtf8(kHelp.data(), kHelp.size());
         else if (word == QLatin1String("--version") || word == QLatin1String("-v"))

@@ -15,6 +15,7 @@ namespace quorvin {
 /// A start of the window program, taken apart.
 struct StartArguments {
     bool newWindow = false; ///< a window of their own for the files, or an empty one
+    QStringList overrides; ///< KEY=VALUE, for this run
     std::optional<QString> answer; ///< help or version: to be printed, and then the program ends
     QStringList paths; ///< absolute
 };
