@@ -23,8 +23,14 @@ void OutputBuffer::drain()
 
 void OutputBuffer::handOn(QByteArrayView bytes)
 {
-    if (_result && _device.write(bytes.data(), bytes.size()) != bytes.size())
-        _result = tl::unexpected(_device.errorString());
+    // Where room ends within the bytes, only the next attempt tells why.
+    while (_result && !bytes.isEmpty()) {
+        const qint64 written = _device.write(bytes.data(), bytes.size());
+        if (written <= 0)
+            _result = tl::unexpected(_device.errorString());
+        else
+            bytes = bytes.sliced(written);
+    }
 }
 
 } // namespace quorvin

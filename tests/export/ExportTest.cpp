@@ -46,10 +46,9 @@ public:
 private:
     qint64 writeData(const char *bytes, qint64 length) override
     {
-        if (pos() + length <= _room)
-            return QBuffer::writeData(bytes, length);
-        setErrorString(u"the room is used up"_s);
-        return QBuffer::writeData(bytes, std::max<qint64>(_room - pos(), 0));
+        if (pos() == _room)
+            setErrorString(u"the room is used up"_s);
+        return pos() == _room ? -1 : QBuffer::writeData(bytes, std::min(length, _room - pos()));
     }
 
     qint64 _room;
@@ -68,7 +67,8 @@ TEST(Export, FolderNumbersNamesThatAreTaken)
     }
     EXPECT_EQ(names(folder).join(u'|'), u"a (1).txt|a (2).txt|a (3).txt|a.txt"_s);
     EXPECT_TRUE(contentOf(folder / u"a (1).txt"_s).contains("\na.mp4\n-----\n"));
-    EXPECT_FALSE(QuorvinExporter().toFolder(u"/none"_s)->add(entry(u"/a"_s, QString())));
+    const auto refused = QuorvinExporter().toFolder(u"/none"_s)->add(entry(u"/a"_s, QString()));
+    EXPECT_EQ(refused ? QString() : refused.error(), u"/none/a.txt: No such file or directory"_s);
 }
 
 TEST(Export, EachFileOfAFolderIsADocumentOfOne)
