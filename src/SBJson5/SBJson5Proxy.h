@@ -13,10 +13,7 @@ namespace quorvin {
 /// An object that offers a value to be written in its place.
 class SBJson5Proxy {
 public:
-    SBJson5Proxy() = default;
     virtual ~SBJson5Proxy() = default;
-    SBJson5Proxy(const SBJson5Proxy &) = delete;
-    SBJson5Proxy &operator=(const SBJson5Proxy &) = delete;
 
     virtual QVariant proxyForJson() const = 0;
 };

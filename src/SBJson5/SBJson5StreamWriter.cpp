@@ -242,9 +242,7 @@ bool SBJson5StreamWriter::open(char bracket, State inside)
 {
     if (isInvalidState() || expectingKey())
         return false;
-    appendSeparator();
-    if (_options.humanReadable && !_stateStack.empty())
-        appendWhitespace(_state);
+    appendSeparator(_options.humanReadable && !_stateStack.empty());
     _stateStack.push_back(_state);
     _state = inside;
     if (_options.maxDepth != 0 && _stateStack.size() > _options.maxDepth)
@@ -261,7 +259,7 @@ bool SBJson5StreamWriter::close(char bracket)
     _state = _stateStack.back();
     _stateStack.pop_back();
     if (_options.humanReadable)
-        appendWhitespace(closing);
+        appendBytes(rowOfState(closing).onOwnLine ? lineStart().sliced(1) : " ");
     appendBytes({&bracket, 1});
     transitionState();
     return true;
@@ -269,9 +267,7 @@ bool SBJson5StreamWriter::close(char bracket)
 
 void SBJson5StreamWriter::beginScalar()
 {
-    appendSeparator();
-    if (_options.humanReadable)
-        appendWhitespace(_state);
+    appendSeparator(_options.humanReadable);
 }
 
 bool SBJson5StreamWriter::writeScalar(QByteArrayView text)
@@ -300,20 +296,21 @@ bool SBJson5StreamWriter::expectingKey()
     return rowOfState(_state).expectingKey && !fail(QStringLiteral("JSON object key must be string"));
 }
 
-void SBJson5StreamWriter::appendSeparator()
+void SBJson5StreamWriter::appendSeparator(bool andWhitespace)
 {
-    if (const char separator = rowOfState(_state).separator)
-        appendBytes({&separator, 1});
+    const SBJson5StreamWriterStateRow &row = rowOfState(_state);
+    if (!row.onOwnLine)
+        return appendBytes(andWhitespace ? ": " : ":");
+    const QByteArrayView comma = andWhitespace ? lineStart() : QByteArrayView(",");
+    appendBytes(row.hasComma ? comma : comma.sliced(1));
 }
 
-void SBJson5StreamWriter::appendWhitespace(State state)
+QByteArrayView SBJson5StreamWriter::lineStart()
 {
-    if (!rowOfState(state).onOwnLine)
-        return appendBytes(" ");
-    const auto length = static_cast<qsizetype>(1 + 2 * _stateStack.size());
+    const auto length = static_cast<qsizetype>(2 + 2 * _stateStack.size());
     if (_lineStart.size() < length)
         _lineStart.resize(length, ' ');
-    appendBytes(QByteArrayView(_lineStart).first(length));
+    return QByteArrayView(_lineStart).first(length);
 }
 
 void SBJson5StreamWriter::appendBytes(QByteArrayView bytes)

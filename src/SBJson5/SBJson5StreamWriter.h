@@ -64,8 +64,8 @@ private:
     bool fail(const QString &reason);
     bool isInvalidState();
     bool expectingKey();
-    void appendSeparator();
-    void appendWhitespace(State state);
+    void appendSeparator(bool andWhitespace);
+    QByteArrayView lineStart();
     void appendBytes(QByteArrayView bytes);
     void transitionState();
     bool open(char bracket, State inside);
@@ -81,7 +81,7 @@ private:
     std::vector<State> _stateStack;
     QHash<QString, QByteArray> _cache; ///< strings to their finished JSON, up to `kMaxCachedStrings`
     QByteArray _quoted; ///< the string at hand, finished
-    QByteArray _lineStart = QByteArrayLiteral("\n"); ///< and the deepest indentation so far
+    QByteArray _lineStart = QByteArrayLiteral(",\n"); ///< and the deepest indentation so far
 };
 
 /// Keys repeat, and their escaping is spared; so many strings, none longer than `kMaxCachedLength`, are

@@ -12,10 +12,7 @@ class SBJson5StreamWriter;
 /// Takes the bytes of a stream writer as they are written.
 class SBJson5StreamWriterDelegate {
 public:
-    SBJson5StreamWriterDelegate() = default;
     virtual ~SBJson5StreamWriterDelegate() = default;
-    SBJson5StreamWriterDelegate(const SBJson5StreamWriterDelegate &) = delete;
-    SBJson5StreamWriterDelegate &operator=(const SBJson5StreamWriterDelegate &) = delete;
 
     virtual void writer(const SBJson5StreamWriter &writer, QByteArrayView appendBytes) = 0;
 };

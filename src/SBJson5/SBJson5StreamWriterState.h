@@ -3,6 +3,9 @@
 
 #pragma once
 
+#include <array>
+#include <cstddef>
+
 namespace quorvin {
 
 /// What a stream writer may write next, and what stands before and after it.
@@ -18,12 +21,25 @@ enum class SBJson5StreamWriterState : unsigned char {
 
 /// How a state behaves.
 struct SBJson5StreamWriterStateRow {
-    char separator; ///< written before a value or key; 0 for nothing
+    bool hasComma; ///< stands before the next value or key
     bool expectingKey; ///< only a string may follow
-    bool onOwnLine; ///< the human-readable form starts a new line, else it puts a blank
+    bool onOwnLine; ///< of the human-readable form; otherwise a colon and a blank stand before it
     SBJson5StreamWriterState next; ///< after a value or key
 };
 
-const SBJson5StreamWriterStateRow &rowOfState(SBJson5StreamWriterState state);
+inline const SBJson5StreamWriterStateRow &rowOfState(SBJson5StreamWriterState state)
+{
+    using enum SBJson5StreamWriterState;
+    static constexpr std::array<SBJson5StreamWriterStateRow, 7> kRows{{
+        {false, false, true, Complete}, // Start
+        {false, true, true, ObjectValue}, // ObjectStart
+        {true, true, true, ObjectValue}, // ObjectKey
+        {false, false, false, ObjectKey}, // ObjectValue
+        {false, false, true, ArrayValue}, // ArrayStart
+        {true, false, true, ArrayValue}, // ArrayValue
+        {false, false, true, Complete}, // Complete
+    }};
+    return kRows[static_cast<std::size_t>(state)];
+}
 
 } // namespace quorvin

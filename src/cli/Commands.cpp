@@ -33,6 +33,11 @@ bool writesToConsole(const Arguments &arguments)
     return !arguments.outputDir && arguments.output.value_or(u"-"_s) == "-"_L1;
 }
 
+QString outputName(const Arguments &arguments)
+{
+    return writesToConsole(arguments) ? u"standard output"_s : *arguments.output;
+}
+
 std::unique_ptr<ExportTarget> exportTarget(const Context &context)
 {
     const Arguments &arguments = context.arguments;
@@ -53,11 +58,9 @@ bool addToTarget(ExportTarget &target, const ExportEntry &entry, const Context &
     if (added)
         return true;
     failed = true;
-    if (context.arguments.outputDir)
-        context.console.complain(entry.filename, added.error());
-    else if (!writesToConsole(context.arguments))
-        context.console.complain(*context.arguments.output, added.error());
-    return context.arguments.outputDir.has_value();
+    const bool goesOn = context.arguments.outputDir.has_value();
+    context.console.complain(goesOn ? entry.filename : outputName(context.arguments), added.error());
+    return goesOn;
 }
 
 int runExport(const Context &context)
@@ -78,11 +81,13 @@ int runExport(const Context &context)
     if (!failed) {
         const auto finished = target->finish();
         failed = !finished;
-        if (failed && !writesToConsole(arguments))
-            context.console.complain(*arguments.output, finished.error());
+        if (failed)
+            context.console.complain(outputName(arguments), finished.error());
     }
+    if (failed)
+        return SomethingFailed;
     const bool written = context.console.finish(!wroteAny || !writesToConsole(arguments));
-    return failed || !written || run.hasFailures() ? SomethingFailed : AllWell;
+    return written && !run.hasFailures() ? AllWell : SomethingFailed;
 }
 
 int runGeneral(const Context &context)

@@ -64,7 +64,7 @@ bool Console::finish(bool endsInLineFeed)
 
 void Console::complain(const QString &path, const QString &reason)
 {
-    complain(escaped(path) + QLatin1String(": ") + reason);
+    complain(escaped(path) + QLatin1String(": ") + escaped(reason));
 }
 
 void Console::complain(const QString &message)

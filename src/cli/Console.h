@@ -27,8 +27,7 @@ public:
     /// with an error line, when not all could be written.
     bool finish(bool endsInLineFeed);
 
-    /// "quorvin-cli: PATH: reason". Control characters of the path are escaped, so that an error is always
-    /// one line.
+    /// "quorvin-cli: PATH: reason". Control characters are escaped, so that an error is always one line.
     void complain(const QString &path, const QString &reason);
     void complain(const QString &message);
 

@@ -4,6 +4,7 @@
 #include "model/Version.h"
 
 #include "cli/Commands.h"
+#include "readers/image/oEXIV2.h"
 #include "readers/mediainfo/oMediaInfo.h"
 #include "readers/process/Guard.h"
 #include "readers/process/JobRunner.h"
@@ -39,6 +40,7 @@ QString versionText()
 {
     const QStringList lines{
         u"quorvin-cli "_s + programVersion(),    oMediaInfo::libVersion(),
+        u"Exiv2 - v"_s + oEXIV2::libVersion(),   u"libheif - v"_s + oEXIV2::heifVersion(),
         u"Qt - v"_s + QLatin1String(qVersion()), u"exiftool - "_s + exiftoolVersion(),
         u"readers: "_s + readerGuard(),
     };

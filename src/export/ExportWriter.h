@@ -16,7 +16,7 @@ class QIODevice;
 namespace quorvin {
 
 /// Writes one document of a format, an entry at a time, so that a document of any length takes the memory of
-/// two records; only the property list is kept whole. Text is UTF-8, lines end in a single line feed.
+/// a record or two. Text is UTF-8, lines end in a single line feed.
 ///
 /// Call `write` once for each entry, in order, and then `finish`. Errors are reasons, for a person to read.
 /// One thread.

@@ -16,8 +16,17 @@ JsonWriter::JsonWriter(QIODevice &device, bool skipFilePrivate)
 {
 }
 
-JsonWriter::Result JsonWriter::complete()
+void JsonWriter::begin(bool hasOneEntry)
 {
+    _isList = !hasOneEntry;
+    if (_isList)
+        openList();
+}
+
+JsonWriter::Result JsonWriter::end()
+{
+    if (_isList)
+        closeList();
     if (!_stream.error().isEmpty())
         return tl::unexpected(_stream.error());
     return {};

@@ -15,16 +15,18 @@ public:
     JsonWriter(QIODevice &device, bool skipFilePrivate);
 
 private:
+    void begin(bool hasOneEntry) override;
+    Result end() override;
     void openMap() override { _stream.writeObjectOpen(); }
     void closeMap() override { _stream.writeObjectClose(); }
     void openList() override { _stream.writeArrayOpen(); }
     void closeList() override { _stream.writeArrayClose(); }
     void putTerm(const QString &text) override { _stream.writeString(text); }
     void putValue(QByteArrayView utf8) override { _stream.writeUtf8String(utf8); }
-    Result complete() override;
     void writer(const SBJson5StreamWriter &writer, QByteArrayView appendBytes) override;
 
     SBJson5StreamWriter _stream;
+    bool _isList = false;
 };
 
 } // namespace quorvin

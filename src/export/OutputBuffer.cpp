@@ -7,11 +7,6 @@
 
 namespace quorvin {
 
-OutputBuffer::OutputBuffer(QIODevice &device) : _device(device)
-{
-    _bytes.reserve(kPiece);
-}
-
 const OutputBuffer::Result &OutputBuffer::flush()
 {
     drain();
@@ -23,14 +18,19 @@ const OutputBuffer::Result &OutputBuffer::flush()
 
 void OutputBuffer::drain()
 {
-    handOn(_bytes);
-    _bytes.resize(0);
+    handOn({_piece.get(), std::exchange(_used, 0)});
 }
 
 void OutputBuffer::handOn(QByteArrayView bytes)
 {
-    if (_result && _device.write(bytes.data(), bytes.size()) != bytes.size())
-        _result = tl::unexpected(_device.errorString());
+    // Where room ends within the bytes, only the next attempt tells why.
+    while (_result && !bytes.isEmpty()) {
+        const qint64 written = _device.write(bytes.data(), bytes.size());
+        if (written <= 0)
+            _result = tl::unexpected(_device.errorString());
+        else
+            bytes = bytes.sliced(written);
+    }
 }
 
 } // namespace quorvin

@@ -3,10 +3,14 @@
 
 #pragma once
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 
 #include <tl/expected.hpp>
+
+#include <algorithm>
+#include <cstddef>
+#include <memory>
 
 class QIODevice;
 
@@ -19,16 +23,16 @@ public:
     /// The error is the device's reason, for a person to read.
     using Result = tl::expected<void, QString>;
 
-    explicit OutputBuffer(QIODevice &device);
+    explicit OutputBuffer(QIODevice &device) : _device(device) { }
 
     void put(QByteArrayView bytes)
     {
-        if (_bytes.size() + bytes.size() > kPiece)
+        if (bytes.size() > kPiece - _used)
             drain();
-        if (bytes.size() <= kPiece)
-            _bytes.append(bytes);
-        else
-            handOn(bytes);
+        if (bytes.size() > kPiece)
+            return handOn(bytes);
+        std::ranges::copy(bytes, &_piece[static_cast<std::size_t>(_used)]);
+        _used += bytes.size();
     }
     void putText(const QString &text) { put(text.toUtf8()); }
 
@@ -43,7 +47,8 @@ private:
     void handOn(QByteArrayView bytes);
 
     QIODevice &_device;
-    QByteArray _bytes;
+    std::unique_ptr<char[]> _piece{new char[kPiece]};
+    qsizetype _used = 0; ///< bytes of the piece
     Result _result;
 };
 

@@ -7,12 +7,37 @@
 
 namespace quorvin {
 
-PlistWriter::Result PlistWriter::complete()
+PlistWriter::PlistWriter(QIODevice &device, bool skipFilePrivate)
+    : StructureWriter(device, skipFilePrivate), _list([this](QByteArrayView bytes) { out().put(bytes); })
 {
-    const auto written = _list.writeBinary([this](QByteArrayView bytes) { out().put(bytes); });
-    if (!written)
-        qCInfo(lcQuorvin).noquote() << written.error();
-    return written;
+}
+
+void PlistWriter::begin(bool hasOneEntry)
+{
+    _isList = !hasOneEntry;
+    if (_isList)
+        _list.begin();
+}
+
+void PlistWriter::writeEntry(const ExportEntry &entry, bool isFirst)
+{
+    StructureWriter::writeEntry(entry, isFirst);
+    const auto map = _map.takeBinary();
+    if (!map)
+        _result = tl::unexpected(QStringLiteral("too much for a property list"));
+    else if (_isList)
+        _list.add(*map);
+    else
+        out().put(*map);
+}
+
+PlistWriter::Result PlistWriter::end()
+{
+    if (_result && _isList)
+        _result = _list.finish();
+    if (!_result)
+        qCInfo(lcQuorvin).noquote() << _result.error();
+    return _result;
 }
 
 } // namespace quorvin

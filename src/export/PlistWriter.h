@@ -5,24 +5,30 @@
 
 #include "export/StructureWriter.h"
 #include "platform/PropertyListBuilder.h"
+#include "platform/PropertyListJoiner.h"
 
 namespace quorvin {
 
-/// A binary property list. Its form does not allow to write it piece by piece: it is kept until the end.
+/// A binary property list. The maps of the files are made one by one and joined.
 class PlistWriter final : public StructureWriter {
 public:
-    using StructureWriter::StructureWriter;
+    PlistWriter(QIODevice &device, bool skipFilePrivate);
 
 private:
-    void openMap() override { _list.openMap(); }
-    void closeMap() override { _list.close(); }
-    void openList() override { _list.openList(); }
-    void closeList() override { _list.close(); }
-    void putTerm(const QString &text) override { _list.put(text.toUtf8()); }
-    void putValue(QByteArrayView utf8) override { _list.put(utf8.toByteArray()); }
-    Result complete() override;
+    void begin(bool hasOneEntry) override;
+    void writeEntry(const ExportEntry &entry, bool isFirst) override;
+    Result end() override;
+    void openMap() override { _map.openMap(); }
+    void closeMap() override { _map.close(); }
+    void openList() override { _map.openList(); }
+    void closeList() override { _map.close(); }
+    void putTerm(const QString &text) override { _map.put(text.toUtf8()); }
+    void putValue(QByteArrayView utf8) override { _map.put(utf8.toByteArray()); }
 
-    PropertyListBuilder _list;
+    bool _isList = false;
+    PropertyListBuilder _map; ///< of the file at hand
+    PropertyListJoiner _list;
+    Result _result;
 };
 
 } // namespace quorvin

@@ -84,7 +84,17 @@ public:
         const QString extension = QuorvinExporter::extensionForExportFormat(_exporter.format());
         const QString name = pathStem(entry.filename) + u'.' + extension;
         const QString path = Utilities::uniqueFilename(_folder + u'/' + name);
-        auto file = AtomicFile::create(path);
+        return write(entry, path).map_error([&](const QString &reason) {
+            return path + QLatin1String(": ") + reason;
+        });
+    }
+
+    Result finish() override { return {}; }
+
+private:
+    Result write(const ExportEntry &entry, const QString &path) const
+    {
+        const auto file = AtomicFile::create(path);
         if (!file)
             return tl::unexpected(file.error());
         const auto document = _exporter.toDevice((*file)->device());
@@ -93,9 +103,6 @@ public:
         });
     }
 
-    Result finish() override { return {}; }
-
-private:
     QuorvinExporter _exporter;
     QString _folder;
 };

@@ -30,7 +30,8 @@ public:
     /// no file is made.
     std::unique_ptr<ExportTarget> toFile(const QString &path) const;
     /// One document for each entry, in a folder: named after the entry's file with the format's extension. A
-    /// name that is taken gets a number; nothing is overwritten.
+    /// name that is taken gets a number; nothing is overwritten. An error names the file that could not be
+    /// written.
     std::unique_ptr<ExportTarget> toFolder(const QString &folder) const;
 
 private:

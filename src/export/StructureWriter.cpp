@@ -5,13 +5,6 @@
 
 namespace quorvin {
 
-void StructureWriter::begin(bool hasOneEntry)
-{
-    _isList = !hasOneEntry;
-    if (_isList)
-        openList();
-}
-
 void StructureWriter::writeEntry(const ExportEntry &entry, bool)
 {
     const ExportInfo info = entry.data->computeExportInfoWithoutFilePrivate(skipFilePrivate());
@@ -21,13 +14,6 @@ void StructureWriter::writeEntry(const ExportEntry &entry, bool)
     putTerm(QStringLiteral("_FileName"));
     putValue(info.filename.toUtf8());
     closeMap();
-}
-
-StructureWriter::Result StructureWriter::end()
-{
-    if (_isList)
-        closeList();
-    return complete();
 }
 
 void StructureWriter::putSection(const ExportSection &section)

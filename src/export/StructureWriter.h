@@ -15,9 +15,8 @@ public:
     using ExportWriter::ExportWriter;
 
 protected:
-    void begin(bool hasOneEntry) override;
+    /// Writes the map of a file.
     void writeEntry(const ExportEntry &entry, bool isFirst) override;
-    Result end() override;
 
     virtual void openMap() = 0;
     virtual void closeMap() = 0;
@@ -26,14 +25,10 @@ protected:
     /// A key, or a text that many files share.
     virtual void putTerm(const QString &text) = 0;
     virtual void putValue(QByteArrayView utf8) = 0;
-    /// Called when the outermost map or list is closed.
-    virtual Result complete() = 0;
 
 private:
     void putSection(const ExportSection &section);
     void putRow(const ExportRow &row);
-
-    bool _isList = false;
 };
 
 } // namespace quorvin

@@ -26,7 +26,8 @@ void XmlWriter::putSection(const ExportSection &section)
     int number = 0;
     for (const ExportStream &stream : section.streams) {
         out().putText(QLatin1String(" <stream type=\"") + type + QLatin1String("\" id=\"")
-                  + QString::number(++number) + QLatin1String("\" of=\"") + count + QLatin1String("\">\n"));
+                      + QString::number(++number) + QLatin1String("\" of=\"") + count
+                      + QLatin1String("\">\n"));
         for (const ExportRow &row : stream)
             putItem(row);
         out().put(" </stream>\n");

@@ -3,13 +3,12 @@
 
 #include "filefacts/Images.h"
 
+#include "filefacts/HeifImage.h"
 #include "platform/RegularFile.h"
 
 #include <QBuffer>
 #include <QFile>
 #include <QImageReader>
-
-#include <algorithm>
 
 namespace quorvin::Utilities {
 
@@ -26,11 +25,21 @@ QImage decoded(QIODevice &device, QSize limit, bool applyOrientation)
     QImageReader reader(&device);
     reader.setAutoTransform(applyOrientation);
     const QSize size = reader.size();
-    if (std::max(size.width(), size.height()) > kMaxPictureSide)
+    const bool scales = reader.supportsOption(QImageIOHandler::ScaledSize);
+    if (qint64{size.width()} * size.height() > (scales ? kMaxScaledPixels : kMaxWholePixels))
         return {};
     if (size.isValid() && fitting(size, limit) != size)
         reader.setScaledSize(fitting(size, limit));
     return imageResize(reader.read(), limit);
+}
+
+QImage decodedHeif(const QString &path, int size)
+{
+    try {
+        return imageResize(HeifImage::open(path).decoded(size, kMaxWholePixels), {size, size});
+    } catch (const heif::Error &) {
+        return {};
+    }
 }
 
 } // namespace
@@ -41,7 +50,8 @@ QImage thumbnailedImageFromURL(const QString &path, int size)
     QFile device;
     if (!file || !device.open(file->descriptor(), QIODevice::ReadOnly))
         return {};
-    return decoded(device, {size, size}, true);
+    QImage image = decoded(device, {size, size}, true);
+    return image.isNull() ? decodedHeif(file->descriptorPath(), size) : image;
 }
 
 QImage thumbnailedImageFromData(const QByteArray &data, int size)

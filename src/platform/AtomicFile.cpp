@@ -96,6 +96,9 @@ tl::expected<std::unique_ptr<AtomicFile>, QString> AtomicFile::create(const QStr
     const QByteArray path = withoutLinks(encodePath(target));
     struct stat facts { };
     const bool exists = ::stat(path.constData(), &facts) == 0;
+    // A rename would replace what may not be written to.
+    if (exists && ::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) != 0)
+        return tl::unexpected(systemErrorText(errno));
     const auto opened
         = exists && !S_ISREG(facts.st_mode) ? file->openDirectly(path) : file->openTemporary(path);
     if (!opened)

@@ -15,7 +15,8 @@ namespace quorvin {
 /// A file that appears under its name only when it is complete. It is written under a temporary name in the
 /// folder of its target, synced, and renamed into place; until then the old file stays as it was. A file that
 /// is replaced hands its mode, owner and extended attributes on. A target that is a symbolic link keeps the
-/// link and replaces what it leads to. What is no regular file (a FIFO, /dev/null) is written directly.
+/// link and replaces what it leads to. A target that is write-protected is refused. What is no regular file
+/// (a FIFO, /dev/null) is written directly.
 ///
 /// One thread an object.
 class AtomicFile {

@@ -3,29 +3,11 @@
 
 #include "platform/PropertyListBuilder.h"
 
-#include <QtEndian>
+#include "platform/BinaryPropertyList.h"
 
 #include <plist/plist.h>
 
 namespace quorvin {
-
-namespace {
-
-constexpr qsizetype kTrailerSize = 32;
-
-/// libplist tells the length in 32 bits: of a longer list it is wrong, and the trailer does not stand there.
-bool endsInTrailer(QByteArrayView list)
-{
-    if (list.size() < kTrailerSize)
-        return false;
-    const char *trailer = list.last(kTrailerSize).data();
-    const auto offsetSize = static_cast<quint64>(trailer[6]);
-    const auto objects = qFromBigEndian<quint64>(trailer + 8);
-    const auto offsetTable = qFromBigEndian<quint64>(trailer + 24);
-    return offsetTable + objects * offsetSize + kTrailerSize == static_cast<quint64>(list.size());
-}
-
-} // namespace
 
 void PropertyListBuilder::NodeDeleter::operator()(Node node) const
 {
@@ -57,18 +39,15 @@ void PropertyListBuilder::put(QByteArray text)
         add(plist_new_string(text.constData()));
 }
 
-tl::expected<void, QString> PropertyListBuilder::writeBinary(const std::function<void(QByteArrayView)> &write)
+std::optional<QByteArray> PropertyListBuilder::takeBinary()
 {
     char *bytes = nullptr;
     uint32_t length = 0;
     plist_to_bin(_root.get(), &bytes, &length);
     _root.reset();
     const std::unique_ptr<char, decltype(&plist_to_bin_free)> owner(bytes, &plist_to_bin_free);
-    const QByteArrayView list(bytes, static_cast<qsizetype>(length));
-    if (!bytes || !endsInTrailer(list))
-        return tl::unexpected(QStringLiteral("too much for a property list"));
-    write(list);
-    return {};
+    const QByteArray list(bytes, static_cast<qsizetype>(length));
+    return BinaryPropertyList(list).isWhole() ? std::optional(list) : std::nullopt;
 }
 
 void PropertyListBuilder::open(Node node)

@@ -4,12 +4,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QByteArrayView>
-#include <QString>
 
-#include <tl/expected.hpp>
-
-#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -17,7 +12,8 @@
 namespace quorvin {
 
 /// Makes a property list of maps, lists and strings from the outside in. Within a map every other `put` is
-/// the key of what follows. The whole list is in memory. One thread.
+/// the key of what follows. The whole list is in memory. When it is taken, the next one may be begun. One
+/// thread.
 class PropertyListBuilder {
 public:
     void openMap();
@@ -27,9 +23,8 @@ public:
     /// Valid UTF-8. A zero byte, which libplist cannot take, becomes U+FFFD.
     void put(QByteArray text);
 
-    /// Passes the binary form on, once the outermost map or list is closed, and empties the builder. The
-    /// error is the reason, for a person to read.
-    tl::expected<void, QString> writeBinary(const std::function<void(QByteArrayView)> &write);
+    /// Absent for a list of more than 4 GiB, which is as much as libplist can tell the length of.
+    std::optional<QByteArray> takeBinary();
 
 private:
     using Node = void *;

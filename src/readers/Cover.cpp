@@ -19,15 +19,18 @@ QByteArray storedCover(const QByteArray &encoded)
 {
     if (encoded.size() <= kLargestCover)
         return encoded;
-    const QImage picture = Utilities::thumbnailedImageFromData(encoded, kCoverSide);
-    if (picture.isNull())
-        return encoded;
-    if (picture.hasAlphaChannel())
+    QByteArray smaller = encodedPicture(Utilities::thumbnailedImageFromData(encoded, kCoverSide));
+    return smaller.isEmpty() ? encoded : smaller;
+}
+
+QByteArray encodedPicture(const QImage &picture)
+{
+    if (picture.isNull() || picture.hasAlphaChannel())
         return Utilities::pngDataFromImage(picture);
-    QByteArray smaller;
-    QBuffer device(&smaller);
+    QByteArray bytes;
+    QBuffer device(&bytes);
     device.open(QIODevice::WriteOnly);
-    return picture.save(&device, "JPEG", kJpegQuality) ? smaller : encoded;
+    return picture.save(&device, "JPEG", kJpegQuality) ? bytes : QByteArray();
 }
 
 } // namespace quorvin

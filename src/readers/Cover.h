@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QImage>
 
 namespace quorvin {
 
@@ -11,6 +12,10 @@ namespace quorvin {
 /// `kCoverSide` pixels on its longer side and encoded again. What cannot be decoded stays as it came. Any
 /// thread.
 QByteArray storedCover(const QByteArray &encoded);
+
+/// A decoded picture as a record keeps it: JPEG, or PNG for one with transparency; "" for a null one. Any
+/// thread.
+QByteArray encodedPicture(const QImage &picture);
 
 inline constexpr qsizetype kLargestCover = 65'536;
 inline constexpr int kCoverSide = 512;

@@ -25,6 +25,13 @@ double signedNumber(const QString &sign, const QString &digits)
     return sign == QLatin1String("-") ? -leadingNumber(digits) : leadingNumber(digits);
 }
 
+std::optional<Location> locationOfImage(const GeneralFacts &general)
+{
+    if (!general.latitude || !general.longitude)
+        return std::nullopt;
+    return Location{*general.latitude, *general.longitude};
+}
+
 } // namespace
 
 std::optional<Location> locationFromIso6709(const QString &text)
@@ -38,6 +45,8 @@ std::optional<Location> locationFromIso6709(const QString &text)
 
 std::optional<Location> findMapLocation(const RecordContents &record)
 {
+    if (record.isImage)
+        return locationOfImage(record.general);
     const ParameterGroups::Group *container = record.groups.group(u"Container");
     if (!container || container->streams.empty())
         return std::nullopt;

@@ -10,8 +10,8 @@
 
 namespace quorvin {
 
-/// Where the media was recorded, if the file says so. Absent for a file without a position, and for one that
-/// cannot be read as ISO 6709 in decimal degrees. The altitude is left out.
+/// Where a file was recorded, if it says so: an image by the coordinates among its General facts, media by
+/// ISO 6709 in decimal degrees, without the altitude. Absent for a file without a position that can be read.
 std::optional<Location> findMapLocation(const RecordContents &record);
 
 /// The position at the start of an ISO 6709 text such as +48.8577+002.295/.

@@ -4,6 +4,8 @@
 #include "readers/RawReport.h"
 
 #include "platform/RegularFile.h"
+#include "readers/image/SystemImage.h"
+#include "readers/image/oEXIV2.h"
 #include "readers/mediainfo/oMediaInfo.h"
 
 #include <algorithm>
@@ -23,6 +25,10 @@ constexpr std::array kSources{
     Source{QLatin1String("mediainfo"), true, oMediaInfo::InformOnFile},
     Source{QLatin1String("mediainfo-complete"), true, oMediaInfo::InformCompleteOnFile},
     Source{QLatin1String("mediainfo-trace"), true, oMediaInfo::InformTraceOnFile},
+    Source{QLatin1String("exiv2"), true, oEXIV2::outputOnFile},
+    Source{QLatin1String("exiv2-structure"), true, oEXIV2::structureOfFile},
+    Source{QLatin1String("xmp"), true, oEXIV2::rawXmpOfFile},
+    Source{QLatin1String("system-image"), true, imageioReport},
     Source{QLatin1String("parameters"), false,
            [](const QString &) { return std::optional(oMediaInfo::parameterReport()); }},
 };

@@ -7,6 +7,9 @@
 #include "platform/RegularFile.h"
 #include "readers/Location.h"
 #include "readers/image/ImageBrand.h"
+#include "readers/image/ImageReader.h"
+#include "readers/image/SystemImage.h"
+#include "readers/image/oEXIV2.h"
 #include "readers/mediainfo/MediaReader.h"
 #include "readers/mediainfo/oMediaInfo.h"
 
@@ -20,7 +23,17 @@ using Reader = Contents (*)(const QString &filename, const RegularFile &file, co
 /// Null for a way whose reader is not part of this build: it accepts no file.
 constexpr Reader readerOf(Way way)
 {
-    return way == Way::Media ? readMedia : nullptr;
+    switch (way) {
+    case Way::Image:
+        return readImage;
+    case Way::SystemImage:
+        return readSystemImage;
+    case Way::Media:
+        return readMedia;
+    case Way::ExifTool:
+        break;
+    }
+    return nullptr;
 }
 
 Contents readByItsWays(const QString &filename, const RegularFile &file, const RecordOptions &options)
@@ -44,6 +57,8 @@ std::vector<Way> waysFor(QByteArrayView head, const RecordOptions &options)
     std::vector<Way> ways;
     if (brandMayBeImage(head))
         ways.push_back(Way::Image);
+    if (brandMayBeHeic(head))
+        ways.push_back(Way::SystemImage);
     const bool exiftool = options.useExiftoolForVideo && readerOf(Way::ExifTool);
     ways.push_back(exiftool ? Way::ExifTool : Way::Media);
     return ways;
@@ -52,6 +67,7 @@ std::vector<Way> waysFor(QByteArrayView head, const RecordOptions &options)
 void RecordBuilder::setupLibraries()
 {
     oMediaInfo::setupLibrary();
+    oEXIV2::setupLibrary();
 }
 
 tl::expected<QuorvinDataPtr, QString> RecordBuilder::dataAboutFile(const QString &filename) const

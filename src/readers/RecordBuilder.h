@@ -16,7 +16,7 @@
 namespace quorvin {
 
 /// The ways in which a file can be read.
-enum class Way { Image, ExifTool, Media };
+enum class Way { Image, SystemImage, ExifTool, Media };
 
 /// The ways of a file that begins with these bytes, in the order in which they are tried. The first that
 /// accepts the file makes the record; there is no way back. Exiftool and the media reader are alternatives,

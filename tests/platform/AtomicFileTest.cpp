@@ -21,6 +21,8 @@ using test::TestFolder;
 
 namespace {
 
+constexpr uid_t kNobody = 65'534;
+
 bool writeTo(const QString &path, const QByteArray &content,
              AtomicFile::Existing existing = AtomicFile::Existing::Replace)
 {
@@ -79,6 +81,23 @@ TEST(AtomicFile, LinkStaysAndItsTargetIsReplaced)
     EXPECT_TRUE(writeTo(folder / QStringLiteral("link"), "new"));
     EXPECT_EQ(contentOf(path), "new");
     EXPECT_EQ(names(folder).size(), 2);
+}
+
+TEST(AtomicFile, WriteProtectedFileIsRefused)
+{
+    const TestFolder folder;
+    const QString path = folder.write(QStringLiteral("a.txt"), "old");
+    ASSERT_EQ(::chmod(path.toUtf8().constData(), 0444), 0);
+    ASSERT_EQ(::chmod(folder.path().toUtf8().constData(), 0777), 0);
+    const uid_t self = ::geteuid();
+    // No permission stops root.
+    ASSERT_EQ(::seteuid(self == 0 ? kNobody : self), 0);
+    const auto file = AtomicFile::create(path);
+    ASSERT_EQ(::seteuid(self), 0);
+    ASSERT_FALSE(file);
+    EXPECT_EQ(file.error(), QStringLiteral("Permission denied"));
+    EXPECT_EQ(contentOf(path), "old");
+    EXPECT_EQ(names(folder).size(), 1);
 }
 
 TEST(AtomicFile, KeepNeverReplaces)

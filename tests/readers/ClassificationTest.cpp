@@ -43,6 +43,29 @@ TEST(Classification, MovieNeverMeetsTheImageReader)
     EXPECT_EQ(waysFor("\xff\xd8\xff\xe0", {}), (std::vector{Way::Image, Way::Media}));
 }
 
+TEST(Classification, HeicHasAFallBackAndAvifHasNone)
+{
+    const auto ways = [](const char *brands) {
+        return waysFor(QByteArray("\0\0\0\x18"
+                                  "ftyp",
+                                  8)
+                           + brands,
+                       {});
+    };
+    EXPECT_EQ(ways("heic....mif1"), (std::vector{Way::Image, Way::SystemImage, Way::Media}));
+    EXPECT_EQ(ways("mif1....avifmif1"), (std::vector{Way::Image, Way::Media}));
+}
+
+TEST(Location, ImageHasItsCoordinatesOrNone)
+{
+    RecordContents record;
+    record.isImage = true;
+    record.general.latitude = 48.5;
+    EXPECT_EQ(findMapLocation(record), std::nullopt);
+    record.general.longitude = -2.25;
+    EXPECT_EQ(findMapLocation(record), (Location{48.5, -2.25}));
+}
+
 TEST(Location, DecimalDegreesWithTheirSigns)
 {
     const auto location = [](const char *text) { return locationFromIso6709(QLatin1String(text)); };

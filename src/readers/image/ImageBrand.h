@@ -12,6 +12,10 @@ namespace quorvin {
 /// there; any other file may.
 bool brandMayBeImage(QByteArrayView head);
 
+/// Whether these bytes begin a HEIF file of HEVC pictures: a brand of still pictures, and AVIF not among the
+/// brands.
+bool brandMayBeHeic(QByteArrayView head);
+
 /// As many bytes as the test looks at.
 inline constexpr qsizetype kBrandHeadLength = 50;
 

@@ -11,17 +11,18 @@ namespace quorvin {
 
 namespace {
 
-constexpr QLatin1String kHelp("Usage: quorvin [--new-window] [--set KEY=VALUE] [FILE|FOLDER…]\n"
-                              "\n"
-                              "Shows what media files are and what is inside them. Where Quorvin runs "
-                              "already, its window takes the files.\n"
-                              "\n"
-                              "  --new-window     open a window of their own for the files, or an empty one\n"
-                              "  --set KEY=VALUE  change a setting for this run; quorvin-cli settings prints them\n"
-                               "  -h, --help       show this help\n"
-                              "  -v, --version    show the version\n"
-                              "\n"
-                              "quorvin-cli tells the same in a terminal.\n");
+constexpr QLatin1String
+    kHelp("Usage: quorvin [--new-window] [--set KEY=VALUE] [FILE|FOLDER…]\n"
+          "\n"
+          "Shows what media files are and what is inside them. Where Quorvin runs "
+          "already, its window takes the files.\n"
+          "\n"
+          "  --new-window     open a window of their own for the files, or an empty one\n"
+          "  --set KEY=VALUE  change a setting for this run; quorvin-cli settings prints them\n"
+          "  -h, --help       show this help\n"
+          "  -v, --version    show the version\n"
+          "\n"
+          "quorvin-cli tells the same in a terminal.\n");
 
 } // namespace
 

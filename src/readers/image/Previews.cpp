@@ -1,0 +1,103 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "readers/image/Previews.h"
+
+#include "model/Log.h"
+
+#include <algorithm>
+
+namespace quorvin {
+
+namespace {
+
+/// Bytes of a native preview as they stand in the file.
+QByteArray nativeBytes(const Exiv2::Image &image, const Exiv2::NativePreview &preview)
+{
+    Exiv2::BasicIo &io = image.io();
+    const Exiv2::IoCloser closer(io);
+    if (io.open() != 0 || io.seek(preview.position_, Exiv2::BasicIo::beg) != 0)
+        return {};
+    const Exiv2::DataBuf bytes = io.read(static_cast<long>(preview.size_));
+    return {reinterpret_cast<const char *>(bytes.pData_), bytes.size_};
+}
+
+/// Whether the library would take the length of a thumbnail resource less its header for a length, although
+/// the resource is shorter than the header: it asks for 4 GiB then.
+bool hasCutThumbnailResource(const Exiv2::Image &image)
+{
+    constexpr uint32_t kThumbnailHeader = 28;
+    const auto isCut = [&](const Exiv2::NativePreview &preview) {
+        if (preview.filter_ != "hex-irb")
+            return false;
+        const QByteArray resources = QByteArray::fromHex(nativeBytes(image, preview));
+        const Exiv2::byte *resource = nullptr;
+        uint32_t headerSize = 0;
+        uint32_t dataSize = 0;
+        const bool found = Exiv2::Photoshop::locatePreviewIrb(
+                               reinterpret_cast<const Exiv2::byte *>(resources.constData()),
+                               static_cast<long>(resources.size()), &resource, &headerSize, &dataSize)
+            == 0;
+        return found && dataSize < kThumbnailHeader;
+    };
+    return std::ranges::any_of(image.nativePreviews(), isCut);
+}
+
+QString line(const Exiv2::PreviewImage &preview)
+{
+    return QStringLiteral("%1 x %2 (%3, %4 bytes)")
+        .arg(preview.width())
+        .arg(preview.height())
+        .arg(QString::fromStdString(preview.mimeType()))
+        .arg(preview.size());
+}
+
+void listPreviews(const Exiv2::Image &image, bool keepThumb, ImageMetadata &result)
+{
+    if (hasCutThumbnailResource(image))
+        return;
+    const Exiv2::PreviewManager manager(image);
+    const Exiv2::PreviewPropertiesList list = manager.getPreviewProperties();
+    result.thumbCount = QString::number(list.size());
+    if (list.empty())
+        return;
+    std::vector<PreviewKind> kinds;
+    QStringList lines;
+    for (const Exiv2::PreviewProperties &properties : list) {
+        const Exiv2::PreviewImage preview = manager.getPreviewImage(properties);
+        kinds.push_back({preview.height(), preview.mimeType() == "image/jpeg"});
+        lines.append(line(preview));
+    }
+    result.previews = std::move(lines);
+    if (!keepThumb)
+        return;
+    const Exiv2::PreviewImage best = manager.getPreviewImage(list[chosenPreview(kinds)]);
+    result.thumb = QByteArray(reinterpret_cast<const char *>(best.pData()), best.size());
+    result.thumbHeight = static_cast<int>(best.height());
+}
+
+} // namespace
+
+std::size_t chosenPreview(const std::vector<PreviewKind> &previews)
+{
+    const auto isTall = [](const PreviewKind &preview) { return preview.height >= kTallPreview; };
+    auto chosen = std::ranges::find_if(
+        previews, [&](const PreviewKind &preview) { return preview.isJpeg && isTall(preview); });
+    if (chosen == previews.end())
+        chosen = std::ranges::find_if(previews, isTall);
+    return chosen == previews.end() ? previews.size() - 1
+                                    : static_cast<std::size_t>(chosen - previews.begin());
+}
+
+void prepareThumbnails(const Exiv2::Image &image, const QString &filepath, bool keepThumb,
+                       ImageMetadata &result)
+{
+    try {
+        listPreviews(image, keepThumb, result);
+    } catch (const Exiv2::Error &error) {
+        qCInfo(lcQuorvin).noquote() << "exiv2 exception in Thumbnails:" << error.what()
+                                    << u'(' + filepath + u')';
+    }
+}
+
+} // namespace quorvin

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/FlatInfo.h"
+#include "model/QuorvinData.h"
+#include "model/RecordOptions.h"
+#include "platform/RegularFile.h"
+
+#include <tl/expected.hpp>
+
+#include <optional>
+
+namespace quorvin {
+
+/// The fallback for HEIC files that the metadata libraries refuse: what can be told of the picture itself.
+/// Any thread.
+
+/// The properties of the first image, as "group.name" with the name as label; those of no group, and those of
+/// TIFF, are in the group Container. Absent for a file that no image reader opens.
+std::optional<FlatInfo> imageioInfoFromFile(const QString &path);
+
+/// The General facts of such a file; its format is always HEIC.
+GeneralFacts prepareImageioGeneral(const FlatInfo &info, const RegularFile &file,
+                                   const RecordOptions &options);
+
+/// Appends the file facts and the properties, a group each. They show in the tree; exports and comparisons
+/// leave them out.
+void prepareImageioExtended(const FlatInfo &info, const FlatInfo &fileInfo, ParameterGroups &groups);
+
+/// The record of such a file; the error says that no image reader opens it.
+tl::expected<RecordContents, QString> readSystemImage(const QString &filename, const RegularFile &file,
+                                                      const RecordOptions &options);
+
+/// Path and properties of a file as text, for diagnostics; absent for a file that no image reader opens.
+std::optional<QString> imageioReport(const QString &path);
+
+} // namespace quorvin

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "readers/image/ImageMetadata.h"
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <optional>
+
+namespace quorvin {
+
+/// An image as exiv2 and libheif read it, once: made whole or not at all, nothing of the libraries stays
+/// behind. Any thread, after the set-up of the library.
+class oEXIV2 {
+public:
+    /// Sets exiv2 up. Once in a process, before any thread.
+    static void setupLibrary();
+    static QString libVersion();
+    static QString heifVersion();
+
+    /// Reads a file with exiv2. Nothing, and no message, for one that is no image for it: a file of another
+    /// kind, a video, a damaged file. Without `keepThumb` the preview that stands for the file is not kept.
+    static std::optional<oEXIV2> initWithFilename(const QString &path, bool keepThumb = true);
+    /// The same for the bytes of a file.
+    static std::optional<oEXIV2> initWithMemData(QByteArrayView bytes, bool keepThumb = true);
+    /// Reads a HEIF or AVIF file with libheif. Nothing for one that it refuses.
+    static std::optional<oEXIV2> initWithHeifFilePath(const QString &path);
+
+    const ImageMetadata &data() const { return _data; }
+
+    /// Every metadata item, a line each, as exiv2 prints it; "" for an image without any, nothing for a file
+    /// that cannot be read.
+    static std::optional<QString> outputOnFile(const QString &path);
+    /// The layout of a file as exiv2 describes it, or the text of exiv2's error; nothing for a file that it
+    /// does not know.
+    static std::optional<QString> structureOfFile(const QString &path);
+    /// The raw XMP packet, "" without one, or the text of exiv2's error; nothing for a file that it does not
+    /// know.
+    static std::optional<QString> rawXmpOfFile(const QString &path);
+
+private:
+    explicit oEXIV2(ImageMetadata data) : _data(std::move(data)) { }
+
+    ImageMetadata _data;
+};
+
+} // namespace quorvin

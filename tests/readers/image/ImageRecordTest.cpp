@@ -1,0 +1,196 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/RegularFile.h"
+#include "readers/RecordBuilder.h"
+#include "readers/image/ImageGeneral.h"
+#include "readers/image/Previews.h"
+#include "readers/image/oEXIV2.h"
+#include "support/Pictures.h"
+#include "support/TestFolder.h"
+
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace quorvin {
+
+using test::picture;
+using test::TestFolder;
+using test::withMetadata;
+
+namespace {
+
+Exiv2::ExifData photoExif()
+{
+    Exiv2::ExifData exif;
+    exif["Exif.Image.Make"] = "Maker ";
+    exif["Exif.Image.Model"] = " Model";
+    exif["Exif.Photo.FNumber"] = Exiv2::URational(28, 10);
+    exif["Exif.Photo.ISOSpeedRatings"] = uint16_t{65535};
+    exif["Exif.Photo.StandardOutputSensitivity"] = uint32_t{102400};
+    exif["Exif.Photo.FocalLength"] = Exiv2::URational(35, 1);
+    exif["Exif.Photo.FocalLengthIn35mmFilm"] = uint16_t{52};
+    exif["Exif.Photo.ExposureTime"] = Exiv2::URational(0, 0);
+    return exif;
+}
+
+QStringList linesOf(const QuorvinDataPtr &record)
+{
+    QStringList lines;
+    for (const GeneralLine &line : record->generalInfo().lines)
+        lines.append(line.name + u'=' + line.value.plain);
+    return lines;
+}
+
+QuorvinDataPtr recordOf(const QByteArray &file, const QString &name, const RecordOptions &options = {})
+{
+    const TestFolder folder;
+    return RecordBuilder(options).dataAboutFile(folder.write(name, file)).value_or(nullptr);
+}
+
+bool hasProfile(const QuorvinDataPtr &record)
+{
+    return record->stringForExportText().contains(QLatin1String("\nICC Profile Color Space: RGB"));
+}
+
+} // namespace
+
+TEST(ImageRecord, GeneralLinesWithTheirFallBacks)
+{
+    const auto record = recordOf(withMetadata(picture("JPEG"), photoExif()), QStringLiteral("a.jpg"));
+    ASSERT_TRUE(record && record->isImage());
+    EXPECT_EQ(linesOf(record).join(u'\n'),
+              QStringLiteral("Device=Model (Maker)\nFocal Length=35.0 mm (35 mm equivalent: 52.0 mm)\n"
+                             "Aperture=\u0192/2.8\nISO=102400"));
+    EXPECT_EQ(record->generalInfo().lines[2].value.italicLength, 1);
+
+    Exiv2::XmpData xmp;
+    xmp["Xmp.exif.ShutterSpeedValue"] = "6/1";
+    xmp["Xmp.tiff.Make"] = "Maker";
+    xmp["Xmp.exif.DateTimeOriginal"] = " 2021 ";
+    const auto withXmp = recordOf(withMetadata(picture("JPEG"), {}, xmp), QStringLiteral("a.jpeg"));
+    EXPECT_EQ(linesOf(withXmp).first(1), QStringList(QStringLiteral("Photo Date=2021")));
+    EXPECT_TRUE(linesOf(withXmp).last().startsWith(QLatin1String("Exposure Time=")));
+    EXPECT_EQ(withXmp->format(), QStringLiteral("JPEG"));
+}
+
+TEST(ImageRecord, MegapixelsCountAboveAThird)
+{
+    GeneralFacts general;
+    setImageSize(QStringLiteral("640"), QStringLiteral("480"), general);
+    EXPECT_EQ(general.imageSizeMP, QStringLiteral("640 x 480 (0.3 MP)"));
+    setImageSize(QStringLiteral("600"), QStringLiteral("500"), general);
+    EXPECT_EQ(general.imageSizeMP, QStringLiteral("600 x 500"));
+}
+
+TEST(ImageRecord, ProfileIsNamedOnlyBesideExif)
+{
+    for (const char *format : {"JPEG", "PNG"}) {
+        const QByteArray file = picture(format, {16, 12}, true);
+        const QString name = QString::fromLatin1(format).toLower();
+        EXPECT_FALSE(hasProfile(recordOf(file, QStringLiteral("a.") + name))) << format;
+        EXPECT_TRUE(hasProfile(recordOf(withMetadata(file, photoExif()), QStringLiteral("a.") + name)))
+            << format;
+    }
+}
+
+TEST(ImageRecord, ChoiceOfThePreview)
+{
+    using Kinds = std::vector<PreviewKind>;
+    EXPECT_EQ(chosenPreview(Kinds{{120, true}, {300, false}, {1000, true}, {2000, true}}), 2U);
+    EXPECT_EQ(chosenPreview(Kinds{{120, true}, {256, false}, {1000, false}}), 1U);
+    EXPECT_EQ(chosenPreview(Kinds{{120, true}, {255, true}, {90, false}}), 2U);
+}
+
+TEST(ImageRecord, CoverIsThePreviewOrTheSlowWay)
+{
+    const auto cover = [](const ImageMetadata &metadata, bool slow, const QByteArray &file) {
+        const TestFolder folder;
+        const auto opened = RegularFile::open(folder.write(QStringLiteral("a"), file));
+        return QImage::fromData(imageCover(metadata, *opened, slow)).size();
+    };
+    const QByteArray file = picture("PNG", {512, 64});
+    ImageMetadata metadata;
+    EXPECT_TRUE(cover(metadata, false, file).isEmpty());
+    EXPECT_EQ(cover(metadata, true, file), QSize(256, 32));
+    metadata.thumb = picture("JPEG", {300, 400});
+    metadata.thumbHeight = 400;
+    EXPECT_EQ(cover(metadata, true, file), QSize(192, 256));
+    metadata.thumb = picture("JPEG", {300, 256});
+    metadata.thumbHeight = 256;
+    EXPECT_EQ(cover(metadata, false, file), QSize(300, 256));
+    EXPECT_EQ(cover(metadata, true, file), QSize(256, 32));
+
+    // A header that claims 60,000 by 60,000 pixels.
+    QByteArray lie = picture("BMP");
+    lie.replace(18, 8, QByteArray("\x60\xea\0\0\x60\xea\0\0", 8));
+    EXPECT_TRUE(cover({}, true, lie).isEmpty());
+}
+
+TEST(ImageRecord, VideosThatTheLibraryReadsAreNoImages)
+{
+    const std::array heads{
+        QByteArray("RIFF\x10\0\0\0AVI LIST", 16),
+        QByteArray("RIFF\x10\0\0\0WAVEfmt ", 16),
+        QByteArray("\x1a\x45\xdf\xa3\x80\0\0\0", 8),
+        QByteArray("\x30\x26\xb2\x75\x8e\x66\xcf\x11\xa6\xd9\0\xaa\0\x62\xce\x6c", 16),
+        QByteArray("\0\0\0\x08wide\0\0\0\x08mdat", 16),
+    };
+    for (const QByteArray &head : heads)
+        EXPECT_FALSE(oEXIV2::initWithMemData(head + QByteArray(64, '\0'))) << head.toStdString();
+}
+
+TEST(ImageRecord, EveryTruncationIsReadOrRefused)
+{
+    const std::array files{
+        withMetadata(picture("JPEG"), photoExif()), withMetadata(picture("PNG"), photoExif()),
+        withMetadata(test::contentOf(test::sample(QStringLiteral("pages.tif"))).first(2400), photoExif()),
+        test::heif(heif_compression_HEVC, {64, 48}, test::tiffBytes(photoExif()))};
+    const TestFolder folder;
+    for (const QByteArray &file : files) {
+        ASSERT_FALSE(file.isEmpty());
+        for (qsizetype length = 0; length < file.size(); ++length) {
+            const QString path = folder.write(QStringLiteral("cut"), file.first(length));
+            oEXIV2::initWithFilename(path);
+            oEXIV2::initWithHeifFilePath(path);
+        }
+    }
+}
+
+TEST(ImageRecord, CyclicDirectoryEnds)
+{
+    const QByteArray cycle = QByteArray("II*\0\x08\0\0\0\x01\0\x0e\x01\x02\0\x03\0\0\0ab\0\0\x08\0\0\0", 26)
+        + QByteArray(8, '\0');
+    const auto record = recordOf(cycle, QStringLiteral("a.tif"));
+    EXPECT_TRUE(!record || record->isImage());
+}
+
+TEST(ImageRecord, ThreadsReadAtOnce)
+{
+    const TestFolder folder;
+    Exiv2::XmpData xmp;
+    xmp["Xmp.dc.source"] = "x";
+    const QString path
+        = folder.write(QStringLiteral("a.jpg"), withMetadata(picture("JPEG"), photoExif(), xmp));
+    const QString heic = folder.write(QStringLiteral("a.heic"), test::heif(heif_compression_HEVC));
+    const QString expected = RecordBuilder({}).dataAboutFile(path).value()->stringForExportText();
+    constexpr int kThreads = 4;
+    std::vector<std::jthread> threads;
+    threads.reserve(kThreads);
+    std::atomic<int> wrong = 0;
+    for (int i = 0; i < kThreads; ++i) {
+        threads.emplace_back([&] {
+            for (int round = 0; round < 50; ++round) {
+                wrong += RecordBuilder({}).dataAboutFile(path).value()->stringForExportText() != expected;
+                wrong += !RecordBuilder({}).dataAboutFile(heic).value()->isImage();
+            }
+        });
+    }
+    threads.clear();
+    EXPECT_EQ(wrong, 0);
+}
+
+} // namespace quorvin
