@@ -100,7 +100,8 @@ TEST(OpenRequest, ReachesTheRunningInstance)
 TEST(StartArguments, AreTakenApart)
 {
     const auto words = [](const QString &line) { return parseStartArguments(line.split(u' ')); };
-    const auto plain = words(QStringLiteral("--new-window --set useSIUnits=false /a b/../c file:///d%20e -- --help"));
+    const auto plain
+        = words(QStringLiteral("--new-window --set useSIUnits=false /a b/../c file:///d%20e -- --help"));
     ASSERT_TRUE(plain);
     EXPECT_TRUE(plain->newWindow);
     EXPECT_EQ(plain->overrides, QStringList{QStringLiteral("useSIUnits=false")});
