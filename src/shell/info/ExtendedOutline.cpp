@@ -195,6 +195,13 @@ bool ExtendedOutline::isOnDisclosureSign(const QPoint &position, const QModelInd
     return isRightToLeft() ? position.x() > item.right() : position.x() < item.left();
 }
 
+void ExtendedOutline::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const
+{
+    // The sign stands beside the name, not in the middle of a row with a gap.
+    const int gap = _content.hasChildren(index) && !index.parent().isValid() ? OutlineDelegate::kGroupGap : 0;
+    QTreeView::drawBranches(painter, rect.adjusted(0, gap, 0, 0), index);
+}
+
 void ExtendedOutline::mousePressEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->position().toPoint()).siblingAtColumn(ExtTreeModel::Name);

@@ -45,6 +45,7 @@ Q_SIGNALS:
     void selectionDidChange();
 
 protected:
+    void drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const override;
     void mousePressEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;

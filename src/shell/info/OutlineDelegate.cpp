@@ -20,7 +20,6 @@ namespace {
 
 constexpr int kMargin = 6; ///< beside a cell's text
 constexpr int kLead = 2; ///< above and below it
-constexpr int kGroupLead = 8; ///< above the name of a group at the top
 
 QTextLayout::FormatRange formatRange(qsizetype start, qsizetype length, const QTextCharFormat &format)
 {
@@ -132,7 +131,7 @@ QSize OutlineDelegate::sizeHint(const QStyleOptionViewItem &option, const QModel
         QTextLayout layout;
         height = static_cast<int>(std::ceil(cell.layOut(layout, width)));
     }
-    const int lead = cell.isTopGroup ? kGroupLead : kLead;
+    const int lead = kLead + (cell.isTopGroup ? kGroupGap : 0);
     return {0, std::max(height + lead + kLead, minimumRowHeight)};
 }
 
@@ -147,7 +146,7 @@ void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
 
     Cell cell = cellOf(option, index);
     cell.alignment = QStyle::visualAlignment(option.direction, cell.alignment);
-    const int lead = cell.isTopGroup ? kGroupLead : kLead;
+    const int lead = kLead + (cell.isTopGroup ? kGroupGap : 0);
     const QRect inner = option.rect.adjusted(kMargin, lead, -kMargin, -kLead);
     QTextLayout layout;
     cell.layOut(layout, std::max(inner.width(), 1));

@@ -21,6 +21,9 @@ public:
     /// The delegate of a tree whose model is an `ExtTreeModel`.
     explicit OutlineDelegate(QTreeView *outline);
 
+    /// Room above the name of a group at the top, beyond that of other rows.
+    static constexpr int kGroupGap = 6;
+
     bool wrapsLongLines = true;
     bool rightAlignsParameters = true;
     int minimumRowHeight = 0; ///< device-independent pixels
