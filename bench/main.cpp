@@ -4,7 +4,7 @@
 #include "platform/UserLocale.h"
 #include "readers/RecordBuilder.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QLoggingCategory>
 
 #include <benchmark/benchmark.h>
@@ -12,7 +12,8 @@
 int main(int argc, char **argv)
 {
     QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
-    const QCoreApplication application(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
     quorvin::useUtf8CharacterType();
     quorvin::RecordBuilder::setupLibraries();
     benchmark::Initialize(&argc, argv);

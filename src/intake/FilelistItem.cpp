@@ -33,6 +33,14 @@ QString FilelistItem::failureReason() const
     return _failureReason;
 }
 
+std::optional<MapLocationInfo> FilelistItem::mapLocationInfo() const
+{
+    const QuorvinDataPtr data = quorvinData();
+    if (!data || !data->mapLocation())
+        return std::nullopt;
+    return MapLocationInfo{*data->mapLocation(), _filename, std::nullopt};
+}
+
 void FilelistItem::setResult(const QuorvinDataPtr &record, const QString &reason)
 {
     const std::lock_guard guard(_lock);

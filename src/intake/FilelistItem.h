@@ -8,10 +8,19 @@
 #include <QString>
 
 #include <atomic>
+#include <cstddef>
 #include <memory>
 #include <mutex>
+#include <optional>
 
 namespace quorvin {
+
+/// Where a file of a list was recorded.
+struct MapLocationInfo {
+    Location location;
+    QString filename; ///< full path
+    std::optional<std::size_t> lastIndexInList; ///< place in the arranged list when this was made
+};
 
 /// One file of a list. Identity decides equality: two items for one path are two files. Name and prefixed
 /// path never change; what analysis finds may be written by one thread while others read.
@@ -33,6 +42,8 @@ public:
     bool isFailed() const;
     /// Why the last analysis gave no record; "" when it did not fail.
     QString failureReason() const;
+    /// Absent without a record, or when the record has no location.
+    std::optional<MapLocationInfo> mapLocationInfo() const;
 
     void setIsDone(bool done) { _isDone = done; }
     /// What an analysis gave: a record, or null, with the reason.

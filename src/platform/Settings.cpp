@@ -3,6 +3,8 @@
 
 #include "platform/Settings.h"
 
+#include "model/Log.h"
+
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -59,6 +61,10 @@ constexpr std::array kTable{
     SettingRow{Setting::readerCpuSeconds, L("readerCpuSeconds"), Integer, L("20")},
     SettingRow{Setting::readerWallSeconds, L("readerWallSeconds"), Integer, L("60")},
     SettingRow{Setting::readerMemoryMiB, L("readerMemoryMiB"), Integer, L("2048")},
+    SettingRow{Setting::colorScheme, L("colorScheme"), String, L("system")},
+    SettingRow{Setting::mainWindowFrame, L("mainWindowFrame"), String, L("")},
+    SettingRow{Setting::recentFiles, L("recentFiles"), String, L("")},
+    SettingRow{Setting::debugStalls, L("debugStalls"), Boolean, L("false")},
 };
 
 const SettingRow &rowOf(Setting setting)
@@ -109,7 +115,7 @@ std::optional<QVariant> settingFromText(SettingType type, const QString &text)
     return ok ? std::optional(value) : std::nullopt;
 }
 
-Settings::Settings(const QString &path)
+Settings::Settings(const QString &path) : _path(path)
 {
     if (path.isEmpty())
         return;
@@ -157,6 +163,20 @@ std::optional<QString> Settings::overrideFrom(const QString &assignment)
     const std::lock_guard guard(_lock);
     _values.insert(static_cast<int>(row->setting), *parsed);
     return std::nullopt;
+}
+
+void Settings::set(Setting setting, const QVariant &value)
+{
+    const SettingRow &row = rowOf(setting);
+    const std::lock_guard guard(_lock);
+    _values.insert(static_cast<int>(setting), value);
+    if (_path.isEmpty())
+        return;
+    QSettings file(_path, QSettings::IniFormat);
+    file.setValue(row.key, settingText(row.type, value));
+    file.sync();
+    if (file.status() != QSettings::NoError)
+        qCInfo(lcQuorvin).noquote() << "Failed to write the settings:" << _path;
 }
 
 } // namespace quorvin

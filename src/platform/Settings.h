@@ -55,6 +55,10 @@ enum class Setting {
     readerCpuSeconds,
     readerWallSeconds,
     readerMemoryMiB,
+    colorScheme,
+    mainWindowFrame,
+    recentFiles,
+    debugStalls,
 };
 
 enum class SettingType { Boolean, Integer, Float, String };
@@ -94,10 +98,15 @@ public:
     /// it.
     std::optional<QString> overrideFrom(const QString &assignment);
 
+    /// Sets a value for this run and, where there is a file, for those to come. `value` is of the setting's
+    /// type. What cannot be written is logged.
+    void set(Setting setting, const QVariant &value);
+
 private:
     QVariant value(Setting setting) const;
 
-    mutable std::mutex _lock;
+    QString _path;
+    mutable std::mutex _lock; ///< guards the values and the file
     QHash<int, QVariant> _values; ///< by the setting's number: what differs from the default
 };
 

@@ -66,4 +66,22 @@ TEST(Settings, OverridesAreChecked)
         EXPECT_NE(settings.overrideFrom(QLatin1String(wrong)), std::nullopt) << wrong;
 }
 
+TEST(Settings, WhatIsSetStaysAndLeavesTheRestOfTheFileAlone)
+{
+    const test::TestFolder folder;
+    const QString path
+        = folder.write(QStringLiteral("settings.ini"), "[General]\nuseSIUnits=false\nforeign=7\n");
+    {
+        Settings settings(path);
+        settings.set(Setting::sidebarWidth, 200.0);
+        settings.set(Setting::mainWindowFrame, QStringLiteral("a,b;\u00fc=\n"));
+        EXPECT_EQ(settings.real(Setting::sidebarWidth), 200.0);
+    }
+    const Settings again(path);
+    EXPECT_EQ(again.text(Setting::sidebarWidth), QStringLiteral("200.0"));
+    EXPECT_EQ(again.string(Setting::mainWindowFrame), QStringLiteral("a,b;\u00fc=\n"));
+    EXPECT_FALSE(again.boolean(Setting::useSIUnits));
+    EXPECT_TRUE(test::contentOf(path).contains("foreign=7"));
+}
+
 } // namespace quorvin

@@ -1,0 +1,57 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/filelist/FileIcons.h"
+
+#include "filefacts/Images.h"
+#include "shell/app/Icons.h"
+#include "shell/app/PictureThread.h"
+
+#include <utility>
+
+namespace quorvin {
+
+namespace {
+
+constexpr int kMostUnderWay = 200;
+constexpr int kLargestScale = 3;
+
+} // namespace
+
+FileIcons::FileIcons(QObject *parent) : QObject(parent), _pictures(kMostPictures) { }
+
+QIcon FileIcons::iconFor(const FilelistItem &file, const QuorvinDataPtr &record)
+{
+    if (!record)
+        return fileNameIcon(file.prefixedPath());
+    if (!record->generalInfo().coverData.isEmpty()) {
+        const Picture *known = _pictures.object(record.get());
+        if (!known || known->record.lock() != record)
+            decode(record);
+        else if (!known->icon.isNull())
+            return known->icon;
+    }
+    const auto &type = record->generalInfo().fileUTI;
+    return type ? mimeIcon(*type) : fileNameIcon(file.prefixedPath());
+}
+
+void FileIcons::decode(const QuorvinDataPtr &record)
+{
+    // Rows that are scrolled past ask again when they come back.
+    if (_underWay.size() >= kMostUnderWay || !_underWay.insert(record.get()).second)
+        return;
+    decodeElsewhere(
+        this,
+        [record] {
+            return Utilities::thumbnailedImageFromData(record->generalInfo().coverData,
+                                                       kSide * kLargestScale);
+        },
+        [this, record](const QImage &image) {
+            _underWay.erase(record.get());
+            const QIcon icon = image.isNull() ? QIcon() : QIcon(QPixmap::fromImage(image));
+            _pictures.insert(record.get(), new Picture{record, icon});
+            Q_EMIT coverReady();
+        });
+}
+
+} // namespace quorvin

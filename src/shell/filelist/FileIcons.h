@@ -1,0 +1,49 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "intake/FilelistItem.h"
+
+#include <QCache>
+#include <QIcon>
+#include <QObject>
+#include <QPixmap>
+
+#include <unordered_set>
+
+namespace quorvin {
+
+/// The small pictures of the list: the cover of a file where it has one, else what stands for its kind.
+/// Covers are decoded on a thread of their own, for the rows that are asked for; their file's kind stands in
+/// until then. Main thread.
+class FileIcons : public QObject {
+    Q_OBJECT
+public:
+    /// The most pictures that are kept; a list shows far fewer at a time.
+    static constexpr int kMostPictures = 2000;
+    /// The side of a picture in the list, in device-independent pixels.
+    static constexpr int kSide = 16;
+
+    explicit FileIcons(QObject *parent = nullptr);
+
+    /// `record` may be null.
+    QIcon iconFor(const FilelistItem &file, const QuorvinDataPtr &record);
+
+Q_SIGNALS:
+    /// A cover is ready; whoever shows it asks again.
+    void coverReady();
+
+private:
+    struct Picture {
+        std::weak_ptr<const QuorvinData> record; ///< an address may come back with another record
+        QIcon icon; ///< null when the cover cannot be decoded
+    };
+
+    void decode(const QuorvinDataPtr &record);
+
+    QCache<const QuorvinData *, Picture> _pictures;
+    std::unordered_set<const QuorvinData *> _underWay;
+};
+
+} // namespace quorvin

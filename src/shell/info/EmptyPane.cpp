@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/info/EmptyPane.h"
+
+#include "shell/app/Icons.h"
+
+#include <QEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace quorvin {
+
+namespace {
+
+constexpr int kPictureSide = 96;
+constexpr int kHintWidth = 420;
+
+QLabel *centredLabel()
+{
+    auto *label = new QLabel;
+    label->setAlignment(Qt::AlignCenter);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+EmptyPane::EmptyPane(const QString &iconName, QWidget *parent)
+    : QWidget(parent),
+      _iconName(iconName),
+      _picture(centredLabel()),
+      _title(centredLabel()),
+      _hint(centredLabel()),
+      _column(new QVBoxLayout(this))
+{
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * 1.3);
+    _title->setFont(large);
+    _hint->setForegroundRole(QPalette::PlaceholderText);
+    _hint->setMaximumWidth(kHintWidth);
+    _hint->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    _column->setSpacing(12);
+    _column->addStretch();
+    _column->addWidget(_picture);
+    _column->addWidget(_title);
+    _column->addWidget(_hint, 0, Qt::AlignHCenter);
+    _column->addStretch();
+    drawPicture();
+}
+
+void EmptyPane::setTexts(const QString &title, const QString &hint)
+{
+    _title->setText(title);
+    _hint->setText(hint);
+    _hint->setVisible(!hint.isEmpty());
+    _hint->setMinimumWidth(std::min(kHintWidth, _hint->fontMetrics().horizontalAdvance(hint) + 8));
+}
+
+QPushButton *EmptyPane::addButton(const QString &text, ButtonPlace place)
+{
+    auto *button = new QPushButton(text);
+    _column->insertWidget(_column->indexOf(_hint) + place, button, 0, Qt::AlignHCenter);
+    return button;
+}
+
+void EmptyPane::drawPicture()
+{
+    _picture->setPixmap(symbolIcon(_iconName).pixmap(QSize(kPictureSide, kPictureSide), devicePixelRatioF(),
+                                                     QIcon::Disabled));
+}
+
+void EmptyPane::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        drawPicture();
+}
+
+} // namespace quorvin

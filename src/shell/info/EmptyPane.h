@@ -1,0 +1,37 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+class QVBoxLayout;
+
+namespace quorvin {
+
+/// What stands where there is nothing to show: a picture in outline, why there is nothing, and what to do.
+class EmptyPane : public QWidget {
+    Q_OBJECT
+public:
+    explicit EmptyPane(const QString &iconName, QWidget *parent = nullptr);
+
+    void setTexts(const QString &title, const QString &hint);
+    enum ButtonPlace { OverHint, UnderHint };
+    QPushButton *addButton(const QString &text, ButtonPlace place);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void drawPicture();
+
+    QString _iconName;
+    QLabel *_picture;
+    QLabel *_title;
+    QLabel *_hint;
+    QVBoxLayout *_column;
+};
+
+} // namespace quorvin

@@ -1,0 +1,88 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/NativePath.h"
+#include "platform/Settings.h"
+#include "platform/UserLocale.h"
+#include "readers/RecordBuilder.h"
+#include "shell/app/AppController.h"
+#include "shell/app/Application.h"
+#include "shell/app/StartArguments.h"
+
+#include <QIcon>
+#include <QMimeDatabase>
+#include <QThreadPool>
+
+#include <cstdio>
+
+using namespace quorvin;
+
+namespace {
+
+QStringList wordsOf(int argc, char **argv)
+{
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(decodePath(argv[i]));
+    return words;
+}
+
+void nameApplication()
+{
+    QGuiApplication::setDesktopFileName(kApplicationId);
+    QCoreApplication::setApplicationName(QStringLiteral("quorvin"));
+    QGuiApplication::setWindowIcon(
+        QIcon::fromTheme(kApplicationId, QIcon(QStringLiteral(":/org.quorvin.Quorvin.svg"))));
+}
+
+int wrongCall(const QString &problem)
+{
+    std::fprintf(stderr, "quorvin: %s\nquorvin: try 'quorvin --help'\n", qPrintable(problem));
+    return 2;
+}
+
+/// What the first file would otherwise wait for.
+void prepareInBackground()
+{
+    QThreadPool::globalInstance()->start([] {
+        TemporaryFolders::removeLeftovers();
+        QMimeDatabase().mimeTypeForName(QStringLiteral("video/mp4"));
+    });
+}
+
+int run(const StartArguments &arguments)
+{
+    Settings settings(Settings::userPath());
+    for (const QString &assignment : arguments.overrides) {
+        if (const auto problem = settings.overrideFrom(assignment))
+            return wrongCall(*problem);
+    }
+    useUtf8CharacterType();
+    if (!settings.boolean(Setting::readerProcesses))
+        RecordBuilder::setupLibraries();
+    prepareInBackground();
+    AppController controller(settings);
+    controller.isReachable = controller.service().claim(QDBusConnection::sessionBus());
+    controller.doWorkInNewWindow(arguments.paths);
+    return QApplication::exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const auto arguments = parseStartArguments(wordsOf(argc, argv));
+    if (!arguments)
+        return wrongCall(arguments.error());
+    if (arguments->answer) {
+        std::fputs(arguments->answer->toUtf8().constData(), stdout);
+        return 0;
+    }
+    // The words are all ours; the toolkit looks at none of them.
+    int noWords = 1;
+    const Application application(noWords, argv);
+    nameApplication();
+    if (ApplicationService::handOver(QDBusConnection::sessionBus(), arguments->paths, arguments->newWindow))
+        return 0;
+    return run(*arguments);
+}

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "intake/FilelistFiller.h"
+
+#include <QFutureWatcher>
+#include <QObject>
+#include <QStringList>
+
+#include <deque>
+#include <stop_token>
+
+namespace quorvin {
+
+/// Walks folders for a window, one request after the other, each on a thread of its own. Main thread.
+class FolderWalks : public QObject {
+    Q_OBJECT
+public:
+    /// What is to become of the files.
+    struct Request {
+        static constexpr int kReplace = -3; ///< they become the list
+        static constexpr int kEndAndSelect = -2;
+        static constexpr int kEnd = -1;
+
+        QStringList paths;
+        int index = kEnd; ///< one of the above, or the place in the list
+    };
+
+    explicit FolderWalks(QObject *parent = nullptr);
+    /// Stops the walk, and does not wait for it.
+    ~FolderWalks() override;
+
+    /// One that replaces the list makes those before it needless.
+    void start(const Request &request);
+    /// Ends all; nothing is delivered.
+    void cancel();
+    bool isUnderWay() const { return !_requests.empty(); }
+
+Q_SIGNALS:
+    void started();
+    void progressed(int found);
+    /// The files of one request, whole and sorted.
+    void found(const quorvin::FolderWalks::Request &request,
+               const std::vector<quorvin::FilelistItemPtr> &files);
+    /// No request is left.
+    void ended();
+
+private:
+    using Files = std::vector<FilelistItemPtr>;
+
+    void walkNext();
+    void finish();
+
+    std::deque<Request> _requests; ///< the first is under way
+    QFutureWatcher<Files> _watcher;
+    std::stop_source _stop;
+};
+
+} // namespace quorvin

@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "intake/WindowWorker.h"
+
+#include "intake/FilelistTotals.h"
+#include "support/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace quorvin {
+
+namespace {
+
+std::vector<FilelistItemPtr> files(int count)
+{
+    std::vector<FilelistItemPtr> made;
+    for (int i = 0; i < count; ++i)
+        made.push_back(FilelistItem::itemWithFilename(QStringLiteral("/f/%1").arg(i), QString::number(i)));
+    return made;
+}
+
+void finish(WindowWorker &worker, const FilelistItemPtr &file, qint64 duration = 0)
+{
+    RecordContents record;
+    record.duration = duration;
+    file->setResult(std::make_shared<const QuorvinData>(std::move(record)), {});
+    worker.isTotalDurationChanged = true;
+    worker.fileIsReady(file);
+}
+
+/// "processed/to process", with "!" behind it when all is done.
+QString counts(const WindowWorker &worker)
+{
+    return QStringLiteral("%1/%2%3")
+        .arg(worker.countProcessed())
+        .arg(worker.countToProcess())
+        .arg(worker.processingIsDone() ? QStringLiteral("!") : QString());
+}
+
+} // namespace
+
+TEST(WindowWorker, CountsEachFileOnce)
+{
+    WindowWorker worker;
+    EXPECT_EQ(counts(worker), QStringLiteral("0/0"));
+    const auto list = files(3);
+    worker.startNewProcessingWithFiles(list, true);
+    for (int times = 0; times < 2; ++times)
+        worker.fileIsReady(list[1]);
+    EXPECT_EQ(counts(worker), QStringLiteral("1/3"));
+    worker.fileIsReady(list[0]);
+    worker.fileIsReady(list[2]);
+    EXPECT_EQ(counts(worker), QStringLiteral("3/3!"));
+    worker.fileIsReady(list[0]);
+    EXPECT_EQ(counts(worker), QStringLiteral("3/3!")) << "a refreshed file";
+    worker.startNewProcessingWithFiles(files(2), true);
+    worker.fileIsReady(list[0]);
+    EXPECT_EQ(counts(worker), QStringLiteral("0/2")) << "a file of the list before";
+}
+
+TEST(WindowWorker, AddedFilesRunWithWhatIsLeft)
+{
+    WindowWorker worker;
+    const auto list = files(5);
+    worker.startNewProcessingWithFiles(list, true);
+    for (int i = 0; i < 3; ++i)
+        worker.fileIsReady(list[static_cast<std::size_t>(i)]);
+    const auto more = files(4);
+    worker.startNewProcessingWithFiles(more, false);
+    EXPECT_EQ(counts(worker), QStringLiteral("0/6"));
+    worker.fileIsReady(list[0]);
+    EXPECT_EQ(counts(worker), QStringLiteral("0/6")) << "it was finished before";
+    worker.fileIsReady(list[4]);
+    worker.fileIsReady(more[0]);
+    EXPECT_EQ(counts(worker), QStringLiteral("2/6"));
+}
+
+TEST(WindowWorker, RemovedFilesLeaveTheCounts)
+{
+    WindowWorker worker;
+    const auto list = files(3);
+    worker.startNewProcessingWithFiles(list, true);
+    worker.fileIsReady(list[0]);
+    worker.fileIsRemoved(list[0]);
+    EXPECT_EQ(counts(worker), QStringLiteral("0/2"));
+    worker.fileIsReady(list[1]);
+    worker.fileIsRemoved(list[2]);
+    EXPECT_EQ(counts(worker), QStringLiteral("1/1")) << "nothing was delivered since";
+    worker.fileIsReady(list[2]);
+    EXPECT_EQ(counts(worker), QStringLiteral("1/1!")) << "the late delivery of a removed file";
+    worker.fileIsRemoved(list[1]);
+    EXPECT_EQ(counts(worker), QStringLiteral("0/0!"));
+}
+
+TEST(WindowWorker, KnowsTheCurrentFileAndWhereItWasRecorded)
+{
+    WindowWorker worker;
+    EXPECT_FALSE(worker.currentFilePath() || worker.currentQuorvinData() || worker.currentMapLocationInfo());
+    const auto file = files(1).front();
+    worker.setCurrentFile(file);
+    EXPECT_EQ(worker.currentFilePath(), QStringLiteral("/f/0"));
+    RecordContents record;
+    record.mapLocation = Location{48.5, -2.25};
+    file->setResult(std::make_shared<const QuorvinData>(std::move(record)), {});
+    const auto info = worker.currentMapLocationInfo();
+    ASSERT_TRUE(info);
+    EXPECT_EQ(info->location, (Location{48.5, -2.25}));
+    EXPECT_EQ(info->filename, QStringLiteral("/f/0"));
+    EXPECT_FALSE(info->lastIndexInList);
+}
+
+TEST(FilelistTotals, TellCountAndDuration)
+{
+    WindowWorker worker;
+    FilelistTotals totals;
+    EXPECT_EQ(totals.text(worker, {}, {}), QString());
+    const auto list = files(5);
+    const std::vector<FilelistItemPtr> arranged(list.begin(), list.begin() + 2);
+    worker.startNewProcessingWithFiles(list, true);
+    EXPECT_EQ(totals.text(worker, list, list), QStringLiteral("5 files"));
+    EXPECT_EQ(totals.text(worker, list, arranged), QStringLiteral("2 files (of 5 total)"));
+    EXPECT_EQ(FilelistTotals::progressText(worker), QStringLiteral("0 of 5 processed"));
+    for (const auto &file : list)
+        finish(worker, file, 90'000);
+    EXPECT_EQ(totals.text(worker, list, arranged), QStringLiteral("00:07:30 in 2 files (of 5 total)"))
+        << "just finished: that of all";
+    EXPECT_EQ(totals.text(worker, list, arranged), QStringLiteral("00:03:00 in 2 files (of 5 total)"));
+    EXPECT_EQ(totals.text(worker, list, list), QStringLiteral("00:07:30 in 5 files"));
+}
+
+TEST(FilelistTotals, FilesThatDoNotPlayTakeNoTime)
+{
+    WindowWorker worker;
+    FilelistTotals totals;
+    const auto list = files(1);
+    worker.startNewProcessingWithFiles(list, true);
+    finish(worker, list[0]);
+    EXPECT_EQ(totals.text(worker, list, list), QStringLiteral("00:00:00 in 1 files"));
+}
+
+} // namespace quorvin

@@ -1,0 +1,276 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/app/AppController.h"
+#include "shell/filelist/FilelistTable.h"
+#include "shell/info/ExtendedOutline.h"
+#include "shell/info/InfoView.h"
+#include "shell/window/CommandSet.h"
+#include "shell/window/MainView.h"
+#include "shell/window/MainWindowController.h"
+#include "shell/window/SidebarSplitView.h"
+#include "shell/window/StatusLine.h"
+#include "support/TestFolder.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QDropEvent>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QMimeData>
+#include <QUrl>
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace quorvin {
+
+namespace {
+
+constexpr int kPatienceMilliseconds = 30'000;
+
+/// Lets events run until it holds; false when it never does.
+bool spinUntil(const std::function<bool()> &holds)
+{
+    QElapsedTimer patience;
+    patience.start();
+    while (!holds() && patience.elapsed() < kPatienceMilliseconds)
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+    return holds();
+}
+
+/// An application with settings of its own and one window.
+struct Window : testing::Test {
+    test::TestFolder folder;
+    Settings settings{folder / QStringLiteral("settings.ini")};
+    AppController application{settings};
+    MainWindowController *window = application.openEmptyWindow();
+    MainView *view = &window->myView();
+
+    QString files() const
+    {
+        QStringList names;
+        for (const FilelistItemPtr &file : view->filelist())
+            names.append(file->prefixedPath());
+        return names.join(u' ');
+    }
+    QString currentName() const
+    {
+        return window->worker().currentFile() ? window->worker().currentFile()->prefixedPath() : QString();
+    }
+    bool awaitDone() const
+    {
+        return spinUntil([this] { return window->worker().processingIsDone() && !view->isWalking(); });
+    }
+    QString total() const
+    {
+        QStringList texts;
+        for (const QLabel *label : view->statusLine().findChildren<QLabel *>()) {
+            if (!label->isHidden())
+                texts.append(label->text());
+        }
+        return texts.join(u'|');
+    }
+    /// Drops the paths on the window, as a file manager does, and waits for the list to change.
+    void drop(const QStringList &paths, Qt::KeyboardModifiers modifiers) const
+    {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString &path : paths)
+            urls.append(QUrl::fromLocalFile(path));
+        data.setUrls(urls);
+        const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
+        QDragEnterEvent enter(QPoint(5, 5), offered, &data, Qt::LeftButton, modifiers);
+        QApplication::sendEvent(window, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent event(QPointF(5, 5), offered, &data, Qt::LeftButton, modifiers);
+        QApplication::sendEvent(window, &event);
+        EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "nobody is to remove the source";
+        int changes = 0;
+        const auto connection
+            = QObject::connect(view, &MainView::windowArrangedFilelistDidChange, [&changes] { ++changes; });
+        EXPECT_TRUE(spinUntil([&] { return changes > 0; }));
+        QObject::disconnect(connection);
+    }
+};
+
+} // namespace
+
+TEST_F(Window, StartsEmptyAndShowsWhatItIsGiven)
+{
+    EXPECT_TRUE(window->isUntouched());
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Quorvin"));
+    window->processUrls(
+        {test::sample(QStringLiteral("movie.mp4")), test::sample(QStringLiteral("tone.wav"))});
+    ASSERT_TRUE(awaitDone());
+    EXPECT_EQ(files(), QStringLiteral("movie.mp4 tone.wav"));
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("movie.mp4"));
+    ASSERT_TRUE(spinUntil([this] { return total() == QStringLiteral("00:00:03 in 2 files"); }))
+        << total().toStdString();
+    EXPECT_FALSE(window->isUntouched());
+    EXPECT_EQ(application.recentFiles().size(), 2);
+    EXPECT_TRUE(view->canExportAll());
+}
+
+TEST_F(Window, FailedFilesStayWithTheirReasonAndCanBeTriedAgain)
+{
+    const QString later = folder / QStringLiteral("later.wav");
+    window->processUrls({later, test::sample(QStringLiteral("tone.wav"))});
+    ASSERT_TRUE(awaitDone());
+    EXPECT_EQ(files(), QStringLiteral("later.wav tone.wav"));
+    EXPECT_TRUE(view->filelist()[0]->isFailed());
+    EXPECT_FALSE(view->filelist()[0]->failureReason().isEmpty());
+    EXPECT_FALSE(window->commands().action(Command::copyGeneralInfo)->isEnabled());
+
+    folder.write(QStringLiteral("later.wav"), test::contentOf(test::sample(QStringLiteral("tone.wav"))));
+    window->run(Command::refreshInfo);
+    const QAction *copy = window->commands().action(Command::copyGeneralInfo);
+    ASSERT_TRUE(spinUntil([copy] { return copy->isEnabled(); }));
+    EXPECT_FALSE(view->filelist()[0]->isFailed());
+    EXPECT_EQ(window->worker().countProcessed(), 2) << "a refreshed file counts once";
+    window->run(Command::copyGeneralInfo);
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith(QStringLiteral("later.wav\n---------\n")));
+}
+
+TEST_F(Window, DropsJoinTheListAndWithShiftReplaceIt)
+{
+    for (const char *name : {"a/1.txt", "a/2.txt", "a/10.txt", "b.txt", "c.txt"})
+        folder.write(QLatin1String(name));
+    drop({folder / QStringLiteral("a")}, Qt::NoModifier);
+    EXPECT_EQ(files(), QStringLiteral("1.txt 2.txt 10.txt"));
+    drop({folder / QStringLiteral("c.txt"), folder / QStringLiteral("b.txt")}, Qt::NoModifier);
+    EXPECT_EQ(files(), QStringLiteral("1.txt 2.txt 10.txt b.txt c.txt"));
+    EXPECT_EQ(currentName(), QStringLiteral("b.txt")) << "the first of the new ones";
+    drop({folder / QStringLiteral("c.txt")}, Qt::ShiftModifier);
+    EXPECT_EQ(files(), QStringLiteral("c.txt"));
+    ASSERT_TRUE(awaitDone());
+
+    QMimeData own;
+    own.setUrls({QUrl::fromLocalFile(folder / QStringLiteral("b.txt"))});
+    own.setData(QStringLiteral("QuorvinFilelistPBoardType"), {});
+    application.draggingSourceWindow = window;
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &own, Qt::LeftButton, Qt::NoModifier);
+    enter.setAccepted(true);
+    QApplication::sendEvent(window, &enter);
+    EXPECT_FALSE(enter.isAccepted()) << "a list is not dropped on its own window";
+}
+
+TEST_F(Window, TheSelectedFileIsTheOneShown)
+{
+    for (int i = 0; i < 40; ++i)
+        folder.write(QStringLiteral("d/%1.txt").arg(i));
+    window->processUrls({folder / QStringLiteral("d")});
+    ASSERT_TRUE(spinUntil([this] { return view->filelist().size() == 40; }));
+    view->table().selectRow(35);
+    EXPECT_EQ(currentName(), QStringLiteral("35.txt"));
+    ASSERT_TRUE(spinUntil([this] { return view->canExport(); }));
+    ASSERT_TRUE(awaitDone());
+
+    view->table().selectRow(39);
+    window->run(Command::removeSelectedItems);
+    EXPECT_EQ(view->filelist().size(), 39U);
+    EXPECT_EQ(currentName(), QStringLiteral("38.txt"));
+    EXPECT_EQ(window->worker().countToProcess(), 39);
+    EXPECT_TRUE(QFile::exists(folder / QStringLiteral("d/39.txt")));
+    view->showFileAtIndex(99);
+    EXPECT_EQ(currentName(), QStringLiteral("38.txt"));
+    for (int i = 0; i < 39; ++i)
+        window->run(Command::removeSelectedItems);
+    EXPECT_EQ(window->windowTitle(), QStringLiteral("Quorvin"));
+    EXPECT_FALSE(window->commands().action(Command::removeSelectedItems)->isEnabled());
+}
+
+TEST_F(Window, TabsKeepTheirSidebarsAndTheLastOneComesBack)
+{
+    SidebarSplitView &sidebar = view->sidebar();
+    window->setCurrentTab(7);
+    EXPECT_EQ(window->currentTab(), 0);
+    window->run(Command::selectComparisonTab);
+    EXPECT_TRUE(sidebar.isCollapsed()) << "Comparison starts without";
+    sidebar.showSidebarWithoutAnimation();
+    window->setCurrentTab(1);
+    EXPECT_FALSE(sidebar.isCollapsed());
+    sidebar.hideSidebarWithoutAnimation();
+    window->setCurrentTab(2);
+    EXPECT_TRUE(sidebar.isCollapsed());
+    window->setCurrentTab(1);
+    EXPECT_FALSE(sidebar.isCollapsed()) << "General and Extended want it";
+    window->close();
+    EXPECT_EQ(settings.integer(Setting::lastTab), 1);
+    EXPECT_EQ(application.openEmptyWindow()->currentTab(), 1);
+    settings.set(Setting::openTab, 4);
+    EXPECT_EQ(application.openEmptyWindow()->currentTab(), 3);
+}
+
+TEST_F(Window, StreamLinesLeadToTheirGroups)
+{
+    window->processUrls({test::sample(QStringLiteral("movie.mp4"))});
+    ASSERT_TRUE(awaitDone());
+    ASSERT_TRUE(spinUntil([this] { return view->canExport(); }));
+    Q_EMIT view->info().tabWanted(InfoView::Extended);
+    view->info().outline().showGroup(QStringLiteral("Audio"), 1);
+    EXPECT_EQ(window->currentTab(), 1);
+    EXPECT_EQ(view->info().outline().currentIndex().data().toString(), QStringLiteral("Audio #2"));
+    window->run(Command::clickWrapLongLines);
+    EXPECT_FALSE(settings.boolean(Setting::wrapLongLines));
+    EXPECT_FALSE(window->commands().action(Command::clickWrapLongLines)->isChecked());
+}
+
+TEST_F(Window, OpenRequestsTakeTheUntouchedWindowOrANewOne)
+{
+    const QString path = test::sample(QStringLiteral("tone.wav"));
+    QApplication::setActiveWindow(window);
+    application.applicationOpenFiles({path});
+    EXPECT_EQ(application.windows().size(), 1U);
+    ASSERT_TRUE(awaitDone());
+    application.applicationOpenFiles({path});
+    EXPECT_EQ(application.windows().size(), 2U);
+    application.activate();
+    EXPECT_EQ(application.windows().size(), 2U) << "one is there already";
+    application.windows().back()->close();
+    window->close();
+    EXPECT_TRUE(application.windows().empty());
+    application.isReachable = true;
+    application.activate();
+    EXPECT_EQ(application.windows().size(), 1U);
+}
+
+TEST_F(Window, ClosesWhileFilesAreRead)
+{
+    for (int i = 0; i < 300; ++i)
+        folder.write(QStringLiteral("d/%1.txt").arg(i));
+    window->processUrls({folder / QStringLiteral("d")});
+    ASSERT_TRUE(spinUntil([this] { return window->worker().countProcessed() > 3; }));
+    window->close();
+    EXPECT_TRUE(application.windows().empty());
+    QApplication::processEvents();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST(SidebarSplitView, KeepsBothSidesWideEnough)
+{
+    SidebarSplitView view(new QWidget, new QWidget);
+    view.resize(800, 300);
+    view.show();
+    view.setSidebarWidth(50);
+    EXPECT_EQ(view.sidebarWidth(), 160);
+    view.setSidebarWidth(700);
+    EXPECT_EQ(view.sidebarWidth(), 800 - 350 - view.handleWidth());
+    view.setSidebarWidth(300);
+    view.resize(1000, 300);
+    EXPECT_EQ(view.sidebarView()->width(), 300) << "what grows is the content";
+    view.hideSidebarWithoutAnimation();
+    EXPECT_TRUE(view.isCollapsed());
+    view.resize(600, 300);
+    view.showSidebarWithoutAnimation();
+    EXPECT_EQ(view.sidebarView()->width(), 600 - 350 - view.handleWidth());
+    view.setSidebarPosition(2);
+    EXPECT_EQ(view.sidebarPosition(), 0);
+    view.setSidebarPosition(1);
+    QApplication::processEvents();
+    EXPECT_GT(view.sidebarView()->x(), view.contentView()->x());
+}
+
+} // namespace quorvin
