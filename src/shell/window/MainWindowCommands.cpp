@@ -10,6 +10,7 @@
 #include "shell/info/ExtendedOutline.h"
 #include "shell/info/InfoView.h"
 #include "shell/window/CommandSet.h"
+#include "shell/window/ExportController.h"
 #include "shell/window/MainView.h"
 #include "shell/window/MainWindowController.h"
 #include "shell/window/SidebarSplitView.h"
@@ -30,6 +31,7 @@ CommandState MainWindowController::commandState() const
     state.hasFiles = _view->arranged().rowCount() > 0;
     state.hasCurrentFile = _worker.currentFile() != nullptr;
     state.hasRecord = _view->canExport();
+    state.canExportAll = _view->canExportAll() && !_export->run().isUnderWay();
     state.canCopy = info.canCopy() || (_view->table().hasFocus() && state.hasFiles);
     state.sidebarIsCollapsed = _view->sidebar().isCollapsed();
     state.wrapLongLines = _application.settings().boolean(Setting::wrapLongLines);
@@ -55,6 +57,7 @@ void MainWindowController::run(Command command)
         {Command::openFileInNewWindow, [this] { _application.openFileInNewWindow(); }},
         {Command::refreshInfo, [this] { _view->refreshInfo(); }},
         {Command::revealInFinder, [this] { revealInFinder(); }},
+        {Command::menuExportNew, [this] { _export->menuExportNew(_view->arrayWithDataForExport()); }},
         {Command::closeWindow, [this] { close(); }},
         {Command::quit, [this] { _application.quit(); }},
         {Command::copy, [this] { copy(); }},

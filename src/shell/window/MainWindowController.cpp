@@ -9,9 +9,12 @@
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/window/CommandSet.h"
+#include "shell/window/ExportController.h"
 #include "shell/window/MainView.h"
 #include "shell/window/SidebarSplitView.h"
+#include "shell/window/StatusLine.h"
 #include "shell/window/TabSelector.h"
+#include "shell/window/WorkNote.h"
 
 #include <QAction>
 #include <QApplication>
@@ -46,7 +49,8 @@ QWidget *expandingSpace()
 MainWindowController::MainWindowController(AppController &application)
     : _application(application),
       _view(new MainView(application, _worker)),
-      _commands(new CommandSet(this, &_view->table()))
+      _commands(new CommandSet(this, &_view->table())),
+      _export(new ExportController(application.settings(), this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptDrops(true);
@@ -54,6 +58,7 @@ MainWindowController::MainWindowController(AppController &application)
     setUpMenus();
     setUpToolBar();
     connectView();
+    connectExport();
     setMinimumHeight(kMinimumHeight);
     restoreFrame();
     const Settings &settings = _application.settings();
@@ -117,6 +122,20 @@ void MainWindowController::connectView()
             [this](const QPoint &where) { showMenu(CommandPlace::TreeMenu, where); });
     connect(&_view->table(), &FilelistTable::menuWanted, this,
             [this](const QPoint &where) { showMenu(CommandPlace::FileMenu, where); });
+}
+
+void MainWindowController::connectExport()
+{
+    ExportRun &run = _export->run();
+    WorkNote &note = _view->statusLine().exporting();
+    connect(&run, &ExportRun::started, &note, &WorkNote::start);
+    connect(&run, &ExportRun::progressed, &note,
+            [&note](int done) { note.setText(tr("Exporting: %n file(s) written", nullptr, done)); });
+    connect(&run, &ExportRun::ended, &note, &WorkNote::end);
+    connect(&note, &WorkNote::cancelled, &run, &ExportRun::cancel);
+    connect(&note, &WorkNote::cancelled, &note, &WorkNote::end);
+    for (const auto signal : {&WorkNote::started, &WorkNote::ended})
+        connect(&note, signal, this, &MainWindowController::validateCommands);
 }
 
 void MainWindowController::restoreFrame()
@@ -244,6 +263,7 @@ void MainWindowController::windowWillClose()
     settings.set(Setting::sidebarIsHidden, !_openSidebar);
     settings.set(Setting::mainWindowFrame, QString::fromLatin1(saveGeometry().toBase64()));
     disconnect(qApp, nullptr, this, nullptr);
+    _export->run().cancel();
     _view->setWindowIsClosing();
     _application.windowClosed(this);
 }
