@@ -36,6 +36,8 @@ public:
     /// folder stay, no incomplete one does.
     void cancel();
     bool isUnderWay() const { return _thread.joinable(); }
+    /// Files of the run.
+    int count() const { return _watcher.progressMaximum(); }
 
 Q_SIGNALS:
     void started();

@@ -61,12 +61,13 @@ ExportSheet::ExportSheet(Settings &settings, std::size_t fileCount, QWidget *par
 
     auto *form = new QFormLayout;
     form->addRow(tr("&Format:"), _format);
-    form->addRow(tr("Files:"), new QLabel(tr("%n file(s)", nullptr, static_cast<int>(fileCount))));
+    form->addRow(tr("Files:"), new QLabel(QString::number(fileCount)));
     form->addRow(tr("Write:"), _compound);
     form->addRow(QString(), _separate);
     form->addRow(QString(), _skipFilePrivate);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Cancel);
-    buttons->addButton(tr("E&xport…"), QDialogButtonBox::AcceptRole)->setDefault(true);
+    buttons->button(QDialogButtonBox::Cancel)->setIcon({});
+    QPushButton *go = buttons->addButton(tr("E&xport…"), QDialogButtonBox::AcceptRole);
     connect(buttons, &QDialogButtonBox::accepted, this, &ExportSheet::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &ExportSheet::reject);
     auto *column = new QVBoxLayout(this);
@@ -75,6 +76,8 @@ ExportSheet::ExportSheet(Settings &settings, std::size_t fileCount, QWidget *par
     column->addLayout(form);
     column->addWidget(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);
+    go->setDefault(true);
+    _format->setFocus();
 }
 
 QString ExportSheet::format() const

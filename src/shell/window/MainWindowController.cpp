@@ -130,7 +130,7 @@ void MainWindowController::connectExport()
     WorkNote &note = _view->statusLine().exporting();
     connect(&run, &ExportRun::started, &note, &WorkNote::start);
     connect(&run, &ExportRun::progressed, &note,
-            [&note](int done) { note.setText(tr("Exporting: %n file(s) written", nullptr, done)); });
+            [&note, &run](int done) { note.setText(tr("Exporting: %1 of %2").arg(done).arg(run.count())); });
     connect(&run, &ExportRun::ended, &note, &WorkNote::end);
     connect(&note, &WorkNote::cancelled, &run, &ExportRun::cancel);
     connect(&note, &WorkNote::cancelled, &note, &WorkNote::end);
