@@ -8,10 +8,13 @@
 #include "shell/app/PreferencesWindowController.h"
 #include "shell/window/MainWindowController.h"
 
+#include <QDesktopServices>
+#include <QFile>
 #include <QFileDialog>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QMessageBox>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -132,6 +135,14 @@ void AppController::openAboutPanel(QWidget *parent)
                                  "the GPL, version 3 or later."));
     panel->setStandardButtons(QMessageBox::Close);
     panel->open();
+}
+
+void AppController::openAcknowledgments()
+{
+    const auto folder = _temporaryFolders.makeFolder(QStringLiteral("Acknowledgments"));
+    const QString path = folder.value_or(QString()) + QLatin1String("/Acknowledgments.html");
+    if (folder && QFile::copy(QStringLiteral(":/Acknowledgments.html"), path))
+        QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
 void AppController::quit()

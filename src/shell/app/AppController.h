@@ -52,6 +52,8 @@ public:
 
     void openPreferences();
     void openAboutPanel(QWidget *parent);
+    /// What Quorvin is built upon, in the desktop's browser.
+    void openAcknowledgments();
     void quit();
 
     /// Whether a later start can reach this run; without, the last window takes the run with it.

@@ -6,6 +6,7 @@
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "shell/app/AppController.h"
+#include "shell/app/Elsewhere.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/window/SidebarSplitView.h"
@@ -190,7 +191,7 @@ void MainView::showFileAtIndex(int index)
     if (!file) {
         _info->showNoFile();
         updateTotals();
-    } else if (file->isDone()) {
+    } else if (file->isFailed() || file->quorvinData()) {
         showCurrentRecord();
     } else {
         _info->clear();
@@ -224,6 +225,28 @@ void MainView::updateTotals()
     _status->setTotal(_totals.text(_worker, _filelist, _arranged.files()));
     _status->setProgress(_worker);
     Q_EMIT stateDidChange();
+}
+
+void MainView::changeCurrentFile(const std::function<std::optional<QString>(const QString &)> &change)
+{
+    const FilelistItemPtr file = _worker.currentFile();
+    if (!file)
+        return;
+    runElsewhere(
+        *QThreadPool::globalInstance(), this, [change, file] { return change(file->filename()); },
+        [this, file](const std::optional<QString> &problem) {
+            _status->setProblem(problem.value_or(QString()));
+            if (!problem && !_isWindowClosing)
+                reprocess(file);
+        });
+}
+
+void MainView::reprocess(const FilelistItemPtr &file)
+{
+    file->setIsDone(false);
+    file->releaseQuorvinData();
+    startDelayedWorkingAnimation(file);
+    _worker.dataCacher()->processFileFirstly(file);
 }
 
 bool MainView::canExport() const

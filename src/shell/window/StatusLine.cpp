@@ -24,6 +24,7 @@ constexpr int kBarWidth = 160;
 StatusLine::StatusLine(QWidget *parent)
     : QWidget(parent),
       _total(new QLabel),
+      _problem(new QLabel),
       _walk(new QLabel),
       _cancel(new QToolButton),
       _bgProgress(new QProgressBar),
@@ -39,6 +40,7 @@ StatusLine::StatusLine(QWidget *parent)
     line->setContentsMargins(10, 4, 10, 4);
     line->setSpacing(8);
     line->addWidget(_total);
+    line->addWidget(_problem);
     line->addStretch();
     line->addWidget(_walk);
     line->addWidget(_cancel);
@@ -46,6 +48,7 @@ StatusLine::StatusLine(QWidget *parent)
     line->addWidget(_count);
     setFixedHeight(std::max(fontMetrics().height() + 10, _cancel->sizeHint().height() + 4));
     showWalk(false);
+    setProblem({});
     _bgProgress->hide();
     _count->hide();
     _walkDelay.setSingleShot(true);
@@ -58,6 +61,12 @@ void StatusLine::setTotal(const QString &text)
 {
     _total->setText(text);
     _total->setVisible(!text.isEmpty());
+}
+
+void StatusLine::setProblem(const QString &text)
+{
+    _problem->setText(text);
+    _problem->setVisible(!text.isEmpty());
 }
 
 void StatusLine::setProgress(const WindowWorker &worker)

@@ -24,6 +24,9 @@ public:
     void setTotal(const QString &text);
     void setProgress(const WindowWorker &worker);
 
+    /// What went wrong with the last thing that was asked for; "" when nothing did.
+    void setProblem(const QString &text);
+
     /// Shows the walk, once it has gone on for a moment.
     void startWalk();
     void setWalkCount(int found);
@@ -36,6 +39,7 @@ private:
     void showWalk(bool shows);
 
     QLabel *_total;
+    QLabel *_problem;
     QLabel *_walk;
     QToolButton *_cancel;
     QProgressBar *_bgProgress;
