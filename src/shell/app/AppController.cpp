@@ -24,6 +24,14 @@ namespace {
 
 constexpr qsizetype kMostRecentFiles = 12;
 
+void bringToFront(QWidget &window)
+{
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 } // namespace
 
 AppController::AppController(Settings &settings)
@@ -60,19 +68,26 @@ void AppController::windowClosed(MainWindowController *window)
 
 void AppController::activate()
 {
-    MainWindowController *window = _windows.empty() ? openEmptyWindow() : _windows.back();
-    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-    window->show();
-    window->raise();
-    window->activateWindow();
+    bringToFront(_windows.empty() ? *openEmptyWindow() : *_windows.back());
 }
 
 void AppController::applicationOpenFiles(const QStringList &paths)
 {
-    if (auto *front = qobject_cast<MainWindowController *>(QApplication::activeWindow());
-        front && front->isUntouched())
-        return front->processUrls(paths);
-    doWorkInNewWindow(paths);
+    MainWindowController *window = windowForOpenRequest();
+    if (!window)
+        return doWorkInNewWindow(paths);
+    window->processUrls(paths);
+    bringToFront(*window);
+}
+
+MainWindowController *AppController::windowForOpenRequest() const
+{
+    if (auto *front = qobject_cast<MainWindowController *>(QApplication::activeWindow()))
+        return front->isUntouched() ? front : nullptr;
+    const auto newest
+        = std::find_if(_windows.rbegin(), _windows.rend(),
+                       [](const MainWindowController *window) { return window->isUntouched(); });
+    return newest == _windows.rend() ? nullptr : *newest;
 }
 
 void AppController::doWorkInNewWindow(const QStringList &paths)

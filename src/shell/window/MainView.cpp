@@ -75,7 +75,11 @@ MainView::MainView(AppController &application, WindowWorker &worker, QWidget *pa
 
 MainView::~MainView()
 {
+    // Whoever lets go last has the work of it.
     _worker.setDataCacher(nullptr);
+    _worker.setCurrentFile(nullptr);
+    _worker.startNewProcessingWithFiles({}, true);
+    _arranged.setFiles({});
     disposeElsewhere(std::move(_filelist));
 }
 

@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScreen>
 #include <QTimer>
 #include <QToolBar>
 
@@ -121,7 +122,7 @@ void MainWindowController::connectView()
 
 void MainWindowController::restoreFrame()
 {
-    resize(kFirstSize);
+    resize(kFirstSize.boundedTo(screen()->availableSize()));
     const QByteArray frame
         = QByteArray::fromBase64(_application.settings().string(Setting::mainWindowFrame).toLatin1());
     if (!frame.isEmpty())
