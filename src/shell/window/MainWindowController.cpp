@@ -16,12 +16,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
+#include <QShortcut>
 #include <QTimer>
 #include <QToolBar>
 
@@ -55,6 +57,12 @@ MainWindowController::MainWindowController(AppController &application)
     setUpMenus();
     setUpToolBar();
     connectView();
+    connect(new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this), &QShortcut::activated, this, [] {
+        if (QWidget *focus = QApplication::focusWidget()) {
+            QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), focus->mapToGlobal(QPoint()));
+            QApplication::sendEvent(focus, &event);
+        }
+    });
     setMinimumHeight(kMinimumHeight);
     restoreFrame();
     const Settings &settings = _application.settings();
