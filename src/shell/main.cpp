@@ -3,6 +3,7 @@
 
 #include "platform/NativePath.h"
 #include "platform/Settings.h"
+#include "platform/StandardStreams.h"
 #include "platform/UserLocale.h"
 #include "readers/RecordBuilder.h"
 #include "shell/app/AppController.h"
@@ -57,6 +58,7 @@ int run(const StartArguments &arguments)
         if (const auto problem = settings.overrideFrom(assignment))
             return wrongCall(*problem);
     }
+    takeStandardStreams();
     useUtf8CharacterType();
     if (!settings.boolean(Setting::readerProcesses))
         RecordBuilder::setupLibraries();

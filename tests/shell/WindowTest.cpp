@@ -18,7 +18,9 @@
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QLabel>
+#include <QMessageBox>
 #include <QMimeData>
+#include <QPushButton>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -247,6 +249,67 @@ TEST_F(Window, ClosesWhileFilesAreRead)
     EXPECT_TRUE(application.windows().empty());
     QApplication::processEvents();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST_F(Window, AttributesCanBeRemovedFromTheFile)
+{
+    const QString path = folder.write(QStringLiteral("tagged.wav"),
+                                      test::contentOf(test::sample(QStringLiteral("tone.wav"))));
+    folder.setAttribute(path, "user.xdg.tags", "red");
+    window->processUrls({path});
+    ASSERT_TRUE(spinUntil([this] { return view->canExport() && window->worker().processingIsDone(); }));
+    window->setCurrentTab(InfoView::Extended);
+    ExtendedOutline &outline = view->info().outline();
+    const auto select = [&](const QString &key) {
+        const QModelIndex group = outline.content().index(0, 0);
+        for (int row = 0; row < outline.content().rowCount(group); ++row) {
+            const QModelIndex index = outline.content().index(row, 0, group);
+            if (outline.content().itemAt(index)->key() == key)
+                outline.setCurrentIndex(index);
+        }
+    };
+    const QAction *remove = window->commands().action(Command::removeExtendedAttribute);
+    select(QStringLiteral("FileKind"));
+    EXPECT_FALSE(remove->isVisible()) << "it stands only where it can do something";
+    select(QStringLiteral("FileTags"));
+    ASSERT_TRUE(remove->isEnabled());
+    window->run(Command::removeExtendedAttribute);
+    auto *question = window->findChild<QMessageBox *>();
+    ASSERT_TRUE(question);
+    EXPECT_TRUE(question->defaultButton() == question->button(QMessageBox::Cancel)) << "the harmless one";
+    for (QAbstractButton *button : question->buttons()) {
+        if (button != question->button(QMessageBox::Cancel))
+            button->click();
+    }
+    const auto tags = [this] {
+        const QuorvinDataPtr record = window->worker().currentQuorvinData();
+        return !record || record->generalInfo().fileTagNames;
+    };
+    EXPECT_TRUE(spinUntil([&] { return !tags(); }));
+}
+
+TEST(FolderWalks, DeliverWhatWasAskedForLast)
+{
+    const test::TestFolder folder;
+    for (const char *name : {"a/1", "a/2", "b/3"})
+        folder.write(QLatin1String(name));
+    FolderWalks walks;
+    QStringList found;
+    QObject::connect(&walks, &FolderWalks::found,
+                     [&](const FolderWalks::Request &request, const std::vector<FilelistItemPtr> &files) {
+                         found.append(QStringLiteral("%1:%2").arg(request.index).arg(files.size()));
+                     });
+    using Request = FolderWalks::Request;
+    const QStringList a{folder / QStringLiteral("a")};
+    const QStringList b{folder / QStringLiteral("b")};
+    walks.start({a, Request::kReplace});
+    walks.cancel();
+    EXPECT_FALSE(walks.isUnderWay());
+    walks.start({a, Request::kReplace});
+    walks.start({b, Request::kReplace});
+    walks.start({a, 7});
+    ASSERT_TRUE(spinUntil([&] { return !walks.isUnderWay(); }));
+    EXPECT_EQ(found, (QStringList{QStringLiteral("-3:1"), QStringLiteral("7:2")}));
 }
 
 TEST(SidebarSplitView, KeepsBothSidesWideEnough)

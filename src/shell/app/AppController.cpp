@@ -8,10 +8,13 @@
 #include "shell/app/PreferencesWindowController.h"
 #include "shell/window/MainWindowController.h"
 
+#include <QDesktopServices>
+#include <QFile>
 #include <QFileDialog>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QMessageBox>
+#include <QUrl>
 
 #include <algorithm>
 
@@ -20,6 +23,14 @@ namespace quorvin {
 namespace {
 
 constexpr qsizetype kMostRecentFiles = 12;
+
+void bringToFront(QWidget &window)
+{
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
 
 } // namespace
 
@@ -57,19 +68,26 @@ void AppController::windowClosed(MainWindowController *window)
 
 void AppController::activate()
 {
-    MainWindowController *window = _windows.empty() ? openEmptyWindow() : _windows.back();
-    window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
-    window->show();
-    window->raise();
-    window->activateWindow();
+    bringToFront(_windows.empty() ? *openEmptyWindow() : *_windows.back());
 }
 
 void AppController::applicationOpenFiles(const QStringList &paths)
 {
-    if (auto *front = qobject_cast<MainWindowController *>(QApplication::activeWindow());
-        front && front->isUntouched())
-        return front->processUrls(paths);
-    doWorkInNewWindow(paths);
+    MainWindowController *window = windowForOpenRequest();
+    if (!window)
+        return doWorkInNewWindow(paths);
+    window->processUrls(paths);
+    bringToFront(*window);
+}
+
+MainWindowController *AppController::windowForOpenRequest() const
+{
+    if (auto *front = qobject_cast<MainWindowController *>(QApplication::activeWindow()))
+        return front->isUntouched() ? front : nullptr;
+    const auto newest
+        = std::find_if(_windows.rbegin(), _windows.rend(),
+                       [](const MainWindowController *window) { return window->isUntouched(); });
+    return newest == _windows.rend() ? nullptr : *newest;
 }
 
 void AppController::doWorkInNewWindow(const QStringList &paths)
@@ -132,6 +150,14 @@ void AppController::openAboutPanel(QWidget *parent)
                                  "the GPL, version 3 or later."));
     panel->setStandardButtons(QMessageBox::Close);
     panel->open();
+}
+
+void AppController::openAcknowledgments()
+{
+    const auto folder = _temporaryFolders.makeFolder(QStringLiteral("Acknowledgments"));
+    const QString path = folder.value_or(QString()) + QLatin1String("/Acknowledgments.html");
+    if (folder && QFile::copy(QStringLiteral(":/Acknowledgments.html"), path))
+        QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 
 void AppController::quit()

@@ -40,7 +40,8 @@ public:
     void windowClosed(MainWindowController *window);
 
     void activate() override;
-    /// The front window takes them if it has never been given files, else a new one.
+    /// The front window takes them if it has never been given files, else a new one. While another program is
+    /// in front, so does the newest window that is untouched.
     void applicationOpenFiles(const QStringList &paths) override;
     void doWorkInNewWindow(const QStringList &paths) override;
     void processTemporaryFilesInNewWindow(const QStringList &paths, const QString &fromFolder);
@@ -52,6 +53,8 @@ public:
 
     void openPreferences();
     void openAboutPanel(QWidget *parent);
+    /// What Quorvin is built upon, in the desktop's browser.
+    void openAcknowledgments();
     void quit();
 
     /// Whether a later start can reach this run; without, the last window takes the run with it.
@@ -67,6 +70,7 @@ Q_SIGNALS:
     void settingDidChange(quorvin::Setting setting);
 
 private:
+    MainWindowController *windowForOpenRequest() const;
     void applyApplicationSettings();
 
     Settings &_settings;

@@ -111,7 +111,7 @@ QIcon symbolIcon(const QString &name)
 QIcon themedIcon(const QString &name)
 {
     QIcon icon = QIcon::fromTheme(name);
-    return icon.isNull() ? symbolIcon(name) : icon;
+    return icon.isNull() && QFile::exists(bundledPath(name)) ? symbolIcon(name) : icon;
 }
 
 QIcon mimeIcon(const QString &mimeName)

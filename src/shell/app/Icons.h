@@ -11,7 +11,7 @@ namespace quorvin {
 /// A bundled picture in the colour of the text around it, whatever the palette is when it is painted.
 QIcon symbolIcon(const QString &name);
 
-/// The icon of the desktop's theme, or the bundled one of that name.
+/// The icon of the desktop's theme, or the bundled one of that name; null without either.
 QIcon themedIcon(const QString &name);
 
 /// What stands for files of a MIME type. Main thread; the same icon is made once.

@@ -3,10 +3,7 @@
 
 #include "shell/app/PictureThread.h"
 
-#include <QPointer>
-#include <QThreadPool>
-
-#include <atomic>
+#include "shell/app/Elsewhere.h"
 
 namespace quorvin {
 
@@ -23,22 +20,8 @@ QThreadPool &pictureThread()
 
 void decodeElsewhere(QObject *context, std::function<QImage()> make, std::function<void(const QImage &)> use)
 {
-    static std::atomic<int> newest = 0;
-    // The carrier lives in the calling thread, so that the context is only looked at there.
-    auto *carrier = new QObject;
-    pictureThread().start(
-        [carrier, context = QPointer<QObject>(context), make = std::move(make), use = std::move(use)] {
-            const QImage image = make();
-            QMetaObject::invokeMethod(
-                carrier,
-                [carrier, context, use, image] {
-                    carrier->deleteLater();
-                    if (context)
-                        use(image);
-                },
-                Qt::QueuedConnection);
-        },
-        ++newest);
+    static int newest = 0;
+    runElsewhere(pictureThread(), context, std::move(make), std::move(use), ++newest);
 }
 
 } // namespace quorvin

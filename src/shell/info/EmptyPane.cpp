@@ -15,7 +15,6 @@ namespace quorvin {
 namespace {
 
 constexpr int kPictureSide = 96;
-constexpr int kHintWidth = 420;
 
 QLabel *centredLabel()
 {
@@ -39,13 +38,13 @@ EmptyPane::EmptyPane(const QString &iconName, QWidget *parent)
     large.setPointSizeF(large.pointSizeF() * 1.3);
     _title->setFont(large);
     _hint->setForegroundRole(QPalette::PlaceholderText);
-    _hint->setMaximumWidth(kHintWidth);
     _hint->setTextInteractionFlags(Qt::TextSelectableByMouse);
     _column->setSpacing(12);
+    _column->setContentsMargins(32, 16, 32, 16);
     _column->addStretch();
     _column->addWidget(_picture);
     _column->addWidget(_title);
-    _column->addWidget(_hint, 0, Qt::AlignHCenter);
+    _column->addWidget(_hint);
     _column->addStretch();
     drawPicture();
 }
@@ -55,7 +54,6 @@ void EmptyPane::setTexts(const QString &title, const QString &hint)
     _title->setText(title);
     _hint->setText(hint);
     _hint->setVisible(!hint.isEmpty());
-    _hint->setMinimumWidth(std::min(kHintWidth, _hint->fontMetrics().horizontalAdvance(hint) + 8));
 }
 
 QPushButton *EmptyPane::addButton(const QString &text, ButtonPlace place)

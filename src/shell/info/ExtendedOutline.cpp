@@ -124,6 +124,12 @@ void ExtendedOutline::scrollRowToTheTop(const QModelIndex &row)
         verticalScrollBar()->setValue(verticalScrollBar()->value() - rowHeight(row));
 }
 
+const ExtTreeItem *ExtendedOutline::selectedItem() const
+{
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    return rows.size() == 1 ? _content.itemAt(rows.front()) : nullptr;
+}
+
 void ExtendedOutline::setWrapLongLines(bool wraps)
 {
     _delegate->wrapsLongLines = wraps;

@@ -30,6 +30,9 @@ public:
     void showGroup(const QString &key, quint64 streamIndex);
     void scrollRowToTheTop(const QModelIndex &row);
 
+    /// The item of the one selected row; null when there are none or several.
+    const ExtTreeItem *selectedItem() const;
+
     void setWrapLongLines(bool wraps);
     void setRightAlignsParameters(bool aligns);
     void setRowHeight(int height);

@@ -10,8 +10,10 @@
 #include "shell/info/OutlineDelegate.h"
 
 #include <QGridLayout>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QLabel>
+#include <QStyle>
 #include <QTreeView>
 
 #include <algorithm>
@@ -73,7 +75,9 @@ GeneralPane::Fact GeneralPane::addFact(QGridLayout *grid, int row, const QString
     const Fact fact{new QLabel(heading), new QLabel};
     fact.heading->setAlignment(Qt::AlignTrailing | Qt::AlignTop);
     fact.heading->setForegroundRole(QPalette::PlaceholderText);
-    fact.value->setAlignment(Qt::AlignLeading | Qt::AlignTop);
+    // Beside its heading, also where a value reads the other way.
+    fact.value->setAlignment(QStyle::visualAlignment(QGuiApplication::layoutDirection(), Qt::AlignLeading)
+                             | Qt::AlignAbsolute | Qt::AlignTop);
     fact.value->setWordWrap(true);
     fact.value->setTextFormat(Qt::PlainText);
     fact.value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);

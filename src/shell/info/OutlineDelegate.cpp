@@ -57,6 +57,8 @@ struct OutlineDelegate::Cell {
     qreal layOut(QTextLayout &layout, int width) const
     {
         QTextOption option(alignment);
+        // A value reads as its own script does, whatever the window's direction.
+        option.setTextDirection(Qt::LayoutDirectionAuto);
         option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
         QString shown = text;
         shown.replace(u'\n', wraps ? QChar(QChar::LineSeparator) : QChar(u' '));
@@ -145,7 +147,7 @@ void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     style->drawControl(QStyle::CE_ItemViewItem, &own, painter, own.widget);
 
     Cell cell = cellOf(option, index);
-    cell.alignment = QStyle::visualAlignment(option.direction, cell.alignment);
+    cell.alignment = QStyle::visualAlignment(option.direction, cell.alignment) | Qt::AlignAbsolute;
     const int lead = kLead + (cell.isTopGroup ? kGroupGap : 0);
     const QRect inner = option.rect.adjusted(kMargin, lead, -kMargin, -kLead);
     QTextLayout layout;

@@ -102,7 +102,10 @@ void CommandSet::validate(const CommandState &state)
 {
     for (const CommandRow &row : commandTable()) {
         QAction *const own = action(row.command);
-        own->setEnabled(!row.isEnabled || row.isEnabled(state));
+        const bool enabled = !row.isEnabled || row.isEnabled(state);
+        // First: what is hidden can't be enabled.
+        own->setVisible(enabled || !row.isHiddenWhileDisabled);
+        own->setEnabled(enabled);
         if (row.isChecked)
             own->setChecked(row.isChecked(state));
     }

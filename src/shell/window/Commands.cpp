@@ -27,6 +27,8 @@ constexpr auto hasRecord = [](S state) { return state.hasRecord; };
 constexpr auto canExportAll = [](S state) { return state.canExportAll; };
 constexpr auto canCopy = [](S state) { return state.canCopy; };
 constexpr auto hasTree = [](S state) { return state.hasRecord && state.currentTab == 1; };
+constexpr auto selectsAttribute = [](S state) { return state.selectsAttribute; };
+constexpr auto selectsDate = [](S state) { return state.selectsDate; };
 constexpr auto showsSidebar = [](S state) { return !state.sidebarIsCollapsed; };
 constexpr auto wrapsLongLines = [](S state) { return state.wrapLongLines; };
 constexpr auto isFullScreen = [](S state) { return state.isFullScreen; };
@@ -80,8 +82,14 @@ constexpr std::array kTable{
                hasTree, nullptr},
     CommandRow{Command::collapseAll, TEXT("Cl&ose All Groups"), nullptr, "Ctrl+Shift+Up", View, 2, TreeMenu,
                hasTree, nullptr},
+    CommandRow{Command::removeExtendedAttribute, TEXT("Remove from the File…"), nullptr, nullptr, Edit, 3,
+               TreeMenu, selectsAttribute, nullptr, true},
+    CommandRow{Command::touchDate, TEXT("Set the File's Date to This"), nullptr, nullptr, Edit, 3, TreeMenu,
+               selectsDate, nullptr, true},
     CommandRow{Command::toggleFullScreen, TEXT("&Full Screen"), "view-fullscreen", "F11", View, 3, Nowhere,
                nullptr, isFullScreen},
+    CommandRow{Command::openAcknowledgments, TEXT("A&cknowledgments"), nullptr, nullptr, Help, 0, Nowhere,
+               nullptr, nullptr},
     CommandRow{Command::openAboutPanel, TEXT("&About Quorvin"), "help-about", nullptr, Help, 0, Nowhere,
                nullptr, nullptr},
 };

@@ -34,7 +34,10 @@ enum class Command {
     clickWrapLongLines,
     expandAll,
     collapseAll,
+    removeExtendedAttribute,
+    touchDate,
     toggleFullScreen,
+    openAcknowledgments,
     openAboutPanel,
 };
 
@@ -48,6 +51,9 @@ struct CommandState {
     bool sidebarIsCollapsed = false;
     bool wrapLongLines = false;
     bool isFullScreen = false;
+    bool selectsAttribute
+        = false; ///< the one selected row of the Extended tree shows an attribute of the file
+    bool selectsDate = false; ///< it shows a date that the file's own can be set to
     int currentTab = 0;
 };
 
@@ -75,6 +81,7 @@ struct CommandRow {
     CommandPlaces places;
     bool (*isEnabled)(const CommandState &); ///< nullptr: always
     bool (*isChecked)(const CommandState &); ///< nullptr: it is no switch
+    bool isHiddenWhileDisabled = false; ///< for what only few rows offer
 };
 
 /// The one table of commands, in the order of the menus; menus, tool bar and keys are built from it. The row

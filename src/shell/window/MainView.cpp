@@ -6,6 +6,7 @@
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "shell/app/AppController.h"
+#include "shell/app/Elsewhere.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/window/SidebarSplitView.h"
@@ -77,7 +78,11 @@ MainView::MainView(AppController &application, WindowWorker &worker, QWidget *pa
 
 MainView::~MainView()
 {
+    // Whoever lets go last has the work of it.
     _worker.setDataCacher(nullptr);
+    _worker.setCurrentFile(nullptr);
+    _worker.startNewProcessingWithFiles({}, true);
+    _arranged.setFiles({});
     disposeElsewhere(std::move(_filelist));
 }
 
@@ -193,7 +198,7 @@ void MainView::showFileAtIndex(int index)
     if (!file) {
         _info->showNoFile();
         updateTotals();
-    } else if (file->isDone()) {
+    } else if (file->isFailed() || file->quorvinData()) {
         showCurrentRecord();
     } else {
         _info->clear();
@@ -237,6 +242,28 @@ std::vector<ExportEntry> MainView::arrayWithDataForExport() const
             entries.push_back({file->filename(), file->prefixedPath(), record});
     }
     return entries;
+}
+
+void MainView::changeCurrentFile(const std::function<std::optional<QString>(const QString &)> &change)
+{
+    const FilelistItemPtr file = _worker.currentFile();
+    if (!file)
+        return;
+    runElsewhere(
+        *QThreadPool::globalInstance(), this, [change, file] { return change(file->filename()); },
+        [this, file](const std::optional<QString> &problem) {
+            _status->setProblem(problem.value_or(QString()));
+            if (!problem && !_isWindowClosing)
+                reprocess(file);
+        });
+}
+
+void MainView::reprocess(const FilelistItemPtr &file)
+{
+    file->setIsDone(false);
+    file->releaseQuorvinData();
+    startDelayedWorkingAnimation(file);
+    _worker.dataCacher()->processFileFirstly(file);
 }
 
 bool MainView::canExport() const

@@ -12,6 +12,9 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <functional>
+#include <optional>
+
 namespace quorvin {
 
 class AppController;
@@ -57,6 +60,9 @@ public:
     void showFileAtIndex(int index);
     /// Reads the selected files again.
     void refreshInfo();
+    /// Changes the current file elsewhere and reads it again. `change` is told its path, and gives what went
+    /// wrong.
+    void changeCurrentFile(const std::function<std::optional<QString>(const QString &)> &change);
     /// Takes the selected files out of the list; nothing on the disk is touched.
     void removeSelectedItems();
     void copyGeneralInfo() const;
@@ -83,6 +89,7 @@ private:
     void startPool();
     void arrangedObjectsDidChange();
     void showCurrentRecord();
+    void reprocess(const FilelistItemPtr &file);
     void startDelayedWorkingAnimation(const FilelistItemPtr &file);
     void updateTotals();
 

@@ -3,11 +3,13 @@
 
 // What the commands of a window do.
 
+#include "filefacts/ExtendedAttributes.h"
 #include "platform/NativePath.h"
 #include "shell/app/AppController.h"
 #include "shell/app/FileManager.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/ExtendedOutline.h"
+#include "shell/info/FileKeys.h"
 #include "shell/info/InfoView.h"
 #include "shell/window/CommandSet.h"
 #include "shell/window/ExportController.h"
@@ -18,11 +20,22 @@
 #include <QAction>
 #include <QFileDialog>
 #include <QMenu>
+#include <QMessageBox>
+#include <QPushButton>
 
 #include <functional>
 #include <map>
 
 namespace quorvin {
+
+namespace {
+
+std::optional<QString> problemOf(const tl::expected<void, Error> &result)
+{
+    return result ? std::nullopt : std::optional(result.error().description);
+}
+
+} // namespace
 
 CommandState MainWindowController::commandState() const
 {
@@ -37,6 +50,12 @@ CommandState MainWindowController::commandState() const
     state.wrapLongLines = _application.settings().boolean(Setting::wrapLongLines);
     state.isFullScreen = isFullScreen();
     state.currentTab = info.currentTab();
+    const ExtTreeItem *row = state.hasRecord && state.currentTab == InfoView::Extended
+        ? _view->info().outline().selectedItem()
+        : nullptr;
+    const QString key = row ? row->key().value_or(QString()) : QString();
+    state.selectsAttribute = attributeOfKey(key).has_value();
+    state.selectsDate = isTouchDateKey(key);
     return state;
 }
 
@@ -77,7 +96,10 @@ void MainWindowController::run(Command command)
          }},
         {Command::expandAll, [&info] { info.outline().expandAllIn(); }},
         {Command::collapseAll, [&info] { info.outline().collapseAllIn(); }},
+        {Command::removeExtendedAttribute, [this] { removeExtendedAttribute(); }},
+        {Command::touchDate, [this] { touchDate(); }},
         {Command::toggleFullScreen, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); }},
+        {Command::openAcknowledgments, [this] { _application.openAcknowledgments(); }},
         {Command::openAboutPanel, [this] { _application.openAboutPanel(this); }},
     };
     if (_commands->action(command)->isEnabled())
@@ -125,6 +147,34 @@ void MainWindowController::revealInFinder()
 {
     if (const auto path = _worker.currentFilePath())
         revealInFileManager(*path);
+}
+
+void MainWindowController::removeExtendedAttribute()
+{
+    const ExtTreeItem *row = _view->info().outline().selectedItem();
+    const auto attribute = attributeOfKey(row->key().value_or(QString()));
+    auto *question
+        = new QMessageBox(QMessageBox::Warning, tr("Remove from the File"),
+                          tr("Remove “%1” from the file?").arg(row->name()), QMessageBox::Cancel, this);
+    question->setInformativeText(tr("It is taken from the file on the disk, and cannot be brought back."));
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setWindowModality(Qt::WindowModal);
+    const QPushButton *remove = question->addButton(tr("Remove"), QMessageBox::DestructiveRole);
+    question->setDefaultButton(QMessageBox::Cancel);
+    question->setEscapeButton(QMessageBox::Cancel);
+    connect(remove, &QPushButton::clicked, this, [this, attribute] {
+        _view->changeCurrentFile([attribute](const QString &path) {
+            return problemOf(Utilities::removeExtendedAtrribute(*attribute, path));
+        });
+    });
+    question->open();
+}
+
+void MainWindowController::touchDate()
+{
+    const QString date = _view->info().outline().selectedItem()->stringValue();
+    _view->changeCurrentFile(
+        [date](const QString &path) { return problemOf(Utilities::touchDate(date, path)); });
 }
 
 void MainWindowController::copy()

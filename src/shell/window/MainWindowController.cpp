@@ -19,11 +19,14 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScreen>
+#include <QShortcut>
 #include <QTimer>
 #include <QToolBar>
 
@@ -59,6 +62,12 @@ MainWindowController::MainWindowController(AppController &application)
     setUpToolBar();
     connectView();
     connectExport();
+    connect(new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this), &QShortcut::activated, this, [] {
+        if (QWidget *focus = QApplication::focusWidget()) {
+            QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), focus->mapToGlobal(QPoint()));
+            QApplication::sendEvent(focus, &event);
+        }
+    });
     setMinimumHeight(kMinimumHeight);
     restoreFrame();
     const Settings &settings = _application.settings();
@@ -140,7 +149,7 @@ void MainWindowController::connectExport()
 
 void MainWindowController::restoreFrame()
 {
-    resize(kFirstSize);
+    resize(kFirstSize.boundedTo(screen()->availableSize()));
     const QByteArray frame
         = QByteArray::fromBase64(_application.settings().string(Setting::mainWindowFrame).toLatin1());
     if (!frame.isEmpty())

@@ -71,6 +71,8 @@ private:
     void openDirectory();
     void toggleSidebar();
     void revealInFinder();
+    void removeExtendedAttribute();
+    void touchDate();
     void copy();
     void showMenu(CommandPlace place, const QPoint &globalPosition);
 

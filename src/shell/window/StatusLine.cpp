@@ -23,6 +23,7 @@ constexpr int kBarWidth = 160;
 StatusLine::StatusLine(QWidget *parent)
     : QWidget(parent),
       _total(new QLabel),
+      _problem(new QLabel),
       _walk(new WorkNote(tr("Stop looking for files; the list stays as it is"))),
       _exporting(new WorkNote(tr("Stop the export; no half document stays"))),
       _bgProgress(new QProgressBar),
@@ -36,12 +37,14 @@ StatusLine::StatusLine(QWidget *parent)
     line->setContentsMargins(10, 4, 10, 4);
     line->setSpacing(8);
     line->addWidget(_total);
+    line->addWidget(_problem);
     line->addStretch();
     line->addWidget(_exporting);
     line->addWidget(_walk);
     line->addWidget(_bgProgress);
     line->addWidget(_count);
     setFixedHeight(std::max(fontMetrics().height() + 10, _walk->sizeHint().height() + 4));
+    setProblem({});
     _bgProgress->hide();
     _count->hide();
 }
@@ -50,6 +53,12 @@ void StatusLine::setTotal(const QString &text)
 {
     _total->setText(text);
     _total->setVisible(!text.isEmpty());
+}
+
+void StatusLine::setProblem(const QString &text)
+{
+    _problem->setText(text);
+    _problem->setVisible(!text.isEmpty());
 }
 
 void StatusLine::setProgress(const WindowWorker &worker)

@@ -24,11 +24,15 @@ public:
     void setTotal(const QString &text);
     void setProgress(const WindowWorker &worker);
 
+    /// What went wrong with the last thing that was asked for; "" when nothing did.
+    void setProblem(const QString &text);
+
     WorkNote &walk() { return *_walk; }
     WorkNote &exporting() { return *_exporting; }
 
 private:
     QLabel *_total;
+    QLabel *_problem;
     WorkNote *_walk;
     WorkNote *_exporting;
     QProgressBar *_bgProgress;

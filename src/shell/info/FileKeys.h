@@ -1,0 +1,18 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+namespace quorvin {
+
+/// The extended attribute that the row of that key in the Extended tree shows; absent when it shows none.
+std::optional<QString> attributeOfKey(const QString &key);
+
+/// The row shows a date that the file's own can be set to.
+bool isTouchDateKey(const QString &key);
+
+} // namespace quorvin
