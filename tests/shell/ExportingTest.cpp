@@ -39,7 +39,8 @@ ExportRun::Task task(const QString &path, bool toFolder, std::size_t count = 2)
 QStringList outcome(ExportRun &run, ExportRun::Task task)
 {
     QStringList failures{u"no end"_s};
-    QObject::connect(&run, &ExportRun::ended, &run, [&](const QStringList &told) { failures = told; });
+    const QObject context;
+    QObject::connect(&run, &ExportRun::ended, &context, [&](const QStringList &told) { failures = told; });
     run.start(std::move(task));
     QElapsedTimer patience;
     patience.start();
