@@ -226,7 +226,7 @@ void ExtendedOutline::mousePressEvent(QMouseEvent *event)
 void ExtendedOutline::keyPressEvent(QKeyEvent *event)
 {
     // The commands have these keys, and validate them.
-    if (event == QKeySequence::Copy || event == QKeySequence::SelectAll)
+    if (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::SelectAll))
         return event->ignore();
     QTreeView::keyPressEvent(event);
 }
