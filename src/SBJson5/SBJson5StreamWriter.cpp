@@ -307,7 +307,7 @@ void SBJson5StreamWriter::appendSeparator(bool andWhitespace)
 
 QByteArrayView SBJson5StreamWriter::lineStart()
 {
-    const auto length = static_cast<qsizetype>(2 + 2 * _stateStack.size());
+    const qsizetype length = 2 + 2 * static_cast<qsizetype>(_stateStack.size());
     if (_lineStart.size() < length)
         _lineStart.resize(length, ' ');
     return QByteArrayView(_lineStart).first(length);

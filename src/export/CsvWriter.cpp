@@ -4,6 +4,7 @@
 #include "export/CsvWriter.h"
 
 #include "export/Csv.h"
+#include "model/Utf8.h"
 
 #include <cctype>
 
@@ -51,7 +52,7 @@ void CsvWriter::putField(QByteArrayView field)
     const bool isPlain
         = !field.isEmpty() && std::isalnum(static_cast<unsigned char>(field.front())) && !field.contains('"');
     if (!isPlain)
-        return out().putText(Utilities::csvEscapeAndQuote(QString::fromUtf8(field)));
+        return out().putText(Utilities::csvEscapeAndQuote(textOfUtf8(field)));
     out().put("\"");
     out().put(field);
     out().put("\"");

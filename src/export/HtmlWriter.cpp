@@ -4,6 +4,7 @@
 #include "export/HtmlWriter.h"
 
 #include "export/HtmlText.h"
+#include "model/Utf8.h"
 
 namespace quorvin {
 
@@ -43,7 +44,7 @@ void HtmlWriter::putParameter(const Term &term, QByteArrayView value)
               "<td style='white-space:nowrap; font-style:italic; padding-right:18px;'>");
     out().putText(stringByEncodingHTMLEntities(term.label, true));
     out().put(": </td><td>");
-    out().putText(stringWithNewLinesAsBRs(stringByEncodingHTMLEntities(QString::fromUtf8(value), true)));
+    out().putText(stringWithNewLinesAsBRs(stringByEncodingHTMLEntities(textOfUtf8(value), true)));
     out().put("</td></tr>\n");
 }
 

@@ -4,6 +4,7 @@
 #include "export/XmlWriter.h"
 
 #include "export/HtmlText.h"
+#include "model/Utf8.h"
 
 namespace quorvin {
 
@@ -41,7 +42,7 @@ void XmlWriter::putItem(const ExportRow &row)
     out().put("\" name=\"");
     out().putText(stringByEncodingHTMLEntities(row.term->label, true));
     out().put("\">");
-    out().putText(stringByEncodingHTMLEntities(QString::fromUtf8(row.value), true));
+    out().putText(stringByEncodingHTMLEntities(textOfUtf8(row.value), true));
     out().put("</item>\n");
 }
 

@@ -43,7 +43,7 @@ void ParameterGroups::addUtf8(TermPtr term, QByteArrayView value, ParameterFlags
     if (value.isValidUtf8())
         append(std::move(term), value, flags, subgroup);
     else
-        add(std::move(term), QString::fromUtf8(value), flags, subgroup);
+        add(std::move(term), textOfUtf8(value), flags, subgroup);
 }
 
 void ParameterGroups::append(TermPtr term, QByteArrayView value, ParameterFlags flags, quint16 subgroup)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/Utf8.h"
 #include "model/Vocabulary.h"
 
 #include <QByteArray>
@@ -81,7 +82,7 @@ public:
     std::span<const Parameter> parameters(const Stream &stream) const;
     /// Those of the Extended tree in the order in which it shows them: subgroup by subgroup.
     std::vector<const Parameter *> shownParameters(const Stream &stream) const;
-    QString value(const Parameter &parameter) const { return QString::fromUtf8(utf8Value(parameter)); }
+    QString value(const Parameter &parameter) const { return textOfUtf8(utf8Value(parameter)); }
     /// Valid UTF-8. The view lasts as long as this object.
     QByteArrayView utf8Value(const Parameter &parameter) const;
 

@@ -70,7 +70,7 @@ struct Window : testing::Test {
     {
         QStringList texts;
         for (const QLabel *label : view->statusLine().findChildren<QLabel *>()) {
-            if (!label->isHidden())
+            if (label->isVisibleTo(&view->statusLine()))
                 texts.append(label->text());
         }
         return texts.join(u'|');

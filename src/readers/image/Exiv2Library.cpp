@@ -21,6 +21,17 @@ constexpr char kFaceNamespace[] = "http://ns.apple.com/faceinfo/1.0/";
 /// not compile on their own.
 constexpr std::array kVideoTypes{20, 21, 22, 24};
 
+/// Read by `setUp`, and by everybody later.
+const Exiv2::Dictionary &builtInPrefixes()
+{
+    static const Exiv2::Dictionary prefixes = [] {
+        Exiv2::Dictionary known;
+        Exiv2::XmpProperties::registeredNamespaces(known);
+        return known;
+    }();
+    return prefixes;
+}
+
 void logMessage(int, const char *message)
 {
     qCDebug(lcLibraries).noquote() << "exiv2:" << QString::fromUtf8(message).trimmed();
@@ -33,12 +44,23 @@ bool isImageType(int type)
 
 } // namespace
 
+bool isBuiltInPrefix(const std::string &prefix)
+{
+    // Its own table knows some that its toolkit does not; those that files bring have no properties.
+    try {
+        return builtInPrefixes().contains(prefix) || Exiv2::XmpProperties::propertyList(prefix);
+    } catch (const Exiv2::Error &) {
+        return false;
+    }
+}
+
 void setUp()
 {
     Exiv2::LogMsg::setHandler(logMessage);
     Exiv2::XmpParser::initialize();
     Exiv2::XmpProperties::registerNs(kFaceNamespace, "apple-fi");
     Exiv2::enableBMFF(true);
+    builtInPrefixes();
 }
 
 std::unique_ptr<Exiv2::Image> openImage(const QString &path)

@@ -20,6 +20,9 @@ namespace quorvin::exiv2 {
 /// threads, and lets it open ISO base media files. Once in a process, before any thread.
 void setUp();
 
+/// Whether the library knew this XMP prefix when it was set up.
+bool isBuiltInPrefix(const std::string &prefix);
+
 /// Opens a file and leaves its metadata unread. Null for what the library does not know, and for the videos
 /// that it would read: its readers of videos loop, abort and free twice on damaged files. Throws what the
 /// library throws.

@@ -5,6 +5,7 @@
 
 #include "model/Log.h"
 #include "readers/image/Exiv2Library.h"
+#include "readers/image/XmpPrefixes.h"
 
 namespace quorvin {
 
@@ -17,15 +18,29 @@ TermPtr termOf(const std::string &key, const std::string &label)
     return keyText && labelText && !labelText->isEmpty() ? internTerm(*keyText, *labelText) : nullptr;
 }
 
-void addProperty(const Exiv2::Xmpdatum &datum, TagList &tags)
+/// The library refuses to name a member of a namespace that it does not know.
+std::string labelOf(const Exiv2::Xmpdatum &datum, const XmpPrefixes &prefixes)
 {
-    const std::string key = datum.key();
+    const std::string path = datum.tagName();
+    switch (prefixes.innermost(path)) {
+    case XmpPrefixes::Innermost::Unknown:
+        throw Exiv2::Error(Exiv2::kerNoNamespaceInfoForXmpPrefix, path);
+    case XmpPrefixes::Innermost::OfTheFile:
+        return prefixes.ownPath(path);
+    case XmpPrefixes::Innermost::OfTheLibrary:
+        break;
+    }
+    return prefixes.ownPath(datum.tagLabel());
+}
+
+void addProperty(const Exiv2::Xmpdatum &datum, const XmpPrefixes &prefixes, TagList &tags)
+{
+    const std::string group = prefixes.own(datum.groupName());
+    const std::string key = "Xmp." + group + '.' + prefixes.ownPath(datum.tagName());
     try {
         std::string value = datum.print();
-        const TermPtr term = termOf(key, datum.tagLabel());
-        if (term)
-            tags.append(
-                {term, exiv2::isValidText(value) ? std::move(value) : std::string(), datum.groupName()});
+        if (const TermPtr term = termOf(key, labelOf(datum, prefixes)))
+            tags.append({term, exiv2::isValidText(value) ? std::move(value) : std::string(), group});
     } catch (const Exiv2::Error &error) {
         qCInfo(lcQuorvin).noquote() << "xmp failed" << QString::fromStdString(key) + u':' << error.what();
     }
@@ -54,8 +69,9 @@ void prepareXmp(const Exiv2::Image &image, ImageMetadata &result)
         return;
     result.xmp = {};
     try {
+        const XmpPrefixes prefixes(image);
         for (const Exiv2::Xmpdatum &datum : image.xmpData())
-            addProperty(datum, result.xmp);
+            addProperty(datum, prefixes, result.xmp);
     } catch (const Exiv2::Error &error) {
         qCInfo(lcQuorvin).noquote() << "exiv2 exception in XMP:" << error.what();
     } catch (const std::exception &error) {

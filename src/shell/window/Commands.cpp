@@ -24,6 +24,7 @@ bool isTab(S state)
 constexpr auto hasFiles = [](S state) { return state.hasFiles; };
 constexpr auto hasCurrentFile = [](S state) { return state.hasCurrentFile; };
 constexpr auto hasRecord = [](S state) { return state.hasRecord; };
+constexpr auto canExportAll = [](S state) { return state.canExportAll; };
 constexpr auto canCopy = [](S state) { return state.canCopy; };
 constexpr auto hasTree = [](S state) { return state.hasRecord && state.currentTab == 1; };
 constexpr auto selectsAttribute = [](S state) { return state.selectsAttribute; };
@@ -49,6 +50,8 @@ constexpr std::array kTable{
                hasCurrentFile, nullptr},
     CommandRow{Command::revealInFinder, TEXT("&Show in Folder"), nullptr, "Ctrl+Alt+O", File, 2, FileMenu,
                hasCurrentFile, nullptr},
+    CommandRow{Command::menuExportNew, TEXT("&Export…"), "document-export", "Ctrl+E", File, 2, ToolBar,
+               canExportAll, nullptr},
     CommandRow{Command::closeWindow, TEXT("&Close Window"), "window-close", "Ctrl+W", File, 3, Nowhere,
                nullptr, nullptr},
     CommandRow{Command::quit, TEXT("&Quit"), "application-exit", "Ctrl+Q", File, 3, Nowhere, nullptr,

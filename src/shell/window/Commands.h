@@ -18,6 +18,7 @@ enum class Command {
     openFileInNewWindow,
     refreshInfo,
     revealInFinder,
+    menuExportNew,
     closeWindow,
     quit,
     copy,
@@ -45,6 +46,7 @@ struct CommandState {
     bool hasFiles = false;
     bool hasCurrentFile = false;
     bool hasRecord = false; ///< of the current file
+    bool canExportAll = false; ///< all files are done, and no export is under way
     bool canCopy = false; ///< what has the keyboard has something to copy
     bool sidebarIsCollapsed = false;
     bool wrapLongLines = false;

@@ -11,6 +11,7 @@
 #include "shell/info/InfoView.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
+#include "shell/window/WorkNote.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -66,10 +67,12 @@ MainView::MainView(AppController &application, WindowWorker &worker, QWidget *pa
     });
     connect(_info, &InfoView::retryWanted, this, &MainView::refreshInfo);
     connect(_info, &InfoView::selectionDidChange, this, &MainView::stateDidChange);
-    connect(&_walks, &FolderWalks::started, _status, &StatusLine::startWalk);
-    connect(&_walks, &FolderWalks::progressed, _status, &StatusLine::setWalkCount);
-    connect(&_walks, &FolderWalks::ended, _status, &StatusLine::endWalk);
-    connect(_status, &StatusLine::walkCancelled, &_walks, &FolderWalks::cancel);
+    WorkNote &walk = _status->walk();
+    connect(&_walks, &FolderWalks::started, &walk, &WorkNote::start);
+    connect(&_walks, &FolderWalks::progressed, &walk,
+            [&walk](int found) { walk.setText(tr("Looking for files: %n found", nullptr, found)); });
+    connect(&_walks, &FolderWalks::ended, &walk, &WorkNote::end);
+    connect(&walk, &WorkNote::cancelled, &_walks, &FolderWalks::cancel);
     connect(&_walks, &FolderWalks::found, this, &MainView::takeFiles);
 }
 
@@ -229,6 +232,16 @@ void MainView::updateTotals()
     _status->setTotal(_totals.text(_worker, _filelist, _arranged.files()));
     _status->setProgress(_worker);
     Q_EMIT stateDidChange();
+}
+
+std::vector<ExportEntry> MainView::arrayWithDataForExport() const
+{
+    std::vector<ExportEntry> entries;
+    for (const FilelistItemPtr &file : _arranged.files()) {
+        if (const QuorvinDataPtr record = file->quorvinData())
+            entries.push_back({file->filename(), file->prefixedPath(), record});
+    }
+    return entries;
 }
 
 void MainView::changeCurrentFile(const std::function<std::optional<QString>(const QString &)> &change)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "export/ExportEntry.h"
 #include "intake/FilelistTotals.h"
 #include "intake/WindowWorker.h"
 #include "shell/filelist/FilelistModel.h"
@@ -48,6 +49,8 @@ public:
     StatusLine &statusLine() { return *_status; }
     bool isWalking() const { return _walks.isUnderWay(); }
 
+    /// An entry for each file of the list that has a record, in the order of the list.
+    std::vector<ExportEntry> arrayWithDataForExport() const;
     /// The current file has a record.
     bool canExport() const;
     /// All files are done, and there are some.

@@ -12,6 +12,7 @@
 #include "shell/info/FileKeys.h"
 #include "shell/info/InfoView.h"
 #include "shell/window/CommandSet.h"
+#include "shell/window/ExportController.h"
 #include "shell/window/MainView.h"
 #include "shell/window/MainWindowController.h"
 #include "shell/window/SidebarSplitView.h"
@@ -43,6 +44,7 @@ CommandState MainWindowController::commandState() const
     state.hasFiles = _view->arranged().rowCount() > 0;
     state.hasCurrentFile = _worker.currentFile() != nullptr;
     state.hasRecord = _view->canExport();
+    state.canExportAll = _view->canExportAll() && !_export->run().isUnderWay();
     state.canCopy = info.canCopy() || (_view->table().hasFocus() && state.hasFiles);
     state.sidebarIsCollapsed = _view->sidebar().isCollapsed();
     state.wrapLongLines = _application.settings().boolean(Setting::wrapLongLines);
@@ -74,6 +76,7 @@ void MainWindowController::run(Command command)
         {Command::openFileInNewWindow, [this] { _application.openFileInNewWindow(); }},
         {Command::refreshInfo, [this] { _view->refreshInfo(); }},
         {Command::revealInFinder, [this] { revealInFinder(); }},
+        {Command::menuExportNew, [this] { _export->menuExportNew(_view->arrayWithDataForExport()); }},
         {Command::closeWindow, [this] { close(); }},
         {Command::quit, [this] { _application.quit(); }},
         {Command::copy, [this] { copy(); }},

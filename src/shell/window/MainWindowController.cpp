@@ -9,9 +9,12 @@
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/window/CommandSet.h"
+#include "shell/window/ExportController.h"
 #include "shell/window/MainView.h"
 #include "shell/window/SidebarSplitView.h"
+#include "shell/window/StatusLine.h"
 #include "shell/window/TabSelector.h"
+#include "shell/window/WorkNote.h"
 
 #include <QAction>
 #include <QApplication>
@@ -49,7 +52,8 @@ QWidget *expandingSpace()
 MainWindowController::MainWindowController(AppController &application)
     : _application(application),
       _view(new MainView(application, _worker)),
-      _commands(new CommandSet(this, &_view->table()))
+      _commands(new CommandSet(this, &_view->table())),
+      _export(new ExportController(application.settings(), this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptDrops(true);
@@ -57,6 +61,7 @@ MainWindowController::MainWindowController(AppController &application)
     setUpMenus();
     setUpToolBar();
     connectView();
+    connectExport();
     connect(new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this), &QShortcut::activated, this, [] {
         if (QWidget *focus = QApplication::focusWidget()) {
             QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), focus->mapToGlobal(QPoint()));
@@ -126,6 +131,20 @@ void MainWindowController::connectView()
             [this](const QPoint &where) { showMenu(CommandPlace::TreeMenu, where); });
     connect(&_view->table(), &FilelistTable::menuWanted, this,
             [this](const QPoint &where) { showMenu(CommandPlace::FileMenu, where); });
+}
+
+void MainWindowController::connectExport()
+{
+    ExportRun &run = _export->run();
+    WorkNote &note = _view->statusLine().exporting();
+    connect(&run, &ExportRun::started, &note, &WorkNote::start);
+    connect(&run, &ExportRun::progressed, &note,
+            [&note, &run](int done) { note.setText(tr("Exporting: %1 of %2").arg(done).arg(run.count())); });
+    connect(&run, &ExportRun::ended, &note, &WorkNote::end);
+    connect(&note, &WorkNote::cancelled, &run, &ExportRun::cancel);
+    connect(&note, &WorkNote::cancelled, &note, &WorkNote::end);
+    for (const auto signal : {&WorkNote::started, &WorkNote::ended})
+        connect(&note, signal, this, &MainWindowController::validateCommands);
 }
 
 void MainWindowController::restoreFrame()
@@ -253,6 +272,7 @@ void MainWindowController::windowWillClose()
     settings.set(Setting::sidebarIsHidden, !_openSidebar);
     settings.set(Setting::mainWindowFrame, QString::fromLatin1(saveGeometry().toBase64()));
     disconnect(qApp, nullptr, this, nullptr);
+    _export->run().cancel();
     _view->setWindowIsClosing();
     _application.windowClosed(this);
 }

@@ -17,6 +17,7 @@ namespace quorvin {
 
 class AppController;
 class CommandSet;
+class ExportController;
 class MainView;
 
 /// One window: its tabs, tool bar, drop target, commands, title and closing. Main thread.
@@ -34,6 +35,7 @@ public:
     MainView &myView() { return *_view; }
     const WindowWorker &worker() const { return _worker; }
     CommandSet &commands() { return *_commands; }
+    ExportController &exporting() { return *_export; }
     /// It has never been given files, or is empty again.
     bool isUntouched() const;
 
@@ -57,6 +59,7 @@ private:
     void setUpMenus();
     void setUpToolBar();
     void connectView();
+    void connectExport();
     void restoreFrame();
     void fillRecentMenu(QMenu *menu);
     void validateCommands();
@@ -77,6 +80,7 @@ private:
     WindowWorker _worker;
     MainView *_view;
     CommandSet *_commands;
+    ExportController *_export;
     bool _openSidebar = true; ///< wanted on all tabs but Comparison
     bool _openSidebarForComparison = false;
     bool _wasShown = false;

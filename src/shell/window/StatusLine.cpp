@@ -4,11 +4,11 @@
 #include "shell/window/StatusLine.h"
 
 #include "intake/FilelistTotals.h"
+#include "shell/window/WorkNote.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
-#include <QToolButton>
 
 #include <limits>
 
@@ -16,7 +16,6 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kDelayMilliseconds = 400; ///< short work never flashes
 constexpr int kBarWidth = 160;
 
 } // namespace
@@ -25,14 +24,12 @@ StatusLine::StatusLine(QWidget *parent)
     : QWidget(parent),
       _total(new QLabel),
       _problem(new QLabel),
-      _walk(new QLabel),
-      _cancel(new QToolButton),
+      _walk(new WorkNote(tr("Stop looking for files; the list stays as it is"))),
+      _exporting(new WorkNote(tr("Stop the export; no half document stays"))),
       _bgProgress(new QProgressBar),
       _count(new QLabel)
 {
     _total->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    _cancel->setText(tr("Cancel"));
-    _cancel->setToolTip(tr("Stop looking for files; the list stays as it is"));
     _bgProgress->setTextVisible(false);
     _bgProgress->setFixedSize(kBarWidth, 10);
     _bgProgress->setAccessibleName(tr("Analysed files"));
@@ -42,19 +39,14 @@ StatusLine::StatusLine(QWidget *parent)
     line->addWidget(_total);
     line->addWidget(_problem);
     line->addStretch();
+    line->addWidget(_exporting);
     line->addWidget(_walk);
-    line->addWidget(_cancel);
     line->addWidget(_bgProgress);
     line->addWidget(_count);
-    setFixedHeight(std::max(fontMetrics().height() + 10, _cancel->sizeHint().height() + 4));
-    showWalk(false);
+    setFixedHeight(std::max(fontMetrics().height() + 10, _walk->sizeHint().height() + 4));
     setProblem({});
     _bgProgress->hide();
     _count->hide();
-    _walkDelay.setSingleShot(true);
-    _walkDelay.setInterval(kDelayMilliseconds);
-    connect(&_walkDelay, &QTimer::timeout, this, [this] { showWalk(true); });
-    connect(_cancel, &QToolButton::clicked, this, &StatusLine::walkCancelled);
 }
 
 void StatusLine::setTotal(const QString &text)
@@ -80,29 +72,6 @@ void StatusLine::setProgress(const WindowWorker &worker)
         _bgProgress->setVisible(!worker.processingIsDone());
         _count->setVisible(!worker.processingIsDone());
     }
-}
-
-void StatusLine::startWalk()
-{
-    setWalkCount(0);
-    _walkDelay.start();
-}
-
-void StatusLine::setWalkCount(int found)
-{
-    _walk->setText(tr("Looking for files: %n found", nullptr, found));
-}
-
-void StatusLine::endWalk()
-{
-    _walkDelay.stop();
-    showWalk(false);
-}
-
-void StatusLine::showWalk(bool shows)
-{
-    _walk->setVisible(shows);
-    _cancel->setVisible(shows);
 }
 
 } // namespace quorvin

@@ -3,18 +3,18 @@
 
 #pragma once
 
-#include <QTimer>
 #include <QWidget>
 
 class QLabel;
 class QProgressBar;
-class QToolButton;
 
 namespace quorvin {
 
 class WindowWorker;
+class WorkNote;
 
-/// The line under the window: count and duration, how far the analysis is, and a walk that is under way.
+/// The line under the window: count and duration, how far the analysis is, and a walk or an export that is
+/// under way.
 class StatusLine : public QWidget {
     Q_OBJECT
 public:
@@ -27,24 +27,16 @@ public:
     /// What went wrong with the last thing that was asked for; "" when nothing did.
     void setProblem(const QString &text);
 
-    /// Shows the walk, once it has gone on for a moment.
-    void startWalk();
-    void setWalkCount(int found);
-    void endWalk();
-
-Q_SIGNALS:
-    void walkCancelled();
+    WorkNote &walk() { return *_walk; }
+    WorkNote &exporting() { return *_exporting; }
 
 private:
-    void showWalk(bool shows);
-
     QLabel *_total;
     QLabel *_problem;
-    QLabel *_walk;
-    QToolButton *_cancel;
+    WorkNote *_walk;
+    WorkNote *_exporting;
     QProgressBar *_bgProgress;
     QLabel *_count;
-    QTimer _walkDelay;
 };
 
 } // namespace quorvin

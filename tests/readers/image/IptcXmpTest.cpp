@@ -3,6 +3,7 @@
 
 #include "readers/image/ImageExtended.h"
 #include "readers/image/IptcXmpExtraction.h"
+#include "readers/image/oEXIV2.h"
 #include "support/Pictures.h"
 #include "support/TestFolder.h"
 
@@ -11,6 +12,7 @@
 namespace quorvin {
 
 using test::imageWith;
+using test::TestFolder;
 
 TEST(Iptc, RepeatedDatasetsAreOneLine)
 {
@@ -47,6 +49,25 @@ TEST(Xmp, EmptyValueIsKeptAndMembersOfTheFlashReadAsWords)
     const QStringList xmpRows = shown.filter(QStringLiteral("XMP"));
     EXPECT_EQ(xmpRows.join(u'\n'),
               QStringLiteral("XMP|Source|\nXMP|Flash Fired|True\nCamera Raw Settings (XMP)|NativeDigest|2"));
+}
+
+TEST(Xmp, FileKeepsItsOwnPrefixWhateverWasReadBefore)
+{
+    const auto keys = [](const QByteArray &prefix) {
+        QByteArray packet = R"(<x:xmpmeta xmlns:x="adobe:ns:meta/"><rdf:RDF
+          xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description rdf:about=""
+          xmlns:P="http://example.org/prefixes/" P:a="1"><P:b rdf:parseType="Resource"><P:c>2</P:c></P:b>
+          </rdf:Description></rdf:RDF></x:xmpmeta>)";
+        packet.replace("P:", prefix + ':').replace(":P=", ':' + prefix + '=');
+        const TestFolder folder;
+        const auto image = oEXIV2::initWithFilename(folder.write(QStringLiteral("a.xmp"), packet));
+        QStringList found;
+        for (std::size_t i = 0; image && i < image->data().xmp.count(); ++i)
+            found.append(image->data().xmp[i].term->key);
+        return found.join(u' ');
+    };
+    EXPECT_EQ(keys("Own"), QStringLiteral("Xmp.Own.a Xmp.Own.b Xmp.Own.b/Own:c"));
+    EXPECT_EQ(keys("Other"), QStringLiteral("Xmp.Other.a Xmp.Other.b Xmp.Other.b/Other:c"));
 }
 
 TEST(Xmp, PrefixOfNoNamespaceCostsItsPropertyAlone)

@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "platform/Settings.h"
+
+#include <QDialog>
+
+class QCheckBox;
+class QComboBox;
+class QRadioButton;
+
+namespace quorvin {
+
+/// Asks how to export: format, one document or one for each file, and with or without private facts. Starts
+/// from the settings of the last export and keeps what was chosen there. Main thread.
+class ExportSheet : public QDialog {
+    Q_OBJECT
+public:
+    /// `settings` must outlive the sheet. With one file there is one document whatever is chosen.
+    ExportSheet(Settings &settings, std::size_t fileCount, QWidget *parent);
+
+    QString format() const;
+    bool compound() const;
+    bool skipFilePrivate() const;
+
+    void accept() override;
+
+private:
+    Settings &_settings;
+    QComboBox *_format;
+    QRadioButton *_compound;
+    QRadioButton *_separate;
+    QCheckBox *_skipFilePrivate;
+};
+
+} // namespace quorvin
