@@ -33,7 +33,7 @@ QString FilelistTotals::text(WindowWorker &worker, const std::vector<FilelistIte
 {
     if (filelist.empty())
         return {};
-    const QString count = arranged.size() == filelist.size()
+    QString count = arranged.size() == filelist.size()
         ? tr("%1 files").arg(arranged.size())
         : tr("%1 files (of %2 total)").arg(arranged.size()).arg(filelist.size());
     if (!worker.processingIsDone())

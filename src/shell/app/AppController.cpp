@@ -103,7 +103,7 @@ void AppController::processTemporaryFilesInNewWindow(const QStringList &paths, c
     doWorkInNewWindow(paths);
 }
 
-void AppController::openFileInNewWindow()
+void AppController::openFileInNewWindow() const
 {
     auto *dialog = new QFileDialog(nullptr, tr("Open in New Window"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);

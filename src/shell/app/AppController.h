@@ -35,7 +35,7 @@ public:
     /// Oldest first.
     const std::vector<MainWindowController *> &windows() const { return _windows; }
     MainWindowController *openEmptyWindow();
-    void openFileInNewWindow();
+    void openFileInNewWindow() const;
     /// A window that closes tells so: its tab is that of the next one.
     void windowClosed(MainWindowController *window);
 

@@ -39,11 +39,11 @@ public:
     /// answer, for a start of the program that has nothing else to do.
     static bool handOver(const QDBusConnection &bus, const QStringList &paths, bool newWindow);
 
-public Q_SLOTS:
-    void Activate(const QVariantMap &platformData);
-    void Open(const QStringList &uris, const QVariantMap &platformData);
+    Q_SLOT void Activate(const QVariantMap &platformData);
+    Q_SLOT void Open(const QStringList &uris, const QVariantMap &platformData);
     /// "new-window" is the one action; its parameters are addresses of files.
-    void ActivateAction(const QString &name, const QVariantList &parameters, const QVariantMap &platformData);
+    Q_SLOT void ActivateAction(const QString &name, const QVariantList &parameters,
+                               const QVariantMap &platformData);
 
 private:
     OpenRequests &_requests;

@@ -28,10 +28,8 @@ public:
 
     static bool isDark(const QPalette &palette);
 
-private Q_SLOTS:
-    void portalSettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
-
 private:
+    Q_SLOT void portalSettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
     void askPortal();
     void apply();
 

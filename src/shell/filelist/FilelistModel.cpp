@@ -76,6 +76,7 @@ std::vector<FilelistItemPtr> FilelistModel::removeFiles(std::vector<int> rows)
 {
     std::ranges::sort(rows);
     std::vector<FilelistItemPtr> removed;
+    removed.reserve(rows.size());
     for (const int row : rows)
         removed.push_back(fileAt(row));
     // From the end, a run of neighbours at a time, so that the rows before stay what they are.

@@ -26,9 +26,9 @@ QLabel *centredLabel()
 
 } // namespace
 
-EmptyPane::EmptyPane(const QString &iconName, QWidget *parent)
+EmptyPane::EmptyPane(QString iconName, QWidget *parent)
     : QWidget(parent),
-      _iconName(iconName),
+      _iconName(std::move(iconName)),
       _picture(centredLabel()),
       _title(centredLabel()),
       _hint(centredLabel()),

@@ -15,7 +15,7 @@ namespace quorvin {
 class EmptyPane : public QWidget {
     Q_OBJECT
 public:
-    explicit EmptyPane(const QString &iconName, QWidget *parent = nullptr);
+    explicit EmptyPane(QString iconName, QWidget *parent = nullptr);
 
     void setTexts(const QString &title, const QString &hint);
     enum ButtonPlace { OverHint, UnderHint };

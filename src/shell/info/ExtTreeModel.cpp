@@ -40,7 +40,7 @@ QModelIndex ExtTreeModel::index(int row, int column, const QModelIndex &parent) 
     if (row < 0 || row >= rowCount(parent) || column < 0 || column >= ColumnCount)
         return {};
     const int first = parent.isValid() ? nodeOf(parent).firstChild : 0;
-    return createIndex(row, column, static_cast<quintptr>(first + row));
+    return createIndex(row, column, static_cast<quintptr>(first) + static_cast<quintptr>(row));
 }
 
 QModelIndex ExtTreeModel::parent(const QModelIndex &child) const

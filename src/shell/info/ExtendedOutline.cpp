@@ -226,22 +226,19 @@ void ExtendedOutline::mousePressEvent(QMouseEvent *event)
 void ExtendedOutline::keyPressEvent(QKeyEvent *event)
 {
     // The commands have these keys, and validate them.
-    if (event == QKeySequence::Copy || event == QKeySequence::SelectAll)
+    if (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::SelectAll))
         return event->ignore();
     QTreeView::keyPressEvent(event);
 }
 
 void ExtendedOutline::contextMenuEvent(QContextMenuEvent *event)
 {
-    QPoint where = event->globalPos();
-    if (event->reason() == QContextMenuEvent::Mouse) {
-        const QModelIndex clicked = indexAt(event->pos());
-        if (clicked.isValid() && !selectionModel()->isSelected(clicked))
-            setCurrentIndex(clicked);
-    } else if (currentIndex().isValid()) {
-        where = viewport()->mapToGlobal(visualRect(currentIndex()).center());
-    }
-    Q_EMIT menuWanted(where);
+    const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
+    const QModelIndex clicked = byMouse ? indexAt(event->pos()) : currentIndex();
+    if (clicked.isValid() && !selectionModel()->isSelected(clicked))
+        setCurrentIndex(clicked);
+    const bool besideRow = !byMouse && clicked.isValid();
+    Q_EMIT menuWanted(besideRow ? viewport()->mapToGlobal(visualRect(clicked).center()) : event->globalPos());
 }
 
 void ExtendedOutline::resizeEvent(QResizeEvent *event)

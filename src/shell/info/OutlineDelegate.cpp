@@ -18,6 +18,9 @@ namespace quorvin {
 
 namespace {
 
+/// A value can be a whole book. Laying it out would take its time, and nobody reads it here; copies are
+/// whole.
+constexpr qsizetype kMostCharacters = 4'000;
 constexpr int kMargin = 6; ///< beside a cell's text
 constexpr int kLead = 2; ///< above and below it
 
@@ -94,6 +97,8 @@ OutlineDelegate::Cell OutlineDelegate::cellOf(const QStyleOptionViewItem &option
     const bool isGroup = !item->value();
     Cell cell;
     cell.text = index.data().toString();
+    if (cell.text.size() > kMostCharacters)
+        cell.text = cell.text.left(kMostCharacters) + QChar(0x2026);
     cell.font = option.font;
     cell.font.setBold(isGroup);
     cell.wraps = wrapsLongLines;

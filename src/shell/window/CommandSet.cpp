@@ -98,7 +98,7 @@ void CommandSet::fillMenu(QMenu *menu, CommandPlace place) const
     append(menu, _actions, [&](const CommandRow &row) { return row.places.testFlag(place); });
 }
 
-void CommandSet::validate(const CommandState &state)
+void CommandSet::validate(const CommandState &state) const
 {
     for (const CommandRow &row : commandTable()) {
         QAction *const own = action(row.command);

@@ -33,7 +33,7 @@ public:
     QMenu *menu(CommandMenu menu) const { return _menus[static_cast<std::size_t>(menu)]; }
 
     /// Enables, disables and checks the commands.
-    void validate(const CommandState &state);
+    void validate(const CommandState &state) const;
 
 Q_SIGNALS:
     void triggered(quorvin::Command command);
