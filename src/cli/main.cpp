@@ -20,15 +20,6 @@ using namespace quorvin::cli;
 
 namespace {
 
-/// The words of the command line as they are; the application object would lose bytes that are not UTF-8.
-QStringList wordsOf(int argc, char **argv)
-{
-    QStringList words;
-    for (int i = 1; i < argc; ++i)
-        words.append(decodePath(argv[i]));
-    return words;
-}
-
 int usageError(Console &console, const QString &problem)
 {
     console.complain(problem);
@@ -68,7 +59,7 @@ int main(int argc, char **argv)
     // Whoever wants the log sets QT_LOGGING_RULES; on a terminal only errors and progress have a place.
     QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
     UnfinishedFiles::removeOnInterrupt();
-    const QStringList words = wordsOf(argc, argv);
+    const QStringList words = decodeWords(argc, argv);
     const QCoreApplication application(argc, argv);
     Console console(takeStandardStreams());
     useUtf8CharacterType();

@@ -84,6 +84,14 @@ QByteArray encodePath(const QString &path)
     return bytes;
 }
 
+QStringList decodeWords(int argc, char **argv)
+{
+    QStringList words;
+    for (int i = 1; i < argc; ++i)
+        words.append(decodePath(argv[i]));
+    return words;
+}
+
 bool isUtf8Path(const QString &path)
 {
     return path.isValidUtf16();

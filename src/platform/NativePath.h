@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 namespace quorvin {
 
@@ -15,6 +16,8 @@ namespace quorvin {
 
 QString decodePath(const QByteArray &bytes);
 QByteArray encodePath(const QString &path);
+/// The words of a command line without the program's own name.
+QStringList decodeWords(int argc, char **argv);
 
 /// False when the path holds bytes that are not UTF-8.
 bool isUtf8Path(const QString &path);

@@ -20,14 +20,6 @@ using namespace quorvin;
 
 namespace {
 
-QStringList wordsOf(int argc, char **argv)
-{
-    QStringList words;
-    for (int i = 1; i < argc; ++i)
-        words.append(decodePath(argv[i]));
-    return words;
-}
-
 void nameApplication()
 {
     QGuiApplication::setDesktopFileName(kApplicationId);
@@ -73,7 +65,7 @@ int run(const StartArguments &arguments)
 
 int main(int argc, char **argv)
 {
-    const auto arguments = parseStartArguments(wordsOf(argc, argv));
+    const auto arguments = parseStartArguments(decodeWords(argc, argv));
     if (!arguments)
         return wrongCall(arguments.error());
     if (arguments->answer) {
