@@ -19,30 +19,28 @@ QString textOfTree(const ExtTreeItems &tree, bool skipFilePrivate)
     return lines.join(u'\n');
 }
 
-/// The leaves of a stream by subgroup; at 0 those that are in none.
-std::vector<ExtTreeItems> leavesBySubgroup(const ParameterGroups &groups, const ParameterGroups::Group &group,
-                                           const ParameterGroups::Stream &stream)
-{
-    std::vector<ExtTreeItems> leaves(group.subgroups.size() + 1);
-    for (const auto &parameter : groups.parameters(stream)) {
-        if (!parameter.flags.testFlag(ParameterFlag::SkipInExtended))
-            leaves[parameter.subgroup].push_back(ExtTreeItem::itemWithKey(
-                parameter.term->key, parameter.term->label, groups.value(parameter), parameter.flags));
-    }
-    return leaves;
-}
-
 ExtTreeItems childrenOf(const ParameterGroups &groups, const ParameterGroups::Group &group,
                         const ParameterGroups::Stream &stream)
 {
-    std::vector<ExtTreeItems> leaves = leavesBySubgroup(groups, group, stream);
-    ExtTreeItems children = std::move(leaves.front());
-    for (std::size_t i = 0; i < group.subgroups.size(); ++i) {
-        const QString &name = group.subgroups[i];
+    const auto shown = groups.shownParameters(stream);
+    const auto leafOf = [&](const ParameterGroups::Parameter *parameter) {
+        return ExtTreeItem::itemWithKey(parameter->term->key, parameter->term->label,
+                                        groups.value(*parameter), parameter->flags);
+    };
+    ExtTreeItems children;
+    for (auto begin = shown.begin(); begin != shown.end();) {
+        const quint16 subgroup = (*begin)->subgroup;
+        const auto end = std::find_if(begin, shown.end(), [&](const ParameterGroups::Parameter *parameter) {
+            return parameter->subgroup != subgroup;
+        });
+        ExtTreeItems leaves;
+        std::transform(begin, end, std::back_inserter(leaves), leafOf);
+        const QString name = subgroup == 0 ? QString() : group.subgroups[subgroup - 1U];
         if (name.isEmpty())
-            std::ranges::move(leaves[i + 1], std::back_inserter(children));
-        else if (!leaves[i + 1].empty())
-            children.push_back(ExtTreeItem::groupTreeWithKey(name, name, std::move(leaves[i + 1]), 0));
+            std::ranges::move(leaves, std::back_inserter(children));
+        else
+            children.push_back(ExtTreeItem::groupTreeWithKey(name, name, std::move(leaves), 0));
+        begin = end;
     }
     return children;
 }
