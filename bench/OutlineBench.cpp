@@ -3,7 +3,7 @@
 
 #include "BenchFiles.h"
 #include "readers/RecordBuilder.h"
-#include "shell/info/ExtendedOutline.h"
+#include "shell/outline/ExtendedOutline.h"
 
 #include <QApplication>
 

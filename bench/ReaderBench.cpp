@@ -3,7 +3,7 @@
 
 #include "BenchFiles.h"
 #include "intake/DataCacher.h"
-#include "readers/process/JobRunner.h"
+#include "process/JobRunner.h"
 
 #include <QDir>
 #include <QEventLoop>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "readers/process/Frames.h"
-#include "readers/process/RecordBytes.h"
+#include "process/Frames.h"
+#include "process/RecordBytes.h"
 
 #include <cstddef>
 #include <cstdint>

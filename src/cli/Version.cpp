@@ -4,10 +4,10 @@
 #include "model/Version.h"
 
 #include "cli/Commands.h"
+#include "process/Guard.h"
+#include "process/JobRunner.h"
 #include "readers/image/oEXIV2.h"
 #include "readers/mediainfo/oMediaInfo.h"
-#include "readers/process/Guard.h"
-#include "readers/process/JobRunner.h"
 
 #include <QProcess>
 

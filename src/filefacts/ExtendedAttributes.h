@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "filefacts/Error.h"
+#include "model/Error.h"
 
 #include <QByteArray>
 #include <QStringList>

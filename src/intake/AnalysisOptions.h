@@ -5,7 +5,7 @@
 
 #include "model/RecordOptions.h"
 #include "platform/Settings.h"
-#include "readers/process/JobRunner.h"
+#include "process/JobRunner.h"
 
 #include <functional>
 #include <memory>

@@ -1,8 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "pictures/Cover.h"
 #include "platform/NativePath.h"
-#include "readers/Cover.h"
 #include "readers/RecordBuilder.h"
 #include "support/TestFolder.h"
 
@@ -146,7 +146,7 @@ TEST(MediaRecord, EveryNameGivesTheSameMedia)
 
 TEST(MediaRecord, ThreadsReadAtOnce)
 {
-    const QDir samples(QStringLiteral(QUORVIN_SAMPLES));
+    const QDir samples(samplesFolder());
     std::vector<QString> paths;
     for (const QString &name : samples.entryList(QDir::Files))
         paths.push_back(samples.filePath(name));

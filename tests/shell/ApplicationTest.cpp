@@ -4,9 +4,9 @@
 #include "platform/FileUri.h"
 #include "platform/NativePath.h"
 #include "shell/app/ApplicationService.h"
-#include "shell/app/ColorScheme.h"
 #include "shell/app/StartArguments.h"
-#include "shell/app/TemporaryFolders.h"
+#include "shell/desktop/ColorScheme.h"
+#include "shell/session/TemporaryFolders.h"
 #include "support/TestFolder.h"
 
 #include <QApplication>

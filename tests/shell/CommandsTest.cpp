@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "shell/window/CommandSet.h"
+#include "shell/commands/CommandSet.h"
 #include "support/TestFolder.h"
 
 #include <QAction>

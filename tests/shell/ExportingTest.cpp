@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "export/ExportWriter.h"
-#include "shell/window/ExportController.h"
-#include "shell/window/ExportSheet.h"
+#include "shell/exporting/ExportController.h"
+#include "shell/exporting/ExportSheet.h"
 #include "support/TestFolder.h"
 #include "support/TestRecords.h"
 

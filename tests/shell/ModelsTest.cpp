@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "shell/filelist/FilelistModel.h"
-#include "shell/info/ExtTreeModel.h"
-#include "shell/info/ExtendedOutline.h"
+#include "shell/outline/ExtTreeModel.h"
+#include "shell/outline/ExtendedOutline.h"
 #include "support/TestFolder.h"
 
 #include <QAbstractItemModelTester>

@@ -2,10 +2,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "shell/app/AppController.h"
+#include "shell/commands/CommandSet.h"
 #include "shell/filelist/FilelistTable.h"
-#include "shell/info/ExtendedOutline.h"
 #include "shell/info/InfoView.h"
-#include "shell/window/CommandSet.h"
+#include "shell/outline/ExtendedOutline.h"
 #include "shell/window/MainView.h"
 #include "shell/window/MainWindowController.h"
 #include "shell/window/SidebarSplitView.h"

@@ -2,9 +2,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/NativePath.h"
-#include "readers/process/Bytes.h"
-#include "readers/process/Frames.h"
-#include "readers/process/JobCounter.h"
+#include "process/Bytes.h"
+#include "process/Frames.h"
+#include "process/JobCounter.h"
 
 #include <sys/prctl.h>
 #include <sys/resource.h>

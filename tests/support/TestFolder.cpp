@@ -40,7 +40,22 @@ QByteArray contentOf(const QString &path)
 
 QString sample(const QString &name)
 {
-    return QStringLiteral(QUORVIN_SAMPLES "/") + name;
+    return samplesFolder() + u'/' + name;
+}
+
+QString samplesFolder()
+{
+    return QStringLiteral(QUORVIN_SAMPLES);
+}
+
+QString commandLineProgram()
+{
+    return QStringLiteral(QUORVIN_CLI);
+}
+
+QString faultyReaderProgram()
+{
+    return QStringLiteral(QUORVIN_FAULTY_READER);
 }
 
 } // namespace quorvin::test

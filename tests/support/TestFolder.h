@@ -32,6 +32,11 @@ private:
 };
 
 QByteArray contentOf(const QString &path);
+/// The project's own samples.
+QString samplesFolder();
 QString sample(const QString &name);
+/// The programs that tests run.
+QString commandLineProgram();
+QString faultyReaderProgram();
 
 } // namespace quorvin::test

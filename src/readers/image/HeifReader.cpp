@@ -3,8 +3,8 @@
 
 #include "readers/image/HeifReader.h"
 
-#include "filefacts/HeifImage.h"
 #include "model/Log.h"
+#include "pictures/HeifImage.h"
 #include "platform/RegularFile.h"
 #include "readers/image/ExifExtraction.h"
 #include "readers/image/Exiv2Library.h"

@@ -4,9 +4,9 @@
 #include "readers/image/ImageGeneral.h"
 
 #include "filefacts/FileStream.h"
-#include "filefacts/Images.h"
+#include "pictures/Cover.h"
+#include "pictures/Images.h"
 #include "platform/NativePath.h"
-#include "readers/Cover.h"
 #include "readers/image/ImageMetadata.h"
 
 #include <array>

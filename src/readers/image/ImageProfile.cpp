@@ -4,7 +4,7 @@
 #include "readers/image/ImageProfile.h"
 
 #include "model/Log.h"
-#include "platform/ColorProfile.h"
+#include "pictures/ColorProfile.h"
 #include "readers/image/Exiv2Library.h"
 
 #include <sstream>

@@ -4,7 +4,7 @@
 #include "readers/image/SystemImage.h"
 
 #include "filefacts/FileStream.h"
-#include "filefacts/ImageSource.h"
+#include "pictures/ImageSource.h"
 #include "platform/FileOrder.h"
 #include "readers/image/ImageGeneral.h"
 

@@ -4,7 +4,7 @@
 #include "readers/mediainfo/MediaGeneral.h"
 
 #include "filefacts/FileStream.h"
-#include "readers/Cover.h"
+#include "pictures/Cover.h"
 #include "readers/mediainfo/oMediaInfo.h"
 
 #include <QStringList>

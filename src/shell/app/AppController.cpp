@@ -5,7 +5,7 @@
 
 #include "model/Version.h"
 #include "shell/app/Application.h"
-#include "shell/app/PreferencesWindowController.h"
+#include "shell/preferences/PreferencesWindowController.h"
 #include "shell/window/MainWindowController.h"
 
 #include <QDesktopServices>

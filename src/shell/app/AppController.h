@@ -5,8 +5,8 @@
 
 #include "platform/Settings.h"
 #include "shell/app/ApplicationService.h"
-#include "shell/app/ColorScheme.h"
-#include "shell/app/TemporaryFolders.h"
+#include "shell/desktop/ColorScheme.h"
+#include "shell/session/TemporaryFolders.h"
 
 #include <QObject>
 #include <QPointer>

@@ -3,9 +3,9 @@
 
 #include "shell/filelist/FileIcons.h"
 
-#include "filefacts/Images.h"
-#include "shell/app/Icons.h"
-#include "shell/app/PictureThread.h"
+#include "pictures/Images.h"
+#include "shell/desktop/Icons.h"
+#include "shell/desktop/PictureThread.h"
 
 #include <utility>
 

@@ -3,7 +3,7 @@
 
 #include "shell/filelist/FilelistModel.h"
 
-#include "shell/app/Icons.h"
+#include "shell/desktop/Icons.h"
 
 #include <algorithm>
 

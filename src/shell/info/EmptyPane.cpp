@@ -3,7 +3,7 @@
 
 #include "shell/info/EmptyPane.h"
 
-#include "shell/app/Icons.h"
+#include "shell/desktop/Icons.h"
 
 #include <QEvent>
 #include <QLabel>

@@ -3,11 +3,11 @@
 
 #include "shell/info/GeneralPane.h"
 
-#include "filefacts/Images.h"
-#include "shell/app/Icons.h"
-#include "shell/app/PictureThread.h"
+#include "pictures/Images.h"
+#include "shell/desktop/Icons.h"
+#include "shell/desktop/PictureThread.h"
 #include "shell/info/CoverView.h"
-#include "shell/info/OutlineDelegate.h"
+#include "shell/outline/OutlineDelegate.h"
 
 #include <QGridLayout>
 #include <QGuiApplication>

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "model/QuorvinData.h"
-#include "shell/info/ExtTreeModel.h"
+#include "shell/outline/ExtTreeModel.h"
 
 #include <QWidget>
 

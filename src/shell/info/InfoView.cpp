@@ -4,8 +4,8 @@
 #include "shell/info/InfoView.h"
 
 #include "shell/info/EmptyPane.h"
-#include "shell/info/ExtendedOutline.h"
 #include "shell/info/GeneralPane.h"
+#include "shell/outline/ExtendedOutline.h"
 
 #include <QApplication>
 #include <QClipboard>

@@ -6,7 +6,7 @@
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "shell/app/AppController.h"
-#include "shell/app/Elsewhere.h"
+#include "shell/desktop/Elsewhere.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/window/SidebarSplitView.h"

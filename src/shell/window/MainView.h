@@ -7,7 +7,7 @@
 #include "intake/FilelistTotals.h"
 #include "intake/WindowWorker.h"
 #include "shell/filelist/FilelistModel.h"
-#include "shell/window/FolderWalks.h"
+#include "shell/filelist/FolderWalks.h"
 
 #include <QTimer>
 #include <QWidget>

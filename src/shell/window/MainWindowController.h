@@ -5,7 +5,7 @@
 
 #include "intake/WindowWorker.h"
 #include "platform/Settings.h"
-#include "shell/window/Commands.h"
+#include "shell/commands/Commands.h"
 
 #include <QMainWindow>
 

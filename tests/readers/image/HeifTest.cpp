@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "filefacts/Images.h"
+#include "pictures/Images.h"
 #include "readers/RecordBuilder.h"
 #include "readers/image/HeifReader.h"
 #include "support/Pictures.h"

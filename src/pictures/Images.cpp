@@ -1,0 +1,90 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "pictures/Images.h"
+
+#include "pictures/HeifImage.h"
+#include "platform/RegularFile.h"
+
+#include <QBuffer>
+#include <QFile>
+#include <QImageReader>
+
+namespace quorvin::Utilities {
+
+namespace {
+
+QSize fitting(QSize size, QSize limit)
+{
+    const bool fits = size.width() <= limit.width() && size.height() <= limit.height();
+    return fits ? size : size.scaled(limit, Qt::KeepAspectRatio).expandedTo({1, 1});
+}
+
+QImage decoded(QIODevice &device, QSize limit, bool applyOrientation)
+{
+    QImageReader reader(&device);
+    reader.setAutoTransform(applyOrientation);
+    const QSize size = reader.size();
+    const bool scales = reader.supportsOption(QImageIOHandler::ScaledSize);
+    if (qint64{size.width()} * size.height() > (scales ? kMaxScaledPixels : kMaxWholePixels))
+        return {};
+    if (size.isValid() && fitting(size, limit) != size)
+        reader.setScaledSize(fitting(size, limit));
+    return imageResize(reader.read(), limit);
+}
+
+QImage decodedHeif(const QString &path, int size)
+{
+    try {
+        return imageResize(HeifImage::open(path).decoded(size, kMaxWholePixels), {size, size});
+    } catch (const heif::Error &) {
+        return {};
+    }
+}
+
+} // namespace
+
+QImage thumbnailedImageFromURL(const QString &path, int size)
+{
+    const auto file = RegularFile::open(path);
+    QFile device;
+    if (!file || !device.open(file->descriptor(), QIODevice::ReadOnly))
+        return {};
+    QImage image = decoded(device, {size, size}, true);
+    return image.isNull() ? decodedHeif(file->descriptorPath(), size) : image;
+}
+
+QImage thumbnailedImageFromData(const QByteArray &data, int size)
+{
+    QBuffer device;
+    device.setData(data);
+    device.open(QIODevice::ReadOnly);
+    return decoded(device, {size, size}, true);
+}
+
+QImage imageResize(const QImage &image, QSize newSize)
+{
+    if (image.isNull())
+        return {};
+    const QSize size = fitting(image.size(), newSize);
+    return size == image.size() ? image : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+QImage resizedImageFromData(const QByteArray &data, QSize maxSize)
+{
+    QBuffer device;
+    device.setData(data);
+    device.open(QIODevice::ReadOnly);
+    const QImage image = decoded(device, maxSize, false);
+    return image.isNull() ? image : image.convertToFormat(QImage::Format_RGBA8888);
+}
+
+QByteArray pngDataFromImage(const QImage &image)
+{
+    QByteArray bytes;
+    QBuffer device(&bytes);
+    device.open(QIODevice::WriteOnly);
+    return !image.isNull() && image.save(&device, "PNG") ? bytes : QByteArray();
+}
+
+} // namespace quorvin::Utilities

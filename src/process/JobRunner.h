@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "process/Job.h"
+#include "process/ReaderProcess.h"
+
+#include <memory>
+#include <stop_token>
+
+namespace quorvin {
+
+/// Does jobs, one after the other: `begin` hands a job over, `await` waits until it has been worked on,
+/// `take` gives its result. Between `await` and `take` the next job may already be handed over; it is worked
+/// on while the result travels. One thread an object, from its start to its end.
+class JobRunner {
+public:
+    JobRunner() = default;
+    virtual ~JobRunner() = default;
+    JobRunner(const JobRunner &) = delete;
+    JobRunner &operator=(const JobRunner &) = delete;
+
+    virtual void begin(const Job &job) = 0;
+    /// False when a stop was asked for: the job is given up, and nothing is under way any more.
+    virtual bool await(const std::stop_token &stop) = 0;
+    /// The job fails when a stop is asked for while its result travels.
+    virtual JobResult take(const std::stop_token &stop) = 0;
+
+    /// All three in one; a job that is given up fails.
+    JobResult run(const Job &job, const std::stop_token &stop = {});
+};
+
+/// Does the jobs in this process. A job that never ends can't be stopped.
+std::unique_ptr<JobRunner> makeInProcessRunner();
+
+/// Does the jobs in a reader process behind a guard, started with the first job. A reader that crashes,
+/// exceeds a limit or gives no proper answer is replaced; its job fails with "stopped: …". A stop takes
+/// effect at once.
+std::unique_ptr<JobRunner> makeReaderRunner(const ReaderLimits &limits);
+
+/// Starts a reader to ask it what guards it; absent when none can be started.
+std::optional<quint32> guardPartsInForce();
+
+} // namespace quorvin

@@ -1,0 +1,130 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "process/ReaderProcess.h"
+
+#include "model/Log.h"
+#include "process/Frames.h"
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <csignal>
+#include <ctime>
+#include <string>
+
+namespace quorvin {
+
+namespace {
+
+constexpr quint64 kMiB = 1 << 20;
+
+/// The sanitizers reserve more address space than any limit would leave them.
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr bool kLimitsMemory = false;
+#else
+constexpr bool kLimitsMemory = true;
+#endif
+
+std::string readerProgram()
+{
+    std::array<char, PATH_MAX> self{};
+    const ssize_t length = ::readlink("/proc/self/exe", self.data(), self.size() - 1);
+    std::string path(self.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+    return path.substr(0, path.rfind('/') + 1) + "quorvin-reader";
+}
+
+/// The three standard streams lead nowhere, unless somebody listens to the libraries.
+class FileActions {
+public:
+    FileActions(int socket, int counter)
+    {
+        posix_spawn_file_actions_init(&_actions);
+        posix_spawn_file_actions_addopen(&_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addopen(&_actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        if (!lcLibraries().isDebugEnabled())
+            posix_spawn_file_actions_addopen(&_actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_adddup2(&_actions, socket, kReaderSocket);
+        posix_spawn_file_actions_adddup2(&_actions, counter, kReaderCounter);
+    }
+    ~FileActions() { posix_spawn_file_actions_destroy(&_actions); }
+    FileActions(const FileActions &) = delete;
+    FileActions &operator=(const FileActions &) = delete;
+
+    const posix_spawn_file_actions_t *get() const { return &_actions; }
+
+private:
+    posix_spawn_file_actions_t _actions{};
+};
+
+} // namespace
+
+std::unique_ptr<ReaderProcess> ReaderProcess::start(const ReaderLimits &limits)
+{
+    std::array<int, 2> ends{};
+    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+        return nullptr;
+    auto counter = std::make_unique<JobCounter>();
+    // Numbers that the child does not give its own, so that giving those clears the close-on-exec mark.
+    const int childEnd = ::fcntl(ends[1], F_DUPFD_CLOEXEC, kReaderCounter + 1);
+    const int childCounter = ::fcntl(counter->descriptor(), F_DUPFD_CLOEXEC, kReaderCounter + 1);
+    ::close(ends[1]);
+
+    const std::string program = limits.program.empty() ? readerProgram() : limits.program;
+    const std::string parent = std::to_string(::getpid());
+    const std::string memory
+        = std::to_string(kLimitsMemory ? static_cast<quint64>(limits.memoryMiB) * kMiB : 0);
+    std::array<char *, 4> arguments{const_cast<char *>(program.c_str()), const_cast<char *>(parent.c_str()),
+                                    const_cast<char *>(memory.c_str()), nullptr};
+    const FileActions actions(childEnd, childCounter);
+    pid_t pid = 0;
+    const int problem
+        = ::posix_spawn(&pid, program.c_str(), actions.get(), nullptr, arguments.data(), environ);
+    ::close(childEnd);
+    ::close(childCounter);
+    if (problem != 0) {
+        qCInfo(lcQuorvin) << "Failed to start the reader, error" << problem;
+        ::close(ends[0]);
+        return nullptr;
+    }
+    return std::unique_ptr<ReaderProcess>(new ReaderProcess(pid, ends[0], std::move(counter)));
+}
+
+ReaderProcess::ReaderProcess(pid_t pid, int socket, std::unique_ptr<JobCounter> counter)
+    : _pid(pid), _socket(socket), _counter(std::move(counter))
+{
+}
+
+ReaderProcess::~ReaderProcess()
+{
+    kill();
+    ::close(_socket);
+}
+
+qint64 ReaderProcess::cpuTime() const
+{
+    clockid_t clock{};
+    timespec time{};
+    if (::clock_getcpuclockid(_pid, &clock) != 0 || ::clock_gettime(clock, &time) != 0)
+        return 0;
+    return time.tv_sec * 1000 + time.tv_nsec / 1'000'000;
+}
+
+int ReaderProcess::kill()
+{
+    if (_pid <= 0)
+        return 0;
+    ::kill(_pid, SIGKILL);
+    int status = 0;
+    while (::waitpid(_pid, &status, 0) < 0 && errno == EINTR) { }
+    _pid = 0;
+    return status;
+}
+
+} // namespace quorvin

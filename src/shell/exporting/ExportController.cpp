@@ -1,0 +1,114 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/exporting/ExportController.h"
+
+#include "platform/NativePath.h"
+#include "shell/exporting/ExportSheet.h"
+
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include <utility>
+
+namespace quorvin {
+
+namespace {
+
+constexpr qsizetype kMostFailures = 5; ///< told one by one
+
+/// What the one document is called at first.
+QString presetName(const std::vector<ExportEntry> &entries)
+{
+    return entries.size() == 1 ? pathStem(entries.front().filename) : QStringLiteral("Quorvin Export");
+}
+
+QFileDialog *makeDialog(QWidget *window, const QString &title)
+{
+    auto *dialog = new QFileDialog(window, title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowModality(Qt::WindowModal);
+    return dialog;
+}
+
+} // namespace
+
+ExportController::ExportController(Settings &settings, QWidget *window)
+    : QObject(window), _settings(settings), _window(window)
+{
+    connect(&_run, &ExportRun::ended, this, &ExportController::tellFailures);
+}
+
+void ExportController::menuExportNew(std::vector<ExportEntry> entries)
+{
+    if (entries.empty())
+        return tellFailures({tr("None of the files could be read, so there is nothing to export.")});
+    _entries = std::move(entries);
+    auto *sheet = new ExportSheet(_settings, _entries.size(), _window);
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    connect(sheet, &ExportSheet::accepted, this, [this, sheet] { choosePlace(*sheet); });
+    connect(sheet, &ExportSheet::rejected, this, [this] { _entries.clear(); });
+    sheet->open();
+}
+
+void ExportController::choosePlace(const ExportSheet &sheet)
+{
+    ExportRun::Task task;
+    task.exporter.setFormat(sheet.format());
+    task.exporter.setSkipFilePrivate(sheet.skipFilePrivate());
+    task.entries = std::exchange(_entries, {});
+    task.toFolder = !sheet.compound() && task.entries.size() > 1;
+    if (task.toFolder)
+        chooseFolder(std::move(task));
+    else
+        chooseFile(std::move(task));
+}
+
+void ExportController::chooseFile(ExportRun::Task task)
+{
+    QFileDialog *dialog = makeDialog(_window, tr("Export"));
+    const QString extension = QuorvinExporter::extensionForExportFormat(task.exporter.format());
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(extension);
+    dialog->setNameFilter(tr("%1 files (*.%1)").arg(extension));
+    dialog->setLabelText(QFileDialog::Accept, tr("Export"));
+    dialog->selectFile(presetName(task.entries) + u'.' + extension);
+    connect(dialog, &QFileDialog::fileSelected, this, [this, task = std::move(task)](const QString &path) {
+        ExportRun::Task chosen = task;
+        chosen.path = path;
+        _run.start(std::move(chosen));
+    });
+    dialog->open();
+}
+
+void ExportController::chooseFolder(ExportRun::Task task)
+{
+    QFileDialog *dialog = makeDialog(_window, tr("Select folder to save the files"));
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    dialog->setLabelText(QFileDialog::Accept, tr("Select"));
+    connect(dialog, &QFileDialog::fileSelected, this, [this, task = std::move(task)](const QString &path) {
+        ExportRun::Task chosen = task;
+        chosen.path = path;
+        _run.start(std::move(chosen));
+    });
+    dialog->open();
+}
+
+void ExportController::tellFailures(const QStringList &failures)
+{
+    if (failures.isEmpty())
+        return;
+    QStringList told = failures.mid(0, kMostFailures);
+    if (const qsizetype more = failures.size() - told.size(); more > 0)
+        told.append(tr("and %n more", nullptr, static_cast<int>(more)));
+    auto *message = new QMessageBox(QMessageBox::Warning, tr("Export"), tr("The export is not complete."),
+                                    QMessageBox::Close, _window);
+    message->setAttribute(Qt::WA_DeleteOnClose);
+    message->setWindowModality(Qt::WindowModal);
+    message->setTextFormat(Qt::PlainText);
+    message->setInformativeText(told.join(u'\n'));
+    message->open();
+}
+
+} // namespace quorvin

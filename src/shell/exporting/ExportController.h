@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "shell/exporting/ExportRun.h"
+
+#include <QObject>
+
+class QWidget;
+
+namespace quorvin {
+
+class ExportSheet;
+class Settings;
+
+/// Takes the files of a window through an export: the sheet, the place, and what could not be written. Main
+/// thread.
+class ExportController : public QObject {
+    Q_OBJECT
+public:
+    /// Both must outlive this object.
+    ExportController(Settings &settings, QWidget *window);
+
+    /// Shows the sheet for these files.
+    void menuExportNew(std::vector<ExportEntry> entries);
+    ExportRun &run() { return _run; }
+
+private:
+    void choosePlace(const ExportSheet &sheet);
+    void chooseFile(ExportRun::Task task);
+    void chooseFolder(ExportRun::Task task);
+    void tellFailures(const QStringList &failures);
+
+    Settings &_settings;
+    QWidget *_window;
+    std::vector<ExportEntry> _entries; ///< of the sheet that is open
+    ExportRun _run;
+};
+
+} // namespace quorvin

@@ -1,0 +1,192 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/preferences/PreferencesWindowController.h"
+
+#include "readers/mediainfo/oMediaInfo.h"
+#include "shell/app/AppController.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QPointer>
+#include <QProcess>
+#include <QSpinBox>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <array>
+#include <span>
+
+namespace quorvin {
+
+struct PreferenceChoice {
+    const char *label;
+    const char *value; ///< as the setting is written
+};
+
+struct PreferenceRow {
+    Setting setting;
+    int page;
+    const char *label;
+    std::span<const PreferenceChoice> choices; ///< none: a box to tick, or a number
+    int least = 0;
+    int most = 0;
+};
+
+namespace {
+
+constexpr int kGeneral = 0;
+constexpr int kAdvanced = 1;
+
+#define TEXT(text) QT_TRANSLATE_NOOP("Preferences", text)
+
+constexpr std::array kSchemes{
+    PreferenceChoice{TEXT("As the desktop"), "system"},
+    PreferenceChoice{TEXT("Light"), "light"},
+    PreferenceChoice{TEXT("Dark"), "dark"},
+};
+constexpr std::array kTabs{
+    PreferenceChoice{TEXT("The last one"), "0"}, PreferenceChoice{TEXT("General"), "1"},
+    PreferenceChoice{TEXT("Extended"), "2"},     PreferenceChoice{TEXT("Comparison"), "3"},
+    PreferenceChoice{TEXT("Custom"), "4"},
+};
+constexpr std::array kSides{
+    PreferenceChoice{TEXT("At the start of the line"), "0"},
+    PreferenceChoice{TEXT("At the end of the line"), "1"},
+};
+constexpr std::array kReaders{
+    PreferenceChoice{"MediaInfo", "mediainfo"},
+    PreferenceChoice{"ExifTool", "exiftool"},
+};
+constexpr std::array kThreads{
+    PreferenceChoice{TEXT("One file at a time"), "0"},
+    PreferenceChoice{TEXT("Two"), "2"},
+    PreferenceChoice{TEXT("Four"), "4"},
+    PreferenceChoice{TEXT("Eight"), "8"},
+    PreferenceChoice{TEXT("One for each core"), "256"},
+};
+
+constexpr std::array kRows{
+    PreferenceRow{Setting::colorScheme, kGeneral, TEXT("Colours:"), kSchemes},
+    PreferenceRow{Setting::openTab, kGeneral, TEXT("New windows show:"), kTabs},
+    PreferenceRow{Setting::sidebarPos, kGeneral, TEXT("File list:"), kSides},
+    PreferenceRow{Setting::extFontSize, kGeneral, TEXT("Size of text in trees:"), {}, 6, 40},
+    PreferenceRow{Setting::extRowHeight, kGeneral, TEXT("Height of rows in trees:"), {}, 8, 60},
+    PreferenceRow{Setting::wrapLongLines, kGeneral, TEXT("Wrap long lines"), {}},
+    PreferenceRow{Setting::extParameterRightAlign, kGeneral, TEXT("Put names next to their values"), {}},
+    PreferenceRow{Setting::useSIUnits, kGeneral, TEXT("Sizes in decimal units (1 KB is 1000 bytes)"), {}},
+    PreferenceRow{
+        Setting::displayOtherTracksInGeneral, kGeneral, TEXT("Other tracks on the General tab"), {}},
+    PreferenceRow{Setting::useSystemMetadata, kGeneral, TEXT("Tags, comments and origin of files"), {}},
+    PreferenceRow{Setting::computeFileHashes, kGeneral, TEXT("MD5 and SHA-1 of files (slow)"), {}},
+    PreferenceRow{Setting::terminateAppWhenAllWindowsClosed, kGeneral, TEXT("Quit with the last window"), {}},
+    PreferenceRow{Setting::MTMode, kAdvanced, TEXT("Files read at the same time:"), kThreads},
+    PreferenceRow{Setting::videoUtility, kAdvanced, TEXT("Audio and video are read by:"), kReaders},
+    PreferenceRow{Setting::useSlowThumbProcessing, kAdvanced, TEXT("Make covers from the whole picture"), {}},
+    PreferenceRow{Setting::readerProcesses, kAdvanced, TEXT("Read files in guarded processes"), {}},
+    PreferenceRow{Setting::readerCpuSeconds, kAdvanced, TEXT("Most seconds of work on a file:"), {}, 1, 3600},
+    PreferenceRow{Setting::readerWallSeconds, kAdvanced, TEXT("Most seconds on a file:"), {}, 1, 3600},
+    PreferenceRow{Setting::readerMemoryMiB, kAdvanced, TEXT("Most memory for a file (MiB):"), {}, 256, 65536},
+    PreferenceRow{Setting::debugDataCacher, kAdvanced, TEXT("Log what the readers do"), {}},
+    PreferenceRow{Setting::debugStalls, kAdvanced, TEXT("Log what holds up the window"), {}},
+};
+
+#undef TEXT
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("Preferences", text);
+}
+
+} // namespace
+
+PreferencesWindowController *PreferencesWindowController::controller(AppController &application)
+{
+    static QPointer<PreferencesWindowController> shared;
+    if (!shared)
+        shared = new PreferencesWindowController(application);
+    shared->raise();
+    shared->activateWindow();
+    return shared;
+}
+
+PreferencesWindowController::PreferencesWindowController(AppController &application)
+    : _application(application), _tabs(new QTabWidget), _version(new QLabel)
+{
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(tr("Preferences"));
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(_tabs);
+    addPage(tr("General"), kGeneral);
+    if (application.settings().boolean(Setting::enableExperimentalPreferences))
+        addPage(tr("Advanced"), kAdvanced);
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
+    column->addWidget(buttons);
+    connect(_tabs, &QTabWidget::currentChanged, this, [this](int page) {
+        if (page == kAdvanced)
+            clickAdvanced();
+    });
+}
+
+void PreferencesWindowController::addPage(const QString &title, int page)
+{
+    auto *content = new QWidget;
+    auto *form = new QFormLayout(content);
+    form->setContentsMargins(16, 16, 16, 16);
+    for (const PreferenceRow &row : kRows) {
+        if (row.page == page)
+            addRow(form, row);
+    }
+    if (page == kAdvanced)
+        form->addRow(_version);
+    _tabs->addTab(content, title);
+}
+
+void PreferencesWindowController::addRow(QFormLayout *form, const PreferenceRow &row)
+{
+    const Settings &settings = _application.settings();
+    const QString label = translated(row.label);
+    if (!row.choices.empty()) {
+        auto *box = new QComboBox;
+        for (const PreferenceChoice &choice : row.choices)
+            box->addItem(translated(choice.label), QString::fromLatin1(choice.value));
+        box->setCurrentIndex(std::max(box->findData(settings.text(row.setting)), 0));
+        connect(box, &QComboBox::activated, this,
+                [this, box, setting = row.setting] { _application.setSetting(setting, box->currentData()); });
+        form->addRow(label, box);
+    } else if (row.most > 0) {
+        auto *box = new QSpinBox;
+        box->setRange(row.least, row.most);
+        box->setValue(settings.integer(row.setting));
+        connect(box, &QSpinBox::valueChanged, this,
+                [this, setting = row.setting](int value) { _application.setSetting(setting, value); });
+        form->addRow(label, box);
+    } else {
+        auto *box = new QCheckBox(label);
+        box->setChecked(settings.boolean(row.setting));
+        connect(box, &QCheckBox::toggled, this,
+                [this, setting = row.setting](bool on) { _application.setSetting(setting, on); });
+        form->addRow(QString(), box);
+    }
+}
+
+void PreferencesWindowController::clickAdvanced()
+{
+    if (!_version->text().isEmpty())
+        return;
+    _version->setText(oMediaInfo::libVersion());
+    auto *exiftool = new QProcess(_version);
+    connect(exiftool, &QProcess::finished, _version, [label = _version, exiftool] {
+        const QString version = QString::fromUtf8(exiftool->readAllStandardOutput()).trimmed();
+        if (!version.isEmpty())
+            label->setText(QStringLiteral("%1, exiftool - v%2").arg(oMediaInfo::libVersion(), version));
+    });
+    exiftool->start(QStringLiteral("exiftool"), {QStringLiteral("-ver")});
+}
+
+} // namespace quorvin

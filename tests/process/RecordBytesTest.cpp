@@ -1,0 +1,94 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "process/RecordBytes.h"
+
+#include "readers/RecordBuilder.h"
+#include "support/TestFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+namespace quorvin {
+
+namespace {
+
+RecordContents contents()
+{
+    RecordContents record;
+    record.filename = QStringLiteral("/odd?");
+    record.filename[4] = QChar(0xDCFF);
+    record.duration = -7;
+    record.isAudio = true;
+    record.mapLocation = Location{1.5, -2.5};
+    record.general.md5 = QString();
+    record.general.coverData = QByteArray("\0x", 2);
+    record.general.lines
+        = {{QStringLiteral("Audio"), QStringLiteral("Audio #1"), {QStringLiteral("x - y"), 4, 1}, 3},
+           {QString(), QStringLiteral("Location"), {QStringLiteral("1\u00b0N")}, 0, true}};
+    record.general.thumbCount = QStringLiteral("0");
+    record.general.longitude = -2.5;
+    record.groups.beginGroup(QStringLiteral("File"));
+    record.groups.beginStream(0);
+    record.groups.add(internTerm(QStringLiteral("k"), QStringLiteral("l")), u"v",
+                      ParameterFlag::IsPrivateInfo);
+    record.groups.beginGroup(QStringLiteral("Audio"), true);
+    record.groups.beginStream(2);
+    record.groups.add(internTerm(QStringLiteral("k"), QStringLiteral("l")), u"\u00e9");
+    record.groups.add(internTerm(QStringLiteral("k2"), QStringLiteral("l2")), u"");
+    record.groups.beginGroup(QStringLiteral("MakerNote"));
+    const quint16 subgroup = record.groups.addSubgroup(QStringLiteral("Auto Focus"));
+    record.groups.beginStream(0);
+    record.groups.add(internTerm(QStringLiteral("k"), QStringLiteral("l")), u"v", {}, subgroup);
+    record.groups.beginGroup(QStringLiteral("Menu"));
+    return record;
+}
+
+} // namespace
+
+TEST(RecordBytes, CrossWithoutLoss)
+{
+    RecordEncoder encoder;
+    RecordDecoder decoder;
+    const RecordContents record = contents();
+    const QByteArray first = encoder.encode(record);
+    const QByteArray second = encoder.encode(record);
+    EXPECT_LT(second.size(), first.size());
+    EXPECT_TRUE(decoder.decode(first) == record);
+    EXPECT_TRUE(decoder.decode(second) == record);
+    EXPECT_FALSE(RecordDecoder().decode(second));
+}
+
+TEST(RecordBytes, VocabularyStartsAnewBeforeItIsTooLarge)
+{
+    RecordEncoder encoder;
+    RecordDecoder decoder;
+    for (std::size_t round = 0; round < 3; ++round) {
+        RecordContents record = contents();
+        record.groups.beginStream(1);
+        for (std::size_t i = 0; i < kMaxConnectionTerms / 2 + 10; ++i)
+            record.groups.add(internTerm(QStringLiteral("%1-%2").arg(round).arg(i), QString()), u"x");
+        EXPECT_TRUE(decoder.decode(encoder.encode(record)).has_value());
+    }
+}
+
+TEST(RecordBytes, WhatIsNoRecordHarmsNothing)
+{
+    const QByteArray whole = RecordEncoder().encode(contents());
+    for (qsizetype length = 0; length < whole.size(); ++length)
+        EXPECT_FALSE(RecordDecoder().decode(whole.first(length))) << length;
+    EXPECT_FALSE(RecordDecoder().decode(whole + 'x'));
+
+    std::mt19937 random(1);
+    for (int i = 0; i < 20'000; ++i) {
+        QByteArray damaged = whole;
+        for (unsigned flips = random() % 4 + 1; flips > 0; --flips)
+            damaged[static_cast<qsizetype>(random() % static_cast<unsigned>(damaged.size()))]
+                = static_cast<char>(random());
+        const auto record = RecordDecoder().decode(damaged);
+        EXPECT_TRUE(!record || QuorvinData(*record).stringForExportText().size() < 1000);
+    }
+}
+
+} // namespace quorvin
