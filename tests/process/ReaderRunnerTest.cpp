@@ -19,7 +19,7 @@ namespace {
 
 ReaderLimits faulty(int cpuSeconds = 20, int wallSeconds = 60, int memoryMiB = 2048)
 {
-    return {cpuSeconds, wallSeconds, memoryMiB, faultyReaderProgram().toStdString()};
+    return {cpuSeconds, wallSeconds, memoryMiB, test::faultyReaderProgram().toStdString()};
 }
 
 Job named(const QString &name)
@@ -137,7 +137,7 @@ TEST(ReaderRunner, NothingIsLeftBehindByManyCrashes)
 TEST(ReaderRunner, RealReaderReadsAsThisProcessDoes)
 {
     const auto reader = makeReaderRunner({});
-    const QDir samples(samplesFolder());
+    const QDir samples(test::samplesFolder());
     for (const QString &name : samples.entryList(QDir::Files)) {
         const Job job = Job::record(samples.filePath(name), {});
         const JobResult there = reader->run(job);
