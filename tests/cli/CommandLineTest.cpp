@@ -36,7 +36,7 @@ Outcome run(const QStringList &words, const QByteArray &input = {},
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"),
                        QDir::tempPath() + QStringLiteral("/quorvin-no-settings"));
     process.setProcessEnvironment(environment);
-    process.start(commandLineProgram(), words);
+    process.start(test::commandLineProgram(), words);
     process.write(input);
     process.closeWriteChannel();
     process.waitForFinished(60'000);
@@ -101,7 +101,7 @@ TEST(CommandLine, ExportIsTheSameToEveryPlace)
 {
     const TestFolder folder;
     const QString output = folder / words("all.txt");
-    const QString samples = samplesFolder();
+    const QString samples = test::samplesFolder();
     const Outcome direct = run({words("export"), samples});
     EXPECT_EQ(direct.status, 0);
     EXPECT_TRUE(direct.errors.isEmpty());
@@ -148,7 +148,7 @@ TEST(CommandLine, OutputThatCanNotBeWrittenIsAFailure)
                                 words("export -f plist ") + sample(words("tone.wav"))}) {
         QProcess shell;
         shell.start(words("sh"),
-                    {words("-c"), commandLineProgram() + QStringLiteral(" %1 >/dev/full").arg(call)});
+                    {words("-c"), test::commandLineProgram() + QStringLiteral(" %1 >/dev/full").arg(call)});
         ASSERT_TRUE(shell.waitForFinished());
         EXPECT_EQ(shell.exitCode(), 1);
         EXPECT_EQ(shell.readAllStandardError(), "quorvin-cli: standard output: No space left on device\n");
@@ -216,7 +216,7 @@ TEST(CommandLine, InterruptLeavesNoHalfFile)
     for (int i = 0; i < 2000; ++i)
         folder.write(QString::number(i) + words(".wav"), tone);
     QProcess process;
-    process.start(commandLineProgram(),
+    process.start(test::commandLineProgram(),
                   {words("export"), words("-o"), target / words("all.txt"), folder.path()});
     ASSERT_TRUE(process.waitForStarted());
     const QDir place(target.path());

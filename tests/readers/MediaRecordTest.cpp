@@ -146,7 +146,7 @@ TEST(MediaRecord, EveryNameGivesTheSameMedia)
 
 TEST(MediaRecord, ThreadsReadAtOnce)
 {
-    const QDir samples(samplesFolder());
+    const QDir samples(test::samplesFolder());
     std::vector<QString> paths;
     for (const QString &name : samples.entryList(QDir::Files))
         paths.push_back(samples.filePath(name));
