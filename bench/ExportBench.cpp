@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "BenchFiles.h"
-#include "export/ExportWriter.h"
+#include "export/ExportFormats.h"
 #include "readers/RecordBuilder.h"
 
 #include <QFile>

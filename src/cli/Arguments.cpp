@@ -3,7 +3,7 @@
 
 #include "cli/Arguments.h"
 
-#include "export/ExportWriter.h"
+#include "export/ExportFormats.h"
 #include "readers/RawReport.h"
 
 #include <QCommandLineParser>

@@ -6,9 +6,6 @@
 #include "export/ExportEntry.h"
 #include "export/OutputBuffer.h"
 
-#include <QStringList>
-
-#include <memory>
 #include <optional>
 
 class QIODevice;
@@ -53,12 +50,5 @@ private:
     bool _isEmpty = true;
     std::optional<ExportEntry> _first; ///< until it is known whether another one follows
 };
-
-/// The keys of the formats there are, in their order. The key is the extension too.
-QStringList exportFormats();
-
-/// Null for a key that is not in `exportFormats`.
-std::unique_ptr<ExportWriter> makeExportWriter(const QString &format, QIODevice &device,
-                                               bool skipFilePrivate);
 
 } // namespace quorvin

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "export/HtmlText.h"
+#include "export/HtmlEntities.h"
 
 #include <array>
 

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "export/HtmlEntities.h"
+
 #include <QString>
 
 #include <span>
@@ -10,11 +12,6 @@
 namespace quorvin {
 
 /// Text for HTML and XML.
-
-struct HtmlEscape {
-    char16_t unit;
-    QLatin1String entity;
-};
 
 /// With true what `gtm_stringByEscapingForHTML` gives, else `gtm_stringByEscapingForAsciiHTML`.
 QString stringByEncodingHTMLEntities(const QString &text, bool isUnicode);
@@ -27,11 +24,6 @@ QString gtm_stringByEscapingForAsciiHTML(const QString &text);
 /// The table is sorted by code unit. With `escapingUnicode` what is neither in it nor ASCII becomes a number.
 QString gtm_stringByEscapingHTMLUsingTable(const QString &text, std::span<const HtmlEscape> table,
                                            bool escapingUnicode);
-
-/// The special characters of HTML 4, with the apostrophe: 33 rows.
-std::span<const HtmlEscape> unicodeHtmlEscapes();
-/// All named characters of HTML 4, with the apostrophe: 253 rows.
-std::span<const HtmlEscape> asciiHtmlEscapes();
 
 /// Each line break becomes "<br />"; CR LF counts as one where it does not follow another line break.
 QString stringWithNewLinesAsBRs(const QString &text);

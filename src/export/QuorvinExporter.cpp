@@ -3,7 +3,7 @@
 
 #include "export/QuorvinExporter.h"
 
-#include "export/ExportWriter.h"
+#include "export/ExportFormats.h"
 #include "filefacts/Paths.h"
 #include "platform/AtomicFile.h"
 #include "platform/NativePath.h"
@@ -111,7 +111,7 @@ private:
 
 QString QuorvinExporter::extensionForExportFormat(const QString &format)
 {
-    return exportFormats().contains(format) ? format : QString();
+    return extensionOfFormat(format);
 }
 
 std::unique_ptr<ExportTarget> QuorvinExporter::toDevice(QIODevice &device) const

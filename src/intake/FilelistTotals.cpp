@@ -3,18 +3,9 @@
 
 #include "intake/FilelistTotals.h"
 
-#include "readers/mediainfo/oMediaInfo.h"
-
-#include <QCoreApplication>
-
 namespace quorvin {
 
 namespace {
-
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("FilelistTotals", text);
-}
 
 qint64 durationOf(const std::vector<FilelistItemPtr> &files)
 {
@@ -28,32 +19,20 @@ qint64 durationOf(const std::vector<FilelistItemPtr> &files)
 
 } // namespace
 
-QString FilelistTotals::text(WindowWorker &worker, const std::vector<FilelistItemPtr> &filelist,
-                             const std::vector<FilelistItemPtr> &arranged)
+ListTotals FilelistTotals::totals(WindowWorker &worker, const std::vector<FilelistItemPtr> &filelist,
+                                  const std::vector<FilelistItemPtr> &arranged)
 {
-    if (filelist.empty())
-        return {};
-    QString count = arranged.size() == filelist.size()
-        ? tr("%1 files").arg(arranged.size())
-        : tr("%1 files (of %2 total)").arg(arranged.size()).arg(filelist.size());
-    if (!worker.processingIsDone())
-        return count;
-
-    qint64 shown = _totalDuration;
+    ListTotals totals{static_cast<qint64>(arranged.size()), static_cast<qint64>(filelist.size()), {}};
+    if (filelist.empty() || !worker.processingIsDone())
+        return totals;
     if (worker.isTotalDurationChanged) {
-        shown = _totalDuration = durationOf(filelist);
+        _totalDuration = durationOf(filelist);
         worker.isTotalDurationChanged = false;
-    } else if (arranged.size() < filelist.size()) {
-        shown = durationOf(arranged);
+        totals.duration = _totalDuration;
+    } else {
+        totals.duration = arranged.size() < filelist.size() ? durationOf(arranged) : _totalDuration;
     }
-    const QString duration
-        = shown == 0 ? QStringLiteral("00:00:00") : oMediaInfo::formatDurationUpToSeconds(shown);
-    return tr("%1 in %2").arg(duration, count);
-}
-
-QString FilelistTotals::progressText(const WindowWorker &worker)
-{
-    return tr("%1 of %2 processed").arg(worker.countProcessed()).arg(worker.countToProcess());
+    return totals;
 }
 
 } // namespace quorvin

@@ -5,25 +5,29 @@
 
 #include "intake/WindowWorker.h"
 
-#include <QString>
-
+#include <optional>
 #include <vector>
 
 namespace quorvin {
 
-/// The line under a window's list: how many files it has and how long they play in all.
+/// How many files a window's list has and how long they play in all.
+struct ListTotals {
+    qint64 shown = 0; ///< arranged files
+    qint64 all = 0; ///< files of the whole list
+    std::optional<qint64> duration; ///< milliseconds; absent until all files are processed
+
+    bool operator==(const ListTotals &) const = default;
+};
+
+/// Sums up a window's list. Main thread.
 class FilelistTotals {
 public:
     void clear() { _totalDuration = 0; }
 
-    /// "5 files", "2 files (of 5 total)", and once all are processed "00:01:30 in 5 files". "" for an empty
-    /// list. The duration is that of the whole list when it has just changed, else that of the arranged
-    /// files. Clears `isTotalDurationChanged` when it has made the sum anew.
-    QString text(WindowWorker &worker, const std::vector<FilelistItemPtr> &filelist,
-                 const std::vector<FilelistItemPtr> &arranged);
-
-    /// "3 of 12 processed".
-    static QString progressText(const WindowWorker &worker);
+    /// The duration is that of the whole list when it has just changed, else that of the arranged files.
+    /// Clears `isTotalDurationChanged` when it has made the sum anew.
+    ListTotals totals(WindowWorker &worker, const std::vector<FilelistItemPtr> &filelist,
+                      const std::vector<FilelistItemPtr> &arranged);
 
 private:
     qint64 _totalDuration = 0; ///< milliseconds, of the whole list

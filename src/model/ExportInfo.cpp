@@ -3,8 +3,6 @@
 
 #include "model/ExportInfo.h"
 
-#include "model/QuorvinData.h"
-
 #include <QHash>
 
 namespace quorvin {

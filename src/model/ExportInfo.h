@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "model/Vocabulary.h"
+#include "model/RecordContents.h"
 
 #include <QByteArrayView>
 #include <QString>
@@ -11,8 +11,6 @@
 #include <vector>
 
 namespace quorvin {
-
-struct RecordContents;
 
 /// A parameter as exports show it: the key ("option") and the label ("name") of its term, and its value.
 /// Lasts as long as the record.

@@ -5,7 +5,7 @@
 
 #include "platform/RegularFile.h"
 #include "readers/image/SystemImage.h"
-#include "readers/image/oEXIV2.h"
+#include "readers/image/oEXIV2Reports.h"
 #include "readers/mediainfo/oMediaInfo.h"
 
 #include <algorithm>
@@ -25,9 +25,9 @@ constexpr std::array kSources{
     Source{QLatin1String("mediainfo"), true, oMediaInfo::InformOnFile},
     Source{QLatin1String("mediainfo-complete"), true, oMediaInfo::InformCompleteOnFile},
     Source{QLatin1String("mediainfo-trace"), true, oMediaInfo::InformTraceOnFile},
-    Source{QLatin1String("exiv2"), true, oEXIV2::outputOnFile},
-    Source{QLatin1String("exiv2-structure"), true, oEXIV2::structureOfFile},
-    Source{QLatin1String("xmp"), true, oEXIV2::rawXmpOfFile},
+    Source{QLatin1String("exiv2"), true, oEXIV2Reports::outputOnFile},
+    Source{QLatin1String("exiv2-structure"), true, oEXIV2Reports::structureOfFile},
+    Source{QLatin1String("xmp"), true, oEXIV2Reports::rawXmpOfFile},
     Source{QLatin1String("system-image"), true, imageioReport},
     Source{QLatin1String("parameters"), false,
            [](const QString &) { return std::optional(oMediaInfo::parameterReport()); }},

@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "export/ExportWriter.h"
+#include "export/ExportFormats.h"
 #include "export/QuorvinExporter.h"
 #include "support/TestFolder.h"
 #include "support/TestRecords.h"

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "filefacts/Captures.h"
+#include "filefacts/Durations.h"
 #include "filefacts/FileHash.h"
 #include "filefacts/Paths.h"
 #include "filefacts/Sizes.h"
@@ -15,6 +16,19 @@
 namespace quorvin {
 
 using namespace Utilities;
+
+TEST(Durations, RoundUp)
+{
+    QStringList texts;
+    for (const qint64 duration : {-5, 0, 1, 1000, 1001, 3'661'500, 360'000'000})
+        texts.append(formatDurationUpToSeconds(duration));
+    EXPECT_EQ(texts.join(u' '), QStringLiteral("  00:00:01 00:00:01 00:00:02 01:01:02 100:00:00"));
+    EXPECT_EQ(formatDurationUpToSeconds(std::numeric_limits<qint64>::max()).right(6),
+              QStringLiteral(":12:56"));
+    EXPECT_EQ(leadingInteger(u" -12.5 ms"), -12);
+    EXPECT_EQ(leadingInteger(u"none"), 0);
+    EXPECT_EQ(leadingInteger(u"99999999999999999999"), std::numeric_limits<qint64>::max());
+}
 
 TEST(Sizes, BordersOfBothRules)
 {

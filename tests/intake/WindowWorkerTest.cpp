@@ -110,33 +110,21 @@ TEST(WindowWorker, KnowsTheCurrentFileAndWhereItWasRecorded)
     EXPECT_FALSE(info->lastIndexInList);
 }
 
-TEST(FilelistTotals, TellCountAndDuration)
+TEST(FilelistTotals, CountAndDuration)
 {
     WindowWorker worker;
     FilelistTotals totals;
-    EXPECT_EQ(totals.text(worker, {}, {}), QString());
+    EXPECT_EQ(totals.totals(worker, {}, {}), (ListTotals{0, 0, {}}));
     const auto list = files(5);
     const std::vector<FilelistItemPtr> arranged(list.begin(), list.begin() + 2);
     worker.startNewProcessingWithFiles(list, true);
-    EXPECT_EQ(totals.text(worker, list, list), QStringLiteral("5 files"));
-    EXPECT_EQ(totals.text(worker, list, arranged), QStringLiteral("2 files (of 5 total)"));
-    EXPECT_EQ(FilelistTotals::progressText(worker), QStringLiteral("0 of 5 processed"));
+    EXPECT_EQ(totals.totals(worker, list, arranged), (ListTotals{2, 5, {}}));
     for (const auto &file : list)
         finish(worker, file, 90'000);
-    EXPECT_EQ(totals.text(worker, list, arranged), QStringLiteral("00:07:30 in 2 files (of 5 total)"))
+    EXPECT_EQ(totals.totals(worker, list, arranged), (ListTotals{2, 5, 450'000}))
         << "just finished: that of all";
-    EXPECT_EQ(totals.text(worker, list, arranged), QStringLiteral("00:03:00 in 2 files (of 5 total)"));
-    EXPECT_EQ(totals.text(worker, list, list), QStringLiteral("00:07:30 in 5 files"));
-}
-
-TEST(FilelistTotals, FilesThatDoNotPlayTakeNoTime)
-{
-    WindowWorker worker;
-    FilelistTotals totals;
-    const auto list = files(1);
-    worker.startNewProcessingWithFiles(list, true);
-    finish(worker, list[0]);
-    EXPECT_EQ(totals.text(worker, list, list), QStringLiteral("00:00:00 in 1 files"));
+    EXPECT_EQ(totals.totals(worker, list, arranged), (ListTotals{2, 5, 180'000}));
+    EXPECT_EQ(totals.totals(worker, list, list), (ListTotals{5, 5, 450'000}));
 }
 
 } // namespace quorvin

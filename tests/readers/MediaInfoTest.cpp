@@ -28,14 +28,16 @@ TEST(oMediaInfo, SetUpShowsAndHidesWhatWasAsked)
 {
     oMediaInfo info;
     ASSERT_TRUE(info.Open(test::sample(QStringLiteral("movie.mp4"))));
-    EXPECT_TRUE(info.GetParameterOptions(Video, QStringLiteral("FrameCount")).startsWith(u'Y'));
-    EXPECT_TRUE(info.GetParameterOptions(General, QStringLiteral("CompleteName")).startsWith(u'N'));
-    EXPECT_EQ(info.GetParameterName(General, QStringLiteral("IsStreamable")),
+    EXPECT_TRUE(info.GetParameterOptions(StreamKind::Video, QStringLiteral("FrameCount")).startsWith(u'Y'));
+    EXPECT_TRUE(
+        info.GetParameterOptions(StreamKind::General, QStringLiteral("CompleteName")).startsWith(u'N'));
+    EXPECT_EQ(info.GetParameterName(StreamKind::General, QStringLiteral("IsStreamable")),
               QStringLiteral("Is Streamable"));
     // A report on the parameters changes none of that.
     EXPECT_TRUE(oMediaInfo::parameterReport().startsWith(
         QStringLiteral("\nGeneral\n----------------------\nCount;\n")));
-    EXPECT_TRUE(info.GetParameterOptions(General, QStringLiteral("CompleteName")).startsWith(u'N'));
+    EXPECT_TRUE(
+        info.GetParameterOptions(StreamKind::General, QStringLiteral("CompleteName")).startsWith(u'N'));
 }
 
 TEST(oMediaInfo, IndexOfANameIsTheLibrarysOwn)
@@ -88,25 +90,13 @@ TEST(oMediaInfo, ReportsOpenAnyName)
     EXPECT_EQ(oMediaInfo::InformOnFile(folder / QStringLiteral("none")), std::nullopt);
 }
 
-TEST(oMediaInfo, DurationsRoundUp)
-{
-    const auto format = oMediaInfo::formatDurationUpToSeconds;
-    EXPECT_EQ(joined({format(-5), format(0), format(1), format(1000), format(1001), format(3'661'500),
-                      format(360'000'000)}),
-              QStringLiteral("  00:00:01 00:00:01 00:00:02 01:01:02 100:00:00"));
-    EXPECT_EQ(format(std::numeric_limits<qint64>::max()).right(6), QStringLiteral(":12:56"));
-    EXPECT_EQ(leadingInteger(u" -12.5 ms"), -12);
-    EXPECT_EQ(leadingInteger(u"none"), 0);
-    EXPECT_EQ(leadingInteger(u"99999999999999999999"), std::numeric_limits<qint64>::max());
-}
-
 TEST(oMediaInfo, NamesOfKinds)
 {
     EXPECT_EQ(streamKindToHumanString(3), QStringLiteral("Subtitles"));
     EXPECT_EQ(streamKindToString(7), std::nullopt);
     EXPECT_EQ(streamKindToString(-1), std::nullopt);
-    EXPECT_EQ(streamStringToKind(u"Menu"), Menu);
-    EXPECT_EQ(streamStringToKind(u"Chapters"), General);
+    EXPECT_EQ(streamStringToKind(u"Menu"), StreamKind::Menu);
+    EXPECT_EQ(streamStringToKind(u"Chapters"), StreamKind::General);
     const auto parameters = oMediaInfo::dictionaryOfParameters();
     ASSERT_EQ(parameters.size(), 7U);
     EXPECT_EQ(parameters[2].first, QStringLiteral("Audio"));

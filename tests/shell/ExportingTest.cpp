@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "export/ExportWriter.h"
+#include "export/ExportFormats.h"
 #include "shell/exporting/ExportController.h"
 #include "shell/exporting/ExportSheet.h"
 #include "support/TestFolder.h"

@@ -3,7 +3,7 @@
 
 #include "support/TestRecords.h"
 
-#include "export/ExportWriter.h"
+#include "export/ExportFormats.h"
 
 #include <QBuffer>
 

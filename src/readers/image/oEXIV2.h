@@ -31,16 +31,6 @@ public:
 
     const ImageMetadata &data() const { return _data; }
 
-    /// Every metadata item, a line each, as exiv2 prints it; "" for an image without any, nothing for a file
-    /// that cannot be read.
-    static std::optional<QString> outputOnFile(const QString &path);
-    /// The layout of a file as exiv2 describes it, or the text of exiv2's error; nothing for a file that it
-    /// does not know.
-    static std::optional<QString> structureOfFile(const QString &path);
-    /// The raw XMP packet, "" without one, or the text of exiv2's error; nothing for a file that it does not
-    /// know.
-    static std::optional<QString> rawXmpOfFile(const QString &path);
-
 private:
     explicit oEXIV2(ImageMetadata data) : _data(std::move(data)) { }
 

@@ -1,15 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "readers/image/oEXIV2Reports.h"
+
 #include "model/Log.h"
 #include "readers/image/Exiv2Library.h"
-#include "readers/image/oEXIV2.h"
 
 #include <QStringList>
 
 #include <sstream>
 
-namespace quorvin {
+namespace quorvin::oEXIV2Reports {
 
 namespace {
 
@@ -87,7 +88,7 @@ try {
 
 } // namespace
 
-std::optional<QString> oEXIV2::outputOnFile(const QString &path)
+std::optional<QString> outputOnFile(const QString &path)
 try {
     return textOfFile(path, report);
 } catch (const Exiv2::Error &error) {
@@ -100,7 +101,7 @@ try {
     return std::nullopt;
 }
 
-std::optional<QString> oEXIV2::structureOfFile(const QString &path)
+std::optional<QString> structureOfFile(const QString &path)
 {
     return textOrErrorOfFile(path, [](Exiv2::Image &image) {
         std::ostringstream out;
@@ -109,9 +110,9 @@ std::optional<QString> oEXIV2::structureOfFile(const QString &path)
     });
 }
 
-std::optional<QString> oEXIV2::rawXmpOfFile(const QString &path)
+std::optional<QString> rawXmpOfFile(const QString &path)
 {
     return textOrErrorOfFile(path, [](Exiv2::Image &image) { return lenient(image.xmpPacket()); });
 }
 
-} // namespace quorvin
+} // namespace quorvin::oEXIV2Reports

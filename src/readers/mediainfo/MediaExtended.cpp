@@ -3,8 +3,7 @@
 
 #include "readers/mediainfo/MediaExtended.h"
 
-#include "readers/mediainfo/StandardParameters.h"
-#include "readers/mediainfo/oMediaInfo.h"
+#include "readers/mediainfo/ParameterFaces.h"
 
 namespace quorvin {
 
@@ -23,7 +22,7 @@ public:
 
     void run()
     {
-        const auto standard = StandardParameters::faces(_info, _kind);
+        const auto standard = standardFaces(_info, _kind);
         const auto standardCount = static_cast<qint64>(standard.size());
         for (qint64 i = 0; i < standardCount; ++i) {
             if (standard[static_cast<std::size_t>(i)].shown)
@@ -31,7 +30,7 @@ public:
         }
         const qint64 count = _info.numberOfOptionsInStream(_number, _kind);
         for (qint64 i = standardCount; i < count; ++i) {
-            const ParameterFace face = StandardParameters::faceOf(_info, _kind, _number, i);
+            const ParameterFace face = faceOf(_info, _kind, _number, i);
             if (face.shown)
                 add(face, _info.GetI_Text(_kind, _number, i));
         }
@@ -69,7 +68,7 @@ void prepareMediainfoData(const oMediaInfo &info, const RecordOptions &options, 
 {
     for (const StreamKind kind : kStreamKindOrder) {
         const qint64 count = info.numberOfStreams(kind);
-        groups.beginGroup(*streamKindToHumanString(kind), count != 1);
+        groups.beginGroup(streamKindToHumanString(kind), count != 1);
         for (qint64 i = 0; i < count; ++i) {
             groups.beginStream(static_cast<int>(i) + 1);
             StreamWalk(info, kind, static_cast<quint64>(i), options.useSIUnits, groups).run();

@@ -3,6 +3,7 @@
 
 #include "readers/mediainfo/MediaGeneral.h"
 
+#include "filefacts/Durations.h"
 #include "filefacts/FileStream.h"
 #include "pictures/Cover.h"
 #include "readers/mediainfo/oMediaInfo.h"
@@ -80,8 +81,8 @@ QStringList textPieces(const StreamReader &read)
 
 qint64 chapterCount(const StreamReader &read)
 {
-    return qint64{saturated(leadingInteger(read(u"Chapters_Pos_End"_s)))}
-    - saturated(leadingInteger(read(u"Chapters_Pos_Begin"_s)));
+    return qint64{saturated(Utilities::leadingInteger(read(u"Chapters_Pos_End"_s)))}
+    - saturated(Utilities::leadingInteger(read(u"Chapters_Pos_Begin"_s)));
 }
 
 QStringList menuPieces(const StreamReader &read)
@@ -103,9 +104,11 @@ struct LineForm {
 };
 
 constexpr std::array kLineForms{
-    LineForm{Video, "Video"_L1, videoPieces, true},   LineForm{Audio, "Audio"_L1, audioPieces, true},
-    LineForm{Text, "Subtitles"_L1, textPieces, true}, LineForm{Menu, "Menu"_L1, menuPieces, false},
-    LineForm{Other, "Other"_L1, otherPieces, true},
+    LineForm{StreamKind::Video, "Video"_L1, videoPieces, true},
+    LineForm{StreamKind::Audio, "Audio"_L1, audioPieces, true},
+    LineForm{StreamKind::Text, "Subtitles"_L1, textPieces, true},
+    LineForm{StreamKind::Menu, "Menu"_L1, menuPieces, false},
+    LineForm{StreamKind::Other, "Other"_L1, otherPieces, true},
 };
 
 QString joinedPieces(const QStringList &pieces)
@@ -129,7 +132,7 @@ StyledText lineText(const LineForm &form, const StreamReader &read)
 /// The menu that the library finds in a program stream without chapters stands for nothing.
 bool isEmptyProgramMenu(const LineForm &form, const StreamReader &read, const QString &format)
 {
-    return form.kind == Menu && format == "MPEG-PS"_L1 && chapterCount(read) <= 0;
+    return form.kind == StreamKind::Menu && format == "MPEG-PS"_L1 && chapterCount(read) <= 0;
 }
 
 void addLines(const LineForm &form, const oMediaInfo &info, GeneralFacts &general)
@@ -142,7 +145,7 @@ void addLines(const LineForm &form, const oMediaInfo &info, GeneralFacts &genera
         const QString label
             = count == 1 ? QString(form.label) : form.label + " #"_L1 + QString::number(i + 1);
         general.lines.push_back(
-            {*streamKindToHumanString(form.kind), label, lineText(form, read), read.number});
+            {streamKindToHumanString(form.kind), label, lineText(form, read), read.number});
     }
 }
 
@@ -165,23 +168,23 @@ QByteArray firstCover(const oMediaInfo &info)
 void prepareMediainfoGeneral(const oMediaInfo &info, const RegularFile &file, const RecordOptions &options,
                              RecordContents &record)
 {
-    const qint64 duration = leadingInteger(info.GetGeneral(0, u"Duration"_s));
+    const qint64 duration = Utilities::leadingInteger(info.GetGeneral(0, u"Duration"_s));
     record.duration = saturated(duration);
-    record.isVideo = info.numberOfStreams(Video) > 0;
-    record.isAudio = info.numberOfStreams(Audio) > 0;
+    record.isVideo = info.numberOfStreams(StreamKind::Video) > 0;
+    record.isAudio = info.numberOfStreams(StreamKind::Audio) > 0;
 
     GeneralFacts &general = record.general;
     static_cast<FileFacts &>(general) = getFileInfo(file, options);
     general.format = firstNotEmpty({info.GetGeneral(0, u"Format"_s), u"Unknown Format"_s});
     general.formatProfile = info.GetGeneral(0, u"Format_Profile"_s);
-    general.duration = oMediaInfo::formatDurationUpToSeconds(duration);
+    general.duration = Utilities::formatDurationUpToSeconds(duration);
     general.bitrate = info.GetGeneral(0, u"OverallBitRate/String"_s);
     general.imageSize = QString();
     if (options.keepCover)
         general.coverData = firstCover(info);
     general.container = joinedPieces({general.format, general.filesize, general.duration, general.bitrate});
     for (const LineForm &form : kLineForms) {
-        if (form.kind != Other || options.otherTracksInGeneral)
+        if (form.kind != StreamKind::Other || options.otherTracksInGeneral)
             addLines(form, info, general);
     }
 }

@@ -4,12 +4,10 @@
 #include "readers/mediainfo/StandardParameters.h"
 
 #include "readers/mediainfo/MediaInfoLibrary.h"
-#include "readers/mediainfo/oMediaInfo.h"
 
 #include <QHash>
 
 #include <array>
-#include <mutex>
 
 namespace quorvin::StandardParameters {
 
@@ -35,20 +33,13 @@ const Indexes &indexes()
     static const Indexes byKind = [] {
         Indexes made;
         for (const Section &section : list()) {
-            auto &index = made[streamStringToKind(section.heading)];
+            auto &index = made[placeOf(streamStringToKind(section.heading))];
             for (const QString &name : section.names)
                 index.insert(name, index.size());
         }
         return made;
     }();
     return byKind;
-}
-
-ParameterRule ruleOf(const QString &name)
-{
-    if (isStreamSize(name))
-        return ParameterRule::StreamSize;
-    return name == QLatin1String("Duration/String") ? ParameterRule::Duration : ParameterRule::Plain;
 }
 
 } // namespace
@@ -65,31 +56,16 @@ const std::vector<Section> &list()
     return sections;
 }
 
+qint64 count(StreamKind kind)
+{
+    return indexes()[placeOf(kind)].size();
+}
+
 std::optional<qint64> indexOf(StreamKind kind, const QString &name)
 {
-    const auto &index = indexes()[kind];
+    const auto &index = indexes()[placeOf(kind)];
     const auto found = index.constFind(name);
     return found == index.constEnd() ? std::nullopt : std::optional(*found);
-}
-
-std::span<const ParameterFace> faces(const oMediaInfo &info, StreamKind kind)
-{
-    static std::array<std::once_flag, kStreamKinds> once;
-    static std::array<std::vector<ParameterFace>, kStreamKinds> known;
-    auto &facesOfKind = known[kind];
-    std::call_once(once[kind], [&] {
-        for (qint64 i = 0; i < indexes()[kind].size(); ++i)
-            facesOfKind.push_back(faceOf(info, kind, 0, i));
-    });
-    return facesOfKind;
-}
-
-ParameterFace faceOf(const oMediaInfo &info, StreamKind kind, quint64 number, qint64 parameter)
-{
-    const QString name = info.GetI_Name(kind, number, parameter);
-    const QString displayName = info.GetI(kind, number, parameter, oMediaInfo::DisplayName);
-    const bool shown = info.GetI(kind, number, parameter, oMediaInfo::Options).startsWith(u'Y');
-    return {internTerm(name, displayName.isEmpty() ? name : displayName), shown, ruleOf(name)};
 }
 
 bool isStreamSize(const QString &name)

@@ -47,10 +47,15 @@ std::optional<QString> streamKindToHumanString(qint32 kind)
     return found ? std::optional(found->human) : std::nullopt;
 }
 
+QString streamKindToHumanString(StreamKind kind)
+{
+    return names()[placeOf(kind)].human;
+}
+
 StreamKind streamStringToKind(QStringView name)
 {
     const auto found = std::ranges::find(names(), name, &Names::library);
-    return found == names().end() ? General : static_cast<StreamKind>(found - names().begin());
+    return found == names().end() ? StreamKind::General : static_cast<StreamKind>(found - names().begin());
 }
 
 QStringList arrayOfStreamNames()

@@ -3,6 +3,7 @@
 
 #include "readers/mediainfo/oMediaInfo.h"
 
+#include "filefacts/Durations.h"
 #include "filefacts/Sizes.h"
 #include "model/Log.h"
 #include "platform/NativePath.h"
@@ -11,8 +12,6 @@
 #include "readers/mediainfo/StandardParameters.h"
 
 #include <QHash>
-
-#include <limits>
 
 namespace quorvin {
 
@@ -145,7 +144,8 @@ QString oMediaInfo::GetFromStream(StreamKind kind, quint64 number, const QString
     using namespace Qt::StringLiterals;
     if (parameter == "FileSize/String/SI"_L1) {
         const QString size = get(kind, number, u"FileSize"_s, Value);
-        return size.isEmpty() ? QString() : Utilities::filesizeToMacHumanString(leadingInteger(size));
+        return size.isEmpty() ? QString()
+                              : Utilities::filesizeToMacHumanString(Utilities::leadingInteger(size));
     }
     if (parameter == "StreamSize/String/SI"_L1)
         return sizeAndShare(kind, number, u"StreamSize"_s);
@@ -161,7 +161,7 @@ QString oMediaInfo::sizeAndShare(StreamKind kind, quint64 number, const QString 
     if (size.isEmpty() || proportion.isEmpty())
         return {};
     const float share = proportion.toFloat() * 100.0F;
-    return Utilities::filesizeToMacHumanString(leadingInteger(size)) + QLatin1String(" (")
+    return Utilities::filesizeToMacHumanString(Utilities::leadingInteger(size)) + QLatin1String(" (")
         + Utilities::fixedNotation(static_cast<double>(share), 1) + QLatin1String("%)");
 }
 
@@ -205,7 +205,7 @@ QString oMediaInfo::myCodecHint(StreamKind kind, quint64 number) const
 
     const QString format = read(u"Format"_s);
     QStringList description;
-    if (kind == Video) {
+    if (kind == StreamKind::Video) {
         QString hint = format == "MPEG-4 Visual"_L1 ? read(u"CodecID/Hint"_s) : QString();
         if (!hint.isEmpty() && hint != "Microsoft"_L1)
             return hint;
@@ -213,17 +213,9 @@ QString oMediaInfo::myCodecHint(StreamKind kind, quint64 number) const
     }
     description.append(format);
     addIfSet(description, read(u"Format_Version"_s));
-    if (kind != Video)
+    if (kind != StreamKind::Video)
         addIfSet(description, read(u"Format_Profile"_s));
     return codecs().value(description.join(u' '));
-}
-
-QString oMediaInfo::formatDurationUpToSeconds(qint64 milliseconds)
-{
-    if (milliseconds < 1)
-        return {};
-    const qint64 seconds = milliseconds / 1000 + (milliseconds % 1000 != 0);
-    return QString::asprintf("%02lld:%02lld:%02lld", seconds / 3600, seconds % 3600 / 60, seconds % 60);
 }
 
 std::vector<std::pair<QString, QStringList>> oMediaInfo::dictionaryOfParameters()
@@ -234,13 +226,13 @@ std::vector<std::pair<QString, QStringList>> oMediaInfo::dictionaryOfParameters(
         QStringList names;
         for (const QString &name : section.names) {
             const bool replaced = name == QLatin1String("FileSize/String")
-                ? kind == General
+                ? kind == StreamKind::General
                 : StandardParameters::isStreamSize(name);
             if (replaced)
                 names.append(name + QLatin1String("/SI"));
             names.append(name);
         }
-        result.emplace_back(*streamKindToHumanString(kind), names);
+        result.emplace_back(streamKindToHumanString(kind), names);
     }
     return result;
 }
@@ -274,25 +266,6 @@ std::optional<QString> oMediaInfo::InformTraceOnFile(const QString &path)
     oMediaInfo info;
     info.OptionSet(QStringLiteral("Inform"), QStringLiteral("Details;1"));
     return info.Open(path) ? std::optional(info.Inform()) : std::nullopt;
-}
-
-qint64 leadingInteger(QStringView text)
-{
-    text = text.trimmed();
-    const bool negative = text.startsWith(u'-');
-    if (negative || text.startsWith(u'+'))
-        text = text.mid(1);
-    constexpr qint64 kMost = std::numeric_limits<qint64>::max();
-    qint64 value = 0;
-    for (const QChar digit : text) {
-        if (digit < u'0' || digit > u'9')
-            break;
-        const qint64 number = digit.unicode() - u'0';
-        if (value > (kMost - number) / 10)
-            return negative ? std::numeric_limits<qint64>::min() : kMost;
-        value = value * 10 + number;
-    }
-    return negative ? -value : value;
 }
 
 } // namespace quorvin

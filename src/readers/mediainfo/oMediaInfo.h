@@ -59,23 +59,23 @@ public:
     QString GetParameterOptions(StreamKind kind, const QString &parameter) const;
     QString GetGeneral(quint64 number, const QString &parameter) const
     {
-        return GetFromStream(General, number, parameter);
+        return GetFromStream(StreamKind::General, number, parameter);
     }
     QString GetVideo(quint64 number, const QString &parameter) const
     {
-        return GetFromStream(Video, number, parameter);
+        return GetFromStream(StreamKind::Video, number, parameter);
     }
     QString GetAudio(quint64 number, const QString &parameter) const
     {
-        return GetFromStream(Audio, number, parameter);
+        return GetFromStream(StreamKind::Audio, number, parameter);
     }
     QString GetText(quint64 number, const QString &parameter) const
     {
-        return GetFromStream(Text, number, parameter);
+        return GetFromStream(StreamKind::Text, number, parameter);
     }
     QString GetMenu(quint64 number, const QString &parameter) const
     {
-        return GetFromStream(Menu, number, parameter);
+        return GetFromStream(StreamKind::Menu, number, parameter);
     }
 
     qint64 numberOfStreams(StreamKind kind) const;
@@ -84,9 +84,6 @@ public:
 
     /// The short name people use for a stream's codec, such as "MP3"; "" when there is none.
     QString myCodecHint(StreamKind kind, quint64 number) const;
-
-    /// Whole seconds as hh:mm:ss, rounded up; "" below one millisecond. Hours may take more than two digits.
-    static QString formatDurationUpToSeconds(qint64 milliseconds);
 
     /// The library's list of parameter names by human stream name, in its order, our own names ahead of those
     /// they replace.
@@ -111,8 +108,5 @@ private:
     void *MI = nullptr;
     std::optional<RegularFile> _heldOpen; ///< a file that the library reaches through its descriptor
 };
-
-/// The integer at the start of a text, 0 without one, saturated to 64 bits.
-qint64 leadingInteger(QStringView text);
 
 } // namespace quorvin

@@ -229,7 +229,7 @@ void MainView::startDelayedWorkingAnimation(const FilelistItemPtr &file)
 void MainView::updateTotals()
 {
     _totalsTimer.stop();
-    _status->setTotal(_totals.text(_worker, _filelist, _arranged.files()));
+    _status->setTotals(_totals.totals(_worker, _filelist, _arranged.files()));
     _status->setProgress(_worker);
     Q_EMIT stateDidChange();
 }

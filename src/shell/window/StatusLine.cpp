@@ -3,6 +3,7 @@
 
 #include "shell/window/StatusLine.h"
 
+#include "filefacts/Durations.h"
 #include "intake/FilelistTotals.h"
 #include "shell/window/WorkNote.h"
 
@@ -17,6 +18,21 @@ namespace quorvin {
 namespace {
 
 constexpr int kBarWidth = 160;
+
+/// "5 files", "2 files (of 5 total)", and with a duration "00:01:30 in 5 files"; "" for an empty list.
+QString textOf(const ListTotals &totals)
+{
+    if (totals.all == 0)
+        return {};
+    const QString count = totals.shown == totals.all
+        ? StatusLine::tr("%1 files").arg(totals.shown)
+        : StatusLine::tr("%1 files (of %2 total)").arg(totals.shown).arg(totals.all);
+    if (!totals.duration)
+        return count;
+    const QString duration = totals.duration == 0 ? QStringLiteral("00:00:00")
+                                                  : Utilities::formatDurationUpToSeconds(*totals.duration);
+    return StatusLine::tr("%1 in %2").arg(duration, count);
+}
 
 } // namespace
 
@@ -49,8 +65,9 @@ StatusLine::StatusLine(QWidget *parent)
     _count->hide();
 }
 
-void StatusLine::setTotal(const QString &text)
+void StatusLine::setTotals(const ListTotals &totals)
 {
+    const QString text = textOf(totals);
     _total->setText(text);
     _total->setVisible(!text.isEmpty());
 }
@@ -66,7 +83,8 @@ void StatusLine::setProgress(const WindowWorker &worker)
     constexpr qint64 kMost = std::numeric_limits<int>::max();
     _bgProgress->setMaximum(static_cast<int>(std::min(worker.countToProcess(), kMost)));
     _bgProgress->setValue(static_cast<int>(std::min(worker.countProcessed(), kMost)));
-    _bgProgress->setToolTip(FilelistTotals::progressText(worker));
+    _bgProgress->setToolTip(
+        tr("%1 of %2 processed").arg(worker.countProcessed()).arg(worker.countToProcess()));
     _count->setText(tr("%1 of %2").arg(worker.countProcessed()).arg(worker.countToProcess()));
     if (worker.processingIsDone() || worker.countToProcess() >= 2) {
         _bgProgress->setVisible(!worker.processingIsDone());

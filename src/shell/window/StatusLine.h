@@ -11,6 +11,7 @@ class QProgressBar;
 namespace quorvin {
 
 class WindowWorker;
+struct ListTotals;
 class WorkNote;
 
 /// The line under the window: count and duration, how far the analysis is, and a walk or an export that is
@@ -20,8 +21,8 @@ class StatusLine : public QWidget {
 public:
     explicit StatusLine(QWidget *parent = nullptr);
 
-    /// "" hides it.
-    void setTotal(const QString &text);
+    /// Shows nothing for an empty list.
+    void setTotals(const ListTotals &totals);
     void setProgress(const WindowWorker &worker);
 
     /// What went wrong with the last thing that was asked for; "" when nothing did.

@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+#include <optional>
+
+/// What exiv2 tells of an image as text, for diagnostics. Any thread, after the set-up of the library.
+namespace quorvin::oEXIV2Reports {
+
+/// Every metadata item, a line each, as exiv2 prints it; "" for an image without any, nothing for a file
+/// that cannot be read.
+std::optional<QString> outputOnFile(const QString &path);
+/// The layout of a file as exiv2 describes it, or the text of exiv2's error; nothing for a file that it
+/// does not know.
+std::optional<QString> structureOfFile(const QString &path);
+/// The raw XMP packet, "" without one, or the text of exiv2's error; nothing for a file that it does not
+/// know.
+std::optional<QString> rawXmpOfFile(const QString &path);
+
+} // namespace quorvin::oEXIV2Reports
