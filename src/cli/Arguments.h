@@ -6,34 +6,27 @@
 #include <QString>
 #include <QStringList>
 
-#include <tl/expected.hpp>
-
 #include <optional>
 
 namespace quorvin::cli {
 
-/// A call of the program, taken apart and checked.
+/// The options and paths of a call, as given. What an option may say has been checked; what its value leads
+/// to has not.
 struct Arguments {
-    QString command; ///< "" when only help or the version is wanted
-    std::optional<QString> helpText; ///< set when help is wanted
-    bool version = false;
-
-    QString format; ///< a key of `exportFormats`
-    std::optional<QString> output; ///< absent: standard output
-    std::optional<QString> outputDir;
-    bool skipPrivate = false;
-    QString source; ///< a key of `rawSources`
-
     QStringList overrides; ///< KEY=VALUE
     int jobs = 0; ///< 0: one for each core
     std::optional<QString> filesFrom; ///< "-": standard input
     bool zeroSeparated = false;
     bool noProgress = false;
-    QStringList paths; ///< as given
-};
+    bool version = false;
+    bool help = false;
+    QStringList paths;
 
-/// `words` are those of the command line without the program's name, decoded as paths are. The error is one
-/// line, for a person to read.
-tl::expected<Arguments, QString> parseArguments(const QStringList &words);
+    QString format; ///< a word that the command's option offers
+    std::optional<QString> output; ///< absent: standard output
+    std::optional<QString> outputDir;
+    bool skipPrivate = false;
+    QString source; ///< a key of `rawSources`
+};
 
 } // namespace quorvin::cli

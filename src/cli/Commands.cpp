@@ -3,16 +3,12 @@
 
 #include "cli/Commands.h"
 
-#include "cli/Console.h"
-#include "cli/FileRun.h"
-#include "export/QuorvinExporter.h"
-#include "platform/NativePath.h"
-#include "platform/Settings.h"
-#include "readers/RawReport.h"
+#include "cli/ExportCommand.h"
+#include "cli/GeneralCommand.h"
+#include "cli/ListCommand.h"
+#include "cli/RawCommand.h"
+#include "cli/SettingsCommand.h"
 
-#include <QDir>
-
-#include <algorithm>
 #include <array>
 
 namespace quorvin::cli {
@@ -21,148 +17,92 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// What every command works with.
-struct Context {
-    const Arguments &arguments;
-    const Settings &settings;
-    Console &console;
+QList<Option> noOptions()
+{
+    return {};
+}
+
+Reads files(const Arguments &)
+{
+    return Reads::Files;
+}
+
+Reads nothing(const Arguments &)
+{
+    return Reads::Nothing;
+}
+
+constexpr std::array kCommands{
+    Command{.name = "export"_L1,
+            .description = "the information of every file"_L1,
+            .options = exportOptions,
+            .reads = files,
+            .run = runExport,
+            .check = checkExport},
+    Command{.name = "general"_L1,
+            .description = "a summary of every file"_L1,
+            .options = noOptions,
+            .reads = files,
+            .run = runGeneral},
+    Command{.name = "list"_L1,
+            .description = "the files, one a line: path as listed, tab, full path"_L1,
+            .options = noOptions,
+            .reads = files,
+            .run = runList},
+    Command{.name = "raw"_L1,
+            .description = "the report of a library, as it comes"_L1,
+            .options = rawOptions,
+            .reads = rawReads,
+            .run = runRaw},
+    Command{.name = "settings"_L1,
+            .description = "the settings: key, type, default, value"_L1,
+            .options = noOptions,
+            .reads = nothing,
+            .run = runSettings},
 };
 
-bool writesToConsole(const Arguments &arguments)
+Expected<void> takeJobs(Arguments &arguments, const QStringList &values)
 {
-    return !arguments.outputDir && arguments.output.value_or(u"-"_s) == "-"_L1;
+    bool ok = false;
+    arguments.jobs = values.last().toInt(&ok);
+    if (!ok || arguments.jobs < 1)
+        return failure(u"--jobs takes a whole number from 1 on"_s);
+    return {};
 }
-
-QString outputName(const Arguments &arguments)
-{
-    return writesToConsole(arguments) ? u"standard output"_s : *arguments.output;
-}
-
-std::unique_ptr<ExportTarget> exportTarget(const Context &context)
-{
-    const Arguments &arguments = context.arguments;
-    QuorvinExporter exporter;
-    exporter.setFormat(arguments.format);
-    exporter.setSkipFilePrivate(arguments.skipPrivate);
-    if (arguments.outputDir)
-        return exporter.toFolder(*arguments.outputDir);
-    return writesToConsole(arguments) ? exporter.toDevice(context.console.output())
-                                      : exporter.toFile(*arguments.output);
-}
-
-/// A folder of results goes on with the next file; one document that cannot be written is no use going on
-/// with.
-bool addToTarget(ExportTarget &target, const ExportEntry &entry, const Context &context, bool &failed)
-{
-    const auto added = target.add(entry);
-    if (added)
-        return true;
-    failed = true;
-    const bool goesOn = context.arguments.outputDir.has_value();
-    context.console.complain(goesOn ? entry.filename : outputName(context.arguments), added.error());
-    return goesOn;
-}
-
-int runExport(const Context &context)
-{
-    const Arguments &arguments = context.arguments;
-    if (arguments.outputDir && !QDir().mkpath(*arguments.outputDir)) {
-        context.console.complain(*arguments.outputDir, u"the folder can not be made"_s);
-        return SomethingFailed;
-    }
-    FileRun run(arguments, context.settings, context.console);
-    const auto target = exportTarget(context);
-    bool failed = false;
-    bool wroteAny = false;
-    run.forEachRecord([&](const ExportEntry &entry) {
-        wroteAny = true;
-        return addToTarget(*target, entry, context, failed);
-    });
-    if (!failed) {
-        const auto finished = target->finish();
-        failed = !finished;
-        if (failed)
-            context.console.complain(outputName(arguments), finished.error());
-    }
-    if (failed)
-        return SomethingFailed;
-    const bool written = context.console.finish(!wroteAny || !writesToConsole(arguments));
-    return written && !run.hasFailures() ? AllWell : SomethingFailed;
-}
-
-int runGeneral(const Context &context)
-{
-    FileRun run(context.arguments, context.settings, context.console);
-    bool isFirst = true;
-    run.forEachRecord([&](const ExportEntry &entry) {
-        const QString rule(entry.pathPrefix.size(), u'-');
-        const QString gap = std::exchange(isFirst, false) ? QString() : u"\n"_s;
-        const QString block
-            = gap + entry.pathPrefix + u'\n' + rule + u'\n' + entry.data->stringForExportGeneral() + u'\n';
-        context.console.write(block.toUtf8());
-        return true;
-    });
-    return context.console.finish(true) && !run.hasFailures() ? AllWell : SomethingFailed;
-}
-
-int runList(const Context &context)
-{
-    FileRun run(context.arguments, context.settings, context.console);
-    const char end = context.arguments.zeroSeparated ? '\0' : '\n';
-    for (const FilelistItemPtr &item : run.filelist())
-        context.console.write(encodePath(item->prefixedPath()) + '\t' + encodePath(item->filename()) + end);
-    return context.console.finish(true) && !run.hasFailures() ? AllWell : SomethingFailed;
-}
-
-int runRaw(const Context &context)
-{
-    const QString &source = context.arguments.source;
-    if (!rawSourceTakesFiles(source)) {
-        context.console.write(rawReport(source, {})->toUtf8());
-        return context.console.finish(false) ? AllWell : SomethingFailed;
-    }
-    FileRun run(context.arguments, context.settings, context.console);
-    bool endsInLineFeed = true;
-    const auto runner = run.makeRunner();
-    run.forEachFile([&](const FilelistItem &item) -> std::optional<QString> {
-        const JobResult result = runner->run(Job::rawReport(item.filename(), source));
-        if (!result)
-            return result.error();
-        const QString &report = result->report;
-        endsInLineFeed = report.isEmpty() ? endsInLineFeed : report.endsWith(u'\n');
-        context.console.write(report.toUtf8());
-        return std::nullopt;
-    });
-    return context.console.finish(endsInLineFeed) && !run.hasFailures() ? AllWell : SomethingFailed;
-}
-
-int runSettings(const Context &context)
-{
-    for (const SettingRow &row : settingsTable()) {
-        const QStringList fields{row.key, nameOfType(row.type), row.defaultText,
-                                 context.settings.text(row.setting)};
-        context.console.write(fields.join(u'\t').toUtf8() + '\n');
-    }
-    return context.console.finish(true) ? AllWell : SomethingFailed;
-}
-
-struct Runner {
-    QLatin1String command;
-    int (*run)(const Context &context);
-};
-
-constexpr std::array kRunners{
-    Runner{"export"_L1, runExport}, Runner{"general"_L1, runGeneral},   Runner{"list"_L1, runList},
-    Runner{"raw"_L1, runRaw},       Runner{"settings"_L1, runSettings},
-};
 
 } // namespace
 
-int runCommand(const Arguments &arguments, const Settings &settings, Console &console)
+std::span<const Command> commands()
 {
-    const auto runner
-        = std::ranges::find_if(kRunners, [&](const Runner &row) { return row.command == arguments.command; });
-    return runner == kRunners.end() ? int{WrongCall} : runner->run({arguments, settings, console});
+    return kCommands;
+}
+
+QList<Option> commonOptions()
+{
+    return {
+        {.names = {u"set"_s},
+         .description = u"Use this setting for this run; may be given several times."_s,
+         .valueName = u"KEY=VALUE"_s,
+         .take = put<&Arguments::overrides>},
+        {.names = {u"j"_s, u"jobs"_s},
+         .description = u"Number of threads; default: one for each core."_s,
+         .valueName = u"N"_s,
+         .take = takeJobs},
+        {.names = {u"files-from"_s},
+         .description = u"Read more paths from FILE, one a line; - is standard input."_s,
+         .valueName = u"FILE"_s,
+         .take = put<&Arguments::filesFrom>},
+        {.names = {u"0"_s},
+         .description = u"Paths of --files-from end in a zero byte; so do the lines of list."_s,
+         .take = put<&Arguments::zeroSeparated>},
+        {.names = {u"no-progress"_s},
+         .description = u"Show no progress."_s,
+         .take = put<&Arguments::noProgress>},
+        {.names = {u"version"_s},
+         .description = u"Show the versions of the program and its libraries."_s,
+         .take = put<&Arguments::version>},
+        {.names = {u"h"_s, u"help"_s}, .description = u"Show this help."_s, .take = put<&Arguments::help>},
+    };
 }
 
 } // namespace quorvin::cli

@@ -3,23 +3,16 @@
 
 #pragma once
 
-#include "cli/Arguments.h"
+#include "cli/Command.h"
 
-namespace quorvin {
-class Settings;
-}
+#include <span>
 
 namespace quorvin::cli {
 
-class Console;
+/// All commands, in the order of the help.
+std::span<const Command> commands();
 
-/// Exit statuses.
-enum Status { AllWell = 0, SomethingFailed = 1, WrongCall = 2 };
-
-/// Runs a command that `parseArguments` accepted and gives the exit status.
-int runCommand(const Arguments &arguments, const Settings &settings, Console &console);
-
-/// The version of the program, its libraries and exiftool, and what guards the readers; a line each.
-QString versionText();
+/// The options of every command, in the order of the help.
+QList<Option> commonOptions();
 
 } // namespace quorvin::cli

@@ -4,91 +4,87 @@
 #include "cli/FileRun.h"
 
 #include "cli/Console.h"
-#include "cli/OrderedResults.h"
-#include "intake/DataCacher.h"
-#include "platform/NativePath.h"
 
-#include <QFile>
+#include <QCoreApplication>
 #include <QThread>
-
-#include <cstdio>
 
 namespace quorvin::cli {
 
-FileRun::FileRun(const Arguments &arguments, const Settings &settings, Console &console)
-    : _console(console),
-      _noProgress(arguments.noProgress),
-      _jobs(arguments.jobs > 0 ? arguments.jobs : QThread::idealThreadCount()),
-      _setup(analysisSetupFrom(settings)),
-      _filler(FilelistFiller::fillerWithSourceArray(arguments.paths))
+FileRun::FileRun(const Context &context)
+    : _context(context),
+      _setup(analysisSetupFrom(context.settings)),
+      _filler(FilelistFiller::fillerWithSourceArray(context.paths)),
+      _results(filelist())
 {
     _setup.options.keepCover = false;
     for (const auto &problem : _filler.problems())
         fail(problem.path, problem.reason);
 }
 
-void FileRun::forEachFile(const std::function<std::optional<QString>(const FilelistItem &)> &use)
+FileRun::~FileRun()
 {
-    _console.startProgress(_noProgress ? 0 : filelist().size());
-    std::size_t done = 0;
-    for (const FilelistItemPtr &item : filelist()) {
-        if (const auto reason = use(*item))
-            fail(item->filename(), *reason);
-        _console.progressTo(++done);
-    }
-    _console.endProgress();
+    if (_pool)
+        _pool->cancelThreadsAndWait();
+    _context.console.endProgress();
 }
 
-void FileRun::forEachRecord(const std::function<bool(const ExportEntry &)> &use)
+FilelistItemPtr FileRun::nextFile()
 {
-    if (filelist().empty())
-        return;
-    _console.startProgress(_noProgress ? 0 : filelist().size());
-    OrderedResults results(filelist());
-    results.whenNext = [&](const FilelistItem &item) {
-        if (item.isFailed()) {
-            fail(item.filename(), item.failureReason());
-            return true;
-        }
-        _console.beginOutput();
-        return use({item.filename(), item.prefixedPath(), item.quorvinData()});
-    };
-    results.whenCounted = [&](std::size_t done) { _console.progressTo(done); };
+    if (_nextFile == 0)
+        startProgress();
+    _context.console.progressTo(_nextFile);
+    return _nextFile < filelist().size() ? filelist()[_nextFile++] : nullptr;
+}
 
-    DataCacher pool([this] { return _setup; });
-    pool.setThreadCount(_jobs);
-    pool.setDelegate(&results);
-    pool.processFiles(filelist());
-    results.wait();
-    pool.cancelThreadsAndWait();
-    _console.endProgress();
+std::optional<FileResult> FileRun::nextRecord()
+{
+    if (_results.isAtEnd())
+        return std::nullopt;
+    if (!_pool)
+        startPool();
+    while (!_results.hasNext()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+        _context.console.progressTo(_results.count());
+    }
+    FileResult result{_results.takeNext(), nullptr};
+    if (result.file->isFailed())
+        result.record = failure(result.file->failureReason());
+    else
+        result.record = result.file->quorvinData();
+    // From here on the record is the caller's alone.
+    result.file->releaseQuorvinData();
+    return result;
+}
+
+std::optional<ExportEntry> FileRun::nextEntry()
+{
+    while (const auto next = nextRecord()) {
+        if (next->record)
+            return ExportEntry{next->file->filename(), next->file->prefixedPath(), *next->record};
+        fail(next->file->filename(), next->record.error().description);
+    }
+    return std::nullopt;
+}
+
+void FileRun::startProgress()
+{
+    _context.console.startProgress(_context.arguments.noProgress ? 0 : filelist().size());
+}
+
+void FileRun::startPool()
+{
+    startProgress();
+    const int jobs = _context.arguments.jobs;
+    _pool = std::make_unique<DataCacher>([this] { return _setup; });
+    _pool->setThreadCount(jobs > 0 ? jobs : QThread::idealThreadCount());
+    _pool->setDelegate(&_results);
+    _pool->processFiles(filelist());
 }
 
 void FileRun::fail(const QString &path, const QString &reason)
 {
     _hasFailures = true;
-    _console.complain(path, reason);
-}
-
-tl::expected<QStringList, QString> pathsOf(const Arguments &arguments)
-{
-    QStringList paths;
-    for (const QString &path : arguments.paths)
-        paths.append(absolutePath(path));
-    if (!arguments.filesFrom)
-        return paths;
-
-    QFile list;
-    const QString &name = *arguments.filesFrom;
-    const bool opened = name == QLatin1String("-") ? list.open(stdin, QIODevice::ReadOnly)
-                                                   : (list.setFileName(name), list.open(QIODevice::ReadOnly));
-    if (!opened)
-        return tl::unexpected(name + QLatin1String(": ") + list.errorString());
-    for (const QByteArray &path : list.readAll().split(arguments.zeroSeparated ? '\0' : '\n')) {
-        if (!path.isEmpty())
-            paths.append(absolutePath(decodePath(path)));
-    }
-    return paths;
+    _context.console.complain(path, reason);
 }
 
 } // namespace quorvin::cli

@@ -3,55 +3,67 @@
 
 #pragma once
 
-#include "cli/Arguments.h"
+#include "cli/Command.h"
+#include "cli/OrderedResults.h"
 #include "export/ExportEntry.h"
 #include "intake/AnalysisOptions.h"
+#include "intake/DataCacher.h"
 #include "intake/FilelistFiller.h"
+#include "model/Error.h"
 
-#include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
-namespace quorvin {
-class Settings;
-}
-
 namespace quorvin::cli {
 
-class Console;
+/// What came of a file of the list.
+struct FileResult {
+    FilelistItemPtr file;
+    Expected<QuorvinDataPtr> record;
+};
 
-/// The files of one call, in the order of the list, with their errors and their progress.
+/// The files of one call, in the order of the list, with their errors and their progress. They are asked for
+/// one by one, either as files or as records. One thread.
 class FileRun {
 public:
     /// Walks the folders at once; those that can't be listed are failures.
-    FileRun(const Arguments &arguments, const Settings &settings, Console &console);
+    explicit FileRun(const Context &context);
+    /// Gives up what is under way.
+    ~FileRun();
+    FileRun(const FileRun &) = delete;
+    FileRun &operator=(const FileRun &) = delete;
 
     const std::vector<FilelistItemPtr> &filelist() const { return _filler.filelist(); }
 
-    /// Calls `use` for every file in order, which gives a reason when it failed.
-    void forEachFile(const std::function<std::optional<QString>(const FilelistItem &)> &use);
+    /// The next file of the list; null at the end.
+    FilelistItemPtr nextFile();
 
-    /// Analyses all files on a pool of threads and calls `use` with each record, in the order of the list and
-    /// as soon as all before it are done; false ends the run. A file without a record is a failure.
-    void forEachRecord(const std::function<bool(const ExportEntry &)> &use);
+    /// What came of the next file of the list; absent at the end. The first call starts a pool of threads
+    /// that analyses all files; each call runs the event loop until all files before this one, and this one,
+    /// are done.
+    std::optional<FileResult> nextRecord();
+    /// The next file that has a record; a file without one is a failure.
+    std::optional<ExportEntry> nextEntry();
 
     /// Does jobs in the way that the settings ask for.
     std::unique_ptr<JobRunner> makeRunner() const { return _setup.makeRunner(); }
 
+    /// One line of errors; the call counts as failed.
+    void fail(const QString &path, const QString &reason);
     bool hasFailures() const { return _hasFailures; }
 
 private:
-    void fail(const QString &path, const QString &reason);
+    void startProgress();
+    void startPool();
 
-    Console &_console;
-    bool _noProgress;
-    int _jobs;
+    const Context &_context;
     AnalysisSetup _setup;
     FilelistFiller _filler;
+    OrderedResults _results;
+    std::unique_ptr<DataCacher> _pool;
+    std::size_t _nextFile = 0;
     bool _hasFailures = false;
 };
-
-/// All paths of a call, absolute, those of --files-from last. The error is one line.
-tl::expected<QStringList, QString> pathsOf(const Arguments &arguments);
 
 } // namespace quorvin::cli

@@ -5,28 +5,26 @@
 
 #include "intake/DataCacher.h"
 
-#include <QEventLoop>
-
 #include <cstddef>
-#include <functional>
 #include <unordered_set>
 #include <vector>
 
 namespace quorvin::cli {
 
-/// Takes the results of a pool as they come and passes them on in the order of the list. A record is released
-/// once it was passed on.
+/// Takes the results of a pool as they come and gives them away in the order of the list. One thread, that of
+/// the pool's delegate.
 class OrderedResults : public DataCacherDelegate {
 public:
+    /// The list must outlive this.
     explicit OrderedResults(const std::vector<FilelistItemPtr> &files);
 
-    /// Called with each finished file, in order; false ends the wait.
-    std::function<bool(const FilelistItem &file)> whenNext;
-    /// Called with the number of finished files, in whatever order.
-    std::function<void(std::size_t done)> whenCounted;
-
-    /// Runs the event loop until every file was passed on.
-    void wait();
+    bool isAtEnd() const { return _next == _files.size(); }
+    /// Whether the result of the file that is next in the list has come; not at the end.
+    bool hasNext() const { return !_waiting.contains(_files[_next].get()); }
+    /// The next file, with its result; only when there is one.
+    FilelistItemPtr takeNext() { return _files[_next++]; }
+    /// The number of results that have come, in whatever order.
+    std::size_t count() const { return _files.size() - _waiting.size(); }
 
     void dataCacherNewObjectReady(const DataCacherDelivery &delivery) override;
 
@@ -34,8 +32,6 @@ private:
     const std::vector<FilelistItemPtr> &_files;
     std::unordered_set<const FilelistItem *> _waiting; ///< not delivered yet
     std::size_t _next = 0;
-    bool _isOver = false;
-    QEventLoop _loop;
 };
 
 } // namespace quorvin::cli

@@ -1,9 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "model/Version.h"
+#include "cli/Version.h"
 
-#include "cli/Commands.h"
+#include "model/Version.h"
 #include "process/Guard.h"
 #include "process/JobRunner.h"
 #include "readers/image/oEXIV2.h"

@@ -1,10 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "cli/Arguments.h"
-#include "cli/Commands.h"
 #include "cli/Console.h"
-#include "cli/FileRun.h"
+#include "cli/Help.h"
+#include "cli/Inputs.h"
+#include "cli/Parser.h"
+#include "cli/Version.h"
 #include "platform/NativePath.h"
 #include "platform/Settings.h"
 #include "platform/StandardStreams.h"
@@ -29,27 +30,27 @@ int usageError(Console &console, const QString &problem)
 
 int run(const QStringList &words, Console &console)
 {
-    auto arguments = parseArguments(words);
-    if (!arguments)
-        return usageError(console, arguments.error());
-    if (arguments->helpText || arguments->version) {
-        console.write(arguments->helpText.value_or(versionText()).toUtf8());
+    const auto call = parseCall(words);
+    if (!call)
+        return usageError(console, call.error().description);
+    const Arguments &arguments = call->arguments;
+    if (arguments.help || arguments.version) {
+        console.write((arguments.help ? helpText(call->command) : versionText()).toUtf8());
         return console.finish(true) ? AllWell : SomethingFailed;
     }
 
     Settings settings(Settings::userPath());
-    for (const QString &assignment : arguments->overrides) {
+    for (const QString &assignment : arguments.overrides) {
         if (const auto problem = settings.overrideFrom(assignment))
             return usageError(console, *problem);
     }
     // Readers set their libraries up themselves; nothing else of a call needs them so.
     if (!settings.boolean(Setting::readerProcesses))
         RecordBuilder::setupLibraries();
-    const auto paths = pathsOf(*arguments);
+    const auto paths = inputPaths(arguments);
     if (!paths)
-        return usageError(console, paths.error());
-    arguments->paths = *paths;
-    return runCommand(*arguments, settings, console);
+        return usageError(console, paths.error().description);
+    return call->command->run({arguments, *paths, settings, console});
 }
 
 } // namespace

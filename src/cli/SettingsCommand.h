@@ -1,0 +1,12 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "cli/Command.h"
+
+namespace quorvin::cli {
+
+Status runSettings(const Context &context);
+
+} // namespace quorvin::cli
