@@ -15,6 +15,7 @@
 
 namespace quorvin {
 
+using test::commandLineProgram;
 using test::contentOf;
 using test::sample;
 using test::TestFolder;

@@ -37,11 +37,6 @@ QuorvinExporter exporter(const QString &format)
     return made;
 }
 
-QStringList names(const TestFolder &folder)
-{
-    return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
-}
-
 /// Takes so many bytes and no more.
 class ShortDevice final : public QBuffer {
 public:
@@ -69,7 +64,7 @@ TEST(Export, FolderNumbersNamesThatAreTaken)
         EXPECT_TRUE(target->add(entry(u"/y/a.mp4"_s, u"a.mp4"_s)));
         EXPECT_TRUE(target->finish());
     }
-    EXPECT_EQ(names(folder).join(u'|'), u"a (1).txt|a (2).txt|a (3).txt|a.txt"_s);
+    EXPECT_EQ(folder.names().join(u'|'), u"a (1).txt|a (2).txt|a (3).txt|a.txt"_s);
     EXPECT_TRUE(contentOf(folder / u"a (1).txt"_s).contains("\na.mp4\n-----\n"));
     const auto refused = QuorvinExporter().toFolder(u"/none"_s)->add(entry(u"/a"_s, QString()));
     EXPECT_EQ(refused ? QString() : refused.error(), u"/none/a.txt: No such file or directory"_s);
@@ -91,7 +86,7 @@ TEST(Export, FileAppearsWhenItIsComplete)
     EXPECT_TRUE(target->add(test::movieEntry()));
     EXPECT_TRUE(target->finish());
     EXPECT_EQ(contentOf(path), test::exported(u"json"_s, {test::movieEntry()}));
-    EXPECT_EQ(names(folder), QStringList{u"all.json"_s});
+    EXPECT_EQ(folder.names(), QStringList{u"all.json"_s});
 }
 
 TEST(Export, DeviceThatTakesTooLittleIsAnErrorInEveryFormat)
@@ -134,7 +129,7 @@ TEST(Export, OldFileStaysWhenTheNewOneFindsNoRoom)
         EXPECT_EQ(contentOf(path), "old");
     }
     std::signal(SIGXFSZ, previous);
-    EXPECT_EQ(names(folder).size(), exportFormats().size());
+    EXPECT_EQ(folder.names().size(), exportFormats().size());
 }
 
 TEST(Export, FolderThatVanishesIsAnError)

@@ -3,10 +3,10 @@
 
 #include "intake/DataCacher.h"
 
+#include "support/Events.h"
 #include "support/TestFolder.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
 
 #include <gtest/gtest.h>
 
@@ -122,10 +122,7 @@ struct Bench : DataCacherDelegate {
 
     bool await(std::size_t count)
     {
-        QElapsedTimer clock;
-        clock.start();
-        while (deliveries.size() < count && clock.elapsed() < 20'000)
-            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
+        test::spinUntil([&] { return deliveries.size() >= count; });
         QCoreApplication::processEvents();
         return deliveries.size() == count;
     }
@@ -253,14 +250,10 @@ TEST(DataCacher, SelectionStormLosesAndDoublesNothing)
         }
     };
     bench.pool->processFiles(list);
-    QElapsedTimer clock;
-    clock.start();
     std::map<FilelistItemPtr, int> fresh;
-    while (clock.elapsed() < 60'000) {
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 50);
-        if (std::ranges::all_of(list, &FilelistItem::isDone) && bench.deliveries.size() >= kFiles + forced)
-            break;
-    }
+    test::spinUntil([&] {
+        return std::ranges::all_of(list, &FilelistItem::isDone) && bench.deliveries.size() >= kFiles + forced;
+    });
     bench.pool->cancelThreadsAndWait();
     QCoreApplication::processEvents();
     for (const auto &delivery : bench.deliveries)

@@ -5,8 +5,6 @@
 
 #include "support/TestFolder.h"
 
-#include <QDir>
-
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
@@ -33,11 +31,6 @@ bool writeTo(const QString &path, const QByteArray &content,
     return (*file)->commit(existing).has_value();
 }
 
-QStringList names(const TestFolder &folder)
-{
-    return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::System);
-}
-
 } // namespace
 
 TEST(AtomicFile, OldFileStaysUntilTheNewOneIsComplete)
@@ -52,7 +45,7 @@ TEST(AtomicFile, OldFileStaysUntilTheNewOneIsComplete)
         EXPECT_EQ(contentOf(path), "old");
     }
     EXPECT_EQ(contentOf(path), "old");
-    EXPECT_EQ(names(folder), QStringList{QStringLiteral("a.txt")});
+    EXPECT_EQ(folder.names(), QStringList{QStringLiteral("a.txt")});
     EXPECT_TRUE(writeTo(path, "new"));
     EXPECT_EQ(contentOf(path), "new");
 }
@@ -80,7 +73,7 @@ TEST(AtomicFile, LinkStaysAndItsTargetIsReplaced)
     ASSERT_EQ(::symlink("a.txt", (folder / QStringLiteral("link")).toUtf8().constData()), 0);
     EXPECT_TRUE(writeTo(folder / QStringLiteral("link"), "new"));
     EXPECT_EQ(contentOf(path), "new");
-    EXPECT_EQ(names(folder).size(), 2);
+    EXPECT_EQ(folder.names().size(), 2);
 }
 
 TEST(AtomicFile, WriteProtectedFileIsRefused)
@@ -97,7 +90,7 @@ TEST(AtomicFile, WriteProtectedFileIsRefused)
     ASSERT_FALSE(file);
     EXPECT_EQ(file.error(), QStringLiteral("Permission denied"));
     EXPECT_EQ(contentOf(path), "old");
-    EXPECT_EQ(names(folder).size(), 1);
+    EXPECT_EQ(folder.names().size(), 1);
 }
 
 TEST(AtomicFile, KeepNeverReplaces)
@@ -106,7 +99,7 @@ TEST(AtomicFile, KeepNeverReplaces)
     const QString path = folder.write(QStringLiteral("a.txt"), "old");
     EXPECT_FALSE(writeTo(path, "new", AtomicFile::Existing::Keep));
     EXPECT_EQ(contentOf(path), "old");
-    EXPECT_EQ(names(folder).size(), 1);
+    EXPECT_EQ(folder.names().size(), 1);
     EXPECT_TRUE(writeTo(folder / QStringLiteral("b.txt"), "new", AtomicFile::Existing::Keep));
 }
 

@@ -4,13 +4,12 @@
 #include "export/ExportFormats.h"
 #include "shell/exporting/ExportController.h"
 #include "shell/exporting/ExportSheet.h"
+#include "support/Events.h"
 #include "support/TestFolder.h"
 #include "support/TestRecords.h"
 
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QMessageBox>
 
@@ -22,8 +21,6 @@ using namespace Qt::StringLiterals;
 using test::TestFolder;
 
 namespace {
-
-constexpr int kPatienceMilliseconds = 30'000;
 
 ExportRun::Task task(const QString &path, bool toFolder, std::size_t count = 2)
 {
@@ -42,16 +39,8 @@ QStringList outcome(ExportRun &run, ExportRun::Task task)
     const QObject context;
     QObject::connect(&run, &ExportRun::ended, &context, [&](const QStringList &told) { failures = told; });
     run.start(std::move(task));
-    QElapsedTimer patience;
-    patience.start();
-    while (run.isUnderWay() && patience.elapsed() < kPatienceMilliseconds)
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
+    test::spinUntil([&] { return !run.isUnderWay(); });
     return failures;
-}
-
-QStringList filesIn(const TestFolder &folder)
-{
-    return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden, QDir::Name);
 }
 
 } // namespace
@@ -64,7 +53,7 @@ TEST(Exporting, WritesOneDocumentOrOneForEachFile)
     EXPECT_EQ(test::contentOf(folder / u"all.json"_s),
               test::exported(u"json"_s, {test::movieEntry(), test::movieEntry()}));
     EXPECT_EQ(outcome(run, task(folder.path(), true)), QStringList());
-    EXPECT_EQ(filesIn(folder).join(u'|'), u"all.json|one (1).json|one.json"_s);
+    EXPECT_EQ(folder.names().join(u'|'), u"all.json|one (1).json|one.json"_s);
 }
 
 TEST(Exporting, FailureNamesThePathAndTheReason)
@@ -86,7 +75,7 @@ TEST(Exporting, CancelLeavesNoHalfFile)
     EXPECT_FALSE(run.isUnderWay());
     QApplication::processEvents();
     EXPECT_EQ(ends, 0);
-    EXPECT_EQ(filesIn(folder), QStringList());
+    EXPECT_EQ(folder.names(), QStringList());
 }
 
 TEST(Exporting, SheetStartsFromTheLastExportAndKeepsTheNext)

@@ -10,13 +10,13 @@
 #include "shell/window/MainWindowController.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
+#include "support/Events.h"
 #include "support/TestFolder.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
 #include <QDropEvent>
-#include <QElapsedTimer>
 #include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
@@ -25,23 +25,11 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
-
 namespace quorvin {
 
+using test::spinUntil;
+
 namespace {
-
-constexpr int kPatienceMilliseconds = 30'000;
-
-/// Lets events run until it holds; false when it never does.
-bool spinUntil(const std::function<bool()> &holds)
-{
-    QElapsedTimer patience;
-    patience.start();
-    while (!holds() && patience.elapsed() < kPatienceMilliseconds)
-        QApplication::processEvents(QEventLoop::WaitForMoreEvents | QEventLoop::AllEvents, 20);
-    return holds();
-}
 
 /// An application with settings of its own and one window.
 struct Window : testing::Test {

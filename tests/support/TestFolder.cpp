@@ -26,6 +26,11 @@ QString TestFolder::write(const QString &name, const QByteArray &content) const
     return path;
 }
 
+QStringList TestFolder::names() const
+{
+    return QDir(path()).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+}
+
 void TestFolder::setAttribute(const QString &path, const char *name, const QByteArray &value) const
 {
     const auto size = static_cast<std::size_t>(value.size());

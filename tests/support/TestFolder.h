@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <ostream>
@@ -25,6 +26,8 @@ public:
     QString operator/(const QString &name) const { return _folder.path() + u'/' + name; }
     /// Makes a file, with the folders above it, and gives its path.
     QString write(const QString &name, const QByteArray &content = "x") const;
+    /// The names of all files in the folder itself, hidden ones too, sorted.
+    QStringList names() const;
     void setAttribute(const QString &path, const char *name, const QByteArray &value) const;
 
 private:

@@ -7,6 +7,7 @@
 #include "readers/image/Previews.h"
 #include "readers/image/oEXIV2.h"
 #include "support/Pictures.h"
+#include "support/Sweep.h"
 #include "support/TestFolder.h"
 
 #include <QImage>
@@ -152,7 +153,7 @@ TEST(ImageRecord, EveryTruncationIsReadOrRefused)
     const TestFolder folder;
     for (const QByteArray &file : files) {
         ASSERT_FALSE(file.isEmpty());
-        for (qsizetype length = 0; length < file.size(); ++length) {
+        for (qsizetype length = 0; length < file.size(); length += test::stepOfSweep(11)) {
             const QString path = folder.write(QStringLiteral("cut"), file.first(length));
             oEXIV2::initWithFilename(path);
             oEXIV2::initWithHeifFilePath(path);
