@@ -10,13 +10,17 @@ namespace quorvin {
 
 JobResult doJob(const Job &job)
 {
+    const auto reason = [](Error error) { return std::move(error.description); };
     if (job.kind == Job::Kind::RawReport)
-        return rawReport(job.source, job.path).map([](QString report) {
+        return rawReport(job.source, job.path).map_error(reason).map([](QString report) {
             return JobAnswer{nullptr, std::move(report)};
         });
-    return RecordBuilder(job.options).dataAboutFile(job.path).map([](QuorvinDataPtr record) {
-        return JobAnswer{std::move(record), {}};
-    });
+    return RecordBuilder(job.options)
+        .dataAboutFile(job.path)
+        .map_error(reason)
+        .map([](QuorvinDataPtr record) {
+            return JobAnswer{std::move(record), {}};
+        });
 }
 
 } // namespace quorvin
