@@ -3,7 +3,8 @@
 
 #include "BenchFiles.h"
 #include "intake/DataCacher.h"
-#include "process/JobRunner.h"
+#include "jobs/InProcessRunner.h"
+#include "process/ReaderRunner.h"
 
 #include <QDir>
 #include <QEventLoop>
@@ -57,7 +58,7 @@ double secondsOfPool(const std::function<std::unique_ptr<JobRunner>()> &makeRunn
 /// about.
 void readersAgainstInProcess(benchmark::State &state)
 {
-    const auto readers = [] { return makeReaderRunner({}); };
+    const auto readers = [] { return makeReaderRunner(); };
     double here1 = 0;
     double here2 = 0;
     double there1 = 0;
@@ -81,7 +82,7 @@ BENCHMARK(readersAgainstInProcess)->UseManualTime()->Iterations(6)->Unit(benchma
 void startOfReader(benchmark::State &state)
 {
     for ([[maybe_unused]] auto _ : state)
-        benchmark::DoNotOptimize(makeReaderRunner({})->run(Job::record(QStringLiteral("/none"), {})));
+        benchmark::DoNotOptimize(makeReaderRunner()->run({RecordRequest{QStringLiteral("/none"), {}}, {}}));
 }
 BENCHMARK(startOfReader)->UseRealTime()->Unit(benchmark::kMillisecond);
 
@@ -95,7 +96,7 @@ void cancelOfStuckFile(benchmark::State &state)
     file.write(QByteArray("II*\0\x08\0\0\0\0\0\x08\0\0\0", 14) + QByteArray(8, '\0'));
     file.flush();
     AnalysisSetup setup;
-    setup.makeRunner = [] { return makeReaderRunner({}); };
+    setup.makeRunner = [] { return makeReaderRunner(); };
     for ([[maybe_unused]] auto _ : state) {
         DataCacher pool([setup] { return setup; });
         pool.processFiles({FilelistItem::itemWithFilename(file.fileName(), QString())});

@@ -23,7 +23,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
             (void)made.stringForExportGeneral();
         }
     }
-    (void)guardPartsOfHello(bytes);
-    (void)jobOfRequest(bytes);
+    (void)messageOf(bytes);
+    (void)orderOf(bytes);
     return 0;
 }

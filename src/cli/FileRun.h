@@ -48,6 +48,7 @@ public:
 
     /// Does jobs in the way that the settings ask for.
     std::unique_ptr<JobRunner> makeRunner() const { return _setup.makeRunner(); }
+    Job reportOf(const QString &path, const QString &source) const { return _setup.reportOf(path, source); }
 
     /// One line of errors; the call counts as failed.
     void fail(const QString &path, const QString &reason);

@@ -36,12 +36,12 @@ Status runRaw(const Context &context)
     bool endsInLineFeed = true;
     const auto runner = run.makeRunner();
     while (const FilelistItemPtr file = run.nextFile()) {
-        const JobResult result = runner->run(Job::rawReport(file->filename(), source));
+        const JobResult result = runner->run(run.reportOf(file->filename(), source));
         if (!result) {
-            run.fail(file->filename(), result.error());
+            run.fail(file->filename(), result.error().description);
             continue;
         }
-        const QString &report = result->report;
+        const QString &report = std::get<Report>(*result).text;
         endsInLineFeed = report.isEmpty() ? endsInLineFeed : report.endsWith(u'\n');
         context.console.write(report.toUtf8());
     }

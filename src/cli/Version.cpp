@@ -5,7 +5,7 @@
 
 #include "model/Version.h"
 #include "process/Guard.h"
-#include "process/JobRunner.h"
+#include "process/ReaderRunner.h"
 #include "readers/image/oEXIV2.h"
 #include "readers/mediainfo/oMediaInfo.h"
 

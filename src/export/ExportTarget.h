@@ -4,15 +4,18 @@
 #pragma once
 
 #include "export/ExportEntry.h"
-#include "model/Error.h"
+
+#include <QString>
+
+#include <tl/expected.hpp>
 
 namespace quorvin {
 
 /// Where the documents of an export go. Takes the entries one by one, so that a list of any length can be
-/// exported while it is analysed. One thread.
+/// exported while it is analysed. Errors are reasons, for a person to read. One thread.
 class ExportTarget {
 public:
-    using Result = Expected<void>;
+    using Result = tl::expected<void, QString>;
 
     ExportTarget() = default;
     virtual ~ExportTarget() = default;

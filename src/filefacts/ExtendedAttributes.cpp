@@ -6,6 +6,7 @@
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "platform/PropertyList.h"
+#include "platform/RegularFile.h"
 
 #include <QDateTime>
 
@@ -29,26 +30,31 @@ QByteArray nameOnDisk(const QString &name)
 
 /// Asks for the size and then for the bytes; again when the value grew in between.
 template <typename Read>
-Expected<QByteArray> readSized(Read read)
+std::optional<QByteArray> readSized(Read read)
 {
     for (;;) {
         const ssize_t size = read(nullptr, 0);
         if (size < 0)
-            return posixFailure(errno);
+            return std::nullopt;
         QByteArray bytes(size, Qt::Uninitialized);
         const ssize_t length = read(bytes.data(), static_cast<std::size_t>(size));
         if (length < 0 && errno == ERANGE)
             continue;
         if (length < 0)
-            return posixFailure(errno);
+            return std::nullopt;
         bytes.truncate(length);
         return bytes;
     }
 }
 
+Error posixError(int number)
+{
+    return {kPosixErrorDomain, number, systemErrorText(number)};
+}
+
 } // namespace
 
-Expected<QByteArray> extendedAttributeData(const QString &name, const QString &path)
+std::optional<QByteArray> extendedAttributeData(const QString &name, const QString &path)
 {
     const QByteArray attribute = nameOnDisk(name);
     const QByteArray file = encodePath(path);
@@ -57,25 +63,25 @@ Expected<QByteArray> extendedAttributeData(const QString &name, const QString &p
     });
 }
 
-Expected<QVariant> extendedAttribute(const QString &name, const QString &path)
+std::optional<QVariant> extendedAttribute(const QString &name, const QString &path)
 {
     const auto bytes = extendedAttributeData(name, path);
     if (!bytes)
-        return tl::unexpected(bytes.error());
+        return std::nullopt;
     auto value = parsePropertyList(*bytes);
     if (!value)
-        qCInfo(lcQuorvin).noquote()
-            << QStringLiteral("Failed to unserialize xattr %1: %2").arg(name, value.error().description);
+        qCInfo(lcQuorvin).noquote() << QStringLiteral("Failed to unserialize xattr %1: %2")
+                                           .arg(name, QLatin1String("not a property list"));
     return value;
 }
 
-Expected<QStringList> listExtendedAttributesOnFileAtPath(const QString &path)
+std::optional<QStringList> listExtendedAttributesOnFileAtPath(const QString &path)
 {
     const QByteArray file = encodePath(path);
     const auto bytes = readSized(
         [&](char *names, std::size_t size) { return ::listxattr(file.constData(), names, size); });
     if (!bytes)
-        return tl::unexpected(bytes.error());
+        return std::nullopt;
     QStringList names;
     for (const QByteArray &name : bytes->split('\0')) {
         if (name.startsWith(kNameSpace.data()) && name.size() > kNameSpace.size())
@@ -84,7 +90,7 @@ Expected<QStringList> listExtendedAttributesOnFileAtPath(const QString &path)
     return names;
 }
 
-Expected<void> removeExtendedAtrribute(const QString &name, const QString &path)
+tl::expected<void, Error> removeExtendedAtrribute(const QString &name, const QString &path)
 {
     const QByteArray file = encodePath(path);
     bool removed = ::removexattr(file.constData(), nameOnDisk(name).constData()) == 0;
@@ -96,11 +102,11 @@ Expected<void> removeExtendedAtrribute(const QString &name, const QString &path)
         number = errno;
     }
     if (!removed)
-        return posixFailure(number);
+        return tl::unexpected(posixError(number));
     return {};
 }
 
-Expected<void> touchDate(const QString &date, const QString &path)
+tl::expected<void, Error> touchDate(const QString &date, const QString &path)
 {
     QDateTime time = QDateTime::fromString(date, QStringLiteral("'UTC 'yyyy-MM-dd HH:mm:ss"));
     if (!time.isValid())
@@ -108,7 +114,7 @@ Expected<void> touchDate(const QString &date, const QString &path)
     time.setTimeSpec(Qt::UTC);
     const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, timespec{time.toSecsSinceEpoch(), 0}};
     if (::utimensat(AT_FDCWD, encodePath(path).constData(), times.data(), 0) != 0)
-        return posixFailure(errno);
+        return tl::unexpected(posixError(errno));
     return {};
 }
 

@@ -61,7 +61,7 @@ private:
 
 } // namespace
 
-Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests)
+std::optional<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests)
 {
     std::vector<Hasher> hashers(digests.begin(), digests.end());
     std::vector<char> chunk(kChunk);
@@ -71,7 +71,7 @@ Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest>
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
-            return posixFailure(errno);
+            return std::nullopt;
         if (count == 0)
             break;
         for (Hasher &hasher : hashers)
@@ -84,24 +84,26 @@ Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest>
     return hashes;
 }
 
-Expected<QString> hashOfFileAtPath(const QString &path, Digest digest)
+std::optional<QString> hashOfFileAtPath(const QString &path, Digest digest)
 {
-    return RegularFile::open(path)
-        .and_then([&](const RegularFile &file) { return hashesOfFile(file.descriptor(), {digest}); })
-        .map([](const QStringList &hashes) { return hashes.first(); });
+    const auto file = RegularFile::open(path);
+    if (!file)
+        return std::nullopt;
+    const auto hashes = hashesOfFile(file->descriptor(), {digest});
+    return hashes ? std::optional(hashes->first()) : std::nullopt;
 }
 
-Expected<QString> md5HashOfFileAtPath(const QString &path)
+std::optional<QString> md5HashOfFileAtPath(const QString &path)
 {
     return hashOfFileAtPath(path, Digest::MD5);
 }
 
-Expected<QString> sha1HashOfFileAtPath(const QString &path)
+std::optional<QString> sha1HashOfFileAtPath(const QString &path)
 {
     return hashOfFileAtPath(path, Digest::SHA1);
 }
 
-Expected<QString> sha512HashOfFileAtPath(const QString &path)
+std::optional<QString> sha512HashOfFileAtPath(const QString &path)
 {
     return hashOfFileAtPath(path, Digest::SHA512);
 }

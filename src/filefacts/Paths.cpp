@@ -11,9 +11,6 @@
 
 #include <sys/stat.h>
 
-#include <filesystem>
-#include <system_error>
-
 namespace quorvin::Utilities {
 
 namespace {
@@ -26,13 +23,9 @@ bool exists(const QString &path)
     return ::lstat(encodePath(path).constData(), &facts) == 0;
 }
 
-Expected<QString> madeFolder(const QString &path)
+std::optional<QString> madeFolder(const QString &path)
 {
-    std::error_code problem;
-    std::filesystem::create_directories(encodePath(path).toStdString(), problem);
-    if (problem)
-        return posixFailure(problem.value());
-    return path;
+    return QDir().mkpath(path) ? std::optional(path) : std::nullopt;
 }
 
 QString globallyUniqueName()
@@ -58,7 +51,7 @@ QString uniqueFilename(const QString &path)
     return candidate;
 }
 
-Expected<QString> createUniqueFolder(const QString &path)
+std::optional<QString> createUniqueFolder(const QString &path)
 {
     auto folder = madeFolder(uniqueFilename(path));
     if (!folder)
@@ -66,12 +59,12 @@ Expected<QString> createUniqueFolder(const QString &path)
     return folder;
 }
 
-Expected<QString> createTemporaryFolderWithName(const std::optional<QString> &name)
+std::optional<QString> createTemporaryFolderWithName(const std::optional<QString> &name)
 {
     return madeFolder(QDir::tempPath() + u'/' + name.value_or(globallyUniqueName()));
 }
 
-Expected<QString> createRandomTemporaryFolderInSubfolder(const std::optional<QString> &subfolder)
+std::optional<QString> createRandomTemporaryFolderInSubfolder(const std::optional<QString> &subfolder)
 {
     const QString above = subfolder ? *subfolder + u'/' : QString();
     return madeFolder(QDir::tempPath() + u'/' + above + globallyUniqueName());

@@ -3,6 +3,9 @@
 
 #include "intake/AnalysisOptions.h"
 
+#include "jobs/InProcessRunner.h"
+#include "process/ReaderRunner.h"
+
 namespace quorvin {
 
 RecordOptions recordOptionsFrom(const Settings &settings)
@@ -22,14 +25,12 @@ AnalysisSetup analysisSetupFrom(const Settings &settings)
     AnalysisSetup setup;
     setup.options = recordOptionsFrom(settings);
     setup.logsDebug = settings.boolean(Setting::debugDataCacher);
-    setup.makeRunner = makeInProcessRunner;
-    if (settings.boolean(Setting::readerProcesses)) {
-        const ReaderLimits limits{settings.integer(Setting::readerCpuSeconds),
-                                  settings.integer(Setting::readerWallSeconds),
-                                  settings.integer(Setting::readerMemoryMiB),
-                                  {}};
-        setup.makeRunner = [limits] { return makeReaderRunner(limits); };
-    }
+    setup.limits = {settings.integer(Setting::readerCpuSeconds), settings.integer(Setting::readerWallSeconds),
+                    settings.integer(Setting::readerMemoryMiB)};
+    if (settings.boolean(Setting::readerProcesses))
+        setup.makeRunner = [] { return makeReaderRunner(); };
+    else
+        setup.makeRunner = makeInProcessRunner;
     return setup;
 }
 

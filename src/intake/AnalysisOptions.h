@@ -15,8 +15,15 @@ namespace quorvin {
 /// How files are to be analysed; each thread asks for it once, when it starts.
 struct AnalysisSetup {
     RecordOptions options;
+    JobLimits limits; ///< of every file
     bool logsDebug = false; ///< the pool tells what it does
     std::function<std::unique_ptr<JobRunner>()> makeRunner;
+
+    Job recordOf(const QString &path) const { return {RecordRequest{path, options}, limits}; }
+    Job reportOf(const QString &path, const QString &source) const
+    {
+        return {ReportRequest{path, source}, limits};
+    }
 };
 
 /// By the settings as they stand now. Any thread.

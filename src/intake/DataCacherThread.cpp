@@ -49,7 +49,7 @@ private:
         if (file) {
             if (_setup.logsDebug)
                 log(QStringLiteral("open: %1").arg(file->filename()));
-            _runner->begin(Job::record(file->filename(), _setup.options));
+            _runner->begin(_setup.recordOf(file->filename()));
         }
         return file;
     }
@@ -79,9 +79,9 @@ private:
         if (_stop.stop_requested())
             return;
         if (result)
-            _shared.dataReady(result->record, file, DataCacherDelivery::Fresh);
+            _shared.dataReady(std::get<QuorvinDataPtr>(*result), file, DataCacherDelivery::Fresh);
         else
-            _shared.dataReady(nullptr, file, DataCacherDelivery::Fresh, result.error());
+            _shared.dataReady(nullptr, file, DataCacherDelivery::Fresh, result.error().description);
     }
 
     void log(const QString &what) const

@@ -1,12 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "jobs/Jobs.h"
 #include "model/Log.h"
 #include "platform/UserLocale.h"
-#include "process/Bytes.h"
 #include "process/Frames.h"
 #include "process/Guard.h"
-#include "process/Job.h"
 #include "process/JobCounter.h"
 #include "process/RecordBytes.h"
 #include "readers/RecordBuilder.h"
@@ -15,6 +14,7 @@
 
 #include <fcntl.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <array>
@@ -24,8 +24,7 @@
 #include <new>
 
 // The resident reader: takes jobs from its socket, one after the other, and answers them. Started by
-// ReaderProcess as "quorvin-reader PARENT MEMORY": the parent's process number, and the most bytes of address
-// space, 0 for no limit.
+// ReaderProcess as "quorvin-reader PARENT", with the parent's process number. The parent limits its memory.
 
 using namespace quorvin;
 
@@ -60,28 +59,46 @@ bool writeAll(QByteArrayView bytes)
     return true;
 }
 
-std::optional<Job> nextJob()
+std::optional<JobOrder> nextOrder()
 {
     quint32 length = 0;
-    if (!readAll(reinterpret_cast<char *>(&length), sizeof length) || length > kMostRequestBytes)
+    if (!readAll(reinterpret_cast<char *>(&length), sizeof length) || length > kMostOrderBytes)
         return std::nullopt;
     QByteArray content(static_cast<qsizetype>(length), Qt::Uninitialized);
-    return readAll(content.data(), length) ? jobOfRequest(content) : std::nullopt;
+    return readAll(content.data(), length) ? orderOf(content) : std::nullopt;
 }
 
-QByteArray replyOf(const JobResult &result, RecordEncoder &encoder)
-{
-    if (!result)
-        return replyFrame(ReplyKind::Failure, result.error().toUtf8());
-    if (!result->record)
-        return replyFrame(ReplyKind::Report, result->report.toUtf8());
-    return replyFrame(ReplyKind::Record, encoder.encode(result->record->contents()));
-}
+/// The message that carries the result of a job, one form a kind.
+class AnswerMaker {
+public:
+    ReaderMessage messageOf(quint32 job, const JobResult &result)
+    {
+        if (!result)
+            return JobFailed{job, shortened(result.error())};
+        return std::visit([&](const auto &kind) { return ReaderMessage(made(job, kind)); }, *result);
+    }
 
-bool answer(const Job &job, RecordEncoder &encoder)
+private:
+    static Error shortened(Error error)
+    {
+        constexpr qsizetype kMostCharacters = 1000;
+        error.description.truncate(kMostCharacters);
+        return error;
+    }
+    EncodedRecord made(quint32 job, const QuorvinDataPtr &record)
+    {
+        return {job, _encoder.encode(record->contents())};
+    }
+    static EncodedReport made(quint32 job, const Report &report) { return {job, report.text.toUtf8()}; }
+
+    RecordEncoder _encoder;
+};
+
+bool answer(const JobOrder &order, AnswerMaker &answers)
 {
-    const JobResult result = doJob(job);
-    return writeAll(QByteArrayView(&kDoneMark, 1)) && writeAll(replyOf(result, encoder));
+    const JobResult result = doJob(order.request);
+    return writeAll(frameOf(JobDone{order.number}))
+        && writeAll(frameOf(answers.messageOf(order.number, result)));
 }
 
 /// A reader ends with its parent, whatever it is doing.
@@ -95,8 +112,8 @@ void tieTo(pid_t parent)
     ::close_range(kReaderCounter + 1, ~0U, 0);
 }
 
-/// Whether more than half of the address space is in use.
-bool isShortOf(quint64 addressSpace)
+/// Whether more than half of the address space is in use that this process may have.
+bool isShortOfMemory()
 {
     std::array<char, 32> text{};
     const int statm = ::open("/proc/self/statm", O_RDONLY | O_CLOEXEC);
@@ -104,7 +121,8 @@ bool isShortOf(quint64 addressSpace)
     ::close(statm);
     const quint64 used
         = std::strtoull(text.data(), nullptr, 10) * static_cast<quint64>(::sysconf(_SC_PAGESIZE));
-    return addressSpace > 0 && wasRead && used > addressSpace / 2;
+    rlimit most{};
+    return wasRead && ::getrlimit(RLIMIT_AS, &most) == 0 && used > most.rlim_cur / 2;
 }
 
 [[noreturn]] void endWithoutMemory()
@@ -116,7 +134,7 @@ bool isShortOf(quint64 addressSpace)
 
 int main(int argc, char **argv)
 {
-    if (argc != 3)
+    if (argc != 2)
         return EXIT_FAILURE;
     tieTo(static_cast<pid_t>(std::strtol(argv[1], nullptr, 10)));
     std::set_new_handler(endWithoutMemory);
@@ -126,14 +144,13 @@ int main(int argc, char **argv)
     RecordBuilder::setupLibraries();
 
     JobCounter counter(kReaderCounter);
-    RecordEncoder encoder;
-    const quint64 memory = std::strtoull(argv[2], nullptr, 10);
-    if (!writeAll(helloFrame(raiseGuard(memory))))
+    AnswerMaker answers;
+    if (!writeAll(frameOf(Greeting{.guardParts = raiseGuard(Guard())})))
         return EXIT_FAILURE;
-    for (int jobs = 1; const auto job = nextJob(); ++jobs) {
+    for (int jobs = 1; const auto order = nextOrder(); ++jobs) {
         counter.take();
         // One that earlier files have left short of memory makes way for a fresh one.
-        if (!answer(*job, encoder) || (jobs % kJobsBetweenMemoryChecks == 0 && isShortOf(memory)))
+        if (!answer(*order, answers) || (jobs % kJobsBetweenMemoryChecks == 0 && isShortOfMemory()))
             break;
     }
     std::_Exit(EXIT_SUCCESS);

@@ -3,8 +3,6 @@
 
 #include "pictures/ColorProfile.h"
 
-#include "model/Log.h"
-
 #include <lcms2.h>
 
 #include <algorithm>
@@ -36,20 +34,14 @@ QString description(cmsHPROFILE profile)
     return QString::fromStdWString(text).trimmed();
 }
 
-void logMessage(cmsContext, cmsUInt32Number, const char *message)
-{
-    qCDebug(lcLibraries) << "lcms:" << message;
-}
-
 } // namespace
 
-Expected<ColorProfile> ColorProfile::read(const QByteArray &icc)
+std::optional<ColorProfile> ColorProfile::read(const QByteArray &icc)
 {
-    [[maybe_unused]] static const bool routed = (cmsSetLogErrorHandler(logMessage), true);
     const std::unique_ptr<void, decltype(&cmsCloseProfile)> profile(
         cmsOpenProfileFromMem(icc.constData(), static_cast<cmsUInt32Number>(icc.size())), &cmsCloseProfile);
     if (!profile)
-        return failure(QStringLiteral("not a colour profile"));
+        return std::nullopt;
     const auto *model = std::ranges::find(kModels, cmsGetColorSpace(profile.get()), &Model::space);
     return ColorProfile{model == kModels.end() ? QString() : QString(model->name),
                         description(profile.get())};

@@ -3,7 +3,6 @@
 
 #include "pictures/HeifImage.h"
 
-#include "model/Log.h"
 #include "platform/NativePath.h"
 
 #include <algorithm>
@@ -12,12 +11,10 @@ namespace quorvin {
 
 namespace {
 
-Expected<void> checked(const heif_error &error)
+void check(const heif_error &error)
 {
-    if (error.code == heif_error_Ok)
-        return {};
-    qCDebug(lcLibraries) << "libheif:" << error.message;
-    return failure(QString::fromUtf8(error.message));
+    if (error.code != heif_error_Ok)
+        throw heif::Error(error);
 }
 
 QSize sizeOf(const heif_image_handle *handle)
@@ -30,20 +27,17 @@ qint64 pixels(QSize size)
     return qint64{size.width()} * size.height();
 }
 
-Expected<QImage> decodedPicture(const heif_image_handle *handle)
+QImage decodedPicture(const heif_image_handle *handle)
 {
     const bool alpha = heif_image_handle_has_alpha_channel(handle) != 0;
     heif_image *picture = nullptr;
-    const auto decoded = checked(
-        heif_decode_image(handle, &picture, heif_colorspace_RGB,
-                          alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB, nullptr));
-    if (!decoded)
-        return tl::unexpected(decoded.error());
+    check(heif_decode_image(handle, &picture, heif_colorspace_RGB,
+                            alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB, nullptr));
     const std::unique_ptr<heif_image, decltype(&heif_image_release)> owner(picture, &heif_image_release);
     int stride = 0;
     const uint8_t *bytes = heif_image_get_plane_readonly(picture, heif_channel_interleaved, &stride);
     if (!bytes)
-        return failure(QStringLiteral("a picture without pixels"));
+        return {};
     const QImage view(bytes, heif_image_get_width(picture, heif_channel_interleaved),
                       heif_image_get_height(picture, heif_channel_interleaved), stride,
                       alpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
@@ -52,13 +46,13 @@ Expected<QImage> decodedPicture(const heif_image_handle *handle)
 
 } // namespace
 
-Expected<HeifImage> HeifImage::open(const QString &path)
+HeifImage HeifImage::open(const QString &path)
 {
     Context context(heif_context_alloc(), &heif_context_free);
+    check(heif_context_read_from_file(context.get(), encodePath(path).constData(), nullptr));
     heif_image_handle *primary = nullptr;
-    return checked(heif_context_read_from_file(context.get(), encodePath(path).constData(), nullptr))
-        .and_then([&] { return checked(heif_context_get_primary_image_handle(context.get(), &primary)); })
-        .map([&] { return HeifImage(std::move(context), Handle(primary, &heif_image_handle_release)); });
+    check(heif_context_get_primary_image_handle(context.get(), &primary));
+    return {std::move(context), Handle(primary, &heif_image_handle_release)};
 }
 
 int HeifImage::numberOfTopLevelImages() const
@@ -86,7 +80,7 @@ bool HeifImage::hasAlpha() const
     return heif_image_handle_has_alpha_channel(_handle.get()) != 0;
 }
 
-Expected<std::vector<HeifImage::Handle>> HeifImage::thumbnails() const
+std::vector<HeifImage::Handle> HeifImage::thumbnails() const
 {
     std::vector<heif_item_id> ids(
         static_cast<std::size_t>(heif_image_handle_get_number_of_thumbnails(_handle.get())));
@@ -94,21 +88,18 @@ Expected<std::vector<HeifImage::Handle>> HeifImage::thumbnails() const
     std::vector<Handle> handles;
     for (const heif_item_id id : ids) {
         heif_image_handle *thumbnail = nullptr;
-        if (const auto got = checked(heif_image_handle_get_thumbnail(_handle.get(), id, &thumbnail)); !got)
-            return tl::unexpected(got.error());
+        check(heif_image_handle_get_thumbnail(_handle.get(), id, &thumbnail));
         handles.emplace_back(thumbnail, &heif_image_handle_release);
     }
     return handles;
 }
 
-Expected<std::vector<QSize>> HeifImage::thumbnailSizes() const
+std::vector<QSize> HeifImage::thumbnailSizes() const
 {
-    return thumbnails().map([](const std::vector<Handle> &handles) {
-        std::vector<QSize> sizes;
-        for (const Handle &thumbnail : handles)
-            sizes.push_back(sizeOf(thumbnail.get()));
-        return sizes;
-    });
+    std::vector<QSize> sizes;
+    for (const Handle &thumbnail : thumbnails())
+        sizes.push_back(sizeOf(thumbnail.get()));
+    return sizes;
 }
 
 std::vector<heif_item_id> HeifImage::metadataBlocks() const
@@ -125,13 +116,12 @@ QByteArrayView HeifImage::blockType(heif_item_id id) const
     return heif_image_handle_get_metadata_type(_handle.get(), id);
 }
 
-Expected<QByteArray> HeifImage::block(heif_item_id id) const
+QByteArray HeifImage::block(heif_item_id id) const
 {
     const auto size = static_cast<qsizetype>(heif_image_handle_get_metadata_size(_handle.get(), id));
     QByteArray bytes(size, Qt::Uninitialized);
-    return checked(heif_image_handle_get_metadata(_handle.get(), id, bytes.data())).map([&] {
-        return bytes;
-    });
+    check(heif_image_handle_get_metadata(_handle.get(), id, bytes.data()));
+    return bytes;
 }
 
 QByteArray HeifImage::rawColorProfile() const
@@ -140,24 +130,20 @@ QByteArray HeifImage::rawColorProfile() const
         return {};
     const auto size = static_cast<qsizetype>(heif_image_handle_get_raw_color_profile_size(_handle.get()));
     QByteArray bytes(size, Qt::Uninitialized);
-    return checked(heif_image_handle_get_raw_color_profile(_handle.get(), bytes.data())) ? bytes
-                                                                                         : QByteArray();
+    const heif_error error = heif_image_handle_get_raw_color_profile(_handle.get(), bytes.data());
+    return error.code == heif_error_Ok ? bytes : QByteArray();
 }
 
-Expected<QImage> HeifImage::decoded(int side, qint64 mostPixels) const
+QImage HeifImage::decoded(int side, qint64 mostPixels) const
 {
-    const auto candidates = thumbnails();
-    if (!candidates)
-        return tl::unexpected(candidates.error());
     const heif_image_handle *chosen = _handle.get();
-    for (const Handle &thumbnail : *candidates) {
+    const std::vector<Handle> candidates = thumbnails();
+    for (const Handle &thumbnail : candidates) {
         const QSize size = sizeOf(thumbnail.get());
         if (std::max(size.width(), size.height()) >= side && pixels(size) < pixels(sizeOf(chosen)))
             chosen = thumbnail.get();
     }
-    if (pixels(sizeOf(chosen)) > mostPixels)
-        return failure(QStringLiteral("too many pixels"));
-    return decodedPicture(chosen);
+    return pixels(sizeOf(chosen)) > mostPixels ? QImage() : decodedPicture(chosen);
 }
 
 } // namespace quorvin

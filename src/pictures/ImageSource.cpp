@@ -79,23 +79,21 @@ QVariantMap propertiesOf(const HeifImage &image)
 
 } // namespace
 
-Expected<QVariantMap> imageProperties(const QString &path)
+std::optional<QVariantMap> imageProperties(const QString &path)
 {
     const auto file = RegularFile::open(path);
-    if (!file)
-        return tl::unexpected(file.error());
     QFile device;
-    if (!device.open(file->descriptor(), QIODevice::ReadOnly))
-        return failure(device.errorString());
+    if (!file || !device.open(file->descriptor(), QIODevice::ReadOnly))
+        return std::nullopt;
     QImageReader reader(&device);
     if (reader.canRead())
         return propertiesOf(reader);
-    const auto heif = HeifImage::open(path);
-    if (!heif) {
+    try {
+        return propertiesOf(HeifImage::open(path));
+    } catch (const heif::Error &) {
         qCInfo(lcQuorvin, "failed to load source: %i", static_cast<int>(reader.error()));
-        return tl::unexpected(heif.error());
+        return std::nullopt;
     }
-    return propertiesOf(*heif);
 }
 
 } // namespace quorvin

@@ -3,8 +3,6 @@
 
 #include "platform/PropertyList.h"
 
-#include "model/Log.h"
-
 #include <QDateTime>
 
 #include <plist/plist.h>
@@ -12,7 +10,6 @@
 #include <cstdlib>
 #include <limits>
 #include <memory>
-#include <optional>
 
 namespace quorvin {
 
@@ -123,22 +120,14 @@ std::optional<QVariant> valueOf(plist_t node, int depth)
 
 } // namespace
 
-Expected<QVariant> parsePropertyList(QByteArrayView bytes)
+std::optional<QVariant> parsePropertyList(QByteArrayView bytes)
 {
-    const auto refused = failure(QStringLiteral("not a property list"));
     if (bytes.isEmpty() || bytes.size() > std::numeric_limits<int32_t>::max())
-        return refused;
+        return std::nullopt;
     plist_t root = nullptr;
     plist_from_memory(bytes.data(), static_cast<uint32_t>(bytes.size()), &root);
     const std::unique_ptr<void, NodeDeleter> owner(root);
-    if (!root) {
-        qCDebug(lcLibraries) << "libplist: refused" << bytes.size() << "bytes";
-        return refused;
-    }
-    auto value = valueOf(root, 0);
-    if (!value)
-        return refused;
-    return *std::move(value);
+    return root ? valueOf(root, 0) : std::nullopt;
 }
 
 } // namespace quorvin

@@ -39,7 +39,7 @@ void PropertyListBuilder::put(QByteArray text)
         add(plist_new_string(text.constData()));
 }
 
-Expected<QByteArray> PropertyListBuilder::takeBinary()
+std::optional<QByteArray> PropertyListBuilder::takeBinary()
 {
     char *bytes = nullptr;
     uint32_t length = 0;
@@ -47,9 +47,7 @@ Expected<QByteArray> PropertyListBuilder::takeBinary()
     _root.reset();
     const std::unique_ptr<char, decltype(&plist_to_bin_free)> owner(bytes, &plist_to_bin_free);
     const QByteArray list(bytes, static_cast<qsizetype>(length));
-    if (!BinaryPropertyList(list).isWhole())
-        return failure(QStringLiteral("too much for a property list"));
-    return list;
+    return BinaryPropertyList(list).isWhole() ? std::optional(list) : std::nullopt;
 }
 
 void PropertyListBuilder::open(Node node)

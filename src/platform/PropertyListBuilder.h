@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include "model/Error.h"
-
 #include <QByteArray>
 
 #include <memory>
@@ -25,8 +23,8 @@ public:
     /// Valid UTF-8. A zero byte, which libplist cannot take, becomes U+FFFD.
     void put(QByteArray text);
 
-    /// Fails for a list of more than 4 GiB, which is as much as libplist can tell the length of.
-    Expected<QByteArray> takeBinary();
+    /// Absent for a list of more than 4 GiB, which is as much as libplist can tell the length of.
+    std::optional<QByteArray> takeBinary();
 
 private:
     using Node = void *;

@@ -3,11 +3,13 @@
 
 #pragma once
 
-#include "model/Error.h"
 #include "platform/BinaryPropertyList.h"
 
 #include <QByteArray>
 #include <QHash>
+#include <QString>
+
+#include <tl/expected.hpp>
 
 #include <functional>
 #include <vector>
@@ -24,8 +26,8 @@ public:
     void begin() { put(BinaryPropertyList::kMagic); }
     /// Made by a `PropertyListBuilder`.
     void add(QByteArrayView list);
-    /// Fails for a list of more objects than a property list can number.
-    Expected<void> finish();
+    /// The error is the reason, for a person to read.
+    tl::expected<void, QString> finish();
 
 private:
     quint32 placeOf(const BinaryPropertyList::Object &object);

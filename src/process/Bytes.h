@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <concepts>
+#include <utility>
 
 namespace quorvin {
 
@@ -24,6 +25,7 @@ public:
     }
     void text(const QString &text) { bytes(text.toUtf8()); }
 
+    QByteArray take() { return std::move(_bytes); }
     const QByteArray &result() const { return _bytes; }
 
 private:
@@ -54,6 +56,8 @@ public:
         return _ok ? value : 0;
     }
 
+    /// For what can be read but can't be meant.
+    void fail() { _ok = false; }
     bool ok() const { return _ok; }
     bool atEnd() const { return _rest.isEmpty(); }
 

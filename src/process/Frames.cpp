@@ -3,9 +3,6 @@
 
 #include "process/Frames.h"
 
-#include "platform/NativePath.h"
-#include "process/Bytes.h"
-
 #include <array>
 
 namespace quorvin {
@@ -19,75 +16,117 @@ constexpr std::array kOptions{
     &RecordOptions::skipExtAttributes,    &RecordOptions::keepCover,
     &RecordOptions::useExiftoolForVideo,
 };
+static_assert(kOptions.size() * sizeof(bool) == sizeof(RecordOptions), "each option has its bit");
+static_assert(kOptions.size() <= 8, "the bits fit into their byte");
 
-quint8 bitsOf(const RecordOptions &options)
+template <typename... Kinds>
+constexpr auto mostBytesOfKinds(const std::variant<Kinds...> *)
 {
-    quint8 bits = 0;
-    for (std::size_t i = 0; i < kOptions.size(); ++i)
-        bits |= static_cast<quint8>((options.*kOptions[i] ? 1 : 0) << i);
-    return bits;
+    return std::array{Kinds::kMostBytes...};
 }
+constexpr std::array kMostBytes = mostBytesOfKinds(static_cast<ReaderMessage *>(nullptr));
 
-RecordOptions optionsOf(quint8 bits)
+} // namespace
+
+template <>
+struct Fields<RecordOptions> {
+    static quint8 pack(const RecordOptions &options)
+    {
+        quint8 bits = 0;
+        for (std::size_t i = 0; i < kOptions.size(); ++i)
+            bits |= static_cast<quint8>((options.*kOptions[i] ? 1 : 0) << i);
+        return bits;
+    }
+    static RecordOptions unpack(quint8 bits)
+    {
+        RecordOptions options;
+        for (std::size_t i = 0; i < kOptions.size(); ++i)
+            options.*kOptions[i] = ((bits >> i) & 1) != 0;
+        return options;
+    }
+};
+
+template <>
+struct Fields<RecordRequest> {
+    static constexpr auto list = std::tuple(&RecordRequest::path, &RecordRequest::options);
+};
+
+template <>
+struct Fields<ReportRequest> {
+    static constexpr auto list = std::tuple(&ReportRequest::path, &ReportRequest::source);
+};
+
+template <>
+struct Fields<JobOrder> {
+    static constexpr auto list = std::tuple(&JobOrder::number, &JobOrder::request);
+};
+
+template <>
+struct Fields<Greeting> {
+    static constexpr auto list = std::tuple(&Greeting::magic, &Greeting::guardParts);
+    static bool isValid(const Greeting &greeting) { return greeting.magic == Greeting::kMagic; }
+};
+
+template <>
+struct Fields<JobDone> {
+    static constexpr auto list = std::tuple(&JobDone::job);
+};
+
+template <>
+struct Fields<Error> {
+    static constexpr auto list = std::tuple(&Error::domain, &Error::code, &Error::description);
+};
+
+template <>
+struct Fields<JobFailed> {
+    static constexpr auto list = std::tuple(&JobFailed::job, &JobFailed::error);
+};
+
+template <>
+struct Fields<EncodedRecord> {
+    static constexpr auto list = std::tuple(&EncodedRecord::job, &EncodedRecord::record);
+};
+
+template <>
+struct Fields<EncodedReport> {
+    static constexpr auto list = std::tuple(&EncodedReport::job, &EncodedReport::text);
+};
+
+namespace {
+
+QByteArray framed(const QByteArray &content)
 {
-    RecordOptions options;
-    for (std::size_t i = 0; i < kOptions.size(); ++i)
-        options.*kOptions[i] = ((bits >> i) & 1) != 0;
-    return options;
+    ByteWriter frame;
+    frame.bytes(content);
+    return frame.take();
 }
 
 } // namespace
 
-QByteArray frameOf(QByteArrayView content)
+quint32 mostBytesOfMessage(quint8 kind)
 {
-    ByteWriter frame;
-    frame.bytes(content);
-    return frame.result();
+    // Beside the message stands its kind.
+    return kind < kMostBytes.size() ? kMostBytes[kind] + 1 : 0;
 }
 
-QByteArray helloFrame(quint32 guardParts)
+QByteArray frameOf(const JobOrder &order)
 {
-    ByteWriter content;
-    content.number(kHelloMagic);
-    content.number(guardParts);
-    return frameOf(content.result());
+    return framed(bytesOf(order));
 }
 
-std::optional<quint32> guardPartsOfHello(QByteArrayView content)
+QByteArray frameOf(const ReaderMessage &message)
 {
-    ByteReader in(content);
-    const bool isHello = in.number<quint32>() == kHelloMagic;
-    const auto parts = in.number<quint32>();
-    return isHello && in.ok() && in.atEnd() ? std::optional(parts) : std::nullopt;
+    return framed(bytesOf(message));
 }
 
-QByteArray requestFrame(const Job &job)
+std::optional<JobOrder> orderOf(QByteArrayView content)
 {
-    ByteWriter content;
-    content.number(static_cast<quint8>(job.kind));
-    content.number(bitsOf(job.options));
-    content.bytes(encodePath(job.path));
-    content.text(job.source);
-    return frameOf(content.result());
+    return valueOf<JobOrder>(content);
 }
 
-std::optional<Job> jobOfRequest(QByteArrayView content)
+std::optional<ReaderMessage> messageOf(QByteArrayView content)
 {
-    ByteReader in(content);
-    Job job;
-    job.kind = in.number<quint8>() == 0 ? Job::Kind::Record : Job::Kind::RawReport;
-    job.options = optionsOf(in.number<quint8>());
-    job.path = decodePath(in.bytes().toByteArray());
-    job.source = in.text();
-    return in.ok() && in.atEnd() ? std::optional(job) : std::nullopt;
-}
-
-QByteArray replyFrame(ReplyKind kind, QByteArrayView content)
-{
-    ByteWriter whole;
-    whole.number(static_cast<quint32>(content.size() + 1));
-    whole.number(static_cast<quint8>(kind));
-    return QByteArray(whole.result()).append(content);
+    return valueOf<ReaderMessage>(content);
 }
 
 } // namespace quorvin

@@ -4,16 +4,18 @@
 #pragma once
 
 #include "process/Job.h"
+#include "process/Values.h"
 
 #include <QByteArray>
 
 #include <optional>
+#include <variant>
 
 namespace quorvin {
 
 /// What a reader and its parent say to each other: frames, each the length of its content in four bytes and
-/// the content. Ahead of each reply goes one byte more, as soon as the job is done: so the next request is on
-/// its way while the reply is still put together.
+/// the content, which is one message. For each job the parent sends an order; the reader says when it is done
+/// with it, and then what came of it: so the next order is on its way while the answer is still put together.
 
 /// The descriptor under which a reader finds its end of the socket.
 inline constexpr int kReaderSocket = 3;
@@ -22,25 +24,58 @@ inline constexpr int kReaderCounter = 4;
 /// A reader that could not get memory ends with this status.
 inline constexpr int kOutOfMemoryStatus = 77;
 
-inline constexpr quint32 kMostRequestBytes = 1 << 20;
-inline constexpr quint32 kMostReplyBytes = 256U << 20;
-inline constexpr qsizetype kMostRecordBytes = 64 << 20;
-inline constexpr char kDoneMark = 1;
-inline constexpr quint32 kHelloMagic = 0x51564e31;
+struct JobOrder {
+    quint32 number = 0; ///< counted from 1 for each reader
+    JobRequest request;
+};
 
-/// The first frame of a reader: that it is one, and the parts of its guard.
-QByteArray helloFrame(quint32 guardParts);
-std::optional<quint32> guardPartsOfHello(QByteArrayView content);
+/// The first words of a reader.
+struct Greeting {
+    static constexpr quint32 kMostBytes = 64;
+    static constexpr quint32 kMagic = 0x51564e32;
 
-QByteArray requestFrame(const Job &job);
-std::optional<Job> jobOfRequest(QByteArrayView content);
+    quint32 magic = kMagic;
+    quint32 guardParts = 0; ///< as `raiseGuard` gives them
+};
 
-enum class ReplyKind : quint8 { Record, Report, Failure };
+struct JobDone {
+    static constexpr quint32 kMostBytes = 64;
 
-/// `content` is an encoded record, the UTF-8 of a report, or that of a reason.
-QByteArray replyFrame(ReplyKind kind, QByteArrayView content);
+    quint32 job = 0; ///< number of its order, as in the three below
+};
 
-/// The content behind its length.
-QByteArray frameOf(QByteArrayView content);
+struct JobFailed {
+    static constexpr quint32 kMostBytes = 4096;
+
+    quint32 job = 0;
+    Error error;
+};
+
+struct EncodedRecord {
+    static constexpr quint32 kMostBytes = 64 << 20;
+
+    quint32 job = 0;
+    QByteArray record; ///< made by the reader's one `RecordEncoder`
+};
+
+struct EncodedReport {
+    static constexpr quint32 kMostBytes = 256U << 20;
+
+    quint32 job = 0;
+    QByteArray text; ///< UTF-8
+};
+
+using ReaderMessage = std::variant<Greeting, JobDone, JobFailed, EncodedRecord, EncodedReport>;
+
+inline constexpr quint32 kMostOrderBytes = 1 << 20;
+
+/// How long the content of a message may be that begins with this byte; 0 when none does.
+quint32 mostBytesOfMessage(quint8 kind);
+
+QByteArray frameOf(const JobOrder &order);
+QByteArray frameOf(const ReaderMessage &message);
+/// Absent for what is no message; trusts nothing.
+std::optional<JobOrder> orderOf(QByteArrayView content);
+std::optional<ReaderMessage> messageOf(QByteArrayView content);
 
 } // namespace quorvin

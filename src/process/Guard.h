@@ -3,22 +3,33 @@
 
 #pragma once
 
+#include "process/GuardRules.h"
+
 #include <QString>
+
+#include <string>
 
 namespace quorvin {
 
 /// What a guard put in force; the kernel decides what there is.
 enum GuardPart : quint32 {
-    GuardLimits = 1, ///< of memory, files and core dumps
-    GuardLandlock = 2, ///< the file system can be read, not changed, and nothing in it run
-    GuardSeccomp = 4, ///< no network, no writing, no new programs or processes, no tracing or signals
+    GuardLimits = 1, ///< of file sizes, open files and core dumps
+    GuardLandlock = 2, ///< nothing can be changed or run in the file system but what the profile allows
+    GuardSeccomp = 4, ///< no network, no new processes, no tracing or signals, and the profile's own rules
 };
 
-/// Takes from this process, for good, all but what reading files and talking to its parent needs.
-/// `addressSpace` is in bytes; 0 sets no limit. What is forbidden fails with an error, as a full disk or a
-/// missing right would. Call from the one thread of a process that is about to read files of unknown origin.
+struct Guard {
+    GuardProfile profile = GuardProfile::Reader;
+    int folder = -1; ///< of a writer: an open descriptor, which may be closed once the guard stands
+    std::string program; ///< of exiftool: its path
+};
+
+/// Takes from this process, for good, all but what its profile needs. What is forbidden fails with an error,
+/// as a full disk or a missing right would. Call from the one thread of a process that is about to work on
+/// files of unknown origin; for exiftool, in the process that is going to become it. Without Landlock nothing
+/// keeps a writer to its folder, or exiftool from becoming another program.
 /// Gives the parts that are in force.
-quint32 raiseGuard(quint64 addressSpace);
+quint32 raiseGuard(const Guard &guard);
 
 /// The parts by name: "Landlock, seccomp, resource limits"; "nothing" for none.
 QString guardNames(quint32 parts);

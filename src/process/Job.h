@@ -3,44 +3,66 @@
 
 #pragma once
 
+#include "model/Error.h"
 #include "model/QuorvinData.h"
 #include "model/RecordOptions.h"
 
 #include <QString>
 
-#include <tl/expected.hpp>
+#include <variant>
 
 namespace quorvin {
 
-/// Something that a format library does to a file.
-struct Job {
-    enum class Kind : quint8 { Record, RawReport };
+/// Asks for the record of a file.
+struct RecordRequest {
+    using Result = QuorvinDataPtr; ///< never null
 
-    Kind kind = Kind::Record;
     QString path;
-    RecordOptions options; ///< of a record
-    QString source; ///< of a raw report
-
-    static Job record(const QString &path, const RecordOptions &options)
-    {
-        return {Kind::Record, path, options, {}};
-    }
-    static Job rawReport(const QString &path, const QString &source)
-    {
-        return {Kind::RawReport, path, {}, source};
-    }
+    RecordOptions options;
 };
 
-/// What came of it: one of the two, by the kind of the job.
-struct JobAnswer {
-    QuorvinDataPtr record;
-    QString report;
+struct Report {
+    QString text;
 };
 
-/// The error is the reason, for a person to read.
-using JobResult = tl::expected<JobAnswer, QString>;
+/// Asks for what a library says of a file.
+struct ReportRequest {
+    using Result = Report;
 
-/// Does the job here and now, with the libraries of this process.
-JobResult doJob(const Job &job);
+    QString path;
+    QString source; ///< name of the report
+};
+
+template <typename... Requests>
+struct JobKinds {
+    using Request = std::variant<Requests...>;
+    using Answer = std::variant<typename Requests::Result...>;
+};
+
+/// All that a guarded process can be asked for. The answer to a request stands at the request's place.
+using AllJobs = JobKinds<RecordRequest, ReportRequest>;
+using JobRequest = AllJobs::Request;
+using JobAnswer = AllJobs::Answer;
+using JobResult = Expected<JobAnswer>;
+
+/// How far a job may go before its process is ended.
+struct JobLimits {
+    int cpuSeconds = 20; ///< of processor time
+    int wallSeconds = 60; ///< from its start to its end
+    int memoryMiB = 2048; ///< of address space
+};
+
+struct Job {
+    JobRequest request;
+    JobLimits limits;
+};
+
+/// What of a library's settings a job changes for good in its process: two jobs share a process only where
+/// this is equal.
+inline QString libraryStateOf(const JobRequest &request)
+{
+    const auto *report = std::get_if<ReportRequest>(&request);
+    return report ? report->source : QString();
+}
 
 } // namespace quorvin

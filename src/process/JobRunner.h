@@ -4,9 +4,7 @@
 #pragma once
 
 #include "process/Job.h"
-#include "process/ReaderProcess.h"
 
-#include <memory>
 #include <stop_token>
 
 namespace quorvin {
@@ -30,16 +28,5 @@ public:
     /// All three in one; a job that is given up fails.
     JobResult run(const Job &job, const std::stop_token &stop = {});
 };
-
-/// Does the jobs in this process. A job that never ends can't be stopped.
-std::unique_ptr<JobRunner> makeInProcessRunner();
-
-/// Does the jobs in a reader process behind a guard, started with the first job. A reader that crashes,
-/// exceeds a limit or gives no proper answer is replaced; its job fails with "stopped: …". A stop takes
-/// effect at once.
-std::unique_ptr<JobRunner> makeReaderRunner(const ReaderLimits &limits);
-
-/// Starts a reader to ask it what guards it; absent when none can be started.
-std::optional<quint32> guardPartsInForce();
 
 } // namespace quorvin

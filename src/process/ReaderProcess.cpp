@@ -8,6 +8,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -23,7 +24,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr quint64 kMiB = 1 << 20;
+constexpr rlim_t kMiB = 1 << 20;
 
 /// The sanitizers reserve more address space than any limit would leave them.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
@@ -65,33 +66,30 @@ private:
 
 } // namespace
 
-std::unique_ptr<ReaderProcess> ReaderProcess::start(const ReaderLimits &limits)
+Expected<std::unique_ptr<ReaderProcess>> ReaderProcess::start(const std::string &program)
 {
     std::array<int, 2> ends{};
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
-        return nullptr;
+        return posixFailure(errno);
     auto counter = std::make_unique<JobCounter>();
     // Numbers that the child does not give its own, so that giving those clears the close-on-exec mark.
     const int childEnd = ::fcntl(ends[1], F_DUPFD_CLOEXEC, kReaderCounter + 1);
     const int childCounter = ::fcntl(counter->descriptor(), F_DUPFD_CLOEXEC, kReaderCounter + 1);
     ::close(ends[1]);
 
-    const std::string program = limits.program.empty() ? readerProgram() : limits.program;
+    const std::string path = program.empty() ? readerProgram() : program;
     const std::string parent = std::to_string(::getpid());
-    const std::string memory
-        = std::to_string(kLimitsMemory ? static_cast<quint64>(limits.memoryMiB) * kMiB : 0);
-    std::array<char *, 4> arguments{const_cast<char *>(program.c_str()), const_cast<char *>(parent.c_str()),
-                                    const_cast<char *>(memory.c_str()), nullptr};
+    std::array<char *, 3> arguments{const_cast<char *>(path.c_str()), const_cast<char *>(parent.c_str()),
+                                    nullptr};
     const FileActions actions(childEnd, childCounter);
     pid_t pid = 0;
-    const int problem
-        = ::posix_spawn(&pid, program.c_str(), actions.get(), nullptr, arguments.data(), environ);
+    const int problem = ::posix_spawn(&pid, path.c_str(), actions.get(), nullptr, arguments.data(), environ);
     ::close(childEnd);
     ::close(childCounter);
     if (problem != 0) {
         qCInfo(lcQuorvin) << "Failed to start the reader, error" << problem;
         ::close(ends[0]);
-        return nullptr;
+        return posixFailure(problem);
     }
     return std::unique_ptr<ReaderProcess>(new ReaderProcess(pid, ends[0], std::move(counter)));
 }
@@ -114,6 +112,15 @@ qint64 ReaderProcess::cpuTime() const
     if (::clock_getcpuclockid(_pid, &clock) != 0 || ::clock_gettime(clock, &time) != 0)
         return 0;
     return time.tv_sec * 1000 + time.tv_nsec / 1'000'000;
+}
+
+void ReaderProcess::limitMemory(int mebibytes)
+{
+    if (!kLimitsMemory || mebibytes == _memoryMiB)
+        return;
+    const rlimit limit{static_cast<rlim_t>(mebibytes) * kMiB, RLIM_INFINITY};
+    if (::prlimit(_pid, RLIMIT_AS, &limit, nullptr) == 0)
+        _memoryMiB = mebibytes;
 }
 
 int ReaderProcess::kill()

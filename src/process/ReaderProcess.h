@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/Error.h"
 #include "process/JobCounter.h"
 
 #include <QtGlobal>
@@ -14,33 +15,24 @@
 
 namespace quorvin {
 
-/// How far a reader may go.
-struct ReaderLimits {
-    int cpuSeconds = 20; ///< of processor time for one job
-    int wallSeconds = 60; ///< from the start of one job to its end
-    int memoryMiB = 2048; ///< of address space
-    std::string program; ///< path; "" is the reader beside this program
-};
-
 /// A running reader and this end of its socket. The process goes with the object: it is killed, if it still
 /// runs, and waited for. It also ends with the thread that started it.
 class ReaderProcess {
 public:
-    /// Null when the program can't be started. It lies beside this program.
-    static std::unique_ptr<ReaderProcess> start(const ReaderLimits &limits);
+    /// `program` is a path; "" is the reader beside this program.
+    static Expected<std::unique_ptr<ReaderProcess>> start(const std::string &program);
 
     ReaderProcess(const ReaderProcess &) = delete;
     ReaderProcess &operator=(const ReaderProcess &) = delete;
     ~ReaderProcess();
 
     int socket() const { return _socket; }
-    pid_t pid() const { return _pid; }
-    /// To be told of every job that is sent.
-    void countJob() { ++_jobs; }
-    /// Whether the reader has begun with the last job that was sent.
-    bool hasTakenLastJob() const { return _counter->hasTaken(_jobs); }
+    /// Whether the reader has begun with so many jobs.
+    bool hasTaken(quint32 jobs) const { return _counter->hasTaken(jobs); }
     /// Processor time used so far, in milliseconds.
     qint64 cpuTime() const;
+    /// Limits the address space of the process from now on. It can't lift the limit itself.
+    void limitMemory(int mebibytes);
     /// Ends the process and tells how it ended: its status as `waitpid` gives it.
     int kill();
 
@@ -49,8 +41,8 @@ private:
 
     pid_t _pid;
     int _socket;
+    int _memoryMiB = 0; ///< the limit that is set; 0 for none
     std::unique_ptr<JobCounter> _counter;
-    quint32 _jobs = 0;
 };
 
 } // namespace quorvin

@@ -3,110 +3,59 @@
 
 #include "process/RecordBytes.h"
 
-#include "process/Bytes.h"
+#include "process/Values.h"
 
 namespace quorvin {
 
+template <>
+struct Fields<Location> {
+    static constexpr auto list = std::tuple(&Location::latitude, &Location::longitude);
+};
+
+template <>
+struct Fields<StyledText> {
+    static constexpr auto list
+        = std::tuple(&StyledText::plain, &StyledText::titleStart, &StyledText::italicLength);
+    static bool isValid(const StyledText &text)
+    {
+        const qsizetype length = text.plain.size();
+        return text.titleStart >= -1 && text.titleStart <= length && text.italicLength >= 0
+            && text.italicLength <= length;
+    }
+};
+
+template <>
+struct Fields<GeneralLine> {
+    static constexpr auto list = std::tuple(&GeneralLine::key, &GeneralLine::name, &GeneralLine::value,
+                                            &GeneralLine::streamIndex, &GeneralLine::isLocation);
+};
+
+template <>
+struct Fields<GeneralFacts> {
+    using Facts = GeneralFacts;
+    static constexpr auto list = std::tuple(
+        &Facts::filesize, &Facts::filesizeinbytes, &Facts::localizedModificationDate,
+        &Facts::localizedCreationDate, &Facts::modificationDate, &Facts::creationDate, &Facts::fileKind,
+        &Facts::fileUTI, &Facts::finderComment, &Facts::fileLabelName, &Facts::fileFrom, &Facts::fileAuthors,
+        &Facts::fileFromDate, &Facts::fileTagNames, &Facts::md5, &Facts::sha1, &Facts::format,
+        &Facts::formatProfile, &Facts::duration, &Facts::bitrate, &Facts::imageSize, &Facts::imageSizeMP,
+        &Facts::thumbCount, &Facts::latitude, &Facts::longitude, &Facts::coverData, &Facts::container,
+        &Facts::lines);
+};
+
 namespace {
 
-/// One list of the fields of a record for both ways. A codec has an overload for each type of field.
-template <typename Codec, typename Facts>
-void visitGeneral(Codec &codec, Facts &facts)
-{
-    codec(facts.filesize), codec(facts.filesizeinbytes), codec(facts.localizedModificationDate);
-    codec(facts.localizedCreationDate), codec(facts.modificationDate), codec(facts.creationDate);
-    codec(facts.fileKind), codec(facts.fileUTI), codec(facts.finderComment), codec(facts.fileLabelName);
-    codec(facts.fileFrom), codec(facts.fileAuthors), codec(facts.fileFromDate), codec(facts.fileTagNames);
-    codec(facts.md5), codec(facts.sha1);
-    codec(facts.format), codec(facts.formatProfile), codec(facts.duration), codec(facts.bitrate);
-    codec(facts.imageSize), codec(facts.imageSizeMP), codec(facts.thumbCount), codec(facts.latitude);
-    codec(facts.longitude), codec(facts.coverData), codec(facts.container), codec(facts.lines);
-}
+/// Of a record, all but its groups.
+constexpr std::tuple kRecordFields(&RecordContents::filename, &RecordContents::duration,
+                                   &RecordContents::isImage, &RecordContents::isVideo,
+                                   &RecordContents::isAudio, &RecordContents::general,
+                                   &RecordContents::mapLocation);
 
 template <typename Codec, typename Record>
-void visitRecord(Codec &codec, Record &record)
+void visitRecord(Codec codec, Record &record)
 {
-    codec(record.filename), codec(record.duration);
-    codec(record.isImage), codec(record.isVideo), codec(record.isAudio);
-    visitGeneral(codec, record.general);
-    codec(record.mapLocation);
+    std::apply([&](auto... field) { (codec(record.*field), ...); }, kRecordFields);
 }
-
-struct Writing {
-    ByteWriter &out;
-
-    void operator()(const QString &text)
-    {
-        // UTF-16, so that a path keeps bytes that are no UTF-8.
-        out.bytes(QByteArrayView(reinterpret_cast<const char *>(text.utf16()),
-                                 text.size() * qsizetype{sizeof(QChar)}));
-    }
-    void operator()(const QByteArray &bytes) { out.bytes(bytes); }
-    void operator()(qint64 number) { out.number(number); }
-    void operator()(bool flag) { out.number(static_cast<quint8>(flag)); }
-    void operator()(double number) { out.number(number); }
-    void operator()(const Location &location) { (*this)(location.latitude), (*this)(location.longitude); }
-    void operator()(const GeneralLine &line)
-    {
-        (*this)(line.key), (*this)(line.name), (*this)(line.value.plain);
-        (*this)(static_cast<qint64>(line.value.titleStart));
-        (*this)(static_cast<qint64>(line.value.italicLength));
-        (*this)(static_cast<qint64>(line.streamIndex)), (*this)(line.isLocation);
-    }
-    template <typename Value>
-    void operator()(const std::optional<Value> &value)
-    {
-        (*this)(value.has_value());
-        if (value)
-            (*this)(*value);
-    }
-    void operator()(const std::vector<GeneralLine> &lines)
-    {
-        out.number(static_cast<quint32>(lines.size()));
-        for (const GeneralLine &line : lines)
-            (*this)(line);
-    }
-};
-
-struct Reading {
-    ByteReader &in;
-
-    void operator()(QString &text)
-    {
-        const QByteArrayView bytes = in.bytes();
-        text.resize(bytes.size() / qsizetype{sizeof(QChar)});
-        std::copy_n(bytes.begin(), text.size() * qsizetype{sizeof(QChar)},
-                    reinterpret_cast<char *>(text.data()));
-    }
-    void operator()(QByteArray &bytes) { bytes = in.bytes().toByteArray(); }
-    void operator()(qint64 &number) { number = in.number<qint64>(); }
-    void operator()(bool &flag) { flag = in.number<quint8>() != 0; }
-    void operator()(double &number) { number = in.number<double>(); }
-    void operator()(Location &location) { (*this)(location.latitude), (*this)(location.longitude); }
-    void operator()(GeneralLine &line)
-    {
-        (*this)(line.key), (*this)(line.name), (*this)(line.value.plain);
-        const qsizetype length = line.value.plain.size();
-        const auto titleStart = in.number<qint64>();
-        line.value.titleStart = titleStart < 0 || titleStart > length ? -1 : titleStart;
-        line.value.italicLength = std::clamp<qsizetype>(in.number<qint64>(), 0, length);
-        line.streamIndex = in.number<quint64>();
-        (*this)(line.isLocation);
-    }
-    template <typename Value>
-    void operator()(std::optional<Value> &value)
-    {
-        if (in.number<quint8>() != 0)
-            (*this)(value.emplace());
-    }
-    void operator()(std::vector<GeneralLine> &lines)
-    {
-        constexpr qsizetype kLeastBytes = 37;
-        const quint32 count = in.count(kLeastBytes);
-        for (quint32 i = 0; i < count && in.ok(); ++i)
-            (*this)(lines.emplace_back());
-    }
-};
 
 constexpr qsizetype kLeastBytesOfTerm = 8;
 constexpr qsizetype kLeastBytesOfGroup = 13;
@@ -152,48 +101,55 @@ bool readGroups(ByteReader &in, const std::vector<TermPtr> &terms, ParameterGrou
 
 QByteArray RecordEncoder::encode(const RecordContents &record)
 {
-    ByteWriter newTerms;
-    quint32 newCount = 0;
     const bool startsAnew = _terms.size() >= kMaxConnectionTerms;
     if (startsAnew) {
         _terms.clear();
         _numbers.clear();
     }
+    const std::size_t known = _terms.size();
     ByteWriter body;
-    Writing writing{body};
-    visitRecord(writing, record);
-
+    visitRecord(ValueWriter(body), record);
     body.number(static_cast<quint32>(record.groups.groups().size()));
-    for (const auto &group : record.groups.groups()) {
-        body.text(group.key);
-        body.number(static_cast<quint8>(group.numbered));
-        body.number(static_cast<quint32>(group.subgroups.size()));
-        for (const QString &subgroup : group.subgroups)
-            body.text(subgroup);
-        body.number(static_cast<quint32>(group.streams.size()));
-        for (const auto &stream : group.streams) {
-            body.number(stream.number);
-            body.number(stream.count);
-            for (const auto &parameter : record.groups.parameters(stream)) {
-                const auto [known, isNew]
-                    = _numbers.try_emplace(parameter.term.get(), static_cast<quint32>(_terms.size()));
-                if (isNew) {
-                    _terms.push_back(parameter.term);
-                    newTerms.text(parameter.term->key);
-                    newTerms.text(parameter.term->label);
-                    ++newCount;
-                }
-                body.number(known->second);
-                body.number(static_cast<quint8>(parameter.flags.toInt()));
-                body.number(parameter.subgroup);
-                body.bytes(record.groups.utf8Value(parameter));
-            }
-        }
-    }
+    for (const auto &group : record.groups.groups())
+        writeGroup(body, record.groups, group);
+
     ByteWriter whole;
     whole.number(static_cast<quint8>(startsAnew));
-    whole.number(newCount);
-    return whole.result() + newTerms.result() + body.result();
+    whole.number(static_cast<quint32>(_terms.size() - known));
+    for (std::size_t i = known; i < _terms.size(); ++i) {
+        whole.text(_terms[i]->key);
+        whole.text(_terms[i]->label);
+    }
+    return whole.take().append(body.result());
+}
+
+void RecordEncoder::writeGroup(ByteWriter &out, const ParameterGroups &groups,
+                               const ParameterGroups::Group &group)
+{
+    out.text(group.key);
+    out.number(static_cast<quint8>(group.numbered));
+    out.number(static_cast<quint32>(group.subgroups.size()));
+    for (const QString &subgroup : group.subgroups)
+        out.text(subgroup);
+    out.number(static_cast<quint32>(group.streams.size()));
+    for (const auto &stream : group.streams) {
+        out.number(stream.number);
+        out.number(stream.count);
+        for (const auto &parameter : groups.parameters(stream)) {
+            out.number(numberOf(parameter.term));
+            out.number(static_cast<quint8>(parameter.flags.toInt()));
+            out.number(parameter.subgroup);
+            out.bytes(groups.utf8Value(parameter));
+        }
+    }
+}
+
+quint32 RecordEncoder::numberOf(const TermPtr &term)
+{
+    const auto [known, isNew] = _numbers.try_emplace(term.get(), static_cast<quint32>(_terms.size()));
+    if (isNew)
+        _terms.push_back(term);
+    return known->second;
 }
 
 std::optional<RecordContents> RecordDecoder::decode(QByteArrayView bytes)
@@ -210,8 +166,7 @@ std::optional<RecordContents> RecordDecoder::decode(QByteArrayView bytes)
         _terms.push_back(internTerm(key, label));
     }
     RecordContents record;
-    Reading reading{in};
-    visitRecord(reading, record);
+    visitRecord(ValueReader(in), record);
     if (!in.ok() || !readGroups(in, _terms, record.groups) || !in.atEnd())
         return std::nullopt;
     record.groups.squeeze();

@@ -13,6 +13,8 @@
 
 namespace quorvin {
 
+class ByteWriter;
+
 /// Records as bytes, on their way from one process to another. Keys and labels travel once: the first record
 /// that has a term brings it along, later ones name it by its number. So one encoder belongs to one decoder,
 /// and records are decoded in the order in which they were encoded. One thread each.
@@ -21,6 +23,9 @@ public:
     QByteArray encode(const RecordContents &record);
 
 private:
+    void writeGroup(ByteWriter &out, const ParameterGroups &groups, const ParameterGroups::Group &group);
+    quint32 numberOf(const TermPtr &term);
+
     std::unordered_map<const Term *, quint32> _numbers;
     std::vector<TermPtr> _terms; ///< keeps them alive, so that no other term gets the address of one
 };

@@ -59,27 +59,27 @@ class FakeRunner final : public JobRunner {
 public:
     explicit FakeRunner(Gate &gate) : _gate(gate) { }
 
-    void begin(const Job &job) override { _job = job; }
+    void begin(const Job &job) override { _path = std::get<RecordRequest>(job.request).path; }
     bool await(const std::stop_token &stop) override
     {
-        _done = _job;
-        if (_done.path.startsWith(QStringLiteral("gate")))
+        _done = _path;
+        if (_done.startsWith(QStringLiteral("gate")))
             _gate.pass(stop);
         return !stop.stop_requested();
     }
     JobResult take(const std::stop_token &) override
     {
-        if (_done.path.startsWith(QStringLiteral("bad")))
-            return tl::unexpected(QStringLiteral("it is bad"));
+        if (_done.startsWith(QStringLiteral("bad")))
+            return failure(QStringLiteral("it is bad"));
         RecordContents record;
-        record.filename = _done.path;
-        return JobAnswer{std::make_shared<const QuorvinData>(std::move(record)), {}};
+        record.filename = _done;
+        return std::make_shared<const QuorvinData>(std::move(record));
     }
 
 private:
     Gate &_gate;
-    Job _job;
-    Job _done;
+    QString _path; ///< of the last file begun
+    QString _done; ///< of the last one waited for
 };
 
 /// A pool over fake runners, and what it delivered.

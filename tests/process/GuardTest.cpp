@@ -5,10 +5,13 @@
 
 #include "support/TestFolder.h"
 
+#include <QStandardPaths>
+
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/ptrace.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <sys/xattr.h>
 #include <unistd.h>
@@ -25,16 +28,55 @@ namespace quorvin {
 namespace {
 
 /// Tries it in a guarded process; true when it went well there.
-bool goesWell(const std::function<bool()> &attempt)
+bool goesWell(const std::function<bool()> &attempt, const Guard &guard = {})
 {
     const pid_t child = ::fork();
     if (child == 0) {
-        raiseGuard(0);
+        raiseGuard(guard);
         ::_exit(attempt() ? 0 : 1);
     }
     int status = -1;
     ::waitpid(child, &status, 0);
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+using Attempts = std::vector<std::pair<const char *, std::function<bool()>>>;
+
+/// What no profile may do to a file, or to anything else.
+Attempts changesOf(const QByteArray &path)
+{
+    const QByteArray fresh = path + "-new";
+    const pid_t parent = ::getpid();
+    return {
+        {"write", [=] { return ::open(path.constData(), O_WRONLY) >= 0; }},
+        {"truncate",
+         [=] {
+             return ::open(path.constData(), O_RDONLY | O_TRUNC) >= 0 || ::truncate(path.constData(), 0) == 0;
+         }},
+        {"create", [=] { return ::open(fresh.constData(), O_RDWR | O_CREAT, 0600) >= 0; }},
+        {"remove", [=] { return ::unlink(path.constData()) == 0; }},
+        {"rename", [=] { return ::rename(path.constData(), fresh.constData()) == 0; }},
+        {"attribute", [=] { return ::setxattr(path.constData(), "user.a", "x", 1, 0) == 0; }},
+        {"network", [] { return ::socket(AF_INET, SOCK_STREAM, 0) >= 0; }},
+        {"local socket", [] { return ::socket(AF_UNIX, SOCK_STREAM, 0) >= 0; }},
+        {"mode", [=] { return ::chmod(path.constData(), 0600) == 0; }},
+        {"program", [] { return ::execl("/bin/true", "true", nullptr) == 0; }},
+        {"process", [] { return ::fork() >= 0; }},
+        {"signal", [=] { return ::kill(parent, 0) == 0; }},
+        {"trace", [=] { return ::ptrace(PTRACE_ATTACH, parent, nullptr, nullptr) == 0; }},
+    };
+}
+
+Guard exifToolGuard()
+{
+    return {GuardProfile::ExifTool, -1,
+            QStandardPaths::findExecutable(QStringLiteral("exiftool")).toStdString()};
+}
+
+/// Of one that may write nowhere, as it has no folder.
+Guard writerGuard(int folder = -1)
+{
+    return {GuardProfile::Writer, folder, {}};
 }
 
 } // namespace
@@ -54,28 +96,63 @@ TEST(Guard, ChangingAnythingIsRefused)
 {
     const test::TestFolder folder;
     const QByteArray path = folder.write(QStringLiteral("a"), "old").toUtf8();
-    const QByteArray fresh = (folder / QStringLiteral("b")).toUtf8();
-    const pid_t parent = ::getpid();
-    const std::vector<std::pair<const char *, std::function<bool()>>> attempts{
-        {"write", [&] { return ::open(path.constData(), O_WRONLY) >= 0; }},
-        {"truncate",
-         [&] {
-             return ::open(path.constData(), O_RDONLY | O_TRUNC) >= 0 || ::truncate(path.constData(), 0) == 0;
-         }},
-        {"create", [&] { return ::open(fresh.constData(), O_RDWR | O_CREAT, 0600) >= 0; }},
-        {"remove", [&] { return ::unlink(path.constData()) == 0; }},
-        {"rename", [&] { return ::rename(path.constData(), fresh.constData()) == 0; }},
-        {"attribute", [&] { return ::setxattr(path.constData(), "user.a", "x", 1, 0) == 0; }},
-        {"network", [] { return ::socket(AF_INET, SOCK_STREAM, 0) >= 0; }},
-        {"local socket", [] { return ::socket(AF_UNIX, SOCK_STREAM, 0) >= 0; }},
-        {"program", [] { return ::execl("/bin/true", "true", nullptr) == 0; }},
-        {"process", [] { return ::fork() >= 0; }},
-        {"signal", [&] { return ::kill(parent, 0) == 0; }},
-        {"trace", [&] { return ::ptrace(PTRACE_ATTACH, parent, nullptr, nullptr) == 0; }},
-    };
-    for (const auto &[name, attempt] : attempts)
-        EXPECT_FALSE(goesWell(attempt)) << name;
+    for (const Guard &guard : {Guard(), exifToolGuard(), writerGuard()}) {
+        for (const auto &[name, attempt] : changesOf(path))
+            EXPECT_FALSE(goesWell(attempt, guard))
+                << name << " in profile " << static_cast<int>(guard.profile);
+    }
     EXPECT_EQ(test::contentOf(QString::fromUtf8(path)), "old");
+}
+
+TEST(Guard, ExifToolRunsAndReads)
+{
+    const Guard guard = exifToolGuard();
+    if (guard.program.empty())
+        GTEST_SKIP() << "no exiftool";
+    const QByteArray sample = test::sample(QStringLiteral("photo.jpg")).toUtf8();
+    const int nowhere = ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    const auto run = [&](const char *option, const char *file) {
+        return goesWell(
+            [&] {
+                ::dup2(nowhere, STDOUT_FILENO);
+                ::dup2(nowhere, STDERR_FILENO);
+                return ::execl(guard.program.c_str(), "exiftool", option, file, nullptr) == 0;
+            },
+            guard);
+    };
+    EXPECT_TRUE(run("-ver", nullptr));
+    EXPECT_TRUE(run("-json", sample.constData()));
+    EXPECT_FALSE(run("-Artist=x", sample.constData()));
+    ::close(nowhere);
+}
+
+TEST(Guard, WriterWritesInItsFolderOnly)
+{
+    const test::TestFolder folder;
+    const test::TestFolder other;
+    const int descriptor = ::open(folder.path().toUtf8().constData(), O_PATH | O_CLOEXEC);
+    const auto replaces = [&](const test::TestFolder &place) {
+        const QByteArray temporary = (place / QStringLiteral("new")).toUtf8();
+        const QByteArray target = (place / QStringLiteral("old")).toUtf8();
+        return goesWell(
+            [&] {
+                const int file = ::open(temporary.constData(), O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
+                return ::write(file, "new", 3) == 3 && ::fsync(file) == 0
+                    && ::rename(temporary.constData(), target.constData()) == 0;
+            },
+            writerGuard(descriptor));
+    };
+    folder.write(QStringLiteral("old"), "old");
+    const QString kept = other.write(QStringLiteral("old"), "old");
+    EXPECT_TRUE(replaces(folder));
+    EXPECT_FALSE(replaces(other));
+    EXPECT_EQ(test::contentOf(folder / QStringLiteral("old")), "new");
+    EXPECT_EQ(test::contentOf(kept), "old");
+    const QByteArray inside = (folder / QStringLiteral("old")).toUtf8();
+    const QByteArray outside = (other / QStringLiteral("moved")).toUtf8();
+    EXPECT_FALSE(goesWell([&] { return ::rename(inside.constData(), outside.constData()) == 0; },
+                          writerGuard(descriptor)));
+    ::close(descriptor);
 }
 
 TEST(Guard, PartsHaveNames)

@@ -1,7 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "process/JobRunner.h"
+#include "process/ReaderRunner.h"
+
 #include "support/TestFolder.h"
 
 #include <QDir>
@@ -17,20 +18,20 @@ namespace quorvin {
 
 namespace {
 
-ReaderLimits faulty(int cpuSeconds = 20, int wallSeconds = 60, int memoryMiB = 2048)
+std::unique_ptr<JobRunner> faultyRunner()
 {
-    return {cpuSeconds, wallSeconds, memoryMiB, test::faultyReaderProgram().toStdString()};
+    return makeReaderRunner(test::faultyReaderProgram().toStdString());
 }
 
-Job named(const QString &name)
+Job named(const QString &name, const JobLimits &limits = {})
 {
-    return Job::rawReport(u'/' + name, QString());
+    return {ReportRequest{u'/' + name, QString()}, limits};
 }
 
 /// What the job gave, or why it gave nothing.
 QString outcome(const JobResult &result)
 {
-    return result ? result->report : result.error();
+    return result ? std::get<Report>(*result).text : result.error().description;
 }
 
 qsizetype openDescriptors()
@@ -57,9 +58,11 @@ constexpr bool kHasMemoryLimit = true;
 
 TEST(ReaderRunner, BadReaderCostsItsOwnFileOnly)
 {
-    const auto runner = makeReaderRunner(faulty());
+    const auto runner = faultyRunner();
     const QString crashed = QStringLiteral("stopped: the reader crashed");
-    for (const char *fault : {"crash", "silent", "no bytes", "too long", "half", "no kind", "no record"}) {
+    for (const char *fault :
+         {"crash", "silent", "no bytes", "too long", "long failure", "half", "no kind", "no record",
+          "another kind", "another job", "done with another", "left over", "greets again"}) {
         EXPECT_EQ(outcome(runner->run(named(QStringLiteral("good")))), QStringLiteral("good"));
         EXPECT_EQ(outcome(runner->run(named(QLatin1String(fault)))), crashed) << fault;
     }
@@ -68,22 +71,24 @@ TEST(ReaderRunner, BadReaderCostsItsOwnFileOnly)
 
 TEST(ReaderRunner, LimitsEndTheJobWithTheirReason)
 {
+    const auto outcomeWithin = [](const JobLimits &limits, const char *name) {
+        return outcome(faultyRunner()->run(named(QLatin1String(name), limits)));
+    };
     const QString tooLong = QStringLiteral("stopped: took too long");
-    EXPECT_EQ(outcome(makeReaderRunner(faulty(1, 60))->run(named(QStringLiteral("burn")))), tooLong);
-    EXPECT_EQ(outcome(makeReaderRunner(faulty(20, 1))->run(named(QStringLiteral("hang")))), tooLong);
-    EXPECT_EQ(outcome(makeReaderRunner(faulty(20, 1))->run(named(QStringLiteral("stalls")))), tooLong);
-    EXPECT_EQ(outcome(makeReaderRunner(faulty(20, 1))->run(named(QStringLiteral("dribbles")))), tooLong);
+    EXPECT_EQ(outcomeWithin({.cpuSeconds = 1}, "burn"), tooLong);
+    for (const char *name : {"hang", "stalls", "dribbles"})
+        EXPECT_EQ(outcomeWithin({.wallSeconds = 1}, name), tooLong);
     if (kHasMemoryLimit) {
-        EXPECT_EQ(outcome(makeReaderRunner(faulty(20, 60, 512))->run(named(QStringLiteral("eat")))),
-                  QStringLiteral("stopped: used too much memory"));
+        EXPECT_EQ(outcomeWithin({.memoryMiB = 512}, "eat"), QStringLiteral("stopped: used too much memory"));
     }
 }
 
 TEST(ReaderRunner, NextJobTravelsWithTheLastResult)
 {
-    const auto runner = makeReaderRunner(faulty());
+    const auto runner = faultyRunner();
     QStringList results;
-    const QStringList names = QStringLiteral("1,half,2,crash,no record,3,farewell,4,farewell,5").split(u',');
+    const QStringList names
+        = QStringLiteral("1,half,2,crash,no record,3,farewell,4,farewell,5,answers twice,6,7").split(u',');
     runner->begin(named(names.first()));
     for (qsizetype i = 0; i < names.size(); ++i) {
         EXPECT_TRUE(runner->await({}));
@@ -91,12 +96,13 @@ TEST(ReaderRunner, NextJobTravelsWithTheLastResult)
             runner->begin(named(names[i + 1]));
         results.append(outcome(runner->take({})).left(7));
     }
-    EXPECT_EQ(results.join(u'|'), QStringLiteral("1|stopped|2|stopped|stopped|3|farewel|4|farewel|5"));
+    EXPECT_EQ(results.join(u'|'),
+              QStringLiteral("1|stopped|2|stopped|stopped|3|farewel|4|farewel|5|answers|6|7"));
 }
 
 TEST(ReaderRunner, ReaderThatDiesIdleCostsNothing)
 {
-    const auto runner = makeReaderRunner(faulty());
+    const auto runner = faultyRunner();
     for (int i = 0; i < 20; ++i) {
         EXPECT_EQ(outcome(runner->run(named(QStringLiteral("farewell")))), QStringLiteral("farewell"));
         std::this_thread::sleep_for(std::chrono::milliseconds(20));
@@ -105,7 +111,7 @@ TEST(ReaderRunner, ReaderThatDiesIdleCostsNothing)
 
 TEST(ReaderRunner, StopEndsAJobThatWouldNotEnd)
 {
-    const auto runner = makeReaderRunner(faulty());
+    const auto runner = faultyRunner();
     std::stop_source source;
     std::jthread stopper([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
@@ -123,7 +129,7 @@ TEST(ReaderRunner, NothingIsLeftBehindByManyCrashes)
 {
     const qsizetype before = openDescriptors();
     {
-        const auto runner = makeReaderRunner(faulty());
+        const auto runner = faultyRunner();
         for (int i = 0; i < kCrashes; ++i) {
             for (int j = 0; j < 10; ++j)
                 ASSERT_EQ(outcome(runner->run(named(QString::number(j)))), QString::number(j));
@@ -134,32 +140,10 @@ TEST(ReaderRunner, NothingIsLeftBehindByManyCrashes)
     EXPECT_FALSE(hasChildren());
 }
 
-TEST(ReaderRunner, RealReaderReadsAsThisProcessDoes)
-{
-    const auto reader = makeReaderRunner({});
-    const QDir samples(test::samplesFolder());
-    for (const QString &name : samples.entryList(QDir::Files)) {
-        const Job job = Job::record(samples.filePath(name), {});
-        const JobResult there = reader->run(job);
-        const JobResult here = makeInProcessRunner()->run(job);
-        ASSERT_TRUE(there && here) << name.toStdString();
-        EXPECT_TRUE(there->record->contents() == here->record->contents()) << name.toStdString();
-    }
-    EXPECT_EQ(outcome(reader->run(Job::record(QStringLiteral("/none"), {}))),
-              QStringLiteral("No such file or directory"));
-    const Job trace
-        = Job::rawReport(samples.filePath(QStringLiteral("tone.wav")), QStringLiteral("mediainfo-trace"));
-    const Job plain = Job::rawReport(trace.path, QStringLiteral("mediainfo"));
-    const QString before = outcome(reader->run(plain));
-    EXPECT_NE(outcome(reader->run(trace)), before);
-    EXPECT_EQ(outcome(reader->run(plain)), before);
-}
-
 TEST(ReaderRunner, ReaderThatCanNotStartIsAReason)
 {
-    ReaderLimits limits;
-    limits.program = "/no/such/reader";
-    EXPECT_EQ(outcome(makeReaderRunner(limits)->run(named(QStringLiteral("good")))),
+    const auto runner = makeReaderRunner("/no/such/reader");
+    EXPECT_EQ(outcome(runner->run(named(QStringLiteral("good")))),
               QStringLiteral("the reader can not be started"));
 }
 

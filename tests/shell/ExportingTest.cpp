@@ -4,7 +4,6 @@
 #include "export/ExportFormats.h"
 #include "shell/exporting/ExportController.h"
 #include "shell/exporting/ExportSheet.h"
-#include "shell/session/LiveSettings.h"
 #include "support/Events.h"
 #include "support/TestFolder.h"
 #include "support/TestRecords.h"
@@ -82,8 +81,7 @@ TEST(Exporting, CancelLeavesNoHalfFile)
 TEST(Exporting, SheetStartsFromTheLastExportAndKeepsTheNext)
 {
     const TestFolder folder;
-    Settings values(folder / u"settings.ini"_s);
-    LiveSettings settings(values);
+    Settings settings(folder / u"settings.ini"_s);
     settings.set(Setting::lastExportFormat, u"xml"_s);
     settings.set(Setting::lastExportType, 0);
     settings.set(Setting::lastExportWithoutFilePrivate, true);
@@ -103,8 +101,7 @@ TEST(Exporting, SheetStartsFromTheLastExportAndKeepsTheNext)
 TEST(Exporting, PlaceStartsWithThePresetName)
 {
     const TestFolder folder;
-    Settings values(folder / u"settings.ini"_s);
-    LiveSettings settings(values);
+    Settings settings(folder / u"settings.ini"_s);
     const auto preset = [&](std::vector<ExportEntry> entries) {
         QWidget window;
         ExportController controller(settings, &window);

@@ -2,15 +2,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/NativePath.h"
-#include "process/Bytes.h"
 #include "process/Frames.h"
 #include "process/JobCounter.h"
+#include "process/RecordBytes.h"
 
 #include <sys/prctl.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
-#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <functional>
@@ -30,17 +28,26 @@ void say(const QByteArray &bytes)
         std::_Exit(EXIT_FAILURE);
 }
 
-/// The answer to a job: the mark that it is done, and a reply.
-void answer(const QByteArray &reply)
+quint32 job = 0; ///< the number of the order in hand
+
+/// The answer to the job: that it is done, and what came of it.
+void answer(const QByteArray &frame)
 {
-    say(QByteArray(1, kDoneMark) + reply);
+    say(frameOf(JobDone{job}) + frame);
 }
 
-QByteArray length(quint32 value)
+QByteArray report(const QByteArray &text)
+{
+    return frameOf(EncodedReport{job, text});
+}
+
+/// The length of a frame, and its kind.
+QByteArray head(quint32 length, const ReaderMessage &message)
 {
     ByteWriter writer;
-    writer.number(value);
-    return writer.result();
+    writer.number(length);
+    writer.number(static_cast<quint8>(message.index()));
+    return writer.take();
 }
 
 void eatMemory()
@@ -63,28 +70,52 @@ const std::map<QString, std::function<void()>> &faults()
         {QStringLiteral("silent"), [] { std::_Exit(EXIT_SUCCESS); }},
         {QStringLiteral("farewell"),
          [] {
-             answer(replyFrame(ReplyKind::Report, "farewell"));
+             answer(report("farewell"));
              std::_Exit(EXIT_SUCCESS);
          }},
-        {QStringLiteral("no bytes"), [] { answer(length(0)); }},
-        {QStringLiteral("too long"), [] { answer(length(kMostReplyBytes + 1)); }},
+        {QStringLiteral("no bytes"), [] { answer(head(0, EncodedReport())); }},
+        {QStringLiteral("too long"), [] { answer(head(EncodedReport::kMostBytes + 2, EncodedReport())); }},
+        {QStringLiteral("long failure"),
+         [] {
+             answer(frameOf(JobFailed{job, Error{{}, 0, QString(JobFailed::kMostBytes, u'x')}}));
+         }},
         {QStringLiteral("half"),
          [] {
-             answer(length(1000) + "half");
+             answer(head(1000, EncodedReport()) + "half");
              std::_Exit(EXIT_SUCCESS);
          }},
         {QStringLiteral("stalls"),
          [] {
-             answer(length(1000) + "half");
+             answer(head(1000, EncodedReport()) + "half");
              ::pause();
          }},
         {QStringLiteral("dribbles"),
          [] {
-             for (answer(length(100'000));; ::usleep(1000))
+             for (answer(head(100'000, EncodedReport()));; ::usleep(1000))
                  say("x");
          }},
-        {QStringLiteral("no kind"), [] { answer(frameOf("\x09what")); }},
-        {QStringLiteral("no record"), [] { answer(replyFrame(ReplyKind::Record, QByteArray(500, '\xff'))); }},
+        {QStringLiteral("no kind"), [] { answer(QByteArray("\5\0\0\0\x09what", 9)); }},
+        {QStringLiteral("no record"),
+         [] {
+             answer(frameOf(EncodedRecord{job, QByteArray(500, '\xff')}));
+         }},
+        {QStringLiteral("another kind"),
+         [] {
+             answer(frameOf(EncodedRecord{job, RecordEncoder().encode({})}));
+         }},
+        {QStringLiteral("another job"),
+         [] {
+             answer(frameOf(EncodedReport{job - 1, "another"}));
+         }},
+        {QStringLiteral("done with another"), [] { say(frameOf(JobDone{job + 1}) + report("another")); }},
+        {QStringLiteral("left over"),
+         [] {
+             QByteArray frame = report("left over") + 'x';
+             ++frame[0];
+             answer(frame);
+         }},
+        {QStringLiteral("greets again"), [] { answer(frameOf(Greeting())); }},
+        {QStringLiteral("answers twice"), [] { answer(report("answers twice") + report("another")); }},
     };
     return table;
 }
@@ -99,24 +130,23 @@ bool answerNext()
         return false;
     static JobCounter counter(kReaderCounter);
     counter.take();
-    const QString name = lastPathComponent(jobOfRequest(content)->path);
+    const auto order = orderOf(content);
+    job = order->number;
+    const QString name
+        = lastPathComponent(std::visit([](const auto &request) { return request.path; }, order->request));
     if (const auto fault = faults().find(name); fault != faults().end())
         fault->second();
     else
-        answer(replyFrame(ReplyKind::Report, name.toUtf8()));
+        answer(report(name.toUtf8()));
     return true;
 }
 
 } // namespace
 
-int main(int, char **argv)
+int main()
 {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    const rlim_t memory = std::strtoull(argv[2], nullptr, 10);
-    const rlimit limit{memory, memory};
-    if (memory > 0)
-        ::setrlimit(RLIMIT_AS, &limit);
-    say(helloFrame(0));
+    say(frameOf(Greeting()));
     while (answerNext()) { }
     return EXIT_SUCCESS;
 }

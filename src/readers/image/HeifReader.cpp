@@ -75,18 +75,6 @@ constexpr std::array kBlockKinds{
     BlockKind{"mime", "HEIF: failed to decode XMP", readXmpBlock},
 };
 
-bool readBlock(const BlockKind &kind, const Expected<QByteArray> &block, ImageMetadata &result)
-try {
-    if (block)
-        kind.read(*block, result);
-    return block.has_value();
-} catch (const std::exception &error) {
-    qCDebug(lcLibraries).noquote() << "exiv2:" << error.what();
-    return false;
-} catch (...) {
-    return false;
-}
-
 void readBlocks(const HeifImage &image, ImageMetadata &result)
 {
     for (const heif_item_id id : image.metadataBlocks()) {
@@ -94,8 +82,11 @@ void readBlocks(const HeifImage &image, ImageMetadata &result)
         const auto *kind = std::ranges::find(kBlockKinds, type, &BlockKind::type);
         if (kind == kBlockKinds.end())
             continue;
-        if (!readBlock(*kind, image.block(id), result))
+        try {
+            kind->read(image.block(id), result);
+        } catch (...) {
             qCInfo(lcQuorvin, "%s", kind->failure);
+        }
     }
 }
 
@@ -107,11 +98,12 @@ bool isAvif(const QString &path)
 }
 
 /// Last, since an Exif block brings the format and the size of a TIFF.
-void takeImageFacts(const HeifImage &image, const std::vector<QSize> &thumbnails, ImageMetadata &result)
+void takeImageFacts(const HeifImage &image, ImageMetadata &result)
 {
     result.imageWidth = QString::number(image.width());
     result.imageHeight = QString::number(image.height());
     result.imageCount = QString::number(image.numberOfTopLevelImages());
+    const std::vector<QSize> thumbnails = image.thumbnailSizes();
     result.thumbCount = QString::number(thumbnails.size());
     for (const QSize size : thumbnails)
         result.previews.append(u"%1 x %2"_s.arg(size.width()).arg(size.height()));
@@ -142,22 +134,19 @@ std::optional<QStringList> compatibleBrands(QByteArrayView head)
     return brands;
 }
 
-Expected<ImageMetadata> readHeif(const QString &path)
+std::optional<ImageMetadata> readHeif(const QString &path)
 {
-    const auto read = [&](const HeifImage &image, const std::vector<QSize> &thumbnails) {
+    try {
+        const HeifImage image = HeifImage::open(path);
         ImageMetadata result;
         readBlocks(image, result);
-        takeImageFacts(image, thumbnails, result);
+        takeImageFacts(image, result);
         result.imageType = isAvif(path) ? u"AVIF"_s : u"HEIF"_s;
         return result;
-    };
-    auto metadata = HeifImage::open(path).and_then([&](const HeifImage &image) {
-        return image.thumbnailSizes().map(
-            [&](const std::vector<QSize> &thumbnails) { return read(image, thumbnails); });
-    });
-    if (!metadata)
-        qCInfo(lcQuorvin).noquote() << "libheif:" << metadata.error().description;
-    return metadata;
+    } catch (const heif::Error &error) {
+        qCInfo(lcQuorvin).noquote() << "libheif:" << QString::fromStdString(error.get_message());
+        return std::nullopt;
+    }
 }
 
 } // namespace quorvin

@@ -22,11 +22,6 @@ QString lenient(const std::string &utf8)
     return QString::fromStdString(utf8);
 }
 
-auto unreadable()
-{
-    return failure(u"Can not process the file"_s);
-}
-
 QString errorText(const Exiv2::Error &error)
 {
     return "Exiv2 exception: "_L1 + QString::fromUtf8(error.what());
@@ -69,44 +64,44 @@ QString report(const Exiv2::Image &image)
     return lines.join(u'\n');
 }
 
-/// What `make` makes of an image with its metadata read.
+/// What `make` makes of an image with its metadata read; nothing for a file that is no image.
 template <typename Make>
-Expected<QString> textOfFile(const QString &path, Make make)
+std::optional<QString> textOfFile(const QString &path, Make make)
 {
     const auto image = exiv2::openImage(path);
     if (!image)
-        return unreadable();
+        return std::nullopt;
     image->readMetadata();
     return make(*image);
 }
 
 /// The same, and the library's error as text.
 template <typename Make>
-Expected<QString> textOrErrorOfFile(const QString &path, Make make)
+std::optional<QString> textOrErrorOfFile(const QString &path, Make make)
 try {
     return textOfFile(path, make);
 } catch (const Exiv2::Error &error) {
     return errorText(error);
 } catch (...) {
-    return unreadable();
+    return std::nullopt;
 }
 
 } // namespace
 
-Expected<QString> outputOnFile(const QString &path)
+std::optional<QString> outputOnFile(const QString &path)
 try {
     return textOfFile(path, report);
 } catch (const Exiv2::Error &error) {
     qCInfo(lcQuorvin).noquote() << errorText(error);
-    return unreadable();
+    return std::nullopt;
 } catch (const std::exception &error) {
     qCInfo(lcQuorvin, "%s", error.what());
-    return unreadable();
+    return std::nullopt;
 } catch (...) {
-    return unreadable();
+    return std::nullopt;
 }
 
-Expected<QString> structureOfFile(const QString &path)
+std::optional<QString> structureOfFile(const QString &path)
 {
     return textOrErrorOfFile(path, [](Exiv2::Image &image) {
         std::ostringstream out;
@@ -115,7 +110,7 @@ Expected<QString> structureOfFile(const QString &path)
     });
 }
 
-Expected<QString> rawXmpOfFile(const QString &path)
+std::optional<QString> rawXmpOfFile(const QString &path)
 {
     return textOrErrorOfFile(path, [](Exiv2::Image &image) { return lenient(image.xmpPacket()); });
 }

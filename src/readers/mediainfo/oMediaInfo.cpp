@@ -90,23 +90,15 @@ oMediaInfo::~oMediaInfo()
     mi::destroy(MI);
 }
 
-Expected<void> oMediaInfo::Open(const QString &path)
+bool oMediaInfo::Open(const QString &path)
 {
     if (isUtf8Path(path))
-        return openByName(path);
+        return mi::open(MI, path);
     auto file = RegularFile::open(path);
     if (!file)
-        return tl::unexpected(file.error());
+        return false;
     _heldOpen = std::move(*file);
-    return openByName(_heldOpen->descriptorPath());
-}
-
-Expected<void> oMediaInfo::openByName(const QString &path)
-{
-    if (mi::open(MI, path))
-        return {};
-    qCDebug(lcLibraries).noquote() << "MediaInfo: does not open" << path;
-    return failure(QStringLiteral("Can not process the file"));
+    return mi::open(MI, _heldOpen->descriptorPath());
 }
 
 QString oMediaInfo::Inform()
@@ -257,23 +249,23 @@ QString oMediaInfo::parameterReport()
     return lines.join(u'\n');
 }
 
-Expected<QString> oMediaInfo::InformOnFile(const QString &path)
+std::optional<QString> oMediaInfo::InformOnFile(const QString &path)
 {
     oMediaInfo info{BareHandle{}};
-    return info.Open(path).map([&] { return info.Inform(); });
+    return info.Open(path) ? std::optional(info.Inform()) : std::nullopt;
 }
 
-Expected<QString> oMediaInfo::InformCompleteOnFile(const QString &path)
+std::optional<QString> oMediaInfo::InformCompleteOnFile(const QString &path)
 {
     oMediaInfo info;
-    return info.Open(path).map([&] { return info.InformComplete(); });
+    return info.Open(path) ? std::optional(info.InformComplete()) : std::nullopt;
 }
 
-Expected<QString> oMediaInfo::InformTraceOnFile(const QString &path)
+std::optional<QString> oMediaInfo::InformTraceOnFile(const QString &path)
 {
     oMediaInfo info;
     info.OptionSet(QStringLiteral("Inform"), QStringLiteral("Details;1"));
-    return info.Open(path).map([&] { return info.Inform(); });
+    return info.Open(path) ? std::optional(info.Inform()) : std::nullopt;
 }
 
 } // namespace quorvin

@@ -3,11 +3,10 @@
 
 #pragma once
 
-#include "shell/commands/Command.h"
+#include "shell/commands/Commands.h"
 
 #include <QObject>
 
-#include <functional>
 #include <vector>
 
 class QAction;
@@ -17,20 +16,12 @@ class QWidget;
 
 namespace quorvin {
 
-/// The commands of one window as actions, what they do, and the menus made of them. Whoever can do a thing
-/// registers it here. Main thread.
+/// The commands of one window as actions, and the menus made of them. Main thread.
 class CommandSet : public QObject {
     Q_OBJECT
 public:
     /// The keys of all commands count in the window, those of the list's own only in `listArea`.
     CommandSet(QWidget *window, QWidget *listArea);
-
-    /// From now on the command does this, in place of what it did before. Whoever registers stays as long as
-    /// the set, or sees to it that nothing is run any more.
-    void on(Command command, std::function<void()> handler);
-    bool hasHandler(Command command) const;
-    /// As a click on it: does nothing for a command that is disabled.
-    void run(Command command);
 
     QAction *action(Command command) const;
     std::vector<QAction *> actionsAt(CommandPlace place) const;
@@ -45,14 +36,12 @@ public:
     void validate(const CommandState &state) const;
 
 Q_SIGNALS:
-    /// Its handler has returned; a switch shows what was clicked, and not yet what is.
-    void didRun(quorvin::Command command);
+    void triggered(quorvin::Command command);
 
 private:
     QAction *makeAction(const CommandRow &row, QWidget *area);
 
-    std::vector<QAction *> _actions; ///< by the command's number
-    std::vector<std::function<void()>> _handlers; ///< as the actions
+    std::vector<QAction *> _actions;
     std::vector<QMenu *> _menus;
 };
 

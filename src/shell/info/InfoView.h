@@ -4,7 +4,7 @@
 #pragma once
 
 #include "model/QuorvinData.h"
-#include "shell/commands/Tabs.h"
+#include "platform/Settings.h"
 
 #include <QProgressBar>
 #include <QStackedWidget>
@@ -12,22 +12,21 @@
 
 namespace quorvin {
 
-class CommandSet;
 class EmptyPane;
 class ExtendedOutline;
 class GeneralPane;
-class LiveSettings;
 
-/// The tabs of a window and what they show of the current file, in fonts and heights that follow the
-/// settings. Main thread.
+/// The tabs of a window and what they show of the current file. Main thread.
 class InfoView : public QWidget {
     Q_OBJECT
 public:
-    /// `settings` must outlive the view.
-    explicit InfoView(const LiveSettings &settings, QWidget *parent = nullptr);
+    enum Tab { General, Extended, Comparison, Custom, TabCount };
 
-    Tab currentTab() const { return _tab; }
-    void setCurrentTab(Tab tab);
+    /// `settings` must outlive the view.
+    explicit InfoView(const Settings &settings, QWidget *parent = nullptr);
+
+    int currentTab() const { return _tab; }
+    void setCurrentTab(int tab);
 
     /// The window has no file.
     void showNoFile();
@@ -40,8 +39,9 @@ public:
     void startWorking();
     void stopWorking();
 
-    /// What the panes can do on command.
-    void registerAt(CommandSet &commands);
+    /// Fonts, row heights, wrapping and alignment as the settings say.
+    void applySettings();
+
     /// What has the keyboard has something to copy.
     bool canCopy() const;
     void copy() const;
@@ -55,19 +55,17 @@ Q_SIGNALS:
     void selectionDidChange();
     void menuWanted(const QPoint &globalPosition);
     /// A stream line leads to its group on that tab.
-    void tabWanted(quorvin::Tab tab);
+    void tabWanted(int tab);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
     void connectPanes();
-    /// Fonts, row heights, wrapping and alignment.
-    void applySettings();
     void fillOutline();
     void showPage();
 
-    const LiveSettings &_settings;
+    const Settings &_settings;
     QStackedWidget *_pages;
     EmptyPane *_noFile;
     GeneralPane *_general;
@@ -76,7 +74,7 @@ private:
     EmptyPane *_comparison;
     EmptyPane *_custom;
     QProgressBar *_progress;
-    Tab _tab = Tab::General;
+    int _tab = General;
     bool _hasFile = false;
     bool _hasFailed = false;
     QuorvinDataPtr _record;

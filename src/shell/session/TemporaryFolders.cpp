@@ -57,8 +57,7 @@ std::optional<QString> TemporaryFolders::makeFolder(const QString &name)
         _lock->tryLock(0);
         _own = std::move(folder);
     }
-    const auto made = Utilities::createUniqueFolder(_own->filePath(name));
-    return made ? std::optional(*made) : std::nullopt;
+    return Utilities::createUniqueFolder(_own->filePath(name));
 }
 
 void TemporaryFolders::removeLeftovers()

@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "process/JobRunner.h"
+
+#include <memory>
+
+namespace quorvin {
+
+/// Does the jobs in this process, whose libraries are set up. Knows no limits, and a job that never ends
+/// can't be stopped.
+std::unique_ptr<JobRunner> makeInProcessRunner();
+
+} // namespace quorvin

@@ -1,0 +1,14 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "process/JobRunner.h"
+
+namespace quorvin {
+
+JobResult JobRunner::run(const Job &job, const std::stop_token &stop)
+{
+    begin(job);
+    return await(stop) ? take(stop) : failure(QStringLiteral("stopped"));
+}
+
+} // namespace quorvin

@@ -1,0 +1,223 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "process/ReaderConnection.h"
+
+#include "model/Log.h"
+
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+namespace quorvin {
+
+namespace {
+
+constexpr int kCpuCheckInterval = 250; ///< milliseconds
+constexpr qsizetype kLength = sizeof(quint32); ///< of a frame, ahead of its content
+constexpr std::size_t kReadChunk = 65'536;
+
+const QString kCrashed = QStringLiteral("stopped: the reader crashed");
+const QString kNotStarted = QStringLiteral("the reader can not be started");
+const QString kStopped = QStringLiteral("stopped");
+const QString kTookTooLong = QStringLiteral("stopped: took too long");
+const QString kTooMuchMemory = QStringLiteral("stopped: used too much memory");
+
+/// A descriptor that becomes readable when a stop is asked for.
+class StopSignal {
+public:
+    StopSignal() : _descriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) { }
+    ~StopSignal() { ::close(_descriptor); }
+    StopSignal(const StopSignal &) = delete;
+    StopSignal &operator=(const StopSignal &) = delete;
+
+    int descriptor() const { return _descriptor; }
+    void operator()() const { ::eventfd_write(_descriptor, 1); }
+
+private:
+    int _descriptor;
+};
+
+/// The number of the job that a message is about; 0 for none.
+quint32 jobOf(const ReaderMessage &message)
+{
+    return std::visit(
+        [](const auto &kind) -> quint32 {
+            if constexpr (requires { kind.job; })
+                return kind.job;
+            else
+                return 0;
+        },
+        message);
+}
+
+} // namespace
+
+Expected<std::unique_ptr<ReaderConnection>> ReaderConnection::open(const std::string &program,
+                                                                   const std::stop_token &stop)
+{
+    auto started = ReaderProcess::start(program);
+    if (!started)
+        return failure(kNotStarted);
+    std::unique_ptr<ReaderConnection> connection(new ReaderConnection(std::move(*started)));
+    connection->_deadline.setRemainingTime(qint64{JobLimits().wallSeconds} * 1000);
+    const auto first = connection->receive(stop);
+    const auto *greeting = first ? std::get_if<Greeting>(&*first) : nullptr;
+    if (!greeting)
+        return failure(stop.stop_requested() ? kStopped : kNotStarted);
+    connection->_guardParts = greeting->guardParts;
+    return connection;
+}
+
+bool ReaderConnection::send(const Job &job)
+{
+    if (isLost())
+        return false;
+    _sent = {_sent.number + 1, job};
+    _deadline.setRemainingTime(qint64{job.limits.wallSeconds} * 1000);
+    _cpuAtStart = _reader->cpuTime();
+    _reader->limitMemory(job.limits.memoryMiB);
+    // An order always fits into the socket; a reader that lets it fill up is no reader.
+    const QByteArray frame = frameOf(JobOrder{_sent.number, job.request});
+    return ::send(_reader->socket(), frame.constData(), static_cast<std::size_t>(frame.size()),
+                  MSG_NOSIGNAL | MSG_DONTWAIT)
+        == frame.size();
+}
+
+Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop)
+{
+    const auto message = receive(stop);
+    if (!message)
+        return tl::unexpected(message.error());
+    const bool isOfThisJob = jobOf(*message) == _sent.number;
+    if (!isOfThisJob || !std::holds_alternative<JobDone>(*message)) {
+        _isLastJobInnocent = !isOfThisJob;
+        return lose(kCrashed);
+    }
+    _awaited = _sent;
+    return {};
+}
+
+JobResult ReaderConnection::takeResult(const std::stop_token &stop)
+{
+    auto message = receive(stop);
+    if (!message)
+        return tl::unexpected(message.error());
+    const bool isOfThisJob = jobOf(*message) == _awaited.number;
+    const auto *failed = std::get_if<JobFailed>(&*message);
+    if (failed && isOfThisJob)
+        return tl::unexpected(failed->error);
+    auto answer = std::visit([this](const auto &kind) { return answerOf(kind); }, *message);
+    if (!answer || !isOfThisJob || answer->index() != _awaited.job.request.index())
+        return lose(kCrashed);
+    return *std::move(answer);
+}
+
+std::optional<JobAnswer> ReaderConnection::answerOf(const EncodedRecord &record)
+{
+    auto contents = _decoder.decode(record.record);
+    if (!contents)
+        return std::nullopt;
+    return std::make_shared<const QuorvinData>(std::move(*contents));
+}
+
+std::optional<JobAnswer> ReaderConnection::answerOf(const EncodedReport &report)
+{
+    return Report{QString::fromUtf8(report.text)};
+}
+
+Expected<ReaderMessage> ReaderConnection::receive(const std::stop_token &stop)
+{
+    if (isLost())
+        return failure(kCrashed);
+    if (auto came = waitForBytes(kLength + 1, stop); !came)
+        return tl::unexpected(came.error());
+    const auto length = peek<quint32>(0);
+    if (length == 0 || length > mostBytesOfMessage(peek<quint8>(kLength)))
+        return lose(kCrashed);
+    if (auto came = waitForBytes(kLength + qsizetype{length}, stop); !came)
+        return tl::unexpected(came.error());
+    auto message = messageOf(QByteArrayView(_received).sliced(kLength, length));
+    _received.remove(0, kLength + qsizetype{length});
+    if (!message)
+        return lose(kCrashed);
+    return *std::move(message);
+}
+
+Expected<void> ReaderConnection::waitForBytes(qsizetype count, const std::stop_token &stop)
+{
+    if (_received.size() >= count)
+        return {};
+    const StopSignal signal;
+    const std::stop_callback tell(stop, std::cref(signal));
+    while (_received.size() < count) {
+        if (auto readable = waitReadable(signal.descriptor()); !readable)
+            return readable;
+        if (!readSome()) {
+            _isLastJobInnocent = !_reader->hasTaken(_sent.number);
+            return lose(kCrashed);
+        }
+    }
+    return {};
+}
+
+Expected<void> ReaderConnection::waitReadable(int stopSignal)
+{
+    std::array<pollfd, 2> ends{pollfd{_reader->socket(), POLLIN, 0}, pollfd{stopSignal, POLLIN, 0}};
+    const qint64 mostCpu = qint64{_sent.job.limits.cpuSeconds} * 1000;
+    // Also for a reader that always has one more byte to send.
+    while (!_deadline.hasExpired()) {
+        const auto patience
+            = static_cast<int>(std::min<qint64>(_deadline.remainingTime(), kCpuCheckInterval));
+        const int ready = ::poll(ends.data(), ends.size(), std::max(patience, 1));
+        if (ready < 0 && errno != EINTR)
+            break;
+        if (ends[1].revents != 0)
+            return lose(kStopped);
+        if (ends[0].revents != 0)
+            return {};
+        if (_reader->cpuTime() - _cpuAtStart > mostCpu)
+            break;
+    }
+    return lose(kTookTooLong);
+}
+
+bool ReaderConnection::readSome()
+{
+    std::array<char, kReadChunk> chunk;
+    const ssize_t count = ::recv(_reader->socket(), chunk.data(), chunk.size(), MSG_DONTWAIT);
+    if (count < 0 && (errno == EINTR || errno == EAGAIN))
+        return true;
+    if (count <= 0)
+        return false;
+    _received.append(chunk.data(), count);
+    return true;
+}
+
+template <typename Number>
+Number ReaderConnection::peek(qsizetype offset) const
+{
+    Number value{};
+    std::memcpy(&value, _received.constData() + offset, sizeof value);
+    return value;
+}
+
+/// A reader that ended for want of memory said so by its status.
+tl::unexpected<Error> ReaderConnection::lose(const QString &reason)
+{
+    const int status = _reader->kill();
+    const bool lacksMemory = WIFEXITED(status) && WEXITSTATUS(status) == kOutOfMemoryStatus;
+    const QString &named = lacksMemory ? kTooMuchMemory : reason;
+    _reader.reset();
+    qCInfo(lcQuorvin).noquote() << "Reader" << named;
+    return failure(named);
+}
+
+} // namespace quorvin

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "process/Frames.h"
+#include "process/ReaderProcess.h"
+#include "process/RecordBytes.h"
+
+#include <QDeadlineTimer>
+
+#include <memory>
+#include <stop_token>
+#include <string>
+
+namespace quorvin {
+
+/// A reader that has greeted its parent, and the frames between the two. Jobs are done in the order in which
+/// they are sent; the next may be sent once the last has been waited for, before its result is taken. A
+/// reader that ends, exceeds a limit, says what it may not, or is waited for when a stop is asked for is
+/// ended, and the connection lost. One thread.
+class ReaderConnection {
+public:
+    /// Starts a reader and waits for its greeting. `program` as in `ReaderProcess`.
+    static Expected<std::unique_ptr<ReaderConnection>> open(const std::string &program,
+                                                            const std::stop_token &stop);
+
+    ReaderConnection(const ReaderConnection &) = delete;
+    ReaderConnection &operator=(const ReaderConnection &) = delete;
+    ~ReaderConnection() = default;
+
+    quint32 guardParts() const { return _guardParts; }
+    /// False when the reader takes no more. What it owes can still be taken.
+    bool send(const Job &job);
+    /// Waits until the last job sent has been worked on.
+    Expected<void> awaitDone(const std::stop_token &stop);
+    /// What came of the job that was waited for last. Once for each.
+    JobResult takeResult(const std::stop_token &stop);
+
+    bool isLost() const { return !_reader; }
+    /// Whether the reader was lost by no fault of the last job sent: it had not begun with it, or spoke of
+    /// another one.
+    bool isLastJobInnocent() const { return _isLastJobInnocent; }
+
+private:
+    struct Sent {
+        quint32 number = 0;
+        Job job;
+    };
+
+    explicit ReaderConnection(std::unique_ptr<ReaderProcess> reader) : _reader(std::move(reader)) { }
+
+    Expected<ReaderMessage> receive(const std::stop_token &stop);
+    /// Waits until so many bytes have come.
+    Expected<void> waitForBytes(qsizetype count, const std::stop_token &stop);
+    Expected<void> waitReadable(int stopSignal);
+    bool readSome();
+    template <typename Number>
+    Number peek(qsizetype offset) const;
+    std::optional<JobAnswer> answerOf(const EncodedRecord &record);
+    static std::optional<JobAnswer> answerOf(const EncodedReport &report);
+    template <typename Message>
+    static std::optional<JobAnswer> answerOf(const Message &)
+    {
+        return std::nullopt;
+    }
+    /// Ends the reader and gives the reason.
+    tl::unexpected<Error> lose(const QString &reason);
+
+    std::unique_ptr<ReaderProcess> _reader; ///< null when lost
+    RecordDecoder _decoder;
+    QByteArray _received;
+    quint32 _guardParts = 0;
+    Sent _sent; ///< the last one
+    Sent _awaited; ///< the one whose result comes next
+    bool _isLastJobInnocent = false;
+    QDeadlineTimer _deadline;
+    qint64 _cpuAtStart = 0; ///< milliseconds
+};
+
+} // namespace quorvin
