@@ -55,7 +55,7 @@ std::optional<bool> writeDocument(const Context &context, FileRun &run, ExportTa
     }
     written = written.and_then([&] { return target.finish(); });
     if (!written) {
-        context.console.complain(outputName(context.arguments), written.error());
+        context.console.complain(outputName(context.arguments), written.error().description);
         return std::nullopt;
     }
     return hasEntry;
@@ -66,7 +66,7 @@ void writeFolder(FileRun &run, ExportTarget &target)
 {
     while (const auto entry = run.nextEntry()) {
         if (const auto written = target.add(*entry); !written)
-            run.fail(entry->filename, written.error());
+            run.fail(entry->filename, written.error().description);
     }
 }
 

@@ -41,8 +41,8 @@ int run(const QStringList &words, Console &console)
 
     Settings settings(Settings::userPath());
     for (const QString &assignment : arguments.overrides) {
-        if (const auto problem = settings.overrideFrom(assignment))
-            return usageError(console, *problem);
+        if (const auto set = settings.overrideFrom(assignment); !set)
+            return usageError(console, set.error().description);
     }
     // Readers set their libraries up themselves; nothing else of a call needs them so.
     if (!settings.boolean(Setting::readerProcesses))

@@ -4,18 +4,15 @@
 #pragma once
 
 #include "export/ExportEntry.h"
-
-#include <QString>
-
-#include <tl/expected.hpp>
+#include "model/Error.h"
 
 namespace quorvin {
 
 /// Where the documents of an export go. Takes the entries one by one, so that a list of any length can be
-/// exported while it is analysed. Errors are reasons, for a person to read. One thread.
+/// exported while it is analysed. One thread.
 class ExportTarget {
 public:
-    using Result = tl::expected<void, QString>;
+    using Result = Expected<void>;
 
     ExportTarget() = default;
     virtual ~ExportTarget() = default;

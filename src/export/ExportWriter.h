@@ -15,8 +15,7 @@ namespace quorvin {
 /// Writes one document of a format, an entry at a time, so that a document of any length takes the memory of
 /// a record or two. Text is UTF-8, lines end in a single line feed.
 ///
-/// Call `write` once for each entry, in order, and then `finish`. Errors are reasons, for a person to read.
-/// One thread.
+/// Call `write` once for each entry, in order, and then `finish`. One thread.
 class ExportWriter {
 public:
     using Result = OutputBuffer::Result;

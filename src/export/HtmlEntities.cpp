@@ -3,6 +3,7 @@
 
 #include "export/HtmlEntities.h"
 
+#include <algorithm>
 #include <array>
 
 namespace quorvin {
@@ -87,6 +88,9 @@ constexpr std::array<HtmlEscape, 253> kAsciiEscapes{
      {8970, L("&lfloor;")},  {8971, L("&rfloor;")}, {9001, L("&lang;")},    {9002, L("&rang;")},
      {9674, L("&loz;")},     {9824, L("&spades;")}, {9827, L("&clubs;")},   {9829, L("&hearts;")},
      {9830, L("&diams;")}}};
+
+static_assert(std::ranges::is_sorted(kUnicodeEscapes, {}, &HtmlEscape::unit));
+static_assert(std::ranges::is_sorted(kAsciiEscapes, {}, &HtmlEscape::unit));
 
 } // namespace
 

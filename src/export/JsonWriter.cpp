@@ -28,7 +28,7 @@ JsonWriter::Result JsonWriter::end()
     if (_isList)
         closeList();
     if (!_stream.error().isEmpty())
-        return tl::unexpected(_stream.error());
+        return failure(_stream.error());
     return {};
 }
 

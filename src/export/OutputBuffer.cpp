@@ -12,7 +12,7 @@ const OutputBuffer::Result &OutputBuffer::flush()
     drain();
     auto *file = qobject_cast<QFileDevice *>(&_device);
     if (_result && file && (!file->flush() || file->error() != QFileDevice::NoError))
-        _result = tl::unexpected(file->errorString());
+        _result = failure(file->errorString());
     return _result;
 }
 
@@ -27,7 +27,7 @@ void OutputBuffer::handOn(QByteArrayView bytes)
     while (_result && !bytes.isEmpty()) {
         const qint64 written = _device.write(bytes.data(), bytes.size());
         if (written <= 0)
-            _result = tl::unexpected(_device.errorString());
+            _result = failure(_device.errorString());
         else
             bytes = bytes.sliced(written);
     }

@@ -3,10 +3,10 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QByteArrayView>
 #include <QString>
-
-#include <tl/expected.hpp>
 
 #include <algorithm>
 #include <cstddef>
@@ -20,8 +20,8 @@ namespace quorvin {
 /// The device must outlive it. One thread.
 class OutputBuffer {
 public:
-    /// The error is the device's reason, for a person to read.
-    using Result = tl::expected<void, QString>;
+    /// The error has the device's reason.
+    using Result = Expected<void>;
 
     explicit OutputBuffer(QIODevice &device) : _device(device) { }
 

@@ -24,7 +24,7 @@ void PlistWriter::writeEntry(const ExportEntry &entry, bool isFirst)
     StructureWriter::writeEntry(entry, isFirst);
     const auto map = _map.takeBinary();
     if (!map)
-        _result = tl::unexpected(QStringLiteral("too much for a property list"));
+        _result = tl::unexpected(map.error());
     else if (_isList)
         _list.add(*map);
     else
@@ -36,7 +36,7 @@ PlistWriter::Result PlistWriter::end()
     if (_result && _isList)
         _result = _list.finish();
     if (!_result)
-        qCInfo(lcQuorvin).noquote() << _result.error();
+        qCInfo(lcQuorvin).noquote() << _result.error().description;
     return _result;
 }
 

@@ -84,8 +84,9 @@ public:
         const QString extension = QuorvinExporter::extensionForExportFormat(_exporter.format());
         const QString name = pathStem(entry.filename) + u'.' + extension;
         const QString path = Utilities::uniqueFilename(_folder + u'/' + name);
-        return write(entry, path).map_error([&](const QString &reason) {
-            return path + QLatin1String(": ") + reason;
+        return write(entry, path).map_error([&](Error error) {
+            error.description.prepend(path + QLatin1String(": "));
+            return error;
         });
     }
 

@@ -28,11 +28,16 @@ std::optional<QString> desktopText(QLatin1String name, const QString &path)
     return QString::fromUtf8(*bytes);
 }
 
+std::optional<QVariant> known(Expected<QVariant> value)
+{
+    return value ? std::optional(*std::move(value)) : std::nullopt;
+}
+
 /// The attribute of the vocabulary if it is set, malformed or not; only otherwise the desktop's.
 std::optional<QVariant> attribute(QLatin1String name, QLatin1String desktopName, const QString &path)
 {
     if (Utilities::extendedAttributeData(name, path))
-        return Utilities::extendedAttribute(name, path);
+        return known(Utilities::extendedAttribute(name, path));
     const auto text = desktopText(desktopName, path);
     return text ? std::optional<QVariant>(*text) : std::nullopt;
 }
@@ -72,8 +77,8 @@ AttributeFacts readAttributeFacts(const QString &path)
                                  QLatin1String("xdg.origin.url"), path);
     facts.authors = attribute(QLatin1String("com.apple.metadata:kMDItemAuthors"),
                               QLatin1String("dublincore.creator"), path);
-    facts.downloadedDate
-        = Utilities::extendedAttribute(QLatin1String("com.apple.metadata:kMDItemDownloadedDate"), path);
+    facts.downloadedDate = known(
+        Utilities::extendedAttribute(QLatin1String("com.apple.metadata:kMDItemDownloadedDate"), path));
     facts.tags = readTags(path);
     return facts;
 }

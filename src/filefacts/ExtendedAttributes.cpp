@@ -6,7 +6,6 @@
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "platform/PropertyList.h"
-#include "platform/RegularFile.h"
 
 #include <QDateTime>
 
@@ -30,31 +29,26 @@ QByteArray nameOnDisk(const QString &name)
 
 /// Asks for the size and then for the bytes; again when the value grew in between.
 template <typename Read>
-std::optional<QByteArray> readSized(Read read)
+Expected<QByteArray> readSized(Read read)
 {
     for (;;) {
         const ssize_t size = read(nullptr, 0);
         if (size < 0)
-            return std::nullopt;
+            return posixFailure(errno);
         QByteArray bytes(size, Qt::Uninitialized);
         const ssize_t length = read(bytes.data(), static_cast<std::size_t>(size));
         if (length < 0 && errno == ERANGE)
             continue;
         if (length < 0)
-            return std::nullopt;
+            return posixFailure(errno);
         bytes.truncate(length);
         return bytes;
     }
 }
 
-Error posixError(int number)
-{
-    return {kPosixErrorDomain, number, systemErrorText(number)};
-}
-
 } // namespace
 
-std::optional<QByteArray> extendedAttributeData(const QString &name, const QString &path)
+Expected<QByteArray> extendedAttributeData(const QString &name, const QString &path)
 {
     const QByteArray attribute = nameOnDisk(name);
     const QByteArray file = encodePath(path);
@@ -63,25 +57,25 @@ std::optional<QByteArray> extendedAttributeData(const QString &name, const QStri
     });
 }
 
-std::optional<QVariant> extendedAttribute(const QString &name, const QString &path)
+Expected<QVariant> extendedAttribute(const QString &name, const QString &path)
 {
     const auto bytes = extendedAttributeData(name, path);
     if (!bytes)
-        return std::nullopt;
+        return tl::unexpected(bytes.error());
     auto value = parsePropertyList(*bytes);
     if (!value)
-        qCInfo(lcQuorvin).noquote() << QStringLiteral("Failed to unserialize xattr %1: %2")
-                                           .arg(name, QLatin1String("not a property list"));
+        qCInfo(lcQuorvin).noquote()
+            << QStringLiteral("Failed to unserialize xattr %1: %2").arg(name, value.error().description);
     return value;
 }
 
-std::optional<QStringList> listExtendedAttributesOnFileAtPath(const QString &path)
+Expected<QStringList> listExtendedAttributesOnFileAtPath(const QString &path)
 {
     const QByteArray file = encodePath(path);
     const auto bytes = readSized(
         [&](char *names, std::size_t size) { return ::listxattr(file.constData(), names, size); });
     if (!bytes)
-        return std::nullopt;
+        return tl::unexpected(bytes.error());
     QStringList names;
     for (const QByteArray &name : bytes->split('\0')) {
         if (name.startsWith(kNameSpace.data()) && name.size() > kNameSpace.size())
@@ -90,7 +84,7 @@ std::optional<QStringList> listExtendedAttributesOnFileAtPath(const QString &pat
     return names;
 }
 
-tl::expected<void, Error> removeExtendedAtrribute(const QString &name, const QString &path)
+Expected<void> removeExtendedAtrribute(const QString &name, const QString &path)
 {
     const QByteArray file = encodePath(path);
     bool removed = ::removexattr(file.constData(), nameOnDisk(name).constData()) == 0;
@@ -102,11 +96,11 @@ tl::expected<void, Error> removeExtendedAtrribute(const QString &name, const QSt
         number = errno;
     }
     if (!removed)
-        return tl::unexpected(posixError(number));
+        return posixFailure(number);
     return {};
 }
 
-tl::expected<void, Error> touchDate(const QString &date, const QString &path)
+Expected<void> touchDate(const QString &date, const QString &path)
 {
     QDateTime time = QDateTime::fromString(date, QStringLiteral("'UTC 'yyyy-MM-dd HH:mm:ss"));
     if (!time.isValid())
@@ -114,7 +108,7 @@ tl::expected<void, Error> touchDate(const QString &date, const QString &path)
     time.setTimeSpec(Qt::UTC);
     const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, timespec{time.toSecsSinceEpoch(), 0}};
     if (::utimensat(AT_FDCWD, encodePath(path).constData(), times.data(), 0) != 0)
-        return tl::unexpected(posixError(errno));
+        return posixFailure(errno);
     return {};
 }
 

@@ -61,7 +61,7 @@ private:
 
 } // namespace
 
-std::optional<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests)
+Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests)
 {
     std::vector<Hasher> hashers(digests.begin(), digests.end());
     std::vector<char> chunk(kChunk);
@@ -71,7 +71,7 @@ std::optional<QStringList> hashesOfFile(int descriptor, std::initializer_list<Di
         if (count < 0 && errno == EINTR)
             continue;
         if (count < 0)
-            return std::nullopt;
+            return posixFailure(errno);
         if (count == 0)
             break;
         for (Hasher &hasher : hashers)
@@ -84,26 +84,24 @@ std::optional<QStringList> hashesOfFile(int descriptor, std::initializer_list<Di
     return hashes;
 }
 
-std::optional<QString> hashOfFileAtPath(const QString &path, Digest digest)
+Expected<QString> hashOfFileAtPath(const QString &path, Digest digest)
 {
-    const auto file = RegularFile::open(path);
-    if (!file)
-        return std::nullopt;
-    const auto hashes = hashesOfFile(file->descriptor(), {digest});
-    return hashes ? std::optional(hashes->first()) : std::nullopt;
+    return RegularFile::open(path)
+        .and_then([&](const RegularFile &file) { return hashesOfFile(file.descriptor(), {digest}); })
+        .map([](const QStringList &hashes) { return hashes.first(); });
 }
 
-std::optional<QString> md5HashOfFileAtPath(const QString &path)
+Expected<QString> md5HashOfFileAtPath(const QString &path)
 {
     return hashOfFileAtPath(path, Digest::MD5);
 }
 
-std::optional<QString> sha1HashOfFileAtPath(const QString &path)
+Expected<QString> sha1HashOfFileAtPath(const QString &path)
 {
     return hashOfFileAtPath(path, Digest::SHA1);
 }
 
-std::optional<QString> sha512HashOfFileAtPath(const QString &path)
+Expected<QString> sha512HashOfFileAtPath(const QString &path)
 {
     return hashOfFileAtPath(path, Digest::SHA512);
 }

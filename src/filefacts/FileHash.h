@@ -3,26 +3,27 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QString>
 #include <QStringList>
 
 #include <initializer_list>
-#include <optional>
 
 namespace quorvin::FileHash {
 
 enum class Digest { MD5, SHA1, SHA512 };
 
 /// The digests of a whole file in lower-case hex, in the order asked for, in one pass over the file with
-/// memory that does not grow with it. Absent when the file cannot be read to its end. Reads from the start of
+/// memory that does not grow with it. Fails when the file cannot be read to its end. Reads from the start of
 /// the descriptor without moving its position. Any thread.
-std::optional<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests);
+Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests);
 
-/// The same for a path; absent also for what is no regular file.
-std::optional<QString> hashOfFileAtPath(const QString &path, Digest digest);
-std::optional<QString> md5HashOfFileAtPath(const QString &path);
-std::optional<QString> sha1HashOfFileAtPath(const QString &path);
-std::optional<QString> sha512HashOfFileAtPath(const QString &path);
+/// The same for a path; fails also for what is no regular file.
+Expected<QString> hashOfFileAtPath(const QString &path, Digest digest);
+Expected<QString> md5HashOfFileAtPath(const QString &path);
+Expected<QString> sha1HashOfFileAtPath(const QString &path);
+Expected<QString> sha512HashOfFileAtPath(const QString &path);
 
 /// Lower-case hex SHA-1 of the first n bytes of the string's UTF-8, n being its length in UTF-16 units: a
 /// string with multi-byte characters is hashed short.

@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string_view>
 
 namespace quorvin {
 
@@ -43,7 +44,7 @@ std::optional<QString> fact(const QString &, const FileFacts &facts)
 
 using L = QLatin1String;
 
-const std::array kRows{
+constexpr std::array kRows{
     Row{L("FileName"), L("Name"), None,
         [](const QString &filename, const FileFacts &) {
             return std::optional(lastPathComponent(filename));
@@ -97,7 +98,12 @@ constexpr std::array kFlatOrder{
     L("MD5Hash"),
     L("SHA1Hash"),
 };
-static_assert(kFlatOrder.size() == kRows.size());
+constexpr std::string_view lettersOf(QLatin1String key)
+{
+    return {key.data(), static_cast<std::size_t>(key.size())};
+}
+static_assert(std::ranges::is_permutation(kFlatOrder, kRows, {}, lettersOf,
+                                          [](const Row &row) { return lettersOf(row.key); }));
 
 void readSizeAndDates(const RegularFile &file, bool useSIUnits, FileFacts &facts)
 {

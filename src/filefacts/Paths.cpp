@@ -11,6 +11,9 @@
 
 #include <sys/stat.h>
 
+#include <filesystem>
+#include <system_error>
+
 namespace quorvin::Utilities {
 
 namespace {
@@ -23,9 +26,13 @@ bool exists(const QString &path)
     return ::lstat(encodePath(path).constData(), &facts) == 0;
 }
 
-std::optional<QString> madeFolder(const QString &path)
+Expected<QString> madeFolder(const QString &path)
 {
-    return QDir().mkpath(path) ? std::optional(path) : std::nullopt;
+    std::error_code problem;
+    std::filesystem::create_directories(encodePath(path).toStdString(), problem);
+    if (problem)
+        return posixFailure(problem.value());
+    return path;
 }
 
 QString globallyUniqueName()
@@ -51,7 +58,7 @@ QString uniqueFilename(const QString &path)
     return candidate;
 }
 
-std::optional<QString> createUniqueFolder(const QString &path)
+Expected<QString> createUniqueFolder(const QString &path)
 {
     auto folder = madeFolder(uniqueFilename(path));
     if (!folder)
@@ -59,12 +66,12 @@ std::optional<QString> createUniqueFolder(const QString &path)
     return folder;
 }
 
-std::optional<QString> createTemporaryFolderWithName(const std::optional<QString> &name)
+Expected<QString> createTemporaryFolderWithName(const std::optional<QString> &name)
 {
     return madeFolder(QDir::tempPath() + u'/' + name.value_or(globallyUniqueName()));
 }
 
-std::optional<QString> createRandomTemporaryFolderInSubfolder(const std::optional<QString> &subfolder)
+Expected<QString> createRandomTemporaryFolderInSubfolder(const std::optional<QString> &subfolder)
 {
     const QString above = subfolder ? *subfolder + u'/' : QString();
     return madeFolder(QDir::tempPath() + u'/' + above + globallyUniqueName());

@@ -3,25 +3,27 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QString>
 
 #include <optional>
 
+/// Errors are of the POSIX domain. Any thread.
 namespace quorvin::Utilities {
 
 /// The path itself if nothing stands there; otherwise the first of "base (1).ext", "base (2).ext" … that is
 /// free. After 9998 it gives up and returns that name, free or not.
 QString uniqueFilename(const QString &path);
 
-/// Makes a folder of a unique name, with the folders above it. Absent on failure, with the reason in the log.
-std::optional<QString> createUniqueFolder(const QString &path);
+/// Makes a folder of a unique name, with the folders above it. A failure is logged.
+Expected<QString> createUniqueFolder(const QString &path);
 
 /// A folder of that name in the user's temporary folder, or of a globally unique name when the name is
-/// absent. An existing folder is fine. Absent on failure.
-std::optional<QString> createTemporaryFolderWithName(const std::optional<QString> &name);
+/// absent. An existing folder is fine.
+Expected<QString> createTemporaryFolderWithName(const std::optional<QString> &name);
 
-/// A folder of a globally unique name in the temporary folder, below `subfolder` if that is given. Absent on
-/// failure.
-std::optional<QString> createRandomTemporaryFolderInSubfolder(const std::optional<QString> &subfolder);
+/// A folder of a globally unique name in the temporary folder, below `subfolder` if that is given.
+Expected<QString> createRandomTemporaryFolderInSubfolder(const std::optional<QString> &subfolder);
 
 } // namespace quorvin::Utilities

@@ -8,25 +8,14 @@
 
 namespace quorvin {
 
-namespace {
-
-Error reasonOf(const QString &description)
-{
-    return failure(description).value();
-}
-
-} // namespace
-
 Expected<QuorvinDataPtr> doJob(const RecordRequest &request)
 {
-    return RecordBuilder(request.options).dataAboutFile(request.path).map_error(reasonOf);
+    return RecordBuilder(request.options).dataAboutFile(request.path);
 }
 
 Expected<Report> doJob(const ReportRequest &request)
 {
-    return rawReport(request.source, request.path)
-        .map([](QString text) { return Report{std::move(text)}; })
-        .map_error(reasonOf);
+    return rawReport(request.source, request.path).map([](QString text) { return Report{std::move(text)}; });
 }
 
 JobResult doJob(const JobRequest &request)

@@ -3,6 +3,8 @@
 
 #include "pictures/ColorProfile.h"
 
+#include "model/Log.h"
+
 #include <lcms2.h>
 
 #include <algorithm>
@@ -34,14 +36,20 @@ QString description(cmsHPROFILE profile)
     return QString::fromStdWString(text).trimmed();
 }
 
+void logMessage(cmsContext, cmsUInt32Number, const char *message)
+{
+    qCDebug(lcLibraries) << "lcms:" << message;
+}
+
 } // namespace
 
-std::optional<ColorProfile> ColorProfile::read(const QByteArray &icc)
+Expected<ColorProfile> ColorProfile::read(const QByteArray &icc)
 {
+    [[maybe_unused]] static const bool routed = (cmsSetLogErrorHandler(logMessage), true);
     const std::unique_ptr<void, decltype(&cmsCloseProfile)> profile(
         cmsOpenProfileFromMem(icc.constData(), static_cast<cmsUInt32Number>(icc.size())), &cmsCloseProfile);
     if (!profile)
-        return std::nullopt;
+        return failure(QStringLiteral("not a colour profile"));
     const auto *model = std::ranges::find(kModels, cmsGetColorSpace(profile.get()), &Model::space);
     return ColorProfile{model == kModels.end() ? QString() : QString(model->name),
                         description(profile.get())};

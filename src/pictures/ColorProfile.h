@@ -3,10 +3,10 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QByteArray>
 #include <QString>
-
-#include <optional>
 
 namespace quorvin {
 
@@ -15,8 +15,8 @@ struct ColorProfile {
     QString model; ///< RGB, CMYK, Gray or LAB; "" for another one
     QString name; ///< its description, in English where it has several; "" without one
 
-    /// Absent for bytes that are no ICC profile. Any thread. By Little CMS.
-    static std::optional<ColorProfile> read(const QByteArray &icc);
+    /// Fails for bytes that are no ICC profile. Any thread.
+    static Expected<ColorProfile> read(const QByteArray &icc);
 };
 
 } // namespace quorvin

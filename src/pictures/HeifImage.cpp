@@ -3,6 +3,7 @@
 
 #include "pictures/HeifImage.h"
 
+#include "model/Log.h"
 #include "platform/NativePath.h"
 
 #include <algorithm>
@@ -11,10 +12,12 @@ namespace quorvin {
 
 namespace {
 
-void check(const heif_error &error)
+Expected<void> checked(const heif_error &error)
 {
-    if (error.code != heif_error_Ok)
-        throw heif::Error(error);
+    if (error.code == heif_error_Ok)
+        return {};
+    qCDebug(lcLibraries) << "libheif:" << error.message;
+    return failure(QString::fromUtf8(error.message));
 }
 
 QSize sizeOf(const heif_image_handle *handle)
@@ -27,17 +30,20 @@ qint64 pixels(QSize size)
     return qint64{size.width()} * size.height();
 }
 
-QImage decodedPicture(const heif_image_handle *handle)
+Expected<QImage> decodedPicture(const heif_image_handle *handle)
 {
     const bool alpha = heif_image_handle_has_alpha_channel(handle) != 0;
     heif_image *picture = nullptr;
-    check(heif_decode_image(handle, &picture, heif_colorspace_RGB,
-                            alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB, nullptr));
+    const auto decoded = checked(
+        heif_decode_image(handle, &picture, heif_colorspace_RGB,
+                          alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB, nullptr));
+    if (!decoded)
+        return tl::unexpected(decoded.error());
     const std::unique_ptr<heif_image, decltype(&heif_image_release)> owner(picture, &heif_image_release);
     int stride = 0;
     const uint8_t *bytes = heif_image_get_plane_readonly(picture, heif_channel_interleaved, &stride);
     if (!bytes)
-        return {};
+        return failure(QStringLiteral("a picture without pixels"));
     const QImage view(bytes, heif_image_get_width(picture, heif_channel_interleaved),
                       heif_image_get_height(picture, heif_channel_interleaved), stride,
                       alpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
@@ -46,13 +52,13 @@ QImage decodedPicture(const heif_image_handle *handle)
 
 } // namespace
 
-HeifImage HeifImage::open(const QString &path)
+Expected<HeifImage> HeifImage::open(const QString &path)
 {
     Context context(heif_context_alloc(), &heif_context_free);
-    check(heif_context_read_from_file(context.get(), encodePath(path).constData(), nullptr));
     heif_image_handle *primary = nullptr;
-    check(heif_context_get_primary_image_handle(context.get(), &primary));
-    return {std::move(context), Handle(primary, &heif_image_handle_release)};
+    return checked(heif_context_read_from_file(context.get(), encodePath(path).constData(), nullptr))
+        .and_then([&] { return checked(heif_context_get_primary_image_handle(context.get(), &primary)); })
+        .map([&] { return HeifImage(std::move(context), Handle(primary, &heif_image_handle_release)); });
 }
 
 int HeifImage::numberOfTopLevelImages() const
@@ -80,7 +86,7 @@ bool HeifImage::hasAlpha() const
     return heif_image_handle_has_alpha_channel(_handle.get()) != 0;
 }
 
-std::vector<HeifImage::Handle> HeifImage::thumbnails() const
+Expected<std::vector<HeifImage::Handle>> HeifImage::thumbnails() const
 {
     std::vector<heif_item_id> ids(
         static_cast<std::size_t>(heif_image_handle_get_number_of_thumbnails(_handle.get())));
@@ -88,18 +94,21 @@ std::vector<HeifImage::Handle> HeifImage::thumbnails() const
     std::vector<Handle> handles;
     for (const heif_item_id id : ids) {
         heif_image_handle *thumbnail = nullptr;
-        check(heif_image_handle_get_thumbnail(_handle.get(), id, &thumbnail));
+        if (const auto got = checked(heif_image_handle_get_thumbnail(_handle.get(), id, &thumbnail)); !got)
+            return tl::unexpected(got.error());
         handles.emplace_back(thumbnail, &heif_image_handle_release);
     }
     return handles;
 }
 
-std::vector<QSize> HeifImage::thumbnailSizes() const
+Expected<std::vector<QSize>> HeifImage::thumbnailSizes() const
 {
-    std::vector<QSize> sizes;
-    for (const Handle &thumbnail : thumbnails())
-        sizes.push_back(sizeOf(thumbnail.get()));
-    return sizes;
+    return thumbnails().map([](const std::vector<Handle> &handles) {
+        std::vector<QSize> sizes;
+        for (const Handle &thumbnail : handles)
+            sizes.push_back(sizeOf(thumbnail.get()));
+        return sizes;
+    });
 }
 
 std::vector<heif_item_id> HeifImage::metadataBlocks() const
@@ -116,12 +125,13 @@ QByteArrayView HeifImage::blockType(heif_item_id id) const
     return heif_image_handle_get_metadata_type(_handle.get(), id);
 }
 
-QByteArray HeifImage::block(heif_item_id id) const
+Expected<QByteArray> HeifImage::block(heif_item_id id) const
 {
     const auto size = static_cast<qsizetype>(heif_image_handle_get_metadata_size(_handle.get(), id));
     QByteArray bytes(size, Qt::Uninitialized);
-    check(heif_image_handle_get_metadata(_handle.get(), id, bytes.data()));
-    return bytes;
+    return checked(heif_image_handle_get_metadata(_handle.get(), id, bytes.data())).map([&] {
+        return bytes;
+    });
 }
 
 QByteArray HeifImage::rawColorProfile() const
@@ -130,20 +140,24 @@ QByteArray HeifImage::rawColorProfile() const
         return {};
     const auto size = static_cast<qsizetype>(heif_image_handle_get_raw_color_profile_size(_handle.get()));
     QByteArray bytes(size, Qt::Uninitialized);
-    const heif_error error = heif_image_handle_get_raw_color_profile(_handle.get(), bytes.data());
-    return error.code == heif_error_Ok ? bytes : QByteArray();
+    return checked(heif_image_handle_get_raw_color_profile(_handle.get(), bytes.data())) ? bytes
+                                                                                         : QByteArray();
 }
 
-QImage HeifImage::decoded(int side, qint64 mostPixels) const
+Expected<QImage> HeifImage::decoded(int side, qint64 mostPixels) const
 {
+    const auto candidates = thumbnails();
+    if (!candidates)
+        return tl::unexpected(candidates.error());
     const heif_image_handle *chosen = _handle.get();
-    const std::vector<Handle> candidates = thumbnails();
-    for (const Handle &thumbnail : candidates) {
+    for (const Handle &thumbnail : *candidates) {
         const QSize size = sizeOf(thumbnail.get());
         if (std::max(size.width(), size.height()) >= side && pixels(size) < pixels(sizeOf(chosen)))
             chosen = thumbnail.get();
     }
-    return pixels(sizeOf(chosen)) > mostPixels ? QImage() : decodedPicture(chosen);
+    if (pixels(sizeOf(chosen)) > mostPixels)
+        return failure(QStringLiteral("too many pixels"));
+    return decodedPicture(chosen);
 }
 
 } // namespace quorvin

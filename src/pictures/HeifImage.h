@@ -3,13 +3,15 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QImage>
 #include <QSize>
 #include <QString>
 
-#include <libheif/heif_cxx.h>
+#include <libheif/heif.h>
 
 #include <memory>
 #include <vector>
@@ -17,10 +19,11 @@
 namespace quorvin {
 
 /// The primary image of an open HEIF or AVIF file. Sizes are in pixels, with the file's own rotations
-/// applied. What libheif refuses throws `heif::Error`. One thread at a time.
+/// applied. What libheif refuses gives its reason, which is logged at
+/// debug level. One thread at a time.
 class HeifImage {
 public:
-    static HeifImage open(const QString &path);
+    static Expected<HeifImage> open(const QString &path);
 
     int numberOfTopLevelImages() const;
     int width() const;
@@ -28,23 +31,23 @@ public:
     /// Bits of a sample.
     int depth() const;
     bool hasAlpha() const;
-    std::vector<QSize> thumbnailSizes() const;
+    Expected<std::vector<QSize>> thumbnailSizes() const;
     std::vector<heif_item_id> metadataBlocks() const;
     /// Such as Exif; a view that lasts as long as this object.
     QByteArrayView blockType(heif_item_id id) const;
-    QByteArray block(heif_item_id id) const;
+    Expected<QByteArray> block(heif_item_id id) const;
     /// ICC bytes; empty when there are none.
     QByteArray rawColorProfile() const;
     /// The smallest picture in the file whose longer side has `side` pixels, decoded: a thumbnail or the
-    /// image itself. Null for one of more than `mostPixels`, before anything is decoded.
-    QImage decoded(int side, qint64 mostPixels) const;
+    /// image itself. One of more than `mostPixels` fails before anything is decoded.
+    Expected<QImage> decoded(int side, qint64 mostPixels) const;
 
 private:
     using Handle = std::unique_ptr<heif_image_handle, decltype(&heif_image_handle_release)>;
     using Context = std::unique_ptr<heif_context, decltype(&heif_context_free)>;
 
     HeifImage(Context context, Handle handle) : _context(std::move(context)), _handle(std::move(handle)) { }
-    std::vector<Handle> thumbnails() const;
+    Expected<std::vector<Handle>> thumbnails() const;
 
     Context _context;
     Handle _handle;

@@ -79,21 +79,23 @@ QVariantMap propertiesOf(const HeifImage &image)
 
 } // namespace
 
-std::optional<QVariantMap> imageProperties(const QString &path)
+Expected<QVariantMap> imageProperties(const QString &path)
 {
     const auto file = RegularFile::open(path);
+    if (!file)
+        return tl::unexpected(file.error());
     QFile device;
-    if (!file || !device.open(file->descriptor(), QIODevice::ReadOnly))
-        return std::nullopt;
+    if (!device.open(file->descriptor(), QIODevice::ReadOnly))
+        return failure(device.errorString());
     QImageReader reader(&device);
     if (reader.canRead())
         return propertiesOf(reader);
-    try {
-        return propertiesOf(HeifImage::open(path));
-    } catch (const heif::Error &) {
+    const auto heif = HeifImage::open(path);
+    if (!heif) {
         qCInfo(lcQuorvin, "failed to load source: %i", static_cast<int>(reader.error()));
-        return std::nullopt;
+        return tl::unexpected(heif.error());
     }
+    return propertiesOf(*heif);
 }
 
 } // namespace quorvin

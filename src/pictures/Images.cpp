@@ -35,11 +35,9 @@ QImage decoded(QIODevice &device, QSize limit, bool applyOrientation)
 
 QImage decodedHeif(const QString &path, int size)
 {
-    try {
-        return imageResize(HeifImage::open(path).decoded(size, kMaxWholePixels), {size, size});
-    } catch (const heif::Error &) {
-        return {};
-    }
+    const auto picture = HeifImage::open(path).and_then(
+        [size](const HeifImage &image) { return image.decoded(size, kMaxWholePixels); });
+    return picture ? imageResize(*picture, {size, size}) : QImage();
 }
 
 } // namespace

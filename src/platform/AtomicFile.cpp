@@ -4,7 +4,6 @@
 #include "platform/AtomicFile.h"
 
 #include "platform/NativePath.h"
-#include "platform/RegularFile.h"
 #include "platform/UnfinishedFiles.h"
 
 #include <fcntl.h>
@@ -90,7 +89,7 @@ bool renameKeepingExisting(const QByteArray &from, const QByteArray &to)
 
 } // namespace
 
-tl::expected<std::unique_ptr<AtomicFile>, QString> AtomicFile::create(const QString &target)
+Expected<std::unique_ptr<AtomicFile>> AtomicFile::create(const QString &target)
 {
     std::unique_ptr<AtomicFile> file(new AtomicFile);
     const QByteArray path = withoutLinks(encodePath(target));
@@ -98,7 +97,7 @@ tl::expected<std::unique_ptr<AtomicFile>, QString> AtomicFile::create(const QStr
     const bool exists = ::stat(path.constData(), &facts) == 0;
     // A rename would replace what may not be written to.
     if (exists && ::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) != 0)
-        return tl::unexpected(systemErrorText(errno));
+        return posixFailure(errno);
     const auto opened
         = exists && !S_ISREG(facts.st_mode) ? file->openDirectly(path) : file->openTemporary(path);
     if (!opened)
@@ -108,14 +107,14 @@ tl::expected<std::unique_ptr<AtomicFile>, QString> AtomicFile::create(const QStr
     return file;
 }
 
-tl::expected<void, QString> AtomicFile::openTemporary(const QByteArray &target)
+Expected<void> AtomicFile::openTemporary(const QByteArray &target)
 {
     _target = target;
     _temporary = folderOf(target) + "/.quorvin-XXXXXX";
     const int descriptor = ::mkostemp(_temporary.data(), O_CLOEXEC);
     if (descriptor < 0) {
         _temporary.clear();
-        return tl::unexpected(systemErrorText(errno));
+        return posixFailure(errno);
     }
     _slot = UnfinishedFiles::add(_temporary);
     ::fchmod(descriptor, modeOfNewFile());
@@ -123,28 +122,28 @@ tl::expected<void, QString> AtomicFile::openTemporary(const QByteArray &target)
     return {};
 }
 
-tl::expected<void, QString> AtomicFile::openDirectly(const QByteArray &target)
+Expected<void> AtomicFile::openDirectly(const QByteArray &target)
 {
     const int descriptor = ::open(target.constData(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
     if (descriptor < 0)
-        return tl::unexpected(systemErrorText(errno));
+        return posixFailure(errno);
     _device.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
     return {};
 }
 
-tl::expected<void, QString> AtomicFile::commit(Existing existing)
+Expected<void> AtomicFile::commit(Existing existing)
 {
     if (!_device.flush() || _device.error() != QFileDevice::NoError)
-        return tl::unexpected(_device.errorString());
+        return failure(_device.errorString());
     if (_temporary.isEmpty())
         return {};
     if (::fsync(_device.handle()) != 0)
-        return tl::unexpected(systemErrorText(errno));
+        return posixFailure(errno);
     const bool moved = existing == Existing::Keep
         ? renameKeepingExisting(_temporary, _target)
         : std::rename(_temporary.constData(), _target.constData()) == 0;
     if (!moved)
-        return tl::unexpected(systemErrorText(errno));
+        return posixFailure(errno);
     UnfinishedFiles::remove(_slot);
     _temporary.clear();
     syncFolderOf(_target);

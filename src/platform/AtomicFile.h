@@ -3,10 +3,10 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QFile>
 #include <QString>
-
-#include <tl/expected.hpp>
 
 #include <memory>
 
@@ -23,8 +23,7 @@ class AtomicFile {
 public:
     enum class Existing { Replace, Keep };
 
-    /// The error is the reason, for a person to read.
-    static tl::expected<std::unique_ptr<AtomicFile>, QString> create(const QString &target);
+    static Expected<std::unique_ptr<AtomicFile>> create(const QString &target);
 
     AtomicFile(const AtomicFile &) = delete;
     AtomicFile &operator=(const AtomicFile &) = delete;
@@ -35,12 +34,12 @@ public:
 
     /// Puts the file into place. With `Existing::Keep` a file that stands there meanwhile is an error and
     /// stays.
-    tl::expected<void, QString> commit(Existing existing = Existing::Replace);
+    Expected<void> commit(Existing existing = Existing::Replace);
 
 private:
     AtomicFile() = default;
-    tl::expected<void, QString> openTemporary(const QByteArray &target);
-    tl::expected<void, QString> openDirectly(const QByteArray &target);
+    Expected<void> openTemporary(const QByteArray &target);
+    Expected<void> openDirectly(const QByteArray &target);
 
     QFile _device;
     QByteArray _target;

@@ -3,6 +3,8 @@
 
 #include "platform/PropertyList.h"
 
+#include "model/Log.h"
+
 #include <QDateTime>
 
 #include <plist/plist.h>
@@ -10,6 +12,7 @@
 #include <cstdlib>
 #include <limits>
 #include <memory>
+#include <optional>
 
 namespace quorvin {
 
@@ -120,14 +123,22 @@ std::optional<QVariant> valueOf(plist_t node, int depth)
 
 } // namespace
 
-std::optional<QVariant> parsePropertyList(QByteArrayView bytes)
+Expected<QVariant> parsePropertyList(QByteArrayView bytes)
 {
+    const auto refused = failure(QStringLiteral("not a property list"));
     if (bytes.isEmpty() || bytes.size() > std::numeric_limits<int32_t>::max())
-        return std::nullopt;
+        return refused;
     plist_t root = nullptr;
     plist_from_memory(bytes.data(), static_cast<uint32_t>(bytes.size()), &root);
     const std::unique_ptr<void, NodeDeleter> owner(root);
-    return root ? valueOf(root, 0) : std::nullopt;
+    if (!root) {
+        qCDebug(lcLibraries) << "libplist: refused" << bytes.size() << "bytes";
+        return refused;
+    }
+    auto value = valueOf(root, 0);
+    if (!value)
+        return refused;
+    return *std::move(value);
 }
 
 } // namespace quorvin

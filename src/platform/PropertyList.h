@@ -3,16 +3,16 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QByteArrayView>
 #include <QVariant>
 
-#include <optional>
-
 namespace quorvin {
 
-/// A binary or XML property list as a value: string, list, map, number, boolean, bytes or `QDateTime`. Absent
+/// A binary or XML property list as a value: string, list, map, number, boolean, bytes or `QDateTime`. Fails
 /// when the bytes are no property list, or nest deeper than `kMaxPropertyListDepth`. Any thread.
-std::optional<QVariant> parsePropertyList(QByteArrayView bytes);
+Expected<QVariant> parsePropertyList(QByteArrayView bytes);
 
 inline constexpr int kMaxPropertyListDepth = 32;
 

@@ -39,7 +39,7 @@ void PropertyListBuilder::put(QByteArray text)
         add(plist_new_string(text.constData()));
 }
 
-std::optional<QByteArray> PropertyListBuilder::takeBinary()
+Expected<QByteArray> PropertyListBuilder::takeBinary()
 {
     char *bytes = nullptr;
     uint32_t length = 0;
@@ -47,7 +47,9 @@ std::optional<QByteArray> PropertyListBuilder::takeBinary()
     _root.reset();
     const std::unique_ptr<char, decltype(&plist_to_bin_free)> owner(bytes, &plist_to_bin_free);
     const QByteArray list(bytes, static_cast<qsizetype>(length));
-    return BinaryPropertyList(list).isWhole() ? std::optional(list) : std::nullopt;
+    if (!BinaryPropertyList(list).isWhole())
+        return failure(QStringLiteral("too much for a property list"));
+    return list;
 }
 
 void PropertyListBuilder::open(Node node)

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QByteArray>
 
 #include <memory>
@@ -23,8 +25,8 @@ public:
     /// Valid UTF-8. A zero byte, which libplist cannot take, becomes U+FFFD.
     void put(QByteArray text);
 
-    /// Absent for a list of more than 4 GiB, which is as much as libplist can tell the length of.
-    std::optional<QByteArray> takeBinary();
+    /// Fails for a list of more than 4 GiB, which is as much as libplist can tell the length of.
+    Expected<QByteArray> takeBinary();
 
 private:
     using Node = void *;

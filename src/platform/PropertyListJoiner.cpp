@@ -47,12 +47,12 @@ void PropertyListJoiner::add(QByteArrayView list)
     }
 }
 
-tl::expected<void, QString> PropertyListJoiner::finish()
+Expected<void> PropertyListJoiner::finish()
 {
     const quint64 root = _objects++;
     putContainer(BinaryPropertyList::List, _lists.size(), _lists);
     if (_objects > std::numeric_limits<quint32>::max())
-        return tl::unexpected(QStringLiteral("too much for a property list"));
+        return failure(QStringLiteral("too much for a property list"));
     const quint64 offsetTable = _written;
     int offsetSize = 1;
     while (offsetSize < 8 && offsetTable >> (8 * offsetSize) != 0)

@@ -3,13 +3,11 @@
 
 #pragma once
 
+#include "model/Error.h"
 #include "platform/BinaryPropertyList.h"
 
 #include <QByteArray>
 #include <QHash>
-#include <QString>
-
-#include <tl/expected.hpp>
 
 #include <functional>
 #include <vector>
@@ -26,8 +24,8 @@ public:
     void begin() { put(BinaryPropertyList::kMagic); }
     /// Made by a `PropertyListBuilder`.
     void add(QByteArrayView list);
-    /// The error is the reason, for a person to read.
-    tl::expected<void, QString> finish();
+    /// Fails for a list of more objects than a property list can number.
+    Expected<void> finish();
 
 private:
     quint32 placeOf(const BinaryPropertyList::Object &object);

@@ -36,20 +36,20 @@ qint64 millisecondsOf(const statx_timestamp &time)
 
 } // namespace
 
-tl::expected<RegularFile, QString> RegularFile::open(const QString &path)
+Expected<RegularFile> RegularFile::open(const QString &path)
 {
     const QByteArray bytes = encodePath(path);
     struct stat found { };
     if (::stat(bytes.constData(), &found) != 0)
-        return tl::unexpected(systemErrorText(errno));
+        return posixFailure(errno);
     if (!S_ISREG(found.st_mode))
-        return tl::unexpected(nameOfKind(found.st_mode));
+        return failure(nameOfKind(found.st_mode));
 
     // The name may have changed hands since: O_NONBLOCK keeps a FIFO from blocking, the second look refuses
     // it.
     RegularFile file(::open(bytes.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (file._descriptor < 0 || !file.readAttributes())
-        return tl::unexpected(systemErrorText(errno));
+        return posixFailure(errno);
     return file;
 }
 

@@ -3,10 +3,10 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QByteArray>
 #include <QString>
-
-#include <tl/expected.hpp>
 
 #include <optional>
 
@@ -16,8 +16,8 @@ namespace quorvin {
 /// opened, so that opening never blocks and never disturbs a device.
 class RegularFile {
 public:
-    /// Follows symbolic links. The error is the reason, for a person to read.
-    static tl::expected<RegularFile, QString> open(const QString &path);
+    /// Follows symbolic links.
+    static Expected<RegularFile> open(const QString &path);
 
     RegularFile(RegularFile &&other) noexcept;
     RegularFile &operator=(RegularFile &&other) noexcept;

@@ -3,6 +3,7 @@
 
 #include "platform/Settings.h"
 
+#include "model/EnumNames.h"
 #include "model/Log.h"
 
 #include <QSettings>
@@ -16,56 +17,60 @@ namespace quorvin {
 namespace {
 
 using enum SettingType;
-using L = QLatin1String;
+/// The key of a setting is its enumerator.
+template <Setting setting>
+constexpr SettingRow row(SettingType type, const char *defaultText)
+{
+    return {setting, QLatin1String(kTerminatedName<setting>.data()), type, QLatin1String(defaultText)};
+}
 
 constexpr std::array kTable{
-    SettingRow{Setting::terminateAppWhenAllWindowsClosed, L("terminateAppWhenAllWindowsClosed"), Boolean,
-               L("false")},
-    SettingRow{Setting::sidebarWidth, L("sidebarWidth"), Float, L("160.0")},
-    SettingRow{Setting::sidebarPos, L("sidebarPos"), Integer, L("0")},
-    SettingRow{Setting::extRowHeight, L("extRowHeight"), Integer, L("16")},
-    SettingRow{Setting::extFontSize, L("extFontSize"), Integer, L("12")},
-    SettingRow{Setting::quickViewFontSize, L("quickViewFontSize"), Integer, L("11")},
-    SettingRow{Setting::quickViewRowHeight, L("quickViewRowHeight"), Integer, L("15")},
-    SettingRow{Setting::lastExportFormat, L("lastExportFormat"), String, L("txt")},
-    SettingRow{Setting::lastExportType, L("lastExportType"), Integer, L("1")},
-    SettingRow{Setting::lastComparisonExportFormat, L("lastComparisonExportFormat"), String, L("csv")},
-    SettingRow{Setting::lastExportWithoutFilePrivate, L("lastExportWithoutFilePrivate"), Boolean, L("false")},
-    SettingRow{Setting::lastTab, L("lastTab"), Integer, L("0")},
-    SettingRow{Setting::openTab, L("openTab"), Integer, L("0")},
-    SettingRow{Setting::hideUnknownFiles, L("hideUnknownFiles"), Boolean, L("false")},
-    SettingRow{Setting::enableDebug, L("enableDebug"), Boolean, L("false")},
-    SettingRow{Setting::enableExperimentalPreferences, L("enableExperimentalPreferences"), Boolean,
-               L("false")},
-    SettingRow{Setting::compareFilesLimit, L("compareFilesLimit"), Integer, L("70")},
-    SettingRow{Setting::extComparisonHighlightValue, L("extComparisonHighlightValue"), Integer, L("7")},
-    SettingRow{Setting::genComparisonHighlightValue, L("genComparisonHighlightValue"), Integer, L("7")},
-    SettingRow{Setting::wrapLongLines, L("wrapLongLines"), Boolean, L("true")},
-    SettingRow{Setting::firstColumnBold, L("firstColumnBold"), Boolean, L("true")},
-    SettingRow{Setting::extParameterRightAlign, L("extParameterRightAlign"), Boolean, L("true")},
-    SettingRow{Setting::useSIUnits, L("useSIUnits"), Boolean, L("true")},
-    SettingRow{Setting::useSlowThumbProcessing, L("useSlowThumbProcessing"), Boolean, L("true")},
-    SettingRow{Setting::displayOtherTracksInGeneral, L("displayOtherTracksInGeneral"), Boolean, L("false")},
-    SettingRow{Setting::videoUtility, L("videoUtility"), String, L("mediainfo")},
-    SettingRow{Setting::computeFileHashes, L("computeFileHashes"), Boolean, L("false")},
-    SettingRow{Setting::useSystemMetadata, L("useSystemMetadata"), Boolean, L("true")},
-    SettingRow{Setting::showCoincidences, L("showCoincidences"), Boolean, L("false")},
-    SettingRow{Setting::MTMode, L("MTMode"), Integer, L("0")},
-    SettingRow{Setting::useQuickInfoService, L("useQuickInfoService"), Boolean, L("false")},
-    SettingRow{Setting::mapType, L("mapType"), Integer, L("0")},
-    SettingRow{Setting::SUFeedURL, L("SUFeedURL"), String, L("")},
-    SettingRow{Setting::debugDataCacher, L("debugDataCacher"), Boolean, L("false")},
-    SettingRow{Setting::sidebarIsHidden, L("sidebarIsHidden"), Boolean, L("false")},
-    SettingRow{Setting::extComparisonHighlight, L("extComparisonHighlight"), Boolean, L("false")},
-    SettingRow{Setting::readerProcesses, L("readerProcesses"), Boolean, L("true")},
-    SettingRow{Setting::readerCpuSeconds, L("readerCpuSeconds"), Integer, L("20")},
-    SettingRow{Setting::readerWallSeconds, L("readerWallSeconds"), Integer, L("60")},
-    SettingRow{Setting::readerMemoryMiB, L("readerMemoryMiB"), Integer, L("2048")},
-    SettingRow{Setting::colorScheme, L("colorScheme"), String, L("system")},
-    SettingRow{Setting::mainWindowFrame, L("mainWindowFrame"), String, L("")},
-    SettingRow{Setting::recentFiles, L("recentFiles"), String, L("")},
-    SettingRow{Setting::debugStalls, L("debugStalls"), Boolean, L("false")},
+    row<Setting::terminateAppWhenAllWindowsClosed>(Boolean, "false"),
+    row<Setting::sidebarWidth>(Float, "160.0"),
+    row<Setting::sidebarPos>(Integer, "0"),
+    row<Setting::extRowHeight>(Integer, "16"),
+    row<Setting::extFontSize>(Integer, "12"),
+    row<Setting::quickViewFontSize>(Integer, "11"),
+    row<Setting::quickViewRowHeight>(Integer, "15"),
+    row<Setting::lastExportFormat>(String, "txt"),
+    row<Setting::lastExportType>(Integer, "1"),
+    row<Setting::lastComparisonExportFormat>(String, "csv"),
+    row<Setting::lastExportWithoutFilePrivate>(Boolean, "false"),
+    row<Setting::lastTab>(Integer, "0"),
+    row<Setting::openTab>(Integer, "0"),
+    row<Setting::hideUnknownFiles>(Boolean, "false"),
+    row<Setting::enableDebug>(Boolean, "false"),
+    row<Setting::enableExperimentalPreferences>(Boolean, "false"),
+    row<Setting::compareFilesLimit>(Integer, "70"),
+    row<Setting::extComparisonHighlightValue>(Integer, "7"),
+    row<Setting::genComparisonHighlightValue>(Integer, "7"),
+    row<Setting::wrapLongLines>(Boolean, "true"),
+    row<Setting::firstColumnBold>(Boolean, "true"),
+    row<Setting::extParameterRightAlign>(Boolean, "true"),
+    row<Setting::useSIUnits>(Boolean, "true"),
+    row<Setting::useSlowThumbProcessing>(Boolean, "true"),
+    row<Setting::displayOtherTracksInGeneral>(Boolean, "false"),
+    row<Setting::videoUtility>(String, "mediainfo"),
+    row<Setting::computeFileHashes>(Boolean, "false"),
+    row<Setting::useSystemMetadata>(Boolean, "true"),
+    row<Setting::showCoincidences>(Boolean, "false"),
+    row<Setting::MTMode>(Integer, "0"),
+    row<Setting::useQuickInfoService>(Boolean, "false"),
+    row<Setting::mapType>(Integer, "0"),
+    row<Setting::SUFeedURL>(String, ""),
+    row<Setting::debugDataCacher>(Boolean, "false"),
+    row<Setting::sidebarIsHidden>(Boolean, "false"),
+    row<Setting::extComparisonHighlight>(Boolean, "false"),
+    row<Setting::readerProcesses>(Boolean, "true"),
+    row<Setting::readerCpuSeconds>(Integer, "20"),
+    row<Setting::readerWallSeconds>(Integer, "60"),
+    row<Setting::readerMemoryMiB>(Integer, "2048"),
+    row<Setting::colorScheme>(String, "system"),
+    row<Setting::mainWindowFrame>(String, ""),
+    row<Setting::recentFiles>(String, ""),
+    row<Setting::debugStalls>(Boolean, "false"),
 };
+static_assert(hasRowOfEach(kTable, &SettingRow::setting));
 
 const SettingRow &rowOf(Setting setting)
 {
@@ -142,27 +147,34 @@ QVariant Settings::value(Setting setting) const
     return *settingFromText(row.type, row.defaultText);
 }
 
+QVariant Settings::value(Setting setting, [[maybe_unused]] SettingType type) const
+{
+    Q_ASSERT_X(rowOf(setting).type == type, "Settings", rowOf(setting).key.data());
+    return value(setting);
+}
+
 QString Settings::text(Setting setting) const
 {
     return settingText(rowOf(setting).type, value(setting));
 }
 
-std::optional<QString> Settings::overrideFrom(const QString &assignment)
+Expected<void> Settings::overrideFrom(const QString &assignment)
 {
     const qsizetype equals = assignment.indexOf(u'=');
     const QString key = assignment.left(equals);
     const auto row
         = std::ranges::find_if(kTable, [&](const SettingRow &candidate) { return candidate.key == key; });
     if (equals < 0)
-        return QStringLiteral("'%1' is not KEY=VALUE").arg(assignment);
+        return failure(QStringLiteral("'%1' is not KEY=VALUE").arg(assignment));
     if (row == kTable.end())
-        return QStringLiteral("there is no setting '%1'").arg(key);
+        return failure(QStringLiteral("there is no setting '%1'").arg(key));
     const auto parsed = settingFromText(row->type, assignment.mid(equals + 1));
     if (!parsed)
-        return QStringLiteral("setting '%1' takes a value of type %2").arg(key, nameOfType(row->type));
+        return failure(
+            QStringLiteral("setting '%1' takes a value of type %2").arg(key, nameOfType(row->type)));
     const std::lock_guard guard(_lock);
     _values.insert(static_cast<int>(row->setting), *parsed);
-    return std::nullopt;
+    return {};
 }
 
 void Settings::set(Setting setting, const QVariant &value)

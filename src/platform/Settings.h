@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QHash>
 #include <QString>
 #include <QVariant>
@@ -88,15 +90,15 @@ public:
     /// Where the user's settings lie: quorvin/settings.ini in the XDG config folder.
     static QString userPath();
 
-    bool boolean(Setting setting) const { return value(setting).toBool(); }
-    int integer(Setting setting) const { return value(setting).toInt(); }
-    double real(Setting setting) const { return value(setting).toDouble(); }
-    QString string(Setting setting) const { return value(setting).toString(); }
+    /// Each is for settings of its type; another one is a fault of the caller.
+    bool boolean(Setting setting) const { return value(setting, SettingType::Boolean).toBool(); }
+    int integer(Setting setting) const { return value(setting, SettingType::Integer).toInt(); }
+    double real(Setting setting) const { return value(setting, SettingType::Float).toDouble(); }
+    QString string(Setting setting) const { return value(setting, SettingType::String).toString(); }
     QString text(Setting setting) const;
 
-    /// Sets a value for this run from "KEY=VALUE". Absent when it went well, otherwise what was wrong with
-    /// it.
-    std::optional<QString> overrideFrom(const QString &assignment);
+    /// Sets a value for this run from "KEY=VALUE"; the error says what is wrong with that text.
+    Expected<void> overrideFrom(const QString &assignment);
 
     /// Sets a value for this run and, where there is a file, for those to come. `value` is of the setting's
     /// type. What cannot be written is logged.
@@ -104,6 +106,7 @@ public:
 
 private:
     QVariant value(Setting setting) const;
+    QVariant value(Setting setting, SettingType type) const;
 
     QString _path;
     mutable std::mutex _lock; ///< guards the values and the file

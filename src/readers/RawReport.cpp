@@ -18,7 +18,7 @@ namespace {
 struct Source {
     QLatin1String name;
     bool takesFiles;
-    std::optional<QString> (*report)(const QString &path);
+    Expected<QString> (*report)(const QString &path);
 };
 
 constexpr std::array kSources{
@@ -30,7 +30,7 @@ constexpr std::array kSources{
     Source{QLatin1String("xmp"), true, oEXIV2Reports::rawXmpOfFile},
     Source{QLatin1String("system-image"), true, imageioReport},
     Source{QLatin1String("parameters"), false,
-           [](const QString &) { return std::optional(oMediaInfo::parameterReport()); }},
+           [](const QString &) { return Expected<QString>(oMediaInfo::parameterReport()); }},
 };
 
 const Source &sourceNamed(const QString &name)
@@ -55,16 +55,17 @@ bool rawSourceTakesFiles(const QString &source)
     return sourceNamed(source).takesFiles;
 }
 
-tl::expected<QString, QString> rawReport(const QString &source, const QString &path)
+Expected<QString> rawReport(const QString &source, const QString &path)
 {
     const Source &row = sourceNamed(source);
     if (row.takesFiles) {
         if (const auto file = RegularFile::open(path); !file)
             return tl::unexpected(file.error());
     }
-    if (auto report = row.report(path))
-        return *std::move(report);
-    return tl::unexpected(QStringLiteral("Can not process the file"));
+    // Which library refused and why went to the log.
+    return row.report(path).map_error([](const Error &) {
+        return Error{kErrorDomain, 0, QStringLiteral("Can not process the file")};
+    });
 }
 
 } // namespace quorvin

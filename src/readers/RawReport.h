@@ -3,10 +3,10 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QString>
 #include <QStringList>
-
-#include <tl/expected.hpp>
 
 namespace quorvin {
 
@@ -17,6 +17,6 @@ QStringList rawSources();
 bool rawSourceTakesFiles(const QString &source);
 
 /// The report on a file, or the reason why there is none. `path` is "" for a source that takes no files.
-tl::expected<QString, QString> rawReport(const QString &source, const QString &path);
+Expected<QString> rawReport(const QString &source, const QString &path);
 
 } // namespace quorvin

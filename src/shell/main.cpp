@@ -47,8 +47,8 @@ int run(const StartArguments &arguments)
 {
     Settings settings(Settings::userPath());
     for (const QString &assignment : arguments.overrides) {
-        if (const auto problem = settings.overrideFrom(assignment))
-            return wrongCall(*problem);
+        if (const auto set = settings.overrideFrom(assignment); !set)
+            return wrongCall(set.error().description);
     }
     takeStandardStreams();
     useUtf8CharacterType();

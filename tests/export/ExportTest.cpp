@@ -67,7 +67,7 @@ TEST(Export, FolderNumbersNamesThatAreTaken)
     EXPECT_EQ(folder.names().join(u'|'), u"a (1).txt|a (2).txt|a (3).txt|a.txt"_s);
     EXPECT_TRUE(contentOf(folder / u"a (1).txt"_s).contains("\na.mp4\n-----\n"));
     const auto refused = QuorvinExporter().toFolder(u"/none"_s)->add(entry(u"/a"_s, QString()));
-    EXPECT_EQ(refused ? QString() : refused.error(), u"/none/a.txt: No such file or directory"_s);
+    EXPECT_EQ(refused ? QString() : refused.error().description, u"/none/a.txt: No such file or directory"_s);
     EXPECT_EQ(QuorvinExporter::extensionForExportFormat(u"doc"_s), QString());
 }
 
@@ -102,7 +102,7 @@ TEST(Export, DeviceThatTakesTooLittleIsAnErrorInEveryFormat)
             result = result.and_then([&] { return target->add(entryWithValue(QString(200'000, u'x'))); });
             result = result.and_then([&] { return target->finish(); });
             EXPECT_EQ(result.has_value(), room == whole.size()) << format.toStdString() << room;
-            EXPECT_EQ(result ? QString() : result.error(),
+            EXPECT_EQ(result ? QString() : result.error().description,
                       room == whole.size() ? QString() : u"the room is used up"_s);
             EXPECT_EQ(device.data(), whole.first(room)) << format.toStdString() << room;
         }
@@ -125,7 +125,7 @@ TEST(Export, OldFileStaysWhenTheNewOneFindsNoRoom)
         const auto result
             = target->add(entryWithValue(QString(200'000, u'x'))).and_then([&] { return target->finish(); });
         ::setrlimit(RLIMIT_FSIZE, &limit);
-        EXPECT_EQ(result ? QString() : result.error(), u"File too large"_s);
+        EXPECT_EQ(result ? QString() : result.error().description, u"File too large"_s);
         EXPECT_EQ(contentOf(path), "old");
     }
     std::signal(SIGXFSZ, previous);
@@ -140,7 +140,7 @@ TEST(Export, FolderThatVanishesIsAnError)
     EXPECT_TRUE(target->add(entry(u"/a"_s, QString())));
     EXPECT_TRUE(QDir(folder / u"gone"_s).removeRecursively());
     const auto result = target->finish();
-    EXPECT_EQ(result ? QString() : result.error(), u"No such file or directory"_s);
+    EXPECT_EQ(result ? QString() : result.error().description, u"No such file or directory"_s);
 }
 
 TEST(Export, DocumentLeavesWhileItGrows)

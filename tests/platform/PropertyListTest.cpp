@@ -35,14 +35,14 @@ TEST(PropertyList, BinaryAndXmlGiveTheSameValue)
               QVariant(true));
 }
 
-TEST(PropertyList, WhatIsNoneIsAbsent)
+TEST(PropertyList, WhatIsNoneIsRefused)
 {
-    EXPECT_EQ(parsePropertyList(QByteArray()), std::nullopt);
-    EXPECT_EQ(parsePropertyList(QByteArray("junk")), std::nullopt);
-    EXPECT_EQ(parsePropertyList(QByteArray("bplist00") + QByteArray(40, '\xff')), std::nullopt);
+    EXPECT_FALSE(parsePropertyList(QByteArray()));
+    EXPECT_FALSE(parsePropertyList(QByteArray("junk")));
+    EXPECT_FALSE(parsePropertyList(QByteArray("bplist00") + QByteArray(40, '\xff')));
     const int depth = kMaxPropertyListDepth + 2;
     const QByteArray nested = QByteArray("<array>").repeated(depth) + QByteArray("</array>").repeated(depth);
-    EXPECT_EQ(parsePropertyList(xml(nested)), std::nullopt);
+    EXPECT_FALSE(parsePropertyList(xml(nested)));
 }
 
 } // namespace quorvin

@@ -17,11 +17,11 @@ TEST(RegularFile, WhatIsNoFileIsRefusedWithoutBlocking)
     const test::TestFolder folder;
     const QString fifo = folder / QStringLiteral("fifo");
     ASSERT_EQ(::mkfifo(fifo.toUtf8().constData(), 0600), 0);
-    EXPECT_EQ(RegularFile::open(fifo).error(), QStringLiteral("Is a FIFO, not a regular file"));
-    EXPECT_EQ(RegularFile::open(QStringLiteral("/dev/null")).error(),
+    EXPECT_EQ(RegularFile::open(fifo).error().description, QStringLiteral("Is a FIFO, not a regular file"));
+    EXPECT_EQ(RegularFile::open(QStringLiteral("/dev/null")).error().description,
               QStringLiteral("Is a device, not a regular file"));
-    EXPECT_EQ(RegularFile::open(folder.path()).error(), QStringLiteral("Is a folder"));
-    EXPECT_EQ(RegularFile::open(folder / QStringLiteral("none")).error(),
+    EXPECT_EQ(RegularFile::open(folder.path()).error().description, QStringLiteral("Is a folder"));
+    EXPECT_EQ(RegularFile::open(folder / QStringLiteral("none")).error().description,
               QStringLiteral("No such file or directory"));
 }
 

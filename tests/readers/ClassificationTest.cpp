@@ -2,7 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "readers/Location.h"
-#include "readers/RecordBuilder.h"
+#include "readers/Ways.h"
 #include "readers/image/ImageBrand.h"
 #include "support/TestFolder.h"
 
@@ -33,27 +33,22 @@ TEST(Classification, BrandDecidesOnIsoFiles)
     EXPECT_TRUE(brandMayBeImage({}));
 }
 
-TEST(Classification, MovieNeverMeetsTheImageReader)
+TEST(Classification, HeadDecidesOnTheWays)
 {
-    EXPECT_EQ(waysFor(QByteArray("\0\0\0\x18"
-                                 "ftypisom",
-                                 12),
-                      {}),
-              std::vector{Way::Media});
-    EXPECT_EQ(waysFor("\xff\xd8\xff\xe0", {}), (std::vector{Way::Image, Way::Media}));
-}
-
-TEST(Classification, HeicHasAFallBackAndAvifHasNone)
-{
-    const auto ways = [](const char *brands) {
-        return waysFor(QByteArray("\0\0\0\x18"
-                                  "ftyp",
-                                  8)
-                           + brands,
-                       {});
+    const auto ways = [](const QByteArray &head, const RecordOptions &options = {}) {
+        QStringList names;
+        for (const Way *way : waysFor(head, options))
+            names.append(way->name);
+        return names.join(u' ');
     };
-    EXPECT_EQ(ways("heic....mif1"), (std::vector{Way::Image, Way::SystemImage, Way::Media}));
-    EXPECT_EQ(ways("mif1....avifmif1"), (std::vector{Way::Image, Way::Media}));
+    const QByteArray box("\0\0\0\x18"
+                         "ftyp",
+                         8);
+    EXPECT_EQ(ways(box + "isom"), QStringLiteral("media")) << "a movie never meets the image reader";
+    EXPECT_EQ(ways("\xff\xd8\xff\xe0"), QStringLiteral("image media"));
+    EXPECT_EQ(ways("\xff\xd8\xff\xe0", {.useExiftoolForVideo = true}), QStringLiteral("image media"));
+    EXPECT_EQ(ways(box + "heic....mif1"), QStringLiteral("image system-image media"));
+    EXPECT_EQ(ways(box + "mif1....avifmif1"), QStringLiteral("image media"));
 }
 
 TEST(Location, ImageHasItsCoordinatesOrNone)

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "shell/commands/CommandSet.h"
+#include "shell/commands/CommandTable.h"
 #include "support/TestFolder.h"
 
 #include <QAction>
@@ -25,12 +26,10 @@ bool isEnabled(const CommandSet &commands, Command command)
 
 } // namespace
 
-TEST(Commands, HaveARowEachAndKeysOfTheirOwn)
+TEST(Commands, HaveKeysOfTheirOwn)
 {
     std::map<QString, QString> owners;
-    for (std::size_t i = 0; i < commandTable().size(); ++i) {
-        const CommandRow &row = commandTable()[i];
-        EXPECT_EQ(static_cast<std::size_t>(row.command), i);
+    for (const CommandRow &row : commandTable()) {
         if (!row.keys)
             continue;
         for (const QKeySequence &keys : QKeySequence::listFromString(QLatin1String(row.keys))) {
@@ -54,7 +53,7 @@ TEST(Commands, FollowTheState)
     EXPECT_TRUE(commands.action(Command::selectGeneralTab)->isChecked());
 
     state.hasFiles = state.hasCurrentFile = true;
-    state.currentTab = 1;
+    state.currentTab = Tab::Extended;
     commands.validate(state);
     EXPECT_TRUE(isEnabled(commands, Command::refreshInfo)) << "a failed file can be tried again";
     EXPECT_FALSE(isEnabled(commands, Command::copyGeneralInfo));
@@ -65,7 +64,7 @@ TEST(Commands, FollowTheState)
     EXPECT_TRUE(commands.action(Command::clickWrapLongLines)->isChecked());
     EXPECT_TRUE(commands.action(Command::selectExtendedTab)->isChecked());
     EXPECT_FALSE(commands.action(Command::selectGeneralTab)->isChecked());
-    state.currentTab = 0;
+    state.currentTab = Tab::General;
     commands.validate(state);
     EXPECT_FALSE(isEnabled(commands, Command::expandAll)) << "the tree is not on this tab";
 }
@@ -82,13 +81,36 @@ TEST(Commands, StandInTheMenusOnceAndRun)
             ++found[action];
     }
     std::vector<Command> run;
-    QObject::connect(&commands, &CommandSet::triggered, [&](Command command) { run.push_back(command); });
     for (const CommandRow &row : commandTable()) {
         EXPECT_EQ(found[commands.action(row.command)], 1) << row.text;
+        EXPECT_FALSE(commands.hasHandler(row.command));
+        commands.action(row.command)->trigger();
+        commands.on(row.command, [&run, command = row.command] { run.push_back(command); });
         commands.action(row.command)->trigger();
     }
     ASSERT_EQ(run.size(), commandTable().size());
     EXPECT_EQ(run.back(), commandTable().back().command);
+}
+
+TEST(Commands, RunOnlyWhileTheyAreEnabled)
+{
+    QWidget window;
+    CommandSet commands(&window, new QWidget(&window));
+    int runs = 0;
+    int ends = 0;
+    QObject::connect(&commands, &CommandSet::didRun, [&ends] { ++ends; });
+    commands.on(Command::copy, [&] {
+        ++runs;
+        commands.on(Command::copy, [&runs] { runs += 10; });
+    });
+    commands.validate({});
+    commands.run(Command::copy);
+    EXPECT_EQ(runs, 0);
+    commands.validate({.canCopy = true});
+    commands.run(Command::copy);
+    commands.run(Command::copy);
+    EXPECT_EQ(runs, 11) << "the newer handler counts";
+    EXPECT_EQ(ends, 3);
 }
 
 } // namespace quorvin

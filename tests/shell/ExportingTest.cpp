@@ -4,6 +4,7 @@
 #include "export/ExportFormats.h"
 #include "shell/exporting/ExportController.h"
 #include "shell/exporting/ExportSheet.h"
+#include "shell/session/LiveSettings.h"
 #include "support/Events.h"
 #include "support/TestFolder.h"
 #include "support/TestRecords.h"
@@ -81,7 +82,8 @@ TEST(Exporting, CancelLeavesNoHalfFile)
 TEST(Exporting, SheetStartsFromTheLastExportAndKeepsTheNext)
 {
     const TestFolder folder;
-    Settings settings(folder / u"settings.ini"_s);
+    Settings values(folder / u"settings.ini"_s);
+    LiveSettings settings(values);
     settings.set(Setting::lastExportFormat, u"xml"_s);
     settings.set(Setting::lastExportType, 0);
     settings.set(Setting::lastExportWithoutFilePrivate, true);
@@ -101,7 +103,8 @@ TEST(Exporting, SheetStartsFromTheLastExportAndKeepsTheNext)
 TEST(Exporting, PlaceStartsWithThePresetName)
 {
     const TestFolder folder;
-    Settings settings(folder / u"settings.ini"_s);
+    Settings values(folder / u"settings.ini"_s);
+    LiveSettings settings(values);
     const auto preset = [&](std::vector<ExportEntry> entries) {
         QWidget window;
         ExportController controller(settings, &window);

@@ -3,6 +3,7 @@
 
 #include "shell/app/AppController.h"
 #include "shell/commands/CommandSet.h"
+#include "shell/commands/CommandTable.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/outline/ExtendedOutline.h"
@@ -100,7 +101,7 @@ TEST_F(Window, StartsEmptyAndShowsWhatItIsGiven)
     ASSERT_TRUE(spinUntil([this] { return total() == QStringLiteral("00:00:03 in 2 files"); }))
         << total().toStdString();
     EXPECT_FALSE(window->isUntouched());
-    EXPECT_EQ(application.recentFiles().size(), 2);
+    EXPECT_EQ(application.session().recentFiles.paths().size(), 2);
     EXPECT_TRUE(view->canExportAll());
 }
 
@@ -115,12 +116,12 @@ TEST_F(Window, FailedFilesStayWithTheirReasonAndCanBeTriedAgain)
     EXPECT_FALSE(window->commands().action(Command::copyGeneralInfo)->isEnabled());
 
     folder.write(QStringLiteral("later.wav"), test::contentOf(test::sample(QStringLiteral("tone.wav"))));
-    window->run(Command::refreshInfo);
+    window->commands().run(Command::refreshInfo);
     const QAction *copy = window->commands().action(Command::copyGeneralInfo);
     ASSERT_TRUE(spinUntil([copy] { return copy->isEnabled(); }));
     EXPECT_FALSE(view->filelist()[0]->isFailed());
     EXPECT_EQ(window->worker().countProcessed(), 2) << "a refreshed file counts once";
-    window->run(Command::copyGeneralInfo);
+    window->commands().run(Command::copyGeneralInfo);
     EXPECT_TRUE(QApplication::clipboard()->text().startsWith(QStringLiteral("later.wav\n---------\n")));
 }
 
@@ -140,7 +141,7 @@ TEST_F(Window, DropsJoinTheListAndWithShiftReplaceIt)
     QMimeData own;
     own.setUrls({QUrl::fromLocalFile(folder / QStringLiteral("b.txt"))});
     own.setData(QStringLiteral("QuorvinFilelistPBoardType"), {});
-    application.draggingSourceWindow = window;
+    application.session().draggingSourceWindow = window;
     QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &own, Qt::LeftButton, Qt::NoModifier);
     enter.setAccepted(true);
     QApplication::sendEvent(window, &enter);
@@ -159,7 +160,7 @@ TEST_F(Window, TheSelectedFileIsTheOneShown)
     ASSERT_TRUE(awaitDone());
 
     view->table().selectRow(39);
-    window->run(Command::removeSelectedItems);
+    window->commands().run(Command::removeSelectedItems);
     EXPECT_EQ(view->filelist().size(), 39U);
     EXPECT_EQ(currentName(), QStringLiteral("38.txt"));
     EXPECT_EQ(window->worker().countToProcess(), 39);
@@ -167,7 +168,7 @@ TEST_F(Window, TheSelectedFileIsTheOneShown)
     view->showFileAtIndex(99);
     EXPECT_EQ(currentName(), QStringLiteral("38.txt"));
     for (int i = 0; i < 39; ++i)
-        window->run(Command::removeSelectedItems);
+        window->commands().run(Command::removeSelectedItems);
     EXPECT_EQ(window->windowTitle(), QStringLiteral("Quorvin"));
     EXPECT_FALSE(window->commands().action(Command::removeSelectedItems)->isEnabled());
 }
@@ -175,23 +176,27 @@ TEST_F(Window, TheSelectedFileIsTheOneShown)
 TEST_F(Window, TabsKeepTheirSidebarsAndTheLastOneComesBack)
 {
     SidebarSplitView &sidebar = view->sidebar();
-    window->setCurrentTab(7);
-    EXPECT_EQ(window->currentTab(), 0);
-    window->run(Command::selectComparisonTab);
+    window->commands().run(Command::selectComparisonTab);
     EXPECT_TRUE(sidebar.isCollapsed()) << "Comparison starts without";
     sidebar.showSidebarWithoutAnimation();
-    window->setCurrentTab(1);
+    window->setCurrentTab(Tab::Extended);
     EXPECT_FALSE(sidebar.isCollapsed());
     sidebar.hideSidebarWithoutAnimation();
-    window->setCurrentTab(2);
+    window->setCurrentTab(Tab::Comparison);
     EXPECT_TRUE(sidebar.isCollapsed());
-    window->setCurrentTab(1);
+    window->setCurrentTab(Tab::Extended);
     EXPECT_FALSE(sidebar.isCollapsed()) << "General and Extended want it";
     window->close();
     EXPECT_EQ(settings.integer(Setting::lastTab), 1);
-    EXPECT_EQ(application.openEmptyWindow()->currentTab(), 1);
+    EXPECT_EQ(application.openEmptyWindow()->currentTab(), Tab::Extended);
     settings.set(Setting::openTab, 4);
-    EXPECT_EQ(application.openEmptyWindow()->currentTab(), 3);
+    EXPECT_EQ(application.openEmptyWindow()->currentTab(), Tab::Custom);
+}
+
+TEST_F(Window, EveryCommandHasAHandler)
+{
+    for (const CommandRow &row : commandTable())
+        EXPECT_TRUE(window->commands().hasHandler(row.command)) << row.text;
 }
 
 TEST_F(Window, StreamLinesLeadToTheirGroups)
@@ -199,11 +204,11 @@ TEST_F(Window, StreamLinesLeadToTheirGroups)
     window->processUrls({test::sample(QStringLiteral("movie.mp4"))});
     ASSERT_TRUE(awaitDone());
     ASSERT_TRUE(spinUntil([this] { return view->canExport(); }));
-    Q_EMIT view->info().tabWanted(InfoView::Extended);
+    Q_EMIT view->info().tabWanted(Tab::Extended);
     view->info().outline().showGroup(QStringLiteral("Audio"), 1);
-    EXPECT_EQ(window->currentTab(), 1);
+    EXPECT_EQ(window->currentTab(), Tab::Extended);
     EXPECT_EQ(view->info().outline().currentIndex().data().toString(), QStringLiteral("Audio #2"));
-    window->run(Command::clickWrapLongLines);
+    window->commands().run(Command::clickWrapLongLines);
     EXPECT_FALSE(settings.boolean(Setting::wrapLongLines));
     EXPECT_FALSE(window->commands().action(Command::clickWrapLongLines)->isChecked());
 }
@@ -246,7 +251,7 @@ TEST_F(Window, AttributesCanBeRemovedFromTheFile)
     folder.setAttribute(path, "user.xdg.tags", "red");
     window->processUrls({path});
     ASSERT_TRUE(spinUntil([this] { return view->canExport() && window->worker().processingIsDone(); }));
-    window->setCurrentTab(InfoView::Extended);
+    window->setCurrentTab(Tab::Extended);
     ExtendedOutline &outline = view->info().outline();
     const auto select = [&](const QString &key) {
         const QModelIndex group = outline.content().index(0, 0);
@@ -261,7 +266,7 @@ TEST_F(Window, AttributesCanBeRemovedFromTheFile)
     EXPECT_FALSE(remove->isVisible()) << "it stands only where it can do something";
     select(QStringLiteral("FileTags"));
     ASSERT_TRUE(remove->isEnabled());
-    window->run(Command::removeExtendedAttribute);
+    window->commands().run(Command::removeExtendedAttribute);
     auto *question = window->findChild<QMessageBox *>();
     ASSERT_TRUE(question);
     EXPECT_TRUE(question->defaultButton() == question->button(QMessageBox::Cancel)) << "the harmless one";

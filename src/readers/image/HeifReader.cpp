@@ -75,6 +75,18 @@ constexpr std::array kBlockKinds{
     BlockKind{"mime", "HEIF: failed to decode XMP", readXmpBlock},
 };
 
+bool readBlock(const BlockKind &kind, const Expected<QByteArray> &block, ImageMetadata &result)
+try {
+    if (block)
+        kind.read(*block, result);
+    return block.has_value();
+} catch (const std::exception &error) {
+    qCDebug(lcLibraries).noquote() << "exiv2:" << error.what();
+    return false;
+} catch (...) {
+    return false;
+}
+
 void readBlocks(const HeifImage &image, ImageMetadata &result)
 {
     for (const heif_item_id id : image.metadataBlocks()) {
@@ -82,11 +94,8 @@ void readBlocks(const HeifImage &image, ImageMetadata &result)
         const auto *kind = std::ranges::find(kBlockKinds, type, &BlockKind::type);
         if (kind == kBlockKinds.end())
             continue;
-        try {
-            kind->read(image.block(id), result);
-        } catch (...) {
+        if (!readBlock(*kind, image.block(id), result))
             qCInfo(lcQuorvin, "%s", kind->failure);
-        }
     }
 }
 
@@ -98,12 +107,11 @@ bool isAvif(const QString &path)
 }
 
 /// Last, since an Exif block brings the format and the size of a TIFF.
-void takeImageFacts(const HeifImage &image, ImageMetadata &result)
+void takeImageFacts(const HeifImage &image, const std::vector<QSize> &thumbnails, ImageMetadata &result)
 {
     result.imageWidth = QString::number(image.width());
     result.imageHeight = QString::number(image.height());
     result.imageCount = QString::number(image.numberOfTopLevelImages());
-    const std::vector<QSize> thumbnails = image.thumbnailSizes();
     result.thumbCount = QString::number(thumbnails.size());
     for (const QSize size : thumbnails)
         result.previews.append(u"%1 x %2"_s.arg(size.width()).arg(size.height()));
@@ -134,19 +142,22 @@ std::optional<QStringList> compatibleBrands(QByteArrayView head)
     return brands;
 }
 
-std::optional<ImageMetadata> readHeif(const QString &path)
+Expected<ImageMetadata> readHeif(const QString &path)
 {
-    try {
-        const HeifImage image = HeifImage::open(path);
+    const auto read = [&](const HeifImage &image, const std::vector<QSize> &thumbnails) {
         ImageMetadata result;
         readBlocks(image, result);
-        takeImageFacts(image, result);
+        takeImageFacts(image, thumbnails, result);
         result.imageType = isAvif(path) ? u"AVIF"_s : u"HEIF"_s;
         return result;
-    } catch (const heif::Error &error) {
-        qCInfo(lcQuorvin).noquote() << "libheif:" << QString::fromStdString(error.get_message());
-        return std::nullopt;
-    }
+    };
+    auto metadata = HeifImage::open(path).and_then([&](const HeifImage &image) {
+        return image.thumbnailSizes().map(
+            [&](const std::vector<QSize> &thumbnails) { return read(image, thumbnails); });
+    });
+    if (!metadata)
+        qCInfo(lcQuorvin).noquote() << "libheif:" << metadata.error().description;
+    return metadata;
 }
 
 } // namespace quorvin

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/Error.h"
 #include "readers/image/ImageMetadata.h"
 
 #include <QByteArrayView>
@@ -18,8 +19,8 @@ namespace quorvin {
 std::optional<QStringList> compatibleBrands(QByteArrayView head);
 
 /// What libheif tells of a HEIF or AVIF file: format, number of images, size of the primary one, its
-/// thumbnails, colour profile, and Exif and XMP blocks, which exiv2 reads. Absent, and logged, for a file
+/// thumbnails, colour profile, and Exif and XMP blocks, which exiv2 reads. Fails, and is logged, for a file
 /// that libheif refuses; a block that cannot be read is logged and left out. Any thread.
-std::optional<ImageMetadata> readHeif(const QString &path);
+Expected<ImageMetadata> readHeif(const QString &path);
 
 } // namespace quorvin

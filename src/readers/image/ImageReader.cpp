@@ -24,14 +24,14 @@ constexpr std::array kHeifTypes{
 
 } // namespace
 
-tl::expected<RecordContents, QString> readImage(const QString &filename, const RegularFile &file,
-                                                const RecordOptions &options)
+Expected<RecordContents> readImage(const QString &filename, const RegularFile &file,
+                                   const RecordOptions &options)
 {
     auto image = oEXIV2::initWithFilename(filename, options.keepCover);
     if (image && std::ranges::find(kHeifTypes, image->data().mimeType) != kHeifTypes.end())
         image = oEXIV2::initWithHeifFilePath(filename);
     if (!image)
-        return tl::unexpected(QStringLiteral("Not an image"));
+        return failure(QStringLiteral("Not an image"));
     RecordContents record;
     record.filename = filename;
     record.isImage = true;

@@ -3,18 +3,17 @@
 
 #pragma once
 
-#include "model/QuorvinData.h"
+#include "model/Error.h"
+#include "model/RecordContents.h"
 #include "model/RecordOptions.h"
 #include "platform/RegularFile.h"
-
-#include <tl/expected.hpp>
 
 namespace quorvin {
 
 /// Reads an image with exiv2, or, where exiv2 finds HEIF or AVIF, with libheif. `filename` is the path as the
 /// list shows it, `file` that file, open. An error says that the file is no image for them; nobody needs to
 /// hear of it. Any thread, after the set-up of the library.
-tl::expected<RecordContents, QString> readImage(const QString &filename, const RegularFile &file,
-                                                const RecordOptions &options);
+Expected<RecordContents> readImage(const QString &filename, const RegularFile &file,
+                                   const RecordOptions &options);
 
 } // namespace quorvin

@@ -81,11 +81,11 @@ void addGroup(const QString &name, const std::vector<FlatInfo::ItemPtr> &items, 
 
 } // namespace
 
-std::optional<FlatInfo> imageioInfoFromFile(const QString &path)
+Expected<FlatInfo> imageioInfoFromFile(const QString &path)
 {
     const auto properties = imageProperties(path);
     if (!properties)
-        return std::nullopt;
+        return tl::unexpected(properties.error());
     const QVariantMap groups = grouped(*properties);
     FlatInfo info;
     for (auto group = groups.begin(); group != groups.end(); ++group) {
@@ -130,12 +130,12 @@ void prepareImageioExtended(const FlatInfo &info, const FlatInfo &fileInfo, Para
         addGroup(group, members.value(group), groups);
 }
 
-tl::expected<RecordContents, QString> readSystemImage(const QString &filename, const RegularFile &file,
-                                                      const RecordOptions &options)
+Expected<RecordContents> readSystemImage(const QString &filename, const RegularFile &file,
+                                         const RecordOptions &options)
 {
     const auto info = imageioInfoFromFile(filename);
     if (!info)
-        return tl::unexpected(u"Not an image"_s);
+        return failure(u"Not an image"_s);
     RecordContents record;
     record.filename = filename;
     record.isImage = true;
@@ -144,10 +144,10 @@ tl::expected<RecordContents, QString> readSystemImage(const QString &filename, c
     return record;
 }
 
-std::optional<QString> imageioReport(const QString &path)
+Expected<QString> imageioReport(const QString &path)
 {
-    const auto properties = imageProperties(path);
-    return properties ? std::optional(path + u' ' + textOf(*properties)) : std::nullopt;
+    return imageProperties(path).map(
+        [&](const QVariantMap &properties) { return path + u' ' + textOf(properties); });
 }
 
 } // namespace quorvin

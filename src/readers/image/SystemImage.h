@@ -3,14 +3,11 @@
 
 #pragma once
 
+#include "model/Error.h"
 #include "model/FlatInfo.h"
-#include "model/QuorvinData.h"
+#include "model/RecordContents.h"
 #include "model/RecordOptions.h"
 #include "platform/RegularFile.h"
-
-#include <tl/expected.hpp>
-
-#include <optional>
 
 namespace quorvin {
 
@@ -18,8 +15,8 @@ namespace quorvin {
 /// Any thread.
 
 /// The properties of the first image, as "group.name" with the name as label; those of no group, and those of
-/// TIFF, are in the group Container. Absent for a file that no image reader opens.
-std::optional<FlatInfo> imageioInfoFromFile(const QString &path);
+/// TIFF, are in the group Container. Fails for a file that no image reader opens.
+Expected<FlatInfo> imageioInfoFromFile(const QString &path);
 
 /// The General facts of such a file; its format is always HEIC.
 GeneralFacts prepareImageioGeneral(const FlatInfo &info, const RegularFile &file,
@@ -30,10 +27,10 @@ GeneralFacts prepareImageioGeneral(const FlatInfo &info, const RegularFile &file
 void prepareImageioExtended(const FlatInfo &info, const FlatInfo &fileInfo, ParameterGroups &groups);
 
 /// The record of such a file; the error says that no image reader opens it.
-tl::expected<RecordContents, QString> readSystemImage(const QString &filename, const RegularFile &file,
-                                                      const RecordOptions &options);
+Expected<RecordContents> readSystemImage(const QString &filename, const RegularFile &file,
+                                         const RecordOptions &options);
 
-/// Path and properties of a file as text, for diagnostics; absent for a file that no image reader opens.
-std::optional<QString> imageioReport(const QString &path);
+/// Path and properties of a file as text, for diagnostics; fails for a file that no image reader opens.
+Expected<QString> imageioReport(const QString &path);
 
 } // namespace quorvin

@@ -3,6 +3,7 @@
 
 #include "readers/image/oEXIV2.h"
 
+#include "model/Log.h"
 #include "readers/image/ExifExtraction.h"
 #include "readers/image/Exiv2Library.h"
 #include "readers/image/HeifReader.h"
@@ -16,6 +17,8 @@ namespace quorvin {
 
 namespace {
 
+const QString kNotAnImage = QStringLiteral("Not an image");
+
 /// A primary image without a width in its tags keeps the 0 it was given: only without Exif, or for a format
 /// with one image, does the library's size count.
 void takeLibrarySize(const Exiv2::Image &image, ImageMetadata &result)
@@ -26,22 +29,34 @@ void takeLibrarySize(const Exiv2::Image &image, ImageMetadata &result)
     result.imageHeight = QString::number(image.pixelHeight());
 }
 
-std::optional<ImageMetadata> metadataOf(Exiv2::Image *image, const QString &filepath, bool keepThumb)
+Expected<ImageMetadata> metadataOf(Exiv2::Image &image, const QString &filepath, bool keepThumb)
 {
-    if (!image)
-        return std::nullopt;
-    image->readMetadata();
-    if (image->mimeType() == "image/generic")
-        return std::nullopt;
+    image.readMetadata();
+    if (image.mimeType() == "image/generic")
+        return failure(kNotAnImage);
     ImageMetadata result;
-    prepareExif(*image, result);
-    prepareIptc(*image, result);
-    prepareXmp(*image, result);
-    result.mimeType = QString::fromStdString(image->mimeType());
-    takeLibrarySize(*image, result);
-    prepareColorProfile(*image, result);
-    prepareThumbnails(*image, filepath, keepThumb, result);
+    prepareExif(image, result);
+    prepareIptc(image, result);
+    prepareXmp(image, result);
+    result.mimeType = QString::fromStdString(image.mimeType());
+    takeLibrarySize(image, result);
+    prepareColorProfile(image, result);
+    prepareThumbnails(image, filepath, keepThumb, result);
     return result;
+}
+
+/// What `open` opens, read.
+template <typename Open>
+Expected<ImageMetadata> guardedMetadata(Open open, const QString &filepath, bool keepThumb)
+try {
+    const std::unique_ptr<Exiv2::Image> image = open();
+    return image ? metadataOf(*image, filepath, keepThumb) : failure(kNotAnImage);
+} catch (const std::exception &error) {
+    qCDebug(lcLibraries).noquote() << "exiv2:" << error.what();
+    return failure(kNotAnImage);
+} catch (...) {
+    qCDebug(lcLibraries) << "exiv2: an exception without a name";
+    return failure(kNotAnImage);
 }
 
 } // namespace
@@ -61,26 +76,24 @@ QString oEXIV2::heifVersion()
     return QString::fromUtf8(heif_get_version());
 }
 
-std::optional<oEXIV2> oEXIV2::initWithFilename(const QString &path, bool keepThumb)
-try {
-    auto data = metadataOf(exiv2::openImage(path).get(), path, keepThumb);
-    return data ? std::optional(oEXIV2(std::move(*data))) : std::nullopt;
-} catch (...) {
-    return std::nullopt;
-}
-
-std::optional<oEXIV2> oEXIV2::initWithMemData(QByteArrayView bytes, bool keepThumb)
-try {
-    auto data = metadataOf(exiv2::openImage(bytes).get(), {}, keepThumb);
-    return data ? std::optional(oEXIV2(std::move(*data))) : std::nullopt;
-} catch (...) {
-    return std::nullopt;
-}
-
-std::optional<oEXIV2> oEXIV2::initWithHeifFilePath(const QString &path)
+Expected<oEXIV2> oEXIV2::initWithFilename(const QString &path, bool keepThumb)
 {
-    auto data = readHeif(path);
-    return data ? std::optional(oEXIV2(std::move(*data))) : std::nullopt;
+    return guardedMetadata([&] { return exiv2::openImage(path); }, path, keepThumb).map(wrapped);
+}
+
+Expected<oEXIV2> oEXIV2::initWithMemData(QByteArrayView bytes, bool keepThumb)
+{
+    return guardedMetadata([&] { return exiv2::openImage(bytes); }, {}, keepThumb).map(wrapped);
+}
+
+Expected<oEXIV2> oEXIV2::initWithHeifFilePath(const QString &path)
+{
+    return readHeif(path).map(wrapped);
+}
+
+oEXIV2 oEXIV2::wrapped(ImageMetadata data)
+{
+    return oEXIV2(std::move(data));
 }
 
 } // namespace quorvin

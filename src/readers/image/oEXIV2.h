@@ -3,12 +3,11 @@
 
 #pragma once
 
+#include "model/Error.h"
 #include "readers/image/ImageMetadata.h"
 
 #include <QByteArrayView>
 #include <QString>
-
-#include <optional>
 
 namespace quorvin {
 
@@ -21,17 +20,19 @@ public:
     static QString libVersion();
     static QString heifVersion();
 
-    /// Reads a file with exiv2. Nothing, and no message, for one that is no image for it: a file of another
-    /// kind, a video, a damaged file. Without `keepThumb` the preview that stands for the file is not kept.
-    static std::optional<oEXIV2> initWithFilename(const QString &path, bool keepThumb = true);
+    /// Reads a file with exiv2. Fails, with no message above debug level, for one that is no image for it: a
+    /// file of another kind, a video, a damaged file. Without `keepThumb` the preview that stands for the
+    /// file is not kept.
+    static Expected<oEXIV2> initWithFilename(const QString &path, bool keepThumb = true);
     /// The same for the bytes of a file.
-    static std::optional<oEXIV2> initWithMemData(QByteArrayView bytes, bool keepThumb = true);
-    /// Reads a HEIF or AVIF file with libheif. Nothing for one that it refuses.
-    static std::optional<oEXIV2> initWithHeifFilePath(const QString &path);
+    static Expected<oEXIV2> initWithMemData(QByteArrayView bytes, bool keepThumb = true);
+    /// Reads a HEIF or AVIF file with libheif. Fails for one that it refuses.
+    static Expected<oEXIV2> initWithHeifFilePath(const QString &path);
 
     const ImageMetadata &data() const { return _data; }
 
 private:
+    static oEXIV2 wrapped(ImageMetadata data);
     explicit oEXIV2(ImageMetadata data) : _data(std::move(data)) { }
 
     ImageMetadata _data;

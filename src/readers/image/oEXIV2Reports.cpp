@@ -22,6 +22,11 @@ QString lenient(const std::string &utf8)
     return QString::fromStdString(utf8);
 }
 
+auto unreadable()
+{
+    return failure(u"Can not process the file"_s);
+}
+
 QString errorText(const Exiv2::Error &error)
 {
     return "Exiv2 exception: "_L1 + QString::fromUtf8(error.what());
@@ -64,44 +69,44 @@ QString report(const Exiv2::Image &image)
     return lines.join(u'\n');
 }
 
-/// What `make` makes of an image with its metadata read; nothing for a file that is no image.
+/// What `make` makes of an image with its metadata read.
 template <typename Make>
-std::optional<QString> textOfFile(const QString &path, Make make)
+Expected<QString> textOfFile(const QString &path, Make make)
 {
     const auto image = exiv2::openImage(path);
     if (!image)
-        return std::nullopt;
+        return unreadable();
     image->readMetadata();
     return make(*image);
 }
 
 /// The same, and the library's error as text.
 template <typename Make>
-std::optional<QString> textOrErrorOfFile(const QString &path, Make make)
+Expected<QString> textOrErrorOfFile(const QString &path, Make make)
 try {
     return textOfFile(path, make);
 } catch (const Exiv2::Error &error) {
     return errorText(error);
 } catch (...) {
-    return std::nullopt;
+    return unreadable();
 }
 
 } // namespace
 
-std::optional<QString> outputOnFile(const QString &path)
+Expected<QString> outputOnFile(const QString &path)
 try {
     return textOfFile(path, report);
 } catch (const Exiv2::Error &error) {
     qCInfo(lcQuorvin).noquote() << errorText(error);
-    return std::nullopt;
+    return unreadable();
 } catch (const std::exception &error) {
     qCInfo(lcQuorvin, "%s", error.what());
-    return std::nullopt;
+    return unreadable();
 } catch (...) {
-    return std::nullopt;
+    return unreadable();
 }
 
-std::optional<QString> structureOfFile(const QString &path)
+Expected<QString> structureOfFile(const QString &path)
 {
     return textOrErrorOfFile(path, [](Exiv2::Image &image) {
         std::ostringstream out;
@@ -110,7 +115,7 @@ std::optional<QString> structureOfFile(const QString &path)
     });
 }
 
-std::optional<QString> rawXmpOfFile(const QString &path)
+Expected<QString> rawXmpOfFile(const QString &path)
 {
     return textOrErrorOfFile(path, [](Exiv2::Image &image) { return lenient(image.xmpPacket()); });
 }

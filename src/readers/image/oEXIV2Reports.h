@@ -3,21 +3,21 @@
 
 #pragma once
 
-#include <QString>
+#include "model/Error.h"
 
-#include <optional>
+#include <QString>
 
 /// What exiv2 tells of an image as text, for diagnostics. Any thread, after the set-up of the library.
 namespace quorvin::oEXIV2Reports {
 
-/// Every metadata item, a line each, as exiv2 prints it; "" for an image without any, nothing for a file
-/// that cannot be read.
-std::optional<QString> outputOnFile(const QString &path);
-/// The layout of a file as exiv2 describes it, or the text of exiv2's error; nothing for a file that it
+/// Every metadata item, a line each, as exiv2 prints it; "" for an image without any. Fails for a file that
+/// cannot be read.
+Expected<QString> outputOnFile(const QString &path);
+/// The layout of a file as exiv2 describes it, or the text of exiv2's error. Fails for a file that it
 /// does not know.
-std::optional<QString> structureOfFile(const QString &path);
-/// The raw XMP packet, "" without one, or the text of exiv2's error; nothing for a file that it does not
+Expected<QString> structureOfFile(const QString &path);
+/// The raw XMP packet, "" without one, or the text of exiv2's error. Fails for a file that it does not
 /// know.
-std::optional<QString> rawXmpOfFile(const QString &path);
+Expected<QString> rawXmpOfFile(const QString &path);
 
 } // namespace quorvin::oEXIV2Reports

@@ -11,13 +11,13 @@
 
 namespace quorvin {
 
-tl::expected<RecordContents, QString> readMedia(const QString &filename, const RegularFile &file,
-                                                const RecordOptions &options)
+Expected<RecordContents> readMedia(const QString &filename, const RegularFile &file,
+                                   const RecordOptions &options)
 {
     oMediaInfo info;
     if (!info.Open(filename)) {
         qCInfo(lcQuorvin).noquote() << "Failed to parse with MI:" << filename;
-        return tl::unexpected(QStringLiteral("Can not process the file"));
+        return failure(QStringLiteral("Can not process the file"));
     }
     RecordContents record;
     record.filename = filename;

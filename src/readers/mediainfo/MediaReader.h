@@ -3,18 +3,17 @@
 
 #pragma once
 
-#include "model/QuorvinData.h"
+#include "model/Error.h"
+#include "model/RecordContents.h"
 #include "model/RecordOptions.h"
 #include "platform/RegularFile.h"
-
-#include <tl/expected.hpp>
 
 namespace quorvin {
 
 /// Reads a file with the MediaInfo library. `filename` is the path as the list shows it, `file` that file,
 /// open. The error is the reason, for a person to read; it is logged too. Any thread, after the set-up of the
 /// library.
-tl::expected<RecordContents, QString> readMedia(const QString &filename, const RegularFile &file,
-                                                const RecordOptions &options);
+Expected<RecordContents> readMedia(const QString &filename, const RegularFile &file,
+                                   const RecordOptions &options);
 
 } // namespace quorvin

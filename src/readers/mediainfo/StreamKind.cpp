@@ -3,6 +3,8 @@
 
 #include "readers/mediainfo/StreamKind.h"
 
+#include "model/EnumNames.h"
+
 #include <algorithm>
 
 namespace quorvin {
@@ -10,27 +12,28 @@ namespace quorvin {
 namespace {
 
 struct Names {
-    QString library;
-    QString human;
+    StreamKind kind;
+    QLatin1String library;
+    QLatin1String human;
 };
 
-const std::array<Names, kStreamKinds> &names()
-{
-    static const std::array<Names, kStreamKinds> table{{
-        {QStringLiteral("General"), QStringLiteral("Container")},
-        {QStringLiteral("Video"), QStringLiteral("Video")},
-        {QStringLiteral("Audio"), QStringLiteral("Audio")},
-        {QStringLiteral("Text"), QStringLiteral("Subtitles")},
-        {QStringLiteral("Other"), QStringLiteral("Other")},
-        {QStringLiteral("Image"), QStringLiteral("Image")},
-        {QStringLiteral("Menu"), QStringLiteral("Menu/Chapters")},
-    }};
-    return table;
-}
+using L = QLatin1String;
+
+constexpr std::array kNames{
+    Names{StreamKind::General, L("General"), L("Container")},
+    Names{StreamKind::Video, L("Video"), L("Video")},
+    Names{StreamKind::Audio, L("Audio"), L("Audio")},
+    Names{StreamKind::Text, L("Text"), L("Subtitles")},
+    Names{StreamKind::Other, L("Other"), L("Other")},
+    Names{StreamKind::Image, L("Image"), L("Image")},
+    Names{StreamKind::Menu, L("Menu"), L("Menu/Chapters")},
+};
+static_assert(hasRowOfEach(kNames, &Names::kind));
+static_assert(kNames.size() == kStreamKinds);
 
 const Names *namesOf(qint32 kind)
 {
-    return kind >= 0 && kind < kStreamKinds ? &names()[static_cast<std::size_t>(kind)] : nullptr;
+    return kind >= 0 && kind < kStreamKinds ? &kNames[static_cast<std::size_t>(kind)] : nullptr;
 }
 
 } // namespace
@@ -38,24 +41,24 @@ const Names *namesOf(qint32 kind)
 std::optional<QString> streamKindToString(qint32 kind)
 {
     const Names *found = namesOf(kind);
-    return found ? std::optional(found->library) : std::nullopt;
+    return found ? std::optional<QString>(found->library) : std::nullopt;
 }
 
 std::optional<QString> streamKindToHumanString(qint32 kind)
 {
     const Names *found = namesOf(kind);
-    return found ? std::optional(found->human) : std::nullopt;
+    return found ? std::optional<QString>(found->human) : std::nullopt;
 }
 
 QString streamKindToHumanString(StreamKind kind)
 {
-    return names()[placeOf(kind)].human;
+    return kNames[placeOf(kind)].human;
 }
 
 StreamKind streamStringToKind(QStringView name)
 {
-    const auto found = std::ranges::find(names(), name, &Names::library);
-    return found == names().end() ? StreamKind::General : static_cast<StreamKind>(found - names().begin());
+    const auto found = std::ranges::find_if(kNames, [&](const Names &row) { return row.library == name; });
+    return found == kNames.end() ? StreamKind::General : static_cast<StreamKind>(found - kNames.begin());
 }
 
 QStringList arrayOfStreamNames()

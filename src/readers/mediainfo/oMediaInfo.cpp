@@ -90,15 +90,23 @@ oMediaInfo::~oMediaInfo()
     mi::destroy(MI);
 }
 
-bool oMediaInfo::Open(const QString &path)
+Expected<void> oMediaInfo::Open(const QString &path)
 {
     if (isUtf8Path(path))
-        return mi::open(MI, path);
+        return openByName(path);
     auto file = RegularFile::open(path);
     if (!file)
-        return false;
+        return tl::unexpected(file.error());
     _heldOpen = std::move(*file);
-    return mi::open(MI, _heldOpen->descriptorPath());
+    return openByName(_heldOpen->descriptorPath());
+}
+
+Expected<void> oMediaInfo::openByName(const QString &path)
+{
+    if (mi::open(MI, path))
+        return {};
+    qCDebug(lcLibraries).noquote() << "MediaInfo: does not open" << path;
+    return failure(QStringLiteral("Can not process the file"));
 }
 
 QString oMediaInfo::Inform()
@@ -249,23 +257,23 @@ QString oMediaInfo::parameterReport()
     return lines.join(u'\n');
 }
 
-std::optional<QString> oMediaInfo::InformOnFile(const QString &path)
+Expected<QString> oMediaInfo::InformOnFile(const QString &path)
 {
     oMediaInfo info{BareHandle{}};
-    return info.Open(path) ? std::optional(info.Inform()) : std::nullopt;
+    return info.Open(path).map([&] { return info.Inform(); });
 }
 
-std::optional<QString> oMediaInfo::InformCompleteOnFile(const QString &path)
+Expected<QString> oMediaInfo::InformCompleteOnFile(const QString &path)
 {
     oMediaInfo info;
-    return info.Open(path) ? std::optional(info.InformComplete()) : std::nullopt;
+    return info.Open(path).map([&] { return info.InformComplete(); });
 }
 
-std::optional<QString> oMediaInfo::InformTraceOnFile(const QString &path)
+Expected<QString> oMediaInfo::InformTraceOnFile(const QString &path)
 {
     oMediaInfo info;
     info.OptionSet(QStringLiteral("Inform"), QStringLiteral("Details;1"));
-    return info.Open(path) ? std::optional(info.Inform()) : std::nullopt;
+    return info.Open(path).map([&] { return info.Inform(); });
 }
 
 } // namespace quorvin

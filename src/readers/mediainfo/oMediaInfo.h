@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/Error.h"
 #include "platform/RegularFile.h"
 #include "readers/mediainfo/StreamKind.h"
 
@@ -34,9 +35,9 @@ public:
     oMediaInfo(const oMediaInfo &) = delete;
     oMediaInfo &operator=(const oMediaInfo &) = delete;
 
-    /// False when the library does not open the file. True is no promise: the library opens files that it
+    /// Fails when the library does not open the file. Success is no promise: the library opens files that it
     /// does not recognise, and then has no format for them.
-    bool Open(const QString &path);
+    Expected<void> Open(const QString &path);
 
     /// The library's text report; lines end in "\n".
     QString Inform();
@@ -92,16 +93,17 @@ public:
     /// The library's list of parameters to read: an empty line, a heading and a rule, then a line each.
     static QString parameterReport();
 
-    /// Reports on a file that is not open yet; absent when the library does not open it. The first keeps the
+    /// Reports on a file that is not open yet; fails when the library does not open it. The first keeps the
     /// library's own rule for numbered files; the last two set options of the whole process.
-    static std::optional<QString> InformOnFile(const QString &path);
-    static std::optional<QString> InformCompleteOnFile(const QString &path);
-    static std::optional<QString> InformTraceOnFile(const QString &path);
+    static Expected<QString> InformOnFile(const QString &path);
+    static Expected<QString> InformCompleteOnFile(const QString &path);
+    static Expected<QString> InformTraceOnFile(const QString &path);
 
 private:
     struct BareHandle { };
     explicit oMediaInfo(BareHandle);
 
+    Expected<void> openByName(const QString &path);
     QString sizeAndShare(StreamKind kind, quint64 number, const QString &parameter) const;
     QString get(StreamKind kind, quint64 number, const QString &parameter, Info info) const;
 

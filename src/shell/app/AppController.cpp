@@ -5,14 +5,13 @@
 
 #include "model/Version.h"
 #include "shell/app/Application.h"
+#include "shell/commands/CommandSet.h"
 #include "shell/preferences/PreferencesWindowController.h"
 #include "shell/window/MainWindowController.h"
 
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileDialog>
-#include <QJsonArray>
-#include <QJsonDocument>
 #include <QMessageBox>
 #include <QUrl>
 
@@ -22,7 +21,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr qsizetype kMostRecentFiles = 12;
+constexpr int kCascade = 28;
 
 void bringToFront(QWidget &window)
 {
@@ -35,34 +34,55 @@ void bringToFront(QWidget &window)
 } // namespace
 
 AppController::AppController(Settings &settings)
-    : _settings(settings), _service(new ApplicationService(*this, this))
+    : _session(settings), _service(new ApplicationService(*this, this))
 {
     QApplication::setQuitOnLastWindowClosed(false);
-    applyApplicationSettings();
+    connect(&_session.settings, &LiveSettings::changed, this, &AppController::settingDidChange);
+    settingDidChange(Setting::colorScheme);
+    settingDidChange(Setting::debugStalls);
 }
 
 AppController::~AppController()
 {
+    delete _preferences;
     while (!_windows.empty())
         _windows.back()->close();
 }
 
 MainWindowController *AppController::openEmptyWindow()
 {
-    const int openTab = _settings.integer(Setting::openTab);
-    auto *window = new MainWindowController(*this);
+    const LiveSettings &settings = _session.settings;
+    const int openTab = settings.integer(Setting::openTab);
+    auto *window = new MainWindowController(_session);
+    connect(window, &MainWindowController::closed, this, &AppController::windowClosed);
+    registerCommands(*window);
+    // A further window does not hide the one before.
+    if (!_windows.empty() && !window->isMaximized() && !window->isFullScreen())
+        window->move(_windows.back()->pos() + QPoint(kCascade, kCascade));
     _windows.push_back(window);
-    window->setCurrentTab(openTab != 0 ? openTab - 1 : _settings.integer(Setting::lastTab));
+    window->setCurrentTab(tabFrom(openTab != 0 ? openTab - 1 : settings.integer(Setting::lastTab)));
     window->show();
     window->activateWindow();
     return window;
 }
 
+void AppController::registerCommands(MainWindowController &window)
+{
+    CommandSet &commands = window.commands();
+    commands.on(Command::openEmptyWindow, [this] { openEmptyWindow(); });
+    commands.on(Command::openFileInNewWindow, [this] { openFileInNewWindow(); });
+    commands.on(Command::quit, [this] { quit(); });
+    commands.on(Command::openPreferences, [this] { openPreferences(); });
+    commands.on(Command::openAcknowledgments, [this] { openAcknowledgments(); });
+    commands.on(Command::openAboutPanel, [this, &window] { openAboutPanel(&window); });
+}
+
 void AppController::windowClosed(MainWindowController *window)
 {
-    _settings.set(Setting::lastTab, window->currentTab());
+    LiveSettings &settings = _session.settings;
+    settings.set(Setting::lastTab, static_cast<int>(window->currentTab()));
     std::erase(_windows, window);
-    if (_windows.empty() && (!isReachable || _settings.boolean(Setting::terminateAppWhenAllWindowsClosed)))
+    if (_windows.empty() && (!isReachable || settings.boolean(Setting::terminateAppWhenAllWindowsClosed)))
         quit();
 }
 
@@ -99,7 +119,7 @@ void AppController::doWorkInNewWindow(const QStringList &paths)
 
 void AppController::processTemporaryFilesInNewWindow(const QStringList &paths, const QString &fromFolder)
 {
-    _temporaryFolders.add(fromFolder);
+    _session.temporaryFolders.add(fromFolder);
     doWorkInNewWindow(paths);
 }
 
@@ -112,31 +132,11 @@ void AppController::openFileInNewWindow() const
     dialog->open();
 }
 
-QStringList AppController::recentFiles() const
-{
-    QStringList paths;
-    const auto stored = QJsonDocument::fromJson(_settings.string(Setting::recentFiles).toUtf8()).array();
-    for (const auto &path : stored)
-        paths.append(path.toString());
-    return paths;
-}
-
-void AppController::noteRecentFiles(const QStringList &paths)
-{
-    QStringList all = paths + recentFiles();
-    all.removeDuplicates();
-    const QJsonArray kept = QJsonArray::fromStringList(all.mid(0, kMostRecentFiles));
-    setSetting(Setting::recentFiles, QString::fromUtf8(QJsonDocument(kept).toJson(QJsonDocument::Compact)));
-}
-
-void AppController::clearRecentFiles()
-{
-    setSetting(Setting::recentFiles, QString());
-}
-
 void AppController::openPreferences()
 {
-    PreferencesWindowController::controller(*this)->show();
+    if (!_preferences)
+        _preferences = new PreferencesWindowController(_session.settings);
+    bringToFront(*_preferences);
 }
 
 void AppController::openAboutPanel(QWidget *parent)
@@ -154,7 +154,7 @@ void AppController::openAboutPanel(QWidget *parent)
 
 void AppController::openAcknowledgments()
 {
-    const auto folder = _temporaryFolders.makeFolder(QStringLiteral("Acknowledgments"));
+    const auto folder = _session.temporaryFolders.makeFolder(QStringLiteral("Acknowledgments"));
     const QString path = folder.value_or(QString()) + QLatin1String("/Acknowledgments.html");
     if (folder && QFile::copy(QStringLiteral(":/Acknowledgments.html"), path))
         QDesktopServices::openUrl(QUrl::fromLocalFile(path));
@@ -167,18 +167,14 @@ void AppController::quit()
     QApplication::quit();
 }
 
-void AppController::setSetting(Setting setting, const QVariant &value)
+void AppController::settingDidChange(Setting setting)
 {
-    _settings.set(setting, value);
-    applyApplicationSettings();
-    Q_EMIT settingDidChange(setting);
-}
-
-void AppController::applyApplicationSettings()
-{
-    _colorScheme.follow(_settings.string(Setting::colorScheme));
-    if (auto *application = dynamic_cast<Application *>(QCoreApplication::instance()))
-        application->setStallProbe(_settings.boolean(Setting::debugStalls));
+    const LiveSettings &settings = _session.settings;
+    if (setting == Setting::colorScheme)
+        _colorScheme.follow(settings.string(setting));
+    else if (auto *application = dynamic_cast<Application *>(QCoreApplication::instance());
+             application && setting == Setting::debugStalls)
+        application->setStallProbe(settings.boolean(setting));
 }
 
 } // namespace quorvin

@@ -3,6 +3,7 @@
 
 #include "shell/commands/CommandSet.h"
 
+#include "shell/commands/CommandTable.h"
 #include "shell/desktop/Icons.h"
 
 #include <QAction>
@@ -12,7 +13,6 @@
 #include <QMenuBar>
 
 #include <array>
-#include <functional>
 
 namespace quorvin {
 
@@ -47,7 +47,7 @@ void append(QMenu *menu, const std::vector<QAction *> &actions,
 
 } // namespace
 
-CommandSet::CommandSet(QWidget *window, QWidget *listArea) : QObject(window)
+CommandSet::CommandSet(QWidget *window, QWidget *listArea) : QObject(window), _handlers(commandTable().size())
 {
     for (const CommandRow &row : commandTable())
         _actions.push_back(makeAction(row, row.places.testFlag(CommandPlace::ListArea) ? listArea : window));
@@ -63,9 +63,28 @@ QAction *CommandSet::makeAction(const CommandRow &row, QWidget *area)
     action->setShortcutContext(row.places.testFlag(CommandPlace::ListArea) ? Qt::WidgetWithChildrenShortcut
                                                                            : Qt::WindowShortcut);
     action->setCheckable(row.isChecked != nullptr);
-    connect(action, &QAction::triggered, this, [this, command = row.command] { Q_EMIT triggered(command); });
+    connect(action, &QAction::triggered, this, [this, command = row.command] { run(command); });
     area->addAction(action);
     return action;
+}
+
+void CommandSet::on(Command command, std::function<void()> handler)
+{
+    _handlers[static_cast<std::size_t>(command)] = std::move(handler);
+}
+
+bool CommandSet::hasHandler(Command command) const
+{
+    return static_cast<bool>(_handlers[static_cast<std::size_t>(command)]);
+}
+
+void CommandSet::run(Command command)
+{
+    // It may register another one for the next time.
+    if (const auto handler = _handlers[static_cast<std::size_t>(command)];
+        handler && action(command)->isEnabled())
+        handler();
+    Q_EMIT didRun(command);
 }
 
 QAction *CommandSet::action(Command command) const

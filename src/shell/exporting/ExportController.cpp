@@ -33,7 +33,7 @@ QFileDialog *makeDialog(QWidget *window, const QString &title)
 
 } // namespace
 
-ExportController::ExportController(Settings &settings, QWidget *window)
+ExportController::ExportController(LiveSettings &settings, QWidget *window)
     : QObject(window), _settings(settings), _window(window)
 {
     connect(&_run, &ExportRun::ended, this, &ExportController::tellFailures);

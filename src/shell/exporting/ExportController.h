@@ -12,7 +12,7 @@ class QWidget;
 namespace quorvin {
 
 class ExportSheet;
-class Settings;
+class LiveSettings;
 
 /// Takes the files of a window through an export: the sheet, the place, and what could not be written. Main
 /// thread.
@@ -20,7 +20,7 @@ class ExportController : public QObject {
     Q_OBJECT
 public:
     /// Both must outlive this object.
-    ExportController(Settings &settings, QWidget *window);
+    ExportController(LiveSettings &settings, QWidget *window);
 
     /// Shows the sheet for these files.
     void menuExportNew(std::vector<ExportEntry> entries);
@@ -32,7 +32,7 @@ private:
     void chooseFolder(ExportRun::Task task);
     void tellFailures(const QStringList &failures);
 
-    Settings &_settings;
+    LiveSettings &_settings;
     QWidget *_window;
     std::vector<ExportEntry> _entries; ///< of the sheet that is open
     ExportRun _run;

@@ -23,11 +23,11 @@ QStringList exported(const ExportRun::Task &task, const std::stop_token &stop, P
         if (stop.stop_requested() || (!task.toFolder && !failures.isEmpty()))
             return failures;
         if (const auto added = target->add(entry); !added)
-            failures.append(added.error());
+            failures.append(added.error().description);
         promise.setProgressValue(++done);
     }
     if (const auto finished = failures.isEmpty() ? target->finish() : ExportTarget::Result(); !finished)
-        failures.append(finished.error());
+        failures.append(finished.error().description);
     return failures;
 }
 

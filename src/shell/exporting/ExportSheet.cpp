@@ -3,6 +3,8 @@
 
 #include "shell/exporting/ExportSheet.h"
 
+#include "shell/session/LiveSettings.h"
+
 #include <QCheckBox>
 #include <QComboBox>
 #include <QCoreApplication>
@@ -38,7 +40,7 @@ constexpr std::array kFormatNames{
 
 } // namespace
 
-ExportSheet::ExportSheet(Settings &settings, std::size_t fileCount, QWidget *parent)
+ExportSheet::ExportSheet(LiveSettings &settings, std::size_t fileCount, QWidget *parent)
     : QDialog(parent),
       _settings(settings),
       _format(new QComboBox),

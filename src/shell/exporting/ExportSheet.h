@@ -3,8 +3,6 @@
 
 #pragma once
 
-#include "platform/Settings.h"
-
 #include <QDialog>
 
 class QCheckBox;
@@ -13,13 +11,15 @@ class QRadioButton;
 
 namespace quorvin {
 
+class LiveSettings;
+
 /// Asks how to export: format, one document or one for each file, and with or without private facts. Starts
 /// from the settings of the last export and keeps what was chosen there. Main thread.
 class ExportSheet : public QDialog {
     Q_OBJECT
 public:
     /// `settings` must outlive the sheet. With one file there is one document whatever is chosen.
-    ExportSheet(Settings &settings, std::size_t fileCount, QWidget *parent);
+    ExportSheet(LiveSettings &settings, std::size_t fileCount, QWidget *parent);
 
     QString format() const;
     bool compound() const;
@@ -28,7 +28,7 @@ public:
     void accept() override;
 
 private:
-    Settings &_settings;
+    LiveSettings &_settings;
     QComboBox *_format;
     QRadioButton *_compound;
     QRadioButton *_separate;

@@ -3,15 +3,20 @@
 
 #include "shell/info/InfoView.h"
 
+#include "shell/commands/CommandSet.h"
 #include "shell/info/EmptyPane.h"
 #include "shell/info/GeneralPane.h"
 #include "shell/outline/ExtendedOutline.h"
+#include "shell/session/LiveSettings.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QPushButton>
 #include <QTreeView>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
 
 namespace quorvin {
 
@@ -22,9 +27,12 @@ namespace {
 constexpr double kUsualFontSize = 12.0;
 constexpr double kUsualRowHeight = 16.0;
 
+constexpr std::array kFollowed{Setting::extFontSize, Setting::extRowHeight, Setting::wrapLongLines,
+                               Setting::extParameterRightAlign};
+
 } // namespace
 
-InfoView::InfoView(const Settings &settings, QWidget *parent)
+InfoView::InfoView(const LiveSettings &settings, QWidget *parent)
     : QWidget(parent),
       _settings(settings),
       _pages(new QStackedWidget),
@@ -53,6 +61,10 @@ InfoView::InfoView(const Settings &settings, QWidget *parent)
     _progress->setAccessibleName(tr("Reading the file"));
     _progress->hide();
     connectPanes();
+    connect(&settings, &LiveSettings::changed, this, [this](Setting setting) {
+        if (std::ranges::find(kFollowed, setting) != kFollowed.end())
+            applySettings();
+    });
     applySettings();
     showPage();
 }
@@ -67,28 +79,28 @@ void InfoView::connectPanes()
     connect(_outline, &ExtendedOutline::selectionDidChange, this, &InfoView::selectionDidChange);
     connect(_outline, &ExtendedOutline::menuWanted, this, &InfoView::menuWanted);
     connect(_general, &GeneralPane::streamActivated, this, [this](const QString &key, quint64 streamIndex) {
-        Q_EMIT tabWanted(Extended);
+        Q_EMIT tabWanted(Tab::Extended);
         _outline->showGroup(key, streamIndex);
         _outline->setFocus();
     });
 }
 
-void InfoView::setCurrentTab(int tab)
+void InfoView::setCurrentTab(Tab tab)
 {
-    _tab = tab >= 0 && tab < TabCount ? tab : General;
+    _tab = tab;
     showPage();
 }
 
 void InfoView::showPage()
 {
     QWidget *page = _noFile;
-    if (_tab == Comparison && _hasFile)
+    if (_tab == Tab::Comparison && _hasFile)
         page = _comparison;
-    else if (_tab == Custom && _hasFile)
+    else if (_tab == Tab::Custom && _hasFile)
         page = _custom;
     else if (_hasFailed)
         page = _failure;
-    else if (_tab == Extended && _hasFile)
+    else if (_tab == Tab::Extended && _hasFile)
         page = _outline;
     else if (_hasFile)
         page = _general;
@@ -164,6 +176,13 @@ void InfoView::applySettings()
     _outline->setWrapLongLines(wraps);
     _general->setWrapLongLines(wraps);
     _outline->setRightAlignsParameters(_settings.boolean(Setting::extParameterRightAlign));
+}
+
+void InfoView::registerAt(CommandSet &commands)
+{
+    commands.on(Command::selectAll, [this] { _outline->selectAll(); });
+    commands.on(Command::expandAll, [this] { _outline->expandAllIn(); });
+    commands.on(Command::collapseAll, [this] { _outline->collapseAllIn(); });
 }
 
 bool InfoView::canCopy() const

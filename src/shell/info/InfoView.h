@@ -4,7 +4,7 @@
 #pragma once
 
 #include "model/QuorvinData.h"
-#include "platform/Settings.h"
+#include "shell/commands/Tabs.h"
 
 #include <QProgressBar>
 #include <QStackedWidget>
@@ -12,21 +12,22 @@
 
 namespace quorvin {
 
+class CommandSet;
 class EmptyPane;
 class ExtendedOutline;
 class GeneralPane;
+class LiveSettings;
 
-/// The tabs of a window and what they show of the current file. Main thread.
+/// The tabs of a window and what they show of the current file, in fonts and heights that follow the
+/// settings. Main thread.
 class InfoView : public QWidget {
     Q_OBJECT
 public:
-    enum Tab { General, Extended, Comparison, Custom, TabCount };
-
     /// `settings` must outlive the view.
-    explicit InfoView(const Settings &settings, QWidget *parent = nullptr);
+    explicit InfoView(const LiveSettings &settings, QWidget *parent = nullptr);
 
-    int currentTab() const { return _tab; }
-    void setCurrentTab(int tab);
+    Tab currentTab() const { return _tab; }
+    void setCurrentTab(Tab tab);
 
     /// The window has no file.
     void showNoFile();
@@ -39,9 +40,8 @@ public:
     void startWorking();
     void stopWorking();
 
-    /// Fonts, row heights, wrapping and alignment as the settings say.
-    void applySettings();
-
+    /// What the panes can do on command.
+    void registerAt(CommandSet &commands);
     /// What has the keyboard has something to copy.
     bool canCopy() const;
     void copy() const;
@@ -55,17 +55,19 @@ Q_SIGNALS:
     void selectionDidChange();
     void menuWanted(const QPoint &globalPosition);
     /// A stream line leads to its group on that tab.
-    void tabWanted(int tab);
+    void tabWanted(quorvin::Tab tab);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
     void connectPanes();
+    /// Fonts, row heights, wrapping and alignment.
+    void applySettings();
     void fillOutline();
     void showPage();
 
-    const Settings &_settings;
+    const LiveSettings &_settings;
     QStackedWidget *_pages;
     EmptyPane *_noFile;
     GeneralPane *_general;
@@ -74,7 +76,7 @@ private:
     EmptyPane *_comparison;
     EmptyPane *_custom;
     QProgressBar *_progress;
-    int _tab = General;
+    Tab _tab = Tab::General;
     bool _hasFile = false;
     bool _hasFailed = false;
     QuorvinDataPtr _record;

@@ -4,7 +4,7 @@
 #include "shell/preferences/PreferencesWindowController.h"
 
 #include "readers/mediainfo/oMediaInfo.h"
-#include "shell/app/AppController.h"
+#include "shell/session/LiveSettings.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -12,8 +12,8 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
-#include <QPointer>
 #include <QProcess>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -104,25 +104,15 @@ QString translated(const char *text)
 
 } // namespace
 
-PreferencesWindowController *PreferencesWindowController::controller(AppController &application)
-{
-    static QPointer<PreferencesWindowController> shared;
-    if (!shared)
-        shared = new PreferencesWindowController(application);
-    shared->raise();
-    shared->activateWindow();
-    return shared;
-}
-
-PreferencesWindowController::PreferencesWindowController(AppController &application)
-    : _application(application), _tabs(new QTabWidget), _version(new QLabel)
+PreferencesWindowController::PreferencesWindowController(LiveSettings &settings)
+    : _settings(settings), _tabs(new QTabWidget), _version(new QLabel)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Preferences"));
     auto *column = new QVBoxLayout(this);
     column->addWidget(_tabs);
     addPage(tr("General"), kGeneral);
-    if (application.settings().boolean(Setting::enableExperimentalPreferences))
+    if (settings.boolean(Setting::enableExperimentalPreferences))
         addPage(tr("Advanced"), kAdvanced);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
@@ -149,30 +139,57 @@ void PreferencesWindowController::addPage(const QString &title, int page)
 
 void PreferencesWindowController::addRow(QFormLayout *form, const PreferenceRow &row)
 {
-    const Settings &settings = _application.settings();
-    const QString label = translated(row.label);
-    if (!row.choices.empty()) {
-        auto *box = new QComboBox;
-        for (const PreferenceChoice &choice : row.choices)
-            box->addItem(translated(choice.label), QString::fromLatin1(choice.value));
-        box->setCurrentIndex(std::max(box->findData(settings.text(row.setting)), 0));
-        connect(box, &QComboBox::activated, this,
-                [this, box, setting = row.setting] { _application.setSetting(setting, box->currentData()); });
-        form->addRow(label, box);
-    } else if (row.most > 0) {
-        auto *box = new QSpinBox;
-        box->setRange(row.least, row.most);
-        box->setValue(settings.integer(row.setting));
-        connect(box, &QSpinBox::valueChanged, this,
-                [this, setting = row.setting](int value) { _application.setSetting(setting, value); });
-        form->addRow(label, box);
-    } else {
-        auto *box = new QCheckBox(label);
-        box->setChecked(settings.boolean(row.setting));
-        connect(box, &QCheckBox::toggled, this,
-                [this, setting = row.setting](bool on) { _application.setSetting(setting, on); });
-        form->addRow(QString(), box);
-    }
+    if (!row.choices.empty())
+        form->addRow(translated(row.label), choiceOf(row));
+    else if (row.most > 0)
+        form->addRow(translated(row.label), numberOf(row));
+    else
+        form->addRow(QString(), switchOf(row));
+}
+
+QWidget *PreferencesWindowController::choiceOf(const PreferenceRow &row)
+{
+    auto *box = new QComboBox;
+    for (const PreferenceChoice &choice : row.choices)
+        box->addItem(translated(choice.label), QString::fromLatin1(choice.value));
+    follow(row.setting, box, [this, box, setting = row.setting] {
+        box->setCurrentIndex(std::max(box->findData(_settings.text(setting)), 0));
+    });
+    connect(box, &QComboBox::activated, this,
+            [this, box, setting = row.setting] { _settings.set(setting, box->currentData()); });
+    return box;
+}
+
+QWidget *PreferencesWindowController::numberOf(const PreferenceRow &row)
+{
+    auto *box = new QSpinBox;
+    box->setRange(row.least, row.most);
+    follow(row.setting, box,
+           [this, box, setting = row.setting] { box->setValue(_settings.integer(setting)); });
+    connect(box, &QSpinBox::valueChanged, this,
+            [this, setting = row.setting](int value) { _settings.set(setting, value); });
+    return box;
+}
+
+QWidget *PreferencesWindowController::switchOf(const PreferenceRow &row)
+{
+    auto *box = new QCheckBox(translated(row.label));
+    follow(row.setting, box,
+           [this, box, setting = row.setting] { box->setChecked(_settings.boolean(setting)); });
+    connect(box, &QCheckBox::toggled, this,
+            [this, setting = row.setting](bool on) { _settings.set(setting, on); });
+    return box;
+}
+
+void PreferencesWindowController::follow(Setting setting, QWidget *control, const std::function<void()> &show)
+{
+    control->setObjectName(QString(settingsTable()[static_cast<std::size_t>(setting)].key));
+    show();
+    connect(&_settings, &LiveSettings::changed, control, [control, setting, show](Setting changed) {
+        const QSignalBlocker silence(control);
+        if (changed == setting)
+            show();
+    });
 }
 
 void PreferencesWindowController::clickAdvanced()

@@ -57,7 +57,8 @@ std::optional<QString> TemporaryFolders::makeFolder(const QString &name)
         _lock->tryLock(0);
         _own = std::move(folder);
     }
-    return Utilities::createUniqueFolder(_own->filePath(name));
+    const auto made = Utilities::createUniqueFolder(_own->filePath(name));
+    return made ? std::optional(*made) : std::nullopt;
 }
 
 void TemporaryFolders::removeLeftovers()

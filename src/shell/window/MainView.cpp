@@ -5,10 +5,10 @@
 
 #include "model/Log.h"
 #include "platform/NativePath.h"
-#include "shell/app/AppController.h"
-#include "shell/desktop/Elsewhere.h"
+#include "shell/desktop/BackgroundRun.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
+#include "shell/session/Session.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
 #include "shell/window/WorkNote.h"
@@ -37,12 +37,12 @@ void disposeElsewhere(std::vector<FilelistItemPtr> files)
 
 } // namespace
 
-MainView::MainView(AppController &application, WindowWorker &worker, QWidget *parent)
+MainView::MainView(Session &session, WindowWorker &worker, QWidget *parent)
     : QWidget(parent),
-      _application(application),
+      _session(session),
       _worker(worker),
       _table(new FilelistTable(_arranged)),
-      _info(new InfoView(application.settings())),
+      _info(new InfoView(session.settings)),
       _sidebar(new SidebarSplitView(_table, _info)),
       _status(new StatusLine)
 {
@@ -118,7 +118,7 @@ void MainView::takeFiles(const FolderWalks::Request &request, const std::vector<
         if (request.index == FolderWalks::Request::kEndAndSelect && rows < _arranged.rowCount())
             _table->selectRow(rows);
     }
-    _application.noteRecentFiles(request.paths);
+    _session.recentFiles.note(request.paths);
 }
 
 void MainView::replaceContent(const std::vector<FilelistItemPtr> &files)
@@ -154,8 +154,8 @@ void MainView::insertFiles(int index, const std::vector<FilelistItemPtr> &files)
 void MainView::startPool()
 {
     auto pool = std::make_unique<DataCacher>(
-        [&settings = _application.settings()] { return analysisSetupFrom(settings); });
-    pool->setMTMode(_application.settings().integer(Setting::MTMode));
+        [&settings = _session.settings.values()] { return analysisSetupFrom(settings); });
+    pool->setMTMode(_session.settings.integer(Setting::MTMode));
     pool->setDelegate(this);
     _worker.setDataCacher(std::move(pool));
 }
@@ -244,16 +244,16 @@ std::vector<ExportEntry> MainView::arrayWithDataForExport() const
     return entries;
 }
 
-void MainView::changeCurrentFile(const std::function<std::optional<QString>(const QString &)> &change)
+void MainView::changeCurrentFile(const std::function<Expected<void>(const QString &)> &change)
 {
     const FilelistItemPtr file = _worker.currentFile();
     if (!file)
         return;
-    runElsewhere(
-        *QThreadPool::globalInstance(), this, [change, file] { return change(file->filename()); },
-        [this, file](const std::optional<QString> &problem) {
-            _status->setProblem(problem.value_or(QString()));
-            if (!problem && !_isWindowClosing)
+    runInBackground(
+        this, "FileChange", [change, path = file->filename()](const RunControl &) { return change(path); },
+        [this, file](const Expected<void> &changed) {
+            _status->setProblem(changed ? QString() : changed.error().description);
+            if (changed && !_isWindowClosing)
                 reprocess(file);
         });
 }

@@ -6,6 +6,7 @@
 #include "export/ExportEntry.h"
 #include "intake/FilelistTotals.h"
 #include "intake/WindowWorker.h"
+#include "model/Error.h"
 #include "shell/filelist/FilelistModel.h"
 #include "shell/filelist/FolderWalks.h"
 
@@ -13,15 +14,14 @@
 #include <QWidget>
 
 #include <functional>
-#include <optional>
 
 namespace quorvin {
 
-class AppController;
 class FilelistTable;
 class InfoView;
 class SidebarSplitView;
 class StatusLine;
+struct Session;
 
 /// The inside of a window: its list of files and what is shown of the current one. Feeds the window's pool
 /// and takes its deliveries. Main thread.
@@ -29,7 +29,7 @@ class MainView : public QWidget, public DataCacherDelegate {
     Q_OBJECT
 public:
     /// Both must outlive the view.
-    MainView(AppController &application, WindowWorker &worker, QWidget *parent = nullptr);
+    MainView(Session &session, WindowWorker &worker, QWidget *parent = nullptr);
     /// Cancels the pool, without waiting.
     ~MainView() override;
 
@@ -62,7 +62,7 @@ public:
     void refreshInfo();
     /// Changes the current file elsewhere and reads it again. `change` is told its path, and gives what went
     /// wrong.
-    void changeCurrentFile(const std::function<std::optional<QString>(const QString &)> &change);
+    void changeCurrentFile(const std::function<Expected<void>(const QString &)> &change);
     /// Takes the selected files out of the list; nothing on the disk is touched.
     void removeSelectedItems();
     void copyGeneralInfo() const;
@@ -93,7 +93,7 @@ private:
     void startDelayedWorkingAnimation(const FilelistItemPtr &file);
     void updateTotals();
 
-    AppController &_application;
+    Session &_session;
     WindowWorker &_worker;
     FilelistModel _arranged;
     std::vector<FilelistItemPtr> _filelist;

@@ -5,12 +5,14 @@
 
 #include "platform/FileUri.h"
 #include "platform/NativePath.h"
-#include "shell/app/AppController.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/exporting/ExportController.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
+#include "shell/session/Session.h"
+#include "shell/window/FileCommands.h"
 #include "shell/window/MainView.h"
+#include "shell/window/OpenPanels.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
 #include "shell/window/TabSelector.h"
@@ -36,7 +38,6 @@ namespace {
 
 constexpr QSize kFirstSize(1000, 680);
 constexpr int kMinimumHeight = 360;
-constexpr int kCascade = 28;
 constexpr int kDropMilliseconds = 100; ///< so that the drag ends first
 constexpr QLatin1String kFilelistType("QuorvinFilelistPBoardType");
 
@@ -49,16 +50,17 @@ QWidget *expandingSpace()
 
 } // namespace
 
-MainWindowController::MainWindowController(AppController &application)
-    : _application(application),
-      _view(new MainView(application, _worker)),
+MainWindowController::MainWindowController(Session &session)
+    : _session(session),
+      _view(new MainView(session, _worker)),
       _commands(new CommandSet(this, &_view->table())),
-      _export(new ExportController(application.settings(), this))
+      _fileCommands(new FileCommands(*_view, _worker, this)),
+      _export(new ExportController(session.settings, this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptDrops(true);
     setCentralWidget(_view);
-    setUpMenus();
+    setUpCommands();
     setUpToolBar();
     connectView();
     connectExport();
@@ -70,7 +72,7 @@ MainWindowController::MainWindowController(AppController &application)
     });
     setMinimumHeight(kMinimumHeight);
     restoreFrame();
-    const Settings &settings = _application.settings();
+    const LiveSettings &settings = _session.settings;
     _view->sidebar().setSidebarPosition(settings.integer(Setting::sidebarPos));
     if (settings.boolean(Setting::sidebarIsHidden)) {
         _view->sidebar().hideSidebarWithoutAnimation();
@@ -87,14 +89,35 @@ MainWindowController::~MainWindowController()
     delete takeCentralWidget();
 }
 
-void MainWindowController::setUpMenus()
+void MainWindowController::setUpCommands()
 {
     _commands->fillMenuBar(menuBar());
-    QMenu *file = _commands->menu(CommandMenu::File);
-    auto *recent = new QMenu(tr("Open &Recent"), file);
-    file->insertMenu(_commands->action(Command::addFile), recent);
-    connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(recent); });
-    connect(_commands, &CommandSet::triggered, this, &MainWindowController::run);
+    auto *panels = new OpenPanels(_session.recentFiles, this);
+    connect(panels, &OpenPanels::chosen, this, &MainWindowController::processUrls);
+    connect(panels, &OpenPanels::chosenToAdd, _view, &MainView::processAdditionalFiles);
+    panels->registerAt(*_commands);
+    _view->info().registerAt(*_commands);
+    _fileCommands->registerAt(*_commands);
+    registerCommands();
+    connect(_commands, &CommandSet::didRun, this, &MainWindowController::validateCommands);
+}
+
+void MainWindowController::registerCommands()
+{
+    const auto on = [this](Command command, auto handler) { _commands->on(command, std::move(handler)); };
+    on(Command::refreshInfo, [this] { _view->refreshInfo(); });
+    on(Command::removeSelectedItems, [this] { _view->removeSelectedItems(); });
+    on(Command::menuExportNew, [this] { _export->menuExportNew(_view->arrayWithDataForExport()); });
+    on(Command::closeWindow, [this] { close(); });
+    on(Command::copy, [this] { copy(); });
+    on(Command::copyGeneralInfo, [this] { _view->copyGeneralInfo(); });
+    on(Command::selectGeneralTab, [this] { setCurrentTab(Tab::General); });
+    on(Command::selectExtendedTab, [this] { setCurrentTab(Tab::Extended); });
+    on(Command::selectComparisonTab, [this] { setCurrentTab(Tab::Comparison); });
+    on(Command::selectCustomTab, [this] { setCurrentTab(Tab::Custom); });
+    on(Command::toggleSidebar, [this] { toggleSidebar(); });
+    on(Command::clickWrapLongLines, [this] { _session.settings.toggle(Setting::wrapLongLines); });
+    on(Command::toggleFullScreen, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
 }
 
 void MainWindowController::setUpToolBar()
@@ -123,9 +146,9 @@ void MainWindowController::connectView()
     connect(&_view->sidebar(), &SidebarSplitView::collapsedChanged, this,
             &MainWindowController::validateCommands);
     connect(qApp, &QApplication::focusChanged, this, &MainWindowController::validateCommands);
-    connect(&_application, &AppController::settingDidChange, this, &MainWindowController::settingDidChange);
+    connect(&_session.settings, &LiveSettings::changed, this, &MainWindowController::settingDidChange);
     InfoView &info = _view->info();
-    connect(&info, &InfoView::openWanted, this, [this] { run(Command::openFile); });
+    connect(&info, &InfoView::openWanted, this, [this] { _commands->run(Command::openFile); });
     connect(&info, &InfoView::tabWanted, this, &MainWindowController::setCurrentTab);
     connect(&info, &InfoView::menuWanted, this,
             [this](const QPoint &where) { showMenu(CommandPlace::TreeMenu, where); });
@@ -151,12 +174,9 @@ void MainWindowController::restoreFrame()
 {
     resize(kFirstSize.boundedTo(screen()->availableSize()));
     const QByteArray frame
-        = QByteArray::fromBase64(_application.settings().string(Setting::mainWindowFrame).toLatin1());
+        = QByteArray::fromBase64(_session.settings.string(Setting::mainWindowFrame).toLatin1());
     if (!frame.isEmpty())
         restoreGeometry(frame);
-    // A further window does not hide the one before.
-    if (!_application.windows().empty() && !isMaximized() && !isFullScreen())
-        move(_application.windows().back()->pos() + QPoint(kCascade, kCascade));
 }
 
 void MainWindowController::showEvent(QShowEvent *event)
@@ -166,27 +186,26 @@ void MainWindowController::showEvent(QShowEvent *event)
         return;
     layout()->activate();
     _view->layout()->activate();
-    _view->sidebar().setSidebarWidth(_application.settings().real(Setting::sidebarWidth));
+    _view->sidebar().setSidebarWidth(_session.settings.real(Setting::sidebarWidth));
 }
 
-int MainWindowController::currentTab() const
+Tab MainWindowController::currentTab() const
 {
     return _view->info().currentTab();
 }
 
-void MainWindowController::setCurrentTab(int tab)
+void MainWindowController::setCurrentTab(Tab tab)
 {
-    const int wanted = tab >= 0 && tab < InfoView::TabCount ? tab : 0;
-    if (wanted == currentTab())
+    if (tab == currentTab())
         return;
     SidebarSplitView &sidebar = _view->sidebar();
-    if (sidebar.isCollapsed() || currentTab() == InfoView::Comparison)
+    if (sidebar.isCollapsed() || currentTab() == Tab::Comparison)
         _openSidebarForComparison = !sidebar.isCollapsed();
-    if (wanted == InfoView::Comparison ? _openSidebarForComparison : _openSidebar)
+    if (tab == Tab::Comparison ? _openSidebarForComparison : _openSidebar)
         sidebar.showSidebarWithoutAnimation();
     else
         sidebar.hideSidebarWithoutAnimation();
-    _view->info().setCurrentTab(wanted);
+    _view->info().setCurrentTab(tab);
     validateCommands();
 }
 
@@ -200,6 +219,55 @@ void MainWindowController::processUrls(const QStringList &paths)
     QTimer::singleShot(0, _view, [view = _view, paths] { view->processFiles(paths); });
 }
 
+CommandState MainWindowController::commandState() const
+{
+    const InfoView &info = _view->info();
+    CommandState state;
+    state.hasFiles = _view->arranged().rowCount() > 0;
+    state.hasCurrentFile = _worker.currentFile() != nullptr;
+    state.hasRecord = _view->canExport();
+    state.canExportAll = _view->canExportAll() && !_export->run().isUnderWay();
+    state.canCopy = info.canCopy() || (_view->table().hasFocus() && state.hasFiles);
+    state.sidebarIsCollapsed = _view->sidebar().isCollapsed();
+    state.wrapLongLines = _session.settings.boolean(Setting::wrapLongLines);
+    state.isFullScreen = isFullScreen();
+    state.currentTab = info.currentTab();
+    _fileCommands->describe(state);
+    return state;
+}
+
+void MainWindowController::validateCommands()
+{
+    if (!_isClosed)
+        _commands->validate(commandState());
+}
+
+void MainWindowController::toggleSidebar()
+{
+    _openSidebar = _view->sidebar().isCollapsed();
+    if (currentTab() == Tab::Comparison)
+        _openSidebarForComparison = _openSidebar;
+    _session.settings.set(Setting::sidebarIsHidden, !_openSidebar);
+    _view->sidebar().toggleSidebar();
+}
+
+void MainWindowController::copy()
+{
+    if (_view->table().hasFocus())
+        _view->table().copy();
+    else
+        _view->info().copy();
+}
+
+void MainWindowController::showMenu(CommandPlace place, const QPoint &globalPosition)
+{
+    validateCommands();
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    _commands->fillMenu(menu, place);
+    menu->popup(globalPosition);
+}
+
 void MainWindowController::updateWindowTitle()
 {
     const auto path = _worker.currentFilePath();
@@ -209,11 +277,10 @@ void MainWindowController::updateWindowTitle()
 
 void MainWindowController::settingDidChange(Setting setting)
 {
-    if (setting == Setting::recentFiles)
-        return;
-    _view->info().applySettings();
-    _view->sidebar().setSidebarPosition(_application.settings().integer(Setting::sidebarPos));
-    validateCommands();
+    if (setting == Setting::sidebarPos)
+        _view->sidebar().setSidebarPosition(_session.settings.integer(setting));
+    else if (setting == Setting::wrapLongLines)
+        validateCommands();
 }
 
 void MainWindowController::dragEnterEvent(QDragEnterEvent *event)
@@ -224,7 +291,7 @@ void MainWindowController::dragEnterEvent(QDragEnterEvent *event)
 void MainWindowController::dragMoveEvent(QDragMoveEvent *event)
 {
     const bool isOwnList
-        = event->mimeData()->hasFormat(kFilelistType) && _application.draggingSourceWindow == this;
+        = event->mimeData()->hasFormat(kFilelistType) && _session.draggingSourceWindow == this;
     if (isOwnList || !event->mimeData()->hasUrls())
         return event->ignore();
     // Always a copy: nobody is to take a file away because it was shown here.
@@ -238,7 +305,7 @@ void MainWindowController::dropEvent(QDropEvent *event)
     const bool replaces = event->modifiers().testFlag(Qt::ShiftModifier);
     event->setDropAction(Qt::CopyAction);
     event->accept();
-    _application.draggingSourceWindow = nullptr;
+    _session.draggingSourceWindow = nullptr;
     if (paths.isEmpty())
         return;
     QTimer::singleShot(kDropMilliseconds, _view, [view = _view, paths, replaces] {
@@ -267,14 +334,14 @@ void MainWindowController::windowWillClose()
     if (std::exchange(_isClosed, true))
         return;
     hide();
-    Settings &settings = _application.settings();
+    LiveSettings &settings = _session.settings;
     settings.set(Setting::sidebarWidth, double(_view->sidebar().sidebarWidth()));
     settings.set(Setting::sidebarIsHidden, !_openSidebar);
     settings.set(Setting::mainWindowFrame, QString::fromLatin1(saveGeometry().toBase64()));
     disconnect(qApp, nullptr, this, nullptr);
     _export->run().cancel();
     _view->setWindowIsClosing();
-    _application.windowClosed(this);
+    Q_EMIT closed(this);
 }
 
 } // namespace quorvin

@@ -5,32 +5,31 @@
 
 #include "intake/WindowWorker.h"
 #include "platform/Settings.h"
-#include "shell/commands/Commands.h"
+#include "shell/commands/Command.h"
 
 #include <QMainWindow>
 
 #include <optional>
 
-class QMenu;
-
 namespace quorvin {
 
-class AppController;
 class CommandSet;
 class ExportController;
+class FileCommands;
 class MainView;
+struct Session;
 
 /// One window: its tabs, tool bar, drop target, commands, title and closing. Main thread.
 class MainWindowController : public QMainWindow {
     Q_OBJECT
 public:
-    /// `application` must outlive the window. The window goes when it is closed.
-    explicit MainWindowController(AppController &application);
+    /// `session` must outlive the window. The window goes when it is closed.
+    explicit MainWindowController(Session &session);
     ~MainWindowController() override;
 
-    int currentTab() const;
-    /// A number that is no tab is the first one. The Comparison tab has a sidebar state of its own.
-    void setCurrentTab(int tab);
+    Tab currentTab() const;
+    /// The Comparison tab has a sidebar state of its own.
+    void setCurrentTab(Tab tab);
 
     MainView &myView() { return *_view; }
     const WindowWorker &worker() const { return _worker; }
@@ -44,8 +43,10 @@ public:
 
     std::optional<MapLocationInfo> mapLocationInfo() const { return _worker.currentMapLocationInfo(); }
     CommandState commandState() const;
-    /// Does nothing for a command that is disabled.
-    void run(Command command);
+
+Q_SIGNALS:
+    /// Once, before it goes.
+    void closed(quorvin::MainWindowController *window);
 
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -56,30 +57,26 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    void setUpMenus();
+    void setUpCommands();
     void setUpToolBar();
     void connectView();
     void connectExport();
     void restoreFrame();
-    void fillRecentMenu(QMenu *menu);
     void validateCommands();
     void updateWindowTitle();
     void settingDidChange(Setting setting);
     void windowWillClose();
 
-    void chooseFiles(const QString &title, bool adds);
-    void openDirectory();
+    void registerCommands();
     void toggleSidebar();
-    void revealInFinder();
-    void removeExtendedAttribute();
-    void touchDate();
     void copy();
     void showMenu(CommandPlace place, const QPoint &globalPosition);
 
-    AppController &_application;
+    Session &_session;
     WindowWorker _worker;
     MainView *_view;
     CommandSet *_commands;
+    FileCommands *_fileCommands;
     ExportController *_export;
     bool _openSidebar = true; ///< wanted on all tabs but Comparison
     bool _openSidebarForComparison = false;

@@ -9,6 +9,8 @@
 
 namespace quorvin {
 
+/// What of a file can be changed through a row of its Extended tree.
+
 /// The extended attribute that the row of that key in the Extended tree shows; absent when it shows none.
 std::optional<QString> attributeOfKey(const QString &key);
 

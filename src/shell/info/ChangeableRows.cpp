@@ -1,7 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "shell/info/FileKeys.h"
+#include "shell/info/ChangeableRows.h"
 
 #include <algorithm>
 #include <array>

@@ -3,13 +3,13 @@
 
 #pragma once
 
-#include <QFlags>
+#include "shell/commands/Tabs.h"
 
-#include <span>
+#include <QFlags>
 
 namespace quorvin {
 
-/// Everything a user can ask a window for.
+/// Everything a user can ask a window for, in the order of the menus.
 enum class Command {
     openEmptyWindow,
     openFile,
@@ -21,11 +21,13 @@ enum class Command {
     menuExportNew,
     closeWindow,
     quit,
+
     copy,
     copyGeneralInfo,
     selectAll,
     removeSelectedItems,
     openPreferences,
+
     selectGeneralTab,
     selectExtendedTab,
     selectComparisonTab,
@@ -34,11 +36,15 @@ enum class Command {
     clickWrapLongLines,
     expandAll,
     collapseAll,
+    toggleFullScreen,
+
     removeExtendedAttribute,
     touchDate,
-    toggleFullScreen,
+
     openAcknowledgments,
     openAboutPanel,
+
+    count, ///< how many there are; no command
 };
 
 /// What commands go by.
@@ -54,7 +60,10 @@ struct CommandState {
     bool selectsAttribute
         = false; ///< the one selected row of the Extended tree shows an attribute of the file
     bool selectsDate = false; ///< it shows a date that the file's own can be set to
-    int currentTab = 0;
+    Tab currentTab = Tab::General;
+
+    /// The Extended tree is on the screen and has rows.
+    constexpr bool showsTree() const { return hasRecord && currentTab == Tab::Extended; }
 };
 
 enum class CommandMenu { File, Edit, View, Help };
@@ -74,18 +83,14 @@ Q_DECLARE_OPERATORS_FOR_FLAGS(CommandPlaces)
 struct CommandRow {
     Command command;
     const char *text; ///< untranslated, with its mnemonic
-    const char *icon; ///< nullptr: none
-    const char *keys; ///< all ways to reach it, separated by "; "; nullptr: none
+    const char *icon = nullptr; ///< nullptr: none
+    const char *keys = nullptr; ///< all ways to reach it, separated by "; "; nullptr: none
     CommandMenu menu;
     int section; ///< a menu has a line between one section and the next
-    CommandPlaces places;
-    bool (*isEnabled)(const CommandState &); ///< nullptr: always
-    bool (*isChecked)(const CommandState &); ///< nullptr: it is no switch
+    CommandPlaces places = CommandPlace::Nowhere;
+    bool (*isEnabled)(const CommandState &) = nullptr; ///< nullptr: always
+    bool (*isChecked)(const CommandState &) = nullptr; ///< nullptr: it is no switch
     bool isHiddenWhileDisabled = false; ///< for what only few rows offer
 };
-
-/// The one table of commands, in the order of the menus; menus, tool bar and keys are built from it. The row
-/// of a command has its enumerator as index.
-std::span<const CommandRow> commandTable();
 
 } // namespace quorvin

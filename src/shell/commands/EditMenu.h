@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "shell/commands/Command.h"
+
+#include <QtGlobal>
+
+#include <array>
+
+namespace quorvin {
+
+/// What is copied, selected and taken out of the list.
+inline constexpr std::array kEditMenu{
+    CommandRow{.command = Command::copy,
+               .text = QT_TRANSLATE_NOOP("Commands", "&Copy"),
+               .icon = "edit-copy",
+               .keys = "Ctrl+C; Ctrl+Ins",
+               .menu = CommandMenu::Edit,
+               .section = 0,
+               .places = CommandPlace::FileMenu | CommandPlace::TreeMenu,
+               .isEnabled = [](const CommandState &state) { return state.canCopy; }},
+    CommandRow{.command = Command::copyGeneralInfo,
+               .text = QT_TRANSLATE_NOOP("Commands", "Copy &General Info"),
+               .keys = "Ctrl+Shift+C",
+               .menu = CommandMenu::Edit,
+               .section = 0,
+               .places = CommandPlace::FileMenu,
+               .isEnabled = [](const CommandState &state) { return state.hasRecord; }},
+    CommandRow{.command = Command::selectAll,
+               .text = QT_TRANSLATE_NOOP("Commands", "Select &All"),
+               .icon = "edit-select-all",
+               .keys = "Ctrl+A",
+               .menu = CommandMenu::Edit,
+               .section = 1,
+               .places = CommandPlace::TreeMenu,
+               .isEnabled = [](const CommandState &state) { return state.showsTree(); }},
+    CommandRow{.command = Command::removeSelectedItems,
+               .text = QT_TRANSLATE_NOOP("Commands", "&Remove from List"),
+               .icon = "list-remove",
+               .keys = "Del; Backspace",
+               .menu = CommandMenu::Edit,
+               .section = 1,
+               .places = CommandPlace::FileMenu | CommandPlace::ListArea,
+               .isEnabled = [](const CommandState &state) { return state.hasFiles; }},
+    CommandRow{.command = Command::openPreferences,
+               .text = QT_TRANSLATE_NOOP("Commands", "&Preferences…"),
+               .icon = "configure",
+               .keys = "Ctrl+,",
+               .menu = CommandMenu::Edit,
+               .section = 2},
+};
+
+} // namespace quorvin

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "shell/commands/Command.h"
+
+#include <QtGlobal>
+
+#include <array>
+
+namespace quorvin {
+
+/// What changes the file on the disk; the last section of the Edit menu.
+inline constexpr std::array kFileChanges{
+    CommandRow{.command = Command::removeExtendedAttribute,
+               .text = QT_TRANSLATE_NOOP("Commands", "Remove from the File…"),
+               .menu = CommandMenu::Edit,
+               .section = 3,
+               .places = CommandPlace::TreeMenu,
+               .isEnabled = [](const CommandState &state) { return state.selectsAttribute; },
+               .isHiddenWhileDisabled = true},
+    CommandRow{.command = Command::touchDate,
+               .text = QT_TRANSLATE_NOOP("Commands", "Set the File's Date to This"),
+               .menu = CommandMenu::Edit,
+               .section = 3,
+               .places = CommandPlace::TreeMenu,
+               .isEnabled = [](const CommandState &state) { return state.selectsDate; },
+               .isHiddenWhileDisabled = true},
+};
+
+} // namespace quorvin

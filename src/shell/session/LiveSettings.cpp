@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/session/LiveSettings.h"
+
+namespace quorvin {
+
+LiveSettings::LiveSettings(Settings &settings, QObject *parent) : QObject(parent), _settings(settings) { }
+
+void LiveSettings::set(Setting setting, const QVariant &value)
+{
+    const SettingRow &row = settingsTable()[static_cast<std::size_t>(setting)];
+    const auto typed = settingFromText(row.type, settingText(row.type, value));
+    if (!typed)
+        return;
+    const QString before = text(setting);
+    _settings.set(setting, *typed);
+    if (text(setting) != before)
+        Q_EMIT changed(setting);
+}
+
+} // namespace quorvin

@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/window/FileCommands.h"
+
+#include "filefacts/ExtendedAttributes.h"
+#include "shell/commands/CommandSet.h"
+#include "shell/desktop/FileManager.h"
+#include "shell/info/ChangeableRows.h"
+#include "shell/info/InfoView.h"
+#include "shell/outline/ExtendedOutline.h"
+#include "shell/window/MainView.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace quorvin {
+
+FileCommands::FileCommands(MainView &view, const WindowWorker &worker, QWidget *window)
+    : QObject(window), _view(view), _worker(worker), _window(window)
+{
+}
+
+void FileCommands::registerAt(CommandSet &commands)
+{
+    commands.on(Command::revealInFinder, [this] { revealInFinder(); });
+    commands.on(Command::removeExtendedAttribute, [this] { removeExtendedAttribute(); });
+    commands.on(Command::touchDate, [this] { touchDate(); });
+}
+
+const ExtTreeItem *FileCommands::selectedRow() const
+{
+    const InfoView &info = _view.info();
+    const bool isShown = _worker.currentQuorvinData() && info.currentTab() == Tab::Extended;
+    return isShown ? _view.info().outline().selectedItem() : nullptr;
+}
+
+void FileCommands::describe(CommandState &state) const
+{
+    const ExtTreeItem *row = selectedRow();
+    const QString key = row ? row->key().value_or(QString()) : QString();
+    state.selectsAttribute = attributeOfKey(key).has_value();
+    state.selectsDate = isTouchDateKey(key);
+}
+
+void FileCommands::revealInFinder()
+{
+    if (const auto path = _worker.currentFilePath())
+        revealInFileManager(*path);
+}
+
+void FileCommands::removeExtendedAttribute()
+{
+    const ExtTreeItem *row = selectedRow();
+    const auto attribute = row ? attributeOfKey(row->key().value_or(QString())) : std::nullopt;
+    if (!attribute)
+        return;
+    auto *question
+        = new QMessageBox(QMessageBox::Warning, tr("Remove from the File"),
+                          tr("Remove “%1” from the file?").arg(row->name()), QMessageBox::Cancel, _window);
+    question->setInformativeText(tr("It is taken from the file on the disk, and cannot be brought back."));
+    question->setAttribute(Qt::WA_DeleteOnClose);
+    question->setWindowModality(Qt::WindowModal);
+    const QPushButton *remove = question->addButton(tr("Remove"), QMessageBox::DestructiveRole);
+    question->setDefaultButton(QMessageBox::Cancel);
+    question->setEscapeButton(QMessageBox::Cancel);
+    connect(remove, &QPushButton::clicked, this, [this, attribute] {
+        _view.changeCurrentFile([attribute](const QString &path) {
+            return Utilities::removeExtendedAtrribute(*attribute, path);
+        });
+    });
+    question->open();
+}
+
+void FileCommands::touchDate()
+{
+    if (const ExtTreeItem *row = selectedRow())
+        _view.changeCurrentFile(
+            [date = row->stringValue()](const QString &path) { return Utilities::touchDate(date, path); });
+}
+
+} // namespace quorvin

@@ -1,0 +1,43 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "shell/commands/Command.h"
+
+#include <QObject>
+
+class QWidget;
+
+namespace quorvin {
+
+class CommandSet;
+class ExtTreeItem;
+class MainView;
+class WindowWorker;
+
+/// The commands that act on the current file itself: where it lies, and what of it can be changed through the
+/// selected row of the Extended tree. Main thread.
+class FileCommands : public QObject {
+    Q_OBJECT
+public:
+    /// Belongs to the window. The others must outlive this object.
+    FileCommands(MainView &view, const WindowWorker &worker, QWidget *window);
+
+    void registerAt(CommandSet &commands);
+    /// Adds what the selected row offers.
+    void describe(CommandState &state) const;
+
+private:
+    /// Null when the tree is not shown, or not one row is selected.
+    const ExtTreeItem *selectedRow() const;
+    void revealInFinder();
+    void removeExtendedAttribute();
+    void touchDate();
+
+    MainView &_view;
+    const WindowWorker &_worker;
+    QWidget *_window;
+};
+
+} // namespace quorvin

@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/window/OpenPanels.h"
+
+#include "platform/NativePath.h"
+#include "shell/commands/CommandSet.h"
+#include "shell/session/RecentFiles.h"
+
+#include <QAction>
+#include <QFileDialog>
+#include <QMenu>
+
+namespace quorvin {
+
+OpenPanels::OpenPanels(RecentFiles &recentFiles, QWidget *window)
+    : QObject(window), _recentFiles(recentFiles), _window(window)
+{
+}
+
+void OpenPanels::registerAt(CommandSet &commands)
+{
+    commands.on(Command::openFile, [this] { chooseFiles(tr("Open"), &OpenPanels::chosen); });
+    commands.on(Command::addFile, [this] { chooseFiles(tr("Add Files"), &OpenPanels::chosenToAdd); });
+    commands.on(Command::openDirectory, [this] { chooseFolder(); });
+    QMenu *file = commands.menu(CommandMenu::File);
+    auto *recent = new QMenu(tr("Open &Recent"), file);
+    file->insertMenu(commands.action(Command::addFile), recent);
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] { fillRecentMenu(recent); });
+}
+
+void OpenPanels::chooseFiles(const QString &title, void (OpenPanels::*done)(const QStringList &))
+{
+    auto *dialog = new QFileDialog(_window, title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    dialog->setWindowModality(Qt::WindowModal);
+    connect(dialog, &QFileDialog::filesSelected, this, done);
+    dialog->open();
+}
+
+void OpenPanels::chooseFolder()
+{
+    auto *dialog = new QFileDialog(_window, tr("Open Folder"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly);
+    connect(dialog, &QFileDialog::filesSelected, this, &OpenPanels::chosen);
+    dialog->open();
+}
+
+void OpenPanels::fillRecentMenu(QMenu *menu)
+{
+    menu->clear();
+    for (const QString &path : _recentFiles.paths()) {
+        QAction *action = menu->addAction(lastPathComponent(path).replace(u'&', QLatin1String("&&")));
+        action->setToolTip(path);
+        action->setStatusTip(path);
+        connect(action, &QAction::triggered, this, [this, path] { Q_EMIT chosen({path}); });
+    }
+    if (menu->isEmpty())
+        menu->addAction(tr("No Recent Files"))->setEnabled(false);
+    menu->addSeparator();
+    connect(menu->addAction(tr("&Clear List")), &QAction::triggered, this, [this] { _recentFiles.clear(); });
+    menu->setToolTipsVisible(true);
+}
+
+} // namespace quorvin

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/preferences/PreferencesWindowController.h"
+#include "shell/session/LiveSettings.h"
+#include "shell/session/RecentFiles.h"
+#include "support/TestFolder.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QSpinBox>
+
+#include <gtest/gtest.h>
+
+namespace quorvin {
+
+namespace {
+
+struct LiveSettingsTest : testing::Test {
+    test::TestFolder folder;
+    const QString path = folder / QStringLiteral("settings.ini");
+    Settings values{path};
+    LiveSettings settings{values};
+    std::vector<Setting> changes;
+
+    LiveSettingsTest()
+    {
+        QObject::connect(&settings, &LiveSettings::changed,
+                         [this](Setting setting) { changes.push_back(setting); });
+    }
+};
+
+} // namespace
+
+TEST_F(LiveSettingsTest, TellWhatHasAnotherValueThanBefore)
+{
+    settings.set(Setting::wrapLongLines, true);
+    EXPECT_TRUE(changes.empty()) << "it was true before";
+    settings.toggle(Setting::wrapLongLines);
+    EXPECT_FALSE(values.boolean(Setting::wrapLongLines));
+    settings.set(Setting::MTMode, QStringLiteral("4"));
+    EXPECT_EQ(settings.integer(Setting::MTMode), 4);
+    settings.set(Setting::MTMode, QStringLiteral("many"));
+    EXPECT_EQ(settings.integer(Setting::MTMode), 4) << "that is no number";
+    settings.set(Setting::sidebarWidth, 160.0);
+    EXPECT_EQ(changes, (std::vector{Setting::wrapLongLines, Setting::MTMode}));
+    const Settings later(path);
+    EXPECT_FALSE(later.boolean(Setting::wrapLongLines));
+    EXPECT_EQ(later.integer(Setting::MTMode), 4);
+}
+
+TEST_F(LiveSettingsTest, KeepTheNewestFilesOnce)
+{
+    RecentFiles recent(settings);
+    EXPECT_EQ(recent.paths(), QStringList());
+    QStringList many;
+    for (int i = 0; i < 20; ++i)
+        many.append(QStringLiteral("/f/%1, \"%1\"\n").arg(i));
+    recent.note(many);
+    EXPECT_EQ(recent.paths(), many.mid(0, RecentFiles::kMost));
+    recent.note({many[3]});
+    EXPECT_EQ(recent.paths().mid(0, 3), (QStringList{many[3], many[0], many[1]}));
+    EXPECT_EQ(recent.paths().size(), RecentFiles::kMost);
+    recent.clear();
+    EXPECT_TRUE(recent.paths().isEmpty());
+}
+
+TEST_F(LiveSettingsTest, PreferencesSetThemAndFollowThem)
+{
+    settings.set(Setting::colorScheme, QStringLiteral("dark"));
+    PreferencesWindowController window(settings);
+    auto *scheme = window.findChild<QComboBox *>(QStringLiteral("colorScheme"));
+    auto *size = window.findChild<QSpinBox *>(QStringLiteral("extFontSize"));
+    auto *wraps = window.findChild<QCheckBox *>(QStringLiteral("wrapLongLines"));
+    ASSERT_TRUE(scheme && size && wraps);
+    EXPECT_EQ(scheme->currentData().toString(), QStringLiteral("dark"));
+    EXPECT_TRUE(wraps->isChecked());
+
+    changes.clear();
+    settings.set(Setting::wrapLongLines, false);
+    settings.set(Setting::extFontSize, 20);
+    settings.set(Setting::colorScheme, QStringLiteral("light"));
+    EXPECT_FALSE(wraps->isChecked());
+    EXPECT_EQ(size->value(), 20);
+    EXPECT_EQ(scheme->currentData().toString(), QStringLiteral("light"));
+    EXPECT_EQ(changes.size(), 3U) << "a control that follows changes nothing";
+
+    wraps->click();
+    size->setValue(9);
+    EXPECT_TRUE(values.boolean(Setting::wrapLongLines));
+    EXPECT_EQ(values.integer(Setting::extFontSize), 9);
+    settings.set(Setting::extFontSize, 1'000);
+    EXPECT_EQ(values.integer(Setting::extFontSize), 1'000) << "what the box can't show stays";
+}
+
+} // namespace quorvin
