@@ -27,22 +27,24 @@ QByteArray nameOnDisk(const QString &name)
     return QString(kNameSpace + name).toUtf8();
 }
 
-/// Asks for the size and then for the bytes; again when the value grew in between.
+constexpr qsizetype kFirstTry = 256; ///< most attributes, and lists of them, are shorter
+
+/// Asks for the bytes; for the size only when they are more than most, and again when the value grew in
+/// between.
 template <typename Read>
 Expected<QByteArray> readSized(Read read)
 {
+    QByteArray bytes(kFirstTry, Qt::Uninitialized);
     for (;;) {
-        const ssize_t size = read(nullptr, 0);
+        const ssize_t length = read(bytes.data(), static_cast<std::size_t>(bytes.size()));
+        if (length >= 0) {
+            bytes.truncate(length);
+            return bytes;
+        }
+        const ssize_t size = errno == ERANGE ? read(nullptr, 0) : -1;
         if (size < 0)
             return posixFailure(errno);
-        QByteArray bytes(size, Qt::Uninitialized);
-        const ssize_t length = read(bytes.data(), static_cast<std::size_t>(size));
-        if (length < 0 && errno == ERANGE)
-            continue;
-        if (length < 0)
-            return posixFailure(errno);
-        bytes.truncate(length);
-        return bytes;
+        bytes.resize(size);
     }
 }
 

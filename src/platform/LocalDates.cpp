@@ -8,20 +8,36 @@
 #include <unicode/datefmt.h>
 #include <unicode/smpdtfmt.h>
 
+#include <cmath>
 #include <memory>
+#include <optional>
 
 namespace quorvin {
 
 namespace {
 
-QString formatted(const icu::DateFormat *format, qint64 milliseconds)
-{
-    if (!format)
-        return {};
-    icu::UnicodeString text;
-    format->format(static_cast<UDate>(milliseconds), text);
-    return QString::fromUtf16(text.getBuffer(), text.length());
-}
+/// A format that shows whole seconds. Files of one folder often share their dates, so the last text is kept.
+class SecondsFormat {
+public:
+    explicit SecondsFormat(std::unique_ptr<icu::DateFormat> format) : _format(std::move(format)) { }
+
+    QString text(qint64 milliseconds)
+    {
+        const auto second = static_cast<qint64>(std::floor(static_cast<double>(milliseconds) / 1000));
+        if (_format && _second != second) {
+            icu::UnicodeString text;
+            _format->format(static_cast<UDate>(milliseconds), text);
+            _text = QString::fromUtf16(text.getBuffer(), text.length());
+            _second = second;
+        }
+        return _text;
+    }
+
+private:
+    std::unique_ptr<icu::DateFormat> _format;
+    std::optional<qint64> _second;
+    QString _text;
+};
 
 std::unique_ptr<icu::DateFormat> makeFixedFormat()
 {
@@ -36,15 +52,16 @@ std::unique_ptr<icu::DateFormat> makeFixedFormat()
 QString localizedDate(qint64 milliseconds)
 {
     // A format takes longer to make than a record may; it is not safe to share between threads.
-    thread_local const std::unique_ptr<icu::DateFormat> format(icu::DateFormat::createDateTimeInstance(
-        icu::DateFormat::kLong, icu::DateFormat::kMedium, dateLocale()));
-    return formatted(format.get(), milliseconds);
+    thread_local SecondsFormat format(
+        std::unique_ptr<icu::DateFormat>(icu::DateFormat::createDateTimeInstance(
+            icu::DateFormat::kLong, icu::DateFormat::kMedium, dateLocale())));
+    return format.text(milliseconds);
 }
 
 QString fixedDate(qint64 milliseconds)
 {
-    thread_local const std::unique_ptr<icu::DateFormat> format = makeFixedFormat();
-    return formatted(format.get(), milliseconds);
+    thread_local SecondsFormat format(makeFixedFormat());
+    return format.text(milliseconds);
 }
 
 } // namespace quorvin

@@ -5,54 +5,19 @@
 
 #include "model/Log.h"
 #include "readers/image/ExifTables.h"
+#include "readers/image/ExifTagFaces.h"
 #include "readers/image/Exiv2Library.h"
 #include "readers/image/PrimaryImage.h"
 
 #include <algorithm>
 #include <array>
-#include <unordered_map>
+#include <sstream>
 
 namespace quorvin {
 
 namespace {
 
 using namespace Qt::StringLiterals;
-
-/// What all tags of one number in one directory have in common.
-struct TagFace {
-    TermPtr term; ///< null for a tag that stays out
-    std::string ifdName;
-};
-
-constexpr std::size_t kMaxFaces = 20'000;
-
-TagFace makeFace(const Exiv2::Exifdatum &datum)
-{
-    const std::string name = datum.tagName();
-    const std::string key = datum.key();
-    TagFace face{nullptr, datum.ifdName()};
-    std::string label = datum.tagLabel();
-    if (label.empty() || !exiv2::isValidText(label))
-        label = name;
-    const bool kept = !face.ifdName.empty() && !label.empty() && exiv2::isValidText(key)
-        && !skipExifTag(name, face.ifdName, key);
-    if (kept)
-        face.term = internTerm(QString::fromStdString(key), QString::fromStdString(label));
-    return face;
-}
-
-/// The library makes key and label anew at each call, which takes longer than printing most values.
-const TagFace &faceOf(const Exiv2::Exifdatum &datum)
-{
-    thread_local std::unordered_map<quint32, TagFace> faces;
-    if (faces.size() >= kMaxFaces)
-        faces.clear();
-    const auto number = static_cast<quint32>(datum.ifdId()) << 16 | datum.tag();
-    auto known = faces.find(number);
-    if (known == faces.end())
-        known = faces.emplace(number, makeFace(datum)).first;
-    return known->second;
-}
 
 constexpr std::array kBinaryTypes{
     Exiv2::undefined,   Exiv2::unsignedByte, Exiv2::signedByte, Exiv2::unsignedShort,
@@ -68,36 +33,75 @@ bool isLongerThan(const std::string &utf8, long characters)
     return utf8.size() > limit && QString::fromStdString(utf8).size() > characters;
 }
 
-/// The printed value, or a notice in place of one that is but a dump of bytes.
-std::string printedValue(const Exiv2::Exifdatum &datum, const Exiv2::ExifData &exif)
+/// Prints values as `Exifdatum::print` does, without a new stream for each.
+class ValuePrinter {
+public:
+    explicit ValuePrinter(const Exiv2::ExifData &exif) : _exif(exif) { }
+
+    std::string print(const Exiv2::Exifdatum &datum)
+    {
+        // Printers leave their marks on a stream.
+        _stream.copyfmt(_untouched);
+        _stream.clear();
+        _stream.str({});
+        datum.write(_stream, &_exif);
+        return std::string(_stream.view());
+    }
+
+private:
+    const Exiv2::ExifData &_exif;
+    std::ostringstream _stream;
+    const std::ios _untouched{nullptr};
+};
+
+bool isBinary(const Exiv2::Exifdatum &datum)
 {
-    const long size = datum.size();
-    const bool binary
-        = size > kLargestPlainBinary && std::ranges::find(kBinaryTypes, datum.typeId()) != kBinaryTypes.end();
-    std::string value;
-    if (!binary || size <= kLargestPrintedBinary)
-        value = datum.print(&exif);
-    if (binary && (size > kLargestPrintedBinary || isLongerThan(value, size)))
-        return "(Binary data, " + std::to_string(size) + " bytes)";
+    return datum.size() > kLargestPlainBinary
+        && std::ranges::find(kBinaryTypes, datum.typeId()) != kBinaryTypes.end();
+}
+
+/// Whether the text of a binary value would be longer than the value, without looking at the text: bytes as
+/// numbers take two characters each, and what is huge is taken to be so.
+bool isSurelyLonger(const Exiv2::Exifdatum &datum, const ExifTagFace &face)
+{
+    return datum.size() > kLargestPrintedBinary
+        || (face.printsAsItIs && dynamic_cast<const Exiv2::DataValue *>(&datum.value()));
+}
+
+/// The printed value, or a notice in place of one that is but a dump of bytes.
+std::string printedValue(const Exiv2::Exifdatum &datum, const ExifTagFace &face, ValuePrinter &printer)
+{
+    const bool binary = isBinary(datum);
+    const bool isDump = binary && isSurelyLonger(datum, face);
+    std::string value = isDump ? std::string() : printer.print(datum);
+    if (isDump || (binary && isLongerThan(value, datum.size())))
+        return "(Binary data, " + std::to_string(datum.size()) + " bytes)";
     return value;
 }
 
 void addTags(const Exiv2::ExifData &exif, TagList &tags)
 {
+    ValuePrinter printer(exif);
     for (const Exiv2::Exifdatum &datum : exif) {
-        const TagFace &face = faceOf(datum);
+        const ExifTagFace &face = faceOf(datum);
         if (!face.term)
             continue;
-        std::string value = printedValue(datum, exif);
+        std::string value = printedValue(datum, face, printer);
         if (!value.empty() && exiv2::isValidText(value))
             tags.append({face.term, std::move(value), face.ifdName});
     }
 }
 
+/// The library looks for its lens tags by their keys, one after the other, through everything it is given.
 void findLens(const Exiv2::ExifData &exif, ImageMetadata &result)
 {
-    const auto lens = Exiv2::lensName(exif);
-    if (lens != exif.end())
+    Exiv2::ExifData candidates;
+    for (const Exiv2::Exifdatum &datum : exif) {
+        if (faceOf(datum).namesLens)
+            candidates.add(datum);
+    }
+    const auto lens = Exiv2::lensName(candidates);
+    if (lens != candidates.end())
         result.lensName = exiv2::text(lens->print(&exif));
 }
 

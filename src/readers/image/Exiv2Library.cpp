@@ -5,6 +5,7 @@
 
 #include "model/Log.h"
 #include "platform/NativePath.h"
+#include "readers/image/DescriptorIo.h"
 
 #include <QByteArrayView>
 
@@ -42,6 +43,14 @@ bool isImageType(int type)
     return type != Exiv2::ImageType::none && std::ranges::find(kVideoTypes, type) == kVideoTypes.end();
 }
 
+std::unique_ptr<Exiv2::Image> openImage(Exiv2::BasicIo::AutoPtr io)
+{
+    if (io->open() != 0 || !isImageType(Exiv2::ImageFactory::getType(*io)))
+        return nullptr;
+    io->close();
+    return std::unique_ptr<Exiv2::Image>(Exiv2::ImageFactory::open(io).release());
+}
+
 } // namespace
 
 bool isBuiltInPrefix(const std::string &prefix)
@@ -65,11 +74,13 @@ void setUp()
 
 std::unique_ptr<Exiv2::Image> openImage(const QString &path)
 {
-    Exiv2::BasicIo::AutoPtr io(new Exiv2::FileIo(encodePath(path).toStdString()));
-    if (io->open() != 0 || !isImageType(Exiv2::ImageFactory::getType(*io)))
-        return nullptr;
-    io->close();
-    return std::unique_ptr<Exiv2::Image>(Exiv2::ImageFactory::open(io).release());
+    return openImage(Exiv2::BasicIo::AutoPtr(new Exiv2::FileIo(encodePath(path).toStdString())));
+}
+
+std::unique_ptr<Exiv2::Image> openImage(const RegularFile &file)
+{
+    const std::string path = encodePath(file.resolvedPath()).toStdString();
+    return openImage(Exiv2::BasicIo::AutoPtr(new DescriptorIo(file.descriptor(), file.size(), path)));
 }
 
 std::unique_ptr<Exiv2::Image> openImage(QByteArrayView bytes)

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "platform/RegularFile.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -27,6 +29,8 @@ bool isBuiltInPrefix(const std::string &prefix);
 /// that it would read: its readers of videos loop, abort and free twice on damaged files. Throws what the
 /// library throws.
 std::unique_ptr<Exiv2::Image> openImage(const QString &path);
+/// The same for a file that is open already, and must stay so for as long as the image is used.
+std::unique_ptr<Exiv2::Image> openImage(const RegularFile &file);
 /// The same for bytes, which must outlive the image.
 std::unique_ptr<Exiv2::Image> openImage(QByteArrayView bytes);
 

@@ -121,6 +121,13 @@ void takeImageFacts(const HeifImage &image, const std::vector<QSize> &thumbnails
 
 } // namespace
 
+bool isHeifType(const QString &mimeType)
+{
+    constexpr std::array kTypes{QLatin1String("image/heic"), QLatin1String("image/heif"),
+                                QLatin1String("image/avif")};
+    return std::ranges::find(kTypes, mimeType) != kTypes.end();
+}
+
 std::optional<QStringList> compatibleBrands(QByteArrayView head)
 {
     if (head.size() < 12)

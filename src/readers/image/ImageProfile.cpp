@@ -7,8 +7,6 @@
 #include "pictures/ColorProfile.h"
 #include "readers/image/Exiv2Library.h"
 
-#include <sstream>
-
 namespace quorvin {
 
 namespace {
@@ -28,9 +26,8 @@ QByteArray profileInExif(const Exiv2::Image &image)
 
 QByteArray embeddedProfile(Exiv2::Image &image)
 {
-    std::ostringstream out;
-    image.printStructure(out, Exiv2::kpsIccProfile, 0);
-    return out ? QByteArray::fromStdString(out.str()) : QByteArray();
+    const Exiv2::DataBuf &profile = *image.iccProfile();
+    return {reinterpret_cast<const char *>(profile.pData_), profile.size_};
 }
 
 } // namespace

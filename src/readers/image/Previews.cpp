@@ -4,6 +4,7 @@
 #include "readers/image/Previews.h"
 
 #include "model/Log.h"
+#include "readers/image/ExifTagFaces.h"
 
 #include <algorithm>
 
@@ -43,30 +44,61 @@ bool hasCutThumbnailResource(const Exiv2::Image &image)
     return std::ranges::any_of(image.nativePreviews(), isCut);
 }
 
-QString line(const Exiv2::PreviewImage &preview)
+constexpr char kJpegType[] = "image/jpeg";
+constexpr std::string_view kXmpThumbnails = "Xmp.xmp.Thumbnails";
+
+/// Whether there is anything from which the library could make a preview.
+bool mayHavePreviews(const Exiv2::Image &image)
 {
-    return QStringLiteral("%1 x %2 (%3, %4 bytes)")
-        .arg(preview.width())
-        .arg(preview.height())
-        .arg(QString::fromStdString(preview.mimeType()))
-        .arg(preview.size());
+    return !image.nativePreviews().empty()
+        || std::ranges::any_of(image.exifData(),
+                               [](const Exiv2::Exifdatum &datum) { return faceOf(datum).pointsToPreview; })
+        || std::ranges::any_of(image.xmpData(), [](const Exiv2::Xmpdatum &datum) {
+               return datum.key().starts_with(kXmpThumbnails);
+           });
 }
 
-void listPreviews(const Exiv2::Image &image, bool keepThumb, ImageMetadata &result)
+/// The library looks for previews by some ninety keys, each through all tags.
+void eraseAllButPreviews(Exiv2::ExifData &exif)
 {
-    if (hasCutThumbnailResource(image))
+    for (auto datum = exif.begin(); datum != exif.end();)
+        datum = faceOf(*datum).servesPreviews ? std::next(datum) : exif.erase(datum);
+}
+
+QString line(const Exiv2::PreviewProperties &preview, std::size_t size)
+{
+    return QStringLiteral("%1 x %2 (%3, %4 bytes)")
+        .arg(preview.width_)
+        .arg(preview.height_)
+        .arg(QString::fromStdString(preview.mimeType_))
+        .arg(size);
+}
+
+/// A JPEG that the library has measured is as long as its properties say. Native previews it has not looked
+/// at, and others are made when they are fetched.
+std::size_t sizeOf(const Exiv2::PreviewProperties &preview, const Exiv2::PreviewManager &manager,
+                   bool isMeasured)
+{
+    return isMeasured && preview.mimeType_ == kJpegType ? preview.size_
+                                                        : manager.getPreviewImage(preview).size();
+}
+
+void listPreviews(Exiv2::Image &image, bool keepThumb, ImageMetadata &result)
+{
+    if (!mayHavePreviews(image) || hasCutThumbnailResource(image))
         return;
+    eraseAllButPreviews(image.exifData());
     const Exiv2::PreviewManager manager(image);
     const Exiv2::PreviewPropertiesList list = manager.getPreviewProperties();
     result.thumbCount = QString::number(list.size());
     if (list.empty())
         return;
+    const bool isMeasured = image.nativePreviews().empty();
     std::vector<PreviewKind> kinds;
     QStringList lines;
     for (const Exiv2::PreviewProperties &properties : list) {
-        const Exiv2::PreviewImage preview = manager.getPreviewImage(properties);
-        kinds.push_back({preview.height(), preview.mimeType() == "image/jpeg"});
-        lines.append(line(preview));
+        kinds.push_back({static_cast<quint32>(properties.height_), properties.mimeType_ == kJpegType});
+        lines.append(line(properties, sizeOf(properties, manager, isMeasured)));
     }
     result.previews = std::move(lines);
     if (!keepThumb)
@@ -89,8 +121,7 @@ std::size_t chosenPreview(const std::vector<PreviewKind> &previews)
                                     : static_cast<std::size_t>(chosen - previews.begin());
 }
 
-void prepareThumbnails(const Exiv2::Image &image, const QString &filepath, bool keepThumb,
-                       ImageMetadata &result)
+void prepareThumbnails(Exiv2::Image &image, const QString &filepath, bool keepThumb, ImageMetadata &result)
 {
     try {
         listPreviews(image, keepThumb, result);

@@ -22,9 +22,9 @@ struct PreviewKind {
 std::size_t chosenPreview(const std::vector<PreviewKind> &previews);
 
 /// Lists the previews that an open, read image embeds and, with `keepThumb`, keeps the bytes of the chosen
-/// one. A failure of the library is logged, with `filepath`, and leaves but the number.
-void prepareThumbnails(const Exiv2::Image &image, const QString &filepath, bool keepThumb,
-                       ImageMetadata &result);
+/// one. A failure of the library is logged, with `filepath`, and leaves but the number. Erases the Exif tags
+/// that have nothing to do with previews, so call it last.
+void prepareThumbnails(Exiv2::Image &image, const QString &filepath, bool keepThumb, ImageMetadata &result);
 
 inline constexpr quint32 kTallPreview = 256;
 

@@ -5,7 +5,6 @@
 
 #include "model/Vocabulary.h"
 
-#include <QHash>
 #include <QString>
 
 #include <optional>
@@ -36,9 +35,16 @@ public:
     std::optional<QString> value(const QString &key) const;
 
 private:
+    static constexpr quint32 kFree = ~quint32{0};
+
+    /// Where the key stands in the table, or the free slot for it.
+    std::size_t slotOf(const QString &key) const;
+    const ImageTag *find(const QString &key) const;
+    void grow();
+
     std::vector<ImageTag> _tags; ///< one a key
-    std::vector<std::size_t> _order; ///< places in `_tags`
-    QHash<QString, std::size_t> _places;
+    std::vector<quint32> _order; ///< places in `_tags`
+    std::vector<quint32> _slots; ///< places in `_tags` by the hash of their keys, at most half full
 };
 
 } // namespace quorvin

@@ -35,10 +35,12 @@ Expected<ImageMetadata> metadataOf(Exiv2::Image &image, const QString &filepath,
     if (image.mimeType() == "image/generic")
         return failure(kNotAnImage);
     ImageMetadata result;
+    result.mimeType = QString::fromStdString(image.mimeType());
+    if (isHeifType(*result.mimeType))
+        return result;
     prepareExif(image, result);
     prepareIptc(image, result);
     prepareXmp(image, result);
-    result.mimeType = QString::fromStdString(image.mimeType());
     takeLibrarySize(image, result);
     prepareColorProfile(image, result);
     prepareThumbnails(image, filepath, keepThumb, result);
@@ -78,7 +80,13 @@ QString oEXIV2::heifVersion()
 
 Expected<oEXIV2> oEXIV2::initWithFilename(const QString &path, bool keepThumb)
 {
-    return guardedMetadata([&] { return exiv2::openImage(path); }, path, keepThumb).map(wrapped);
+    return RegularFile::open(path).and_then(
+        [&](const RegularFile &file) { return initWithFile(file, path, keepThumb); });
+}
+
+Expected<oEXIV2> oEXIV2::initWithFile(const RegularFile &file, const QString &path, bool keepThumb)
+{
+    return guardedMetadata([&] { return exiv2::openImage(file); }, path, keepThumb).map(wrapped);
 }
 
 Expected<oEXIV2> oEXIV2::initWithMemData(QByteArrayView bytes, bool keepThumb)

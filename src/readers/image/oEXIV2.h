@@ -4,6 +4,7 @@
 #pragma once
 
 #include "model/Error.h"
+#include "platform/RegularFile.h"
 #include "readers/image/ImageMetadata.h"
 
 #include <QByteArrayView>
@@ -24,6 +25,9 @@ public:
     /// file of another kind, a video, a damaged file. Without `keepThumb` the preview that stands for the
     /// file is not kept.
     static Expected<oEXIV2> initWithFilename(const QString &path, bool keepThumb = true);
+    /// The same for a file that is open; `path` is its name for the log. Of a HEIF or AVIF file only the MIME
+    /// type is there.
+    static Expected<oEXIV2> initWithFile(const RegularFile &file, const QString &path, bool keepThumb);
     /// The same for the bytes of a file.
     static Expected<oEXIV2> initWithMemData(QByteArrayView bytes, bool keepThumb = true);
     /// Reads a HEIF or AVIF file with libheif. Fails for one that it refuses.

@@ -106,6 +106,35 @@ TEST(ImageRecord, ChoiceOfThePreview)
     EXPECT_EQ(chosenPreview(Kinds{{120, true}, {255, true}, {90, false}}), 2U);
 }
 
+TEST(ImageRecord, PreviewsAreThoseOfTheWholeMetadata)
+{
+    Exiv2::ExifData exif = photoExif();
+    exif["Exif.GPSInfo.GPSLatitudeRef"] = "N";
+    const QByteArray small = picture("JPEG", {48, 32});
+    Exiv2::ExifThumb(exif).setJpegThumbnail(reinterpret_cast<const Exiv2::byte *>(small.constData()),
+                                            static_cast<long>(small.size()));
+    const QByteArray file = withMetadata(picture("JPEG"), exif);
+    const auto *bytes = reinterpret_cast<const Exiv2::byte *>(file.constData());
+    const auto whole = Exiv2::ImageFactory::open(bytes, static_cast<long>(file.size()));
+    whole->readMetadata();
+    const Exiv2::PreviewManager manager(*whole);
+    const auto properties = manager.getPreviewProperties();
+    ASSERT_EQ(properties.size(), 1U);
+    const auto preview = manager.getPreviewImage(properties.front());
+
+    const auto read = oEXIV2::initWithMemData(file);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->data().previews,
+              QStringList(QStringLiteral("48 x 32 (image/jpeg, %1 bytes)").arg(preview.size())));
+    EXPECT_EQ(read->data().thumb,
+              QByteArray(reinterpret_cast<const char *>(preview.pData()), preview.size()));
+    EXPECT_EQ(read->data().exif.count(), whole->exifData().count() - 2) << "but for the pointers";
+
+    // Nothing to look into: nothing is asked.
+    EXPECT_EQ(oEXIV2::initWithMemData(withMetadata(picture("JPEG"), photoExif()))->data().thumbCount,
+              QStringLiteral("0"));
+}
+
 TEST(ImageRecord, CoverIsThePreviewOrTheSlowWay)
 {
     const auto cover = [](const ImageMetadata &metadata, bool slow, const QByteArray &file) {
