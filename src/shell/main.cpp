@@ -9,16 +9,21 @@
 #include "shell/app/AppController.h"
 #include "shell/app/Application.h"
 #include "shell/app/StartArguments.h"
+#include "shell/desktop/BackgroundRun.h"
 
 #include <QIcon>
 #include <QMimeDatabase>
 #include <QThreadPool>
 
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 
 using namespace quorvin;
 
 namespace {
+
+constexpr std::chrono::seconds kPatience(3); ///< with background work when the program ends
 
 void nameApplication()
 {
@@ -43,6 +48,14 @@ void prepareInBackground()
     });
 }
 
+int runWindows(Settings &settings, const QStringList &paths)
+{
+    AppController controller(settings);
+    controller.isReachable = controller.service().claim(QDBusConnection::sessionBus());
+    controller.doWorkInNewWindow(paths);
+    return QApplication::exec();
+}
+
 int run(const StartArguments &arguments)
 {
     Settings settings(Settings::userPath());
@@ -55,10 +68,12 @@ int run(const StartArguments &arguments)
     if (!settings.boolean(Setting::readerProcesses))
         RecordBuilder::setupLibraries();
     prepareInBackground();
-    AppController controller(settings);
-    controller.isReachable = controller.service().claim(QDBusConnection::sessionBus());
-    controller.doWorkInNewWindow(arguments.paths);
-    return QApplication::exec();
+    const int status = runWindows(settings, arguments.paths);
+    // An export that was under way takes away what is not complete. What hangs longer than that on a dead
+    // disk is not to see the program fall apart around it.
+    if (!BackgroundRunBase::awaitThreads(kPatience))
+        std::_Exit(status);
+    return status;
 }
 
 } // namespace
@@ -67,7 +82,7 @@ int main(int argc, char **argv)
 {
     const auto arguments = parseStartArguments(decodeWords(argc, argv));
     if (!arguments)
-        return wrongCall(arguments.error());
+        return wrongCall(arguments.error().description);
     if (arguments->answer) {
         std::fputs(arguments->answer->toUtf8().constData(), stdout);
         return 0;

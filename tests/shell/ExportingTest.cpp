@@ -5,7 +5,6 @@
 #include "shell/exporting/ExportController.h"
 #include "shell/exporting/ExportSheet.h"
 #include "shell/session/LiveSettings.h"
-#include "support/Events.h"
 #include "support/TestFolder.h"
 #include "support/TestRecords.h"
 
@@ -23,9 +22,9 @@ using test::TestFolder;
 
 namespace {
 
-ExportRun::Task task(const QString &path, bool toFolder, std::size_t count = 2)
+ExportTask task(const QString &path, bool toFolder, std::size_t count = 2)
 {
-    ExportRun::Task made;
+    ExportTask made;
     made.exporter.setFormat(u"json"_s);
     made.entries.assign(count, test::movieEntry());
     made.path = path;
@@ -33,15 +32,16 @@ ExportRun::Task task(const QString &path, bool toFolder, std::size_t count = 2)
     return made;
 }
 
-/// Runs it to its end and gives the failures.
-QStringList outcome(ExportRun &run, ExportRun::Task task)
+/// The failures of an export that is stopped once so many entries are written.
+QStringList outcome(const ExportTask &task, int stopAfter = 1'000)
 {
-    QStringList failures{u"no end"_s};
-    const QObject context;
-    QObject::connect(&run, &ExportRun::ended, &context, [&](const QStringList &told) { failures = told; });
-    run.start(std::move(task));
-    test::spinUntil([&] { return !run.isUnderWay(); });
-    return failures;
+    std::stop_source source;
+    const RunControl control(source.get_token(), [&](int done, int total) {
+        EXPECT_EQ(total, int(task.entries.size()));
+        if (done == stopAfter)
+            source.request_stop();
+    });
+    return writeExport(task, control);
 }
 
 } // namespace
@@ -49,34 +49,31 @@ QStringList outcome(ExportRun &run, ExportRun::Task task)
 TEST(Exporting, WritesOneDocumentOrOneForEachFile)
 {
     const TestFolder folder;
-    ExportRun run;
-    EXPECT_EQ(outcome(run, task(folder / u"all.json"_s, false)), QStringList());
+    EXPECT_EQ(outcome(task(folder / u"all.json"_s, false)), QStringList());
     EXPECT_EQ(test::contentOf(folder / u"all.json"_s),
               test::exported(u"json"_s, {test::movieEntry(), test::movieEntry()}));
-    EXPECT_EQ(outcome(run, task(folder.path(), true)), QStringList());
+    EXPECT_EQ(outcome(task(folder.path(), true)), QStringList());
     EXPECT_EQ(folder.names().join(u'|'), u"all.json|one (1).json|one.json"_s);
 }
 
 TEST(Exporting, FailureNamesThePathAndTheReason)
 {
-    ExportRun run;
-    const QString reason = outcome(run, task(u"/none/all.json"_s, false)).join(u'|');
+    const QString reason = outcome(task(u"/none/all.json"_s, false)).join(u'|');
     EXPECT_TRUE(reason.contains(u"No such file or directory"_s)) << reason.toStdString();
-    EXPECT_EQ(outcome(run, task(u"/none"_s, true)).size(), 2) << "each document is tried";
+    EXPECT_EQ(outcome(task(u"/none"_s, true)).size(), 2) << "each document is tried";
 }
 
-TEST(Exporting, CancelLeavesNoHalfFile)
+TEST(Exporting, StoppedItLeavesCompleteDocumentsAndNoHalfOne)
 {
     const TestFolder folder;
-    ExportRun run;
-    int ends = 0;
-    QObject::connect(&run, &ExportRun::ended, &run, [&] { ++ends; });
-    run.start(task(folder / u"all.json"_s, false, 200'000));
-    run.cancel();
-    EXPECT_FALSE(run.isUnderWay());
-    QApplication::processEvents();
-    EXPECT_EQ(ends, 0);
+    EXPECT_EQ(outcome(task(folder / u"all.json"_s, false, 5), 2), QStringList());
     EXPECT_EQ(folder.names(), QStringList());
+    EXPECT_EQ(outcome(task(folder / u"all.json"_s, false, 5), 5), QStringList());
+    EXPECT_EQ(folder.names(), QStringList()) << "it was not wanted any more when it was complete";
+    EXPECT_EQ(outcome(task(folder.path(), true, 5), 2), QStringList());
+    EXPECT_EQ(folder.names().join(u'|'), u"one (1).json|one.json"_s);
+    for (const QString &name : folder.names())
+        EXPECT_EQ(test::contentOf(folder / name), test::exported(u"json"_s, {test::movieEntry()}));
 }
 
 TEST(Exporting, SheetStartsFromTheLastExportAndKeepsTheNext)

@@ -3,6 +3,7 @@
 
 #include "shell/app/AppController.h"
 
+#include "model/Log.h"
 #include "model/Version.h"
 #include "shell/app/Application.h"
 #include "shell/commands/CommandSet.h"
@@ -155,8 +156,12 @@ void AppController::openAboutPanel(QWidget *parent)
 void AppController::openAcknowledgments()
 {
     const auto folder = _session.temporaryFolders.makeFolder(QStringLiteral("Acknowledgments"));
-    const QString path = folder.value_or(QString()) + QLatin1String("/Acknowledgments.html");
-    if (folder && QFile::copy(QStringLiteral(":/Acknowledgments.html"), path))
+    if (!folder) {
+        qCInfo(lcQuorvin).noquote() << "Failed to make a temporary folder:" << folder.error().description;
+        return;
+    }
+    const QString path = *folder + QLatin1String("/Acknowledgments.html");
+    if (QFile::copy(QStringLiteral(":/Acknowledgments.html"), path))
         QDesktopServices::openUrl(QUrl::fromLocalFile(path));
 }
 

@@ -26,7 +26,7 @@ constexpr QLatin1String
 
 } // namespace
 
-tl::expected<StartArguments, QString> parseStartArguments(const QStringList &words)
+Expected<StartArguments> parseStartArguments(const QStringList &words)
 {
     StartArguments arguments;
     bool onlyPaths = false;
@@ -45,7 +45,7 @@ tl::expected<StartArguments, QString> parseStartArguments(const QStringList &wor
         else if (word == QLatin1String("--version") || word == QLatin1String("-v"))
             arguments.answer = QStringLiteral("quorvin %1\n").arg(programVersion());
         else
-            return tl::unexpected(QStringLiteral("there is no option '%1'").arg(word));
+            return failure(QStringLiteral("there is no option '%1'").arg(word));
     }
     return arguments;
 }

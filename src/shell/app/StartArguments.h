@@ -3,10 +3,10 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QString>
 #include <QStringList>
-
-#include <tl/expected.hpp>
 
 #include <optional>
 
@@ -22,6 +22,6 @@ struct StartArguments {
 
 /// `words` are those of the command line without the program's name, decoded as paths are. What looks like an
 /// address of a file is one. The error is one line, for a person to read.
-tl::expected<StartArguments, QString> parseStartArguments(const QStringList &words);
+Expected<StartArguments> parseStartArguments(const QStringList &words);
 
 } // namespace quorvin

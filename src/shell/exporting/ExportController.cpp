@@ -36,7 +36,6 @@ QFileDialog *makeDialog(QWidget *window, const QString &title)
 ExportController::ExportController(LiveSettings &settings, QWidget *window)
     : QObject(window), _settings(settings), _window(window)
 {
-    connect(&_run, &ExportRun::ended, this, &ExportController::tellFailures);
 }
 
 void ExportController::menuExportNew(std::vector<ExportEntry> entries)
@@ -53,7 +52,7 @@ void ExportController::menuExportNew(std::vector<ExportEntry> entries)
 
 void ExportController::choosePlace(const ExportSheet &sheet)
 {
-    ExportRun::Task task;
+    ExportTask task;
     task.exporter.setFormat(sheet.format());
     task.exporter.setSkipFilePrivate(sheet.skipFilePrivate());
     task.entries = std::exchange(_entries, {});
@@ -64,7 +63,7 @@ void ExportController::choosePlace(const ExportSheet &sheet)
         chooseFile(std::move(task));
 }
 
-void ExportController::chooseFile(ExportRun::Task task)
+void ExportController::chooseFile(ExportTask task)
 {
     QFileDialog *dialog = makeDialog(_window, tr("Export"));
     const QString extension = QuorvinExporter::extensionForExportFormat(task.exporter.format());
@@ -74,25 +73,34 @@ void ExportController::chooseFile(ExportRun::Task task)
     dialog->setLabelText(QFileDialog::Accept, tr("Export"));
     dialog->selectFile(presetName(task.entries) + u'.' + extension);
     connect(dialog, &QFileDialog::fileSelected, this, [this, task = std::move(task)](const QString &path) {
-        ExportRun::Task chosen = task;
+        ExportTask chosen = task;
         chosen.path = path;
-        _run.start(std::move(chosen));
+        start(std::move(chosen));
     });
     dialog->open();
 }
 
-void ExportController::chooseFolder(ExportRun::Task task)
+void ExportController::chooseFolder(ExportTask task)
 {
     QFileDialog *dialog = makeDialog(_window, tr("Select folder to save the files"));
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setLabelText(QFileDialog::Accept, tr("Select"));
     connect(dialog, &QFileDialog::fileSelected, this, [this, task = std::move(task)](const QString &path) {
-        ExportRun::Task chosen = task;
+        ExportTask chosen = task;
         chosen.path = path;
-        _run.start(std::move(chosen));
+        start(std::move(chosen));
     });
     dialog->open();
+}
+
+void ExportController::start(ExportTask task)
+{
+    if (_run.isUnderWay())
+        return;
+    _run.start(
+        "Export", [task = std::move(task)](const RunControl &control) { return writeExport(task, control); },
+        [this](const QStringList &failures) { tellFailures(failures); });
 }
 
 void ExportController::tellFailures(const QStringList &failures)

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "shell/exporting/ExportRun.h"
+#include "shell/exporting/ExportTask.h"
 
 #include <QObject>
 
@@ -24,18 +24,20 @@ public:
 
     /// Shows the sheet for these files.
     void menuExportNew(std::vector<ExportEntry> entries);
-    ExportRun &run() { return _run; }
+    /// The export that is under way, which ends with the window.
+    BackgroundRunBase &run() { return _run; }
 
 private:
     void choosePlace(const ExportSheet &sheet);
-    void chooseFile(ExportRun::Task task);
-    void chooseFolder(ExportRun::Task task);
+    void chooseFile(ExportTask task);
+    void chooseFolder(ExportTask task);
+    void start(ExportTask task);
     void tellFailures(const QStringList &failures);
 
     LiveSettings &_settings;
     QWidget *_window;
     std::vector<ExportEntry> _entries; ///< of the sheet that is open
-    ExportRun _run;
+    BackgroundRun<QStringList> _run;
 };
 
 } // namespace quorvin

@@ -44,21 +44,18 @@ TemporaryFolders::~TemporaryFolders()
                                     << _own->errorString();
 }
 
-std::optional<QString> TemporaryFolders::makeFolder(const QString &name)
+Expected<QString> TemporaryFolders::makeFolder(const QString &name)
 {
     if (!_own) {
         auto folder
             = std::make_unique<QTemporaryDir>(QDir::tempPath() + u'/' + kPrefix + QLatin1String("XXXXXX"));
-        if (!folder->isValid()) {
-            qCInfo(lcQuorvin).noquote() << "Failed to make a temporary folder:" << folder->errorString();
-            return std::nullopt;
-        }
+        if (!folder->isValid())
+            return failure(folder->errorString());
         _lock = lockOf(folder->path());
         _lock->tryLock(0);
         _own = std::move(folder);
     }
-    const auto made = Utilities::createUniqueFolder(_own->filePath(name));
-    return made ? std::optional(*made) : std::nullopt;
+    return Utilities::createUniqueFolder(_own->filePath(name));
 }
 
 void TemporaryFolders::removeLeftovers()

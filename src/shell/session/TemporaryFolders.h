@@ -3,13 +3,14 @@
 
 #pragma once
 
+#include "model/Error.h"
+
 #include <QLockFile>
 #include <QString>
 #include <QStringList>
 #include <QTemporaryDir>
 
 #include <memory>
-#include <optional>
 
 namespace quorvin {
 
@@ -23,9 +24,8 @@ public:
     TemporaryFolders(const TemporaryFolders &) = delete;
     TemporaryFolders &operator=(const TemporaryFolders &) = delete;
 
-    /// Makes a new empty folder of that name, or of the first free "name (1)"; absent on failure, which is
-    /// logged.
-    std::optional<QString> makeFolder(const QString &name);
+    /// Makes a new empty folder of that name, or of the first free "name (1)", and gives its path.
+    Expected<QString> makeFolder(const QString &name);
     /// A folder elsewhere that is to go with this run.
     void add(const QString &path) { _tempFiles.append(path); }
 

@@ -158,16 +158,15 @@ void MainWindowController::connectView()
 
 void MainWindowController::connectExport()
 {
-    ExportRun &run = _export->run();
+    BackgroundRunBase &run = _export->run();
     WorkNote &note = _view->statusLine().exporting();
-    connect(&run, &ExportRun::started, &note, &WorkNote::start);
-    connect(&run, &ExportRun::progressed, &note,
-            [&note, &run](int done) { note.setText(tr("Exporting: %1 of %2").arg(done).arg(run.count())); });
-    connect(&run, &ExportRun::ended, &note, &WorkNote::end);
-    connect(&note, &WorkNote::cancelled, &run, &ExportRun::cancel);
-    connect(&note, &WorkNote::cancelled, &note, &WorkNote::end);
-    for (const auto signal : {&WorkNote::started, &WorkNote::ended})
-        connect(&note, signal, this, &MainWindowController::validateCommands);
+    connect(&run, &BackgroundRunBase::started, &note, &WorkNote::start);
+    connect(&run, &BackgroundRunBase::progressed, &note,
+            [&note](int done, int total) { note.setText(tr("Exporting: %1 of %2").arg(done).arg(total)); });
+    connect(&run, &BackgroundRunBase::ended, &note, &WorkNote::end);
+    connect(&note, &WorkNote::cancelled, &run, &BackgroundRunBase::cancel);
+    for (const auto signal : {&BackgroundRunBase::started, &BackgroundRunBase::ended})
+        connect(&run, signal, this, &MainWindowController::validateCommands);
 }
 
 void MainWindowController::restoreFrame()
