@@ -27,7 +27,7 @@ QLabel *centredLabel()
 } // namespace
 
 EmptyPane::EmptyPane(QString iconName, QWidget *parent)
-    : QWidget(parent),
+    : Pane(parent),
       _iconName(std::move(iconName)),
       _picture(centredLabel()),
       _title(centredLabel()),
@@ -71,7 +71,7 @@ void EmptyPane::drawPicture()
 
 void EmptyPane::changeEvent(QEvent *event)
 {
-    QWidget::changeEvent(event);
+    Pane::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         drawPicture();
 }

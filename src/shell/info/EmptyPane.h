@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include <QWidget>
+#include "shell/info/Pane.h"
 
 class QLabel;
 class QPushButton;
@@ -12,7 +12,7 @@ class QVBoxLayout;
 namespace quorvin {
 
 /// What stands where there is nothing to show: a picture in outline, why there is nothing, and what to do.
-class EmptyPane : public QWidget {
+class EmptyPane final : public Pane {
     Q_OBJECT
 public:
     explicit EmptyPane(QString iconName, QWidget *parent = nullptr);
@@ -22,6 +22,7 @@ public:
     QPushButton *addButton(const QString &text, ButtonPlace place);
 
 protected:
+    void fill(const QuorvinData *) override { }
     void changeEvent(QEvent *event) override;
 
 private:

@@ -9,6 +9,7 @@
 #include "shell/info/CoverView.h"
 #include "shell/outline/OutlineDelegate.h"
 
+#include <QClipboard>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -43,7 +44,7 @@ ExtTreeItems treeOf(const std::vector<GeneralLine> &lines)
 
 } // namespace
 
-GeneralPane::GeneralPane(QWidget *parent) : QWidget(parent), _cover(new CoverView(this))
+GeneralPane::GeneralPane(QWidget *parent) : Pane(parent), _cover(new CoverView(this))
 {
     auto *facts = new QGridLayout;
     facts->setHorizontalSpacing(kGrid);
@@ -67,7 +68,7 @@ GeneralPane::GeneralPane(QWidget *parent) : QWidget(parent), _cover(new CoverVie
     all->addLayout(top);
     setUpStreams();
     all->addWidget(_streams, 1);
-    clear();
+    empty();
 }
 
 GeneralPane::Fact GeneralPane::addFact(QGridLayout *grid, int row, const QString &heading)
@@ -115,10 +116,10 @@ void GeneralPane::setUpStreams()
     _streams->setPalette(palette);
     connect(_streams, &QTreeView::activated, this, &GeneralPane::activate);
     connect(_streams->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &GeneralPane::selectionDidChange);
+            &Pane::selectionDidChange);
 }
 
-void GeneralPane::clear()
+void GeneralPane::empty()
 {
     ++_shown;
     _cover->clear();
@@ -128,10 +129,12 @@ void GeneralPane::clear()
     _streamsTree.setContent({});
 }
 
-void GeneralPane::showRecord(const QuorvinData &record)
+void GeneralPane::fill(const QuorvinData *record)
 {
-    clear();
-    const GeneralFacts &general = record.generalInfo();
+    empty();
+    if (!record)
+        return;
+    const GeneralFacts &general = record->generalInfo();
     setFact(_kind, general.fileKind.value_or(QString()));
     setFact(_format, general.format);
     setFact(_size, general.filesize);
@@ -145,7 +148,7 @@ void GeneralPane::showRecord(const QuorvinData &record)
         setFact(_secondary, general.imageSizeMP.value_or(QString()));
         _secondary.heading->show();
     }
-    showCover(record);
+    showCover(*record);
     _streamsTree.setContent(treeOf(general.lines));
     fitColumns();
 }
@@ -169,26 +172,26 @@ void GeneralPane::showCover(const QuorvinData &record)
         });
 }
 
-void GeneralPane::setWrapLongLines(bool wraps)
+void GeneralPane::setLook(const RowLook &look)
 {
-    _delegate->wrapsLongLines = wraps;
-    Q_EMIT _delegate->sizeHintChanged({});
-}
-
-void GeneralPane::setTreeFont(const QFont &font)
-{
-    _streams->setFont(font);
+    _delegate->wrapsLongLines = look.wrapsLongLines;
+    _streams->setFont(look.font);
     fitColumns();
 }
 
-QString GeneralPane::selectedText() const
+bool GeneralPane::canCopy() const
+{
+    return _streams->hasFocus() && _streams->selectionModel()->hasSelection();
+}
+
+void GeneralPane::copy() const
 {
     QModelIndexList rows = _streams->selectionModel()->selectedRows();
     std::ranges::sort(rows, {}, &QModelIndex::row);
     QStringList lines;
     for (const QModelIndex &row : std::as_const(rows))
         lines.append(_streamsTree.itemAt(row)->extValue());
-    return lines.join(u'\n');
+    QGuiApplication::clipboard()->setText(lines.join(u'\n'));
 }
 
 void GeneralPane::activate(const QModelIndex &index)
@@ -215,7 +218,7 @@ void GeneralPane::fitColumns()
 
 void GeneralPane::resizeEvent(QResizeEvent *event)
 {
-    QWidget::resizeEvent(event);
+    Pane::resizeEvent(event);
     // A narrow window keeps room for the facts.
     const int side = std::clamp(std::min(width() * 2 / 5, height() * 1 / 2), 64, CoverView::kSide);
     _cover->setFixedSize(side, side);

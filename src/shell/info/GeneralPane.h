@@ -3,10 +3,8 @@
 
 #pragma once
 
-#include "model/QuorvinData.h"
+#include "shell/info/Pane.h"
 #include "shell/outline/ExtTreeModel.h"
-
-#include <QWidget>
 
 class QGridLayout;
 class QLabel;
@@ -18,27 +16,22 @@ class CoverView;
 class OutlineDelegate;
 
 /// What the General tab says of a file: a cover, four labelled facts, and a line for each stream.
-class GeneralPane : public QWidget {
+class GeneralPane final : public Pane {
     Q_OBJECT
 public:
     explicit GeneralPane(QWidget *parent = nullptr);
 
-    void clear();
-    void showRecord(const QuorvinData &record);
-
-    void setWrapLongLines(bool wraps);
-    void setTreeFont(const QFont &font);
-
+    bool canCopy() const override;
     /// The stream lines that are selected, as text.
-    QString selectedText() const;
-    QTreeView *streams() const { return _streams; }
+    void copy() const override;
+    void setLook(const RowLook &look) override;
 
 Q_SIGNALS:
     void streamActivated(const QString &key, quint64 streamIndex);
     void locationActivated();
-    void selectionDidChange();
 
 protected:
+    void fill(const QuorvinData *record) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
@@ -50,6 +43,7 @@ private:
     Fact addFact(QGridLayout *grid, int row, const QString &heading);
     void setFact(const Fact &fact, const QString &value);
     void setUpStreams();
+    void empty();
     void showCover(const QuorvinData &record);
     void activate(const QModelIndex &index);
     void fitColumns();

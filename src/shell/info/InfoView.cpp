@@ -3,16 +3,13 @@
 
 #include "shell/info/InfoView.h"
 
-#include "shell/commands/CommandSet.h"
 #include "shell/info/EmptyPane.h"
+#include "shell/info/ExtendedPane.h"
 #include "shell/info/GeneralPane.h"
-#include "shell/outline/ExtendedOutline.h"
 #include "shell/session/LiveSettings.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QPushButton>
-#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -37,24 +34,25 @@ InfoView::InfoView(const LiveSettings &settings, QWidget *parent)
       _settings(settings),
       _pages(new QStackedWidget),
       _noFile(new EmptyPane(QStringLiteral("drop-files"))),
-      _general(new GeneralPane),
-      _outline(new ExtendedOutline),
       _failure(new EmptyPane(QStringLiteral("dialog-warning"))),
+      _general(new GeneralPane),
+      _extended(new ExtendedPane),
       _comparison(new EmptyPane(QStringLiteral("view-columns"))),
       _custom(new EmptyPane(QStringLiteral("view-report"))),
+      _panes{_noFile, _failure, _general, _extended, _comparison, _custom},
       _progress(new QProgressBar(this))
 {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(_pages);
-    for (QWidget *page :
-         std::initializer_list<QWidget *>{_noFile, _general, _outline, _failure, _comparison, _custom})
-        _pages->addWidget(page);
+    for (Pane *pane : _panes)
+        _pages->addWidget(pane);
     _noFile->setTexts(tr("Drop files or folders here"),
                       tr("or press Ctrl+O for files, Ctrl+Shift+O for a folder"));
-    _comparison->setTexts(tr("Nothing to compare"),
-                          tr("The files of the list stand side by side here, once they can be compared."));
-    _custom->setTexts(tr("No report"), tr("The reports of the libraries themselves stand here."));
+    _comparison->setTexts(tr("Nothing to compare"), tr("This version does not compare files."));
+    _custom->setTexts(tr("No report"),
+                      tr("This version shows no reports of the libraries in the window; “quorvin-cli raw” "
+                         "prints them."));
     _progress->setRange(0, 0);
     _progress->setTextVisible(false);
     _progress->setFixedSize(180, 8);
@@ -75,13 +73,12 @@ void InfoView::connectPanes()
             &InfoView::openWanted);
     connect(_failure->addButton(tr("&Try Again"), EmptyPane::UnderHint), &QPushButton::clicked, this,
             &InfoView::retryWanted);
-    connect(_general, &GeneralPane::selectionDidChange, this, &InfoView::selectionDidChange);
-    connect(_outline, &ExtendedOutline::selectionDidChange, this, &InfoView::selectionDidChange);
-    connect(_outline, &ExtendedOutline::menuWanted, this, &InfoView::menuWanted);
+    for (const Pane *pane : _panes)
+        connect(pane, &Pane::selectionDidChange, this, &InfoView::selectionDidChange);
+    connect(_extended, &ExtendedPane::menuWanted, this, &InfoView::menuWanted);
     connect(_general, &GeneralPane::streamActivated, this, [this](const QString &key, quint64 streamIndex) {
         Q_EMIT tabWanted(Tab::Extended);
-        _outline->showGroup(key, streamIndex);
-        _outline->setFocus();
+        _extended->showGroup(key, streamIndex);
     });
 }
 
@@ -91,30 +88,25 @@ void InfoView::setCurrentTab(Tab tab)
     showPage();
 }
 
-void InfoView::showPage()
+Pane *InfoView::wantedPane() const
 {
-    QWidget *page = _noFile;
-    if (_tab == Tab::Comparison && _hasFile)
-        page = _comparison;
-    else if (_tab == Tab::Custom && _hasFile)
-        page = _custom;
-    else if (_hasFailed)
-        page = _failure;
-    else if (_tab == Tab::Extended && _hasFile)
-        page = _outline;
-    else if (_hasFile)
-        page = _general;
-    if (page == _outline)
-        fillOutline();
-    _pages->setCurrentWidget(page);
+    if (!_hasFile)
+        return _noFile;
+    if (_tab == Tab::Comparison)
+        return _comparison;
+    if (_tab == Tab::Custom)
+        return _custom;
+    if (_hasFailed)
+        return _failure;
+    return _tab == Tab::Extended ? static_cast<Pane *>(_extended) : _general;
 }
 
-void InfoView::fillOutline()
+void InfoView::showPage()
 {
-    if (_outlineIsFilled)
-        return;
-    _outlineIsFilled = true;
-    _outline->setContent(_record ? _record->extendedContent() : ExtTreeItems());
+    Pane *wanted = wantedPane();
+    for (Pane *pane : _panes)
+        pane->setCurrent(pane == wanted);
+    _pages->setCurrentWidget(wanted);
 }
 
 void InfoView::showNoFile()
@@ -128,18 +120,17 @@ void InfoView::clear()
 {
     _hasFile = true;
     _hasFailed = false;
-    _record = nullptr;
-    _outlineIsFilled = false;
-    _general->clear();
+    for (Pane *pane : _panes)
+        pane->clear();
     showPage();
 }
 
 void InfoView::showRecord(const QuorvinDataPtr &record)
 {
-    clear();
-    _record = record;
-    _outlineIsFilled = false;
-    _general->showRecord(*record);
+    _hasFile = true;
+    _hasFailed = false;
+    for (Pane *pane : _panes)
+        pane->showRecord(record);
     showPage();
 }
 
@@ -165,39 +156,38 @@ void InfoView::stopWorking()
 
 void InfoView::applySettings()
 {
-    QFont treeFont = QApplication::font();
+    const QFont usual = QApplication::font();
+    RowLook look;
+    look.font = usual;
     const double scale = _settings.integer(Setting::extFontSize) / kUsualFontSize;
-    treeFont.setPointSizeF(std::max(treeFont.pointSizeF() * scale, 4.0));
-    _outline->setFont(treeFont);
-    _general->setTreeFont(treeFont);
+    look.font.setPointSizeF(std::max(usual.pointSizeF() * scale, 4.0));
     const double rows = _settings.integer(Setting::extRowHeight) / kUsualRowHeight;
-    _outline->setRowHeight(static_cast<int>((QFontMetrics(QApplication::font()).height() + 4) * rows));
-    const bool wraps = _settings.boolean(Setting::wrapLongLines);
-    _outline->setWrapLongLines(wraps);
-    _general->setWrapLongLines(wraps);
-    _outline->setRightAlignsParameters(_settings.boolean(Setting::extParameterRightAlign));
+    look.height = static_cast<int>((QFontMetrics(usual).height() + 4) * rows);
+    look.wrapsLongLines = _settings.boolean(Setting::wrapLongLines);
+    look.rightAlignsParameters = _settings.boolean(Setting::extParameterRightAlign);
+    for (Pane *pane : _panes)
+        pane->setLook(look);
 }
 
-void InfoView::registerAt(CommandSet &commands)
+ExtendedOutline &InfoView::outline()
 {
-    commands.on(Command::selectAll, [this] { _outline->selectAll(); });
-    commands.on(Command::expandAll, [this] { _outline->expandAllIn(); });
-    commands.on(Command::collapseAll, [this] { _outline->collapseAllIn(); });
+    return _extended->outline();
+}
+
+void InfoView::registerAt(CommandSet &commands) const
+{
+    for (Pane *pane : _panes)
+        pane->registerAt(commands);
 }
 
 bool InfoView::canCopy() const
 {
-    if (_outline->hasFocus())
-        return _outline->canCopy();
-    return _general->streams()->hasFocus() && !_general->selectedText().isEmpty();
+    return wantedPane()->canCopy();
 }
 
 void InfoView::copy() const
 {
-    if (_outline->hasFocus())
-        _outline->copy();
-    else
-        QApplication::clipboard()->setText(_general->selectedText());
+    wantedPane()->copy();
 }
 
 void InfoView::resizeEvent(QResizeEvent *event)

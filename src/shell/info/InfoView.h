@@ -10,13 +10,17 @@
 #include <QStackedWidget>
 #include <QWidget>
 
+#include <array>
+
 namespace quorvin {
 
 class CommandSet;
 class EmptyPane;
 class ExtendedOutline;
+class ExtendedPane;
 class GeneralPane;
 class LiveSettings;
+class Pane;
 
 /// The tabs of a window and what they show of the current file, in fonts and heights that follow the
 /// settings. Main thread.
@@ -41,13 +45,12 @@ public:
     void stopWorking();
 
     /// What the panes can do on command.
-    void registerAt(CommandSet &commands);
-    /// What has the keyboard has something to copy.
+    void registerAt(CommandSet &commands) const;
+    /// The pane that is shown has something to copy.
     bool canCopy() const;
     void copy() const;
 
-    ExtendedOutline &outline() { return *_outline; }
-    GeneralPane &general() { return *_general; }
+    ExtendedOutline &outline();
 
 Q_SIGNALS:
     void openWanted();
@@ -64,23 +67,23 @@ private:
     void connectPanes();
     /// Fonts, row heights, wrapping and alignment.
     void applySettings();
-    void fillOutline();
+    /// The pane to be looked at, as file and tab are.
+    Pane *wantedPane() const;
     void showPage();
 
     const LiveSettings &_settings;
     QStackedWidget *_pages;
     EmptyPane *_noFile;
-    GeneralPane *_general;
-    ExtendedOutline *_outline;
     EmptyPane *_failure;
+    GeneralPane *_general;
+    ExtendedPane *_extended;
     EmptyPane *_comparison;
     EmptyPane *_custom;
+    const std::array<Pane *, 6> _panes; ///< all of these
     QProgressBar *_progress;
     Tab _tab = Tab::General;
     bool _hasFile = false;
     bool _hasFailed = false;
-    QuorvinDataPtr _record;
-    bool _outlineIsFilled = false; ///< shows the record; while the tab is hidden it need not
 };
 
 } // namespace quorvin

@@ -61,9 +61,21 @@ int ExtTreeModel::rowCount(const QModelIndex &parent) const
 QVariant ExtTreeModel::data(const QModelIndex &index, int role) const
 {
     const ExtTreeItem *item = itemAt(index);
-    if (!item || role != Qt::DisplayRole)
+    if (!item)
         return {};
-    return index.column() == Name ? item->name() : item->stringValue();
+    const StyledText *styled = index.column() == Value && item->value() ? &*item->value() : nullptr;
+    switch (role) {
+    case Qt::DisplayRole:
+        return index.column() == Name ? item->name() : item->stringValue();
+    case GroupRole:
+        return !item->value();
+    case ItalicRole:
+        return styled ? static_cast<int>(styled->italicLength) : 0;
+    case TitleRole:
+        return styled ? static_cast<int>(styled->titleStart) : -1;
+    default:
+        return {};
+    }
 }
 
 QVariant ExtTreeModel::headerData(int section, Qt::Orientation orientation, int role) const

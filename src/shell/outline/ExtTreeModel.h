@@ -16,6 +16,12 @@ class ExtTreeModel : public QAbstractItemModel {
     Q_OBJECT
 public:
     enum Columns { Name, Value, ColumnCount };
+    /// How a cell is to be drawn; its text is the display role.
+    enum Roles {
+        GroupRole = Qt::UserRole, ///< bool: the row stands over others and has no value
+        ItalicRole, ///< int: so many letters of the beginning are italic; 0 for none
+        TitleRole, ///< int: from this letter on the text is a title; -1 for none
+    };
 
     using QAbstractItemModel::QAbstractItemModel;
 

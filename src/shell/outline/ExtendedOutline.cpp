@@ -4,6 +4,7 @@
 #include "shell/outline/ExtendedOutline.h"
 
 #include "export/HtmlText.h"
+#include "shell/outline/OutlineDelegate.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -23,8 +24,7 @@ constexpr int kFirstNameWidth = 220;
 
 } // namespace
 
-ExtendedOutline::ExtendedOutline(QWidget *parent)
-    : QTreeView(parent), _delegate(new ExtendedOutlineDelegate(this))
+ExtendedOutline::ExtendedOutline(QWidget *parent) : QTreeView(parent), _delegate(new OutlineDelegate(this))
 {
     setModel(&_content);
     setItemDelegate(_delegate);
@@ -45,9 +45,9 @@ ExtendedOutline::ExtendedOutline(QWidget *parent)
         if (_isToggling || !item)
             return;
         if (opens)
-            _delegate->shouldExpandItem(*item, false);
+            _groups.shouldExpandItem(*item, false);
         else
-            _delegate->shouldCollapseItem(*item);
+            _groups.shouldCollapseItem(*item);
     };
     connect(this, &QTreeView::expanded, this, [noteToggle](const QModelIndex &i) { noteToggle(i, true); });
     connect(this, &QTreeView::collapsed, this, [noteToggle](const QModelIndex &i) { noteToggle(i, false); });
@@ -74,7 +74,7 @@ void ExtendedOutline::expandAllItems()
             if (!item->children())
                 continue;
             setFirstColumnSpanned(row, above, true);
-            setExpanded(index, _delegate->shouldExpandItem(*item, true));
+            setExpanded(index, _groups.shouldExpandItem(*item, true));
             open.push_back(index);
         }
     }
@@ -92,13 +92,13 @@ void ExtendedOutline::setAllExpanded(bool expanded)
 
 void ExtendedOutline::expandAllIn()
 {
-    _delegate->expandAll();
+    _groups.expandAll();
     setAllExpanded(true);
 }
 
 void ExtendedOutline::collapseAllIn()
 {
-    _delegate->collapseAll();
+    _groups.collapseAll();
     setAllExpanded(false);
 }
 

@@ -4,13 +4,15 @@
 #pragma once
 
 #include "shell/outline/ExtTreeModel.h"
-#include "shell/outline/ExtendedOutlineDelegate.h"
+#include "shell/outline/GroupMemory.h"
 
 #include <QTreeView>
 
 class QMimeData;
 
 namespace quorvin {
+
+class OutlineDelegate;
 
 /// The tree of all parameters of a file. Remembers over files which groups are open; a click on a disclosure
 /// sign with Ctrl opens or closes all.
@@ -64,7 +66,8 @@ private:
     QModelIndexList selectedRowsInOrder() const;
 
     ExtTreeModel _content;
-    ExtendedOutlineDelegate *_delegate;
+    GroupMemory _groups;
+    OutlineDelegate *_delegate;
     bool _isToggling = false; ///< groups open and close without the user
 };
 

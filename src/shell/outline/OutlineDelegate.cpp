@@ -24,24 +24,16 @@ constexpr qsizetype kMostCharacters = 4'000;
 constexpr int kMargin = 6; ///< beside a cell's text
 constexpr int kLead = 2; ///< above and below it
 
-QTextLayout::FormatRange formatRange(qsizetype start, qsizetype length, const QTextCharFormat &format)
-{
-    return {static_cast<int>(start), static_cast<int>(length), format};
-}
-
 /// The title and the beginning stand in italics.
-QList<QTextLayout::FormatRange> formatsOf(const StyledText &text)
+QList<QTextLayout::FormatRange> formatsOf(const QModelIndex &index, qsizetype length)
 {
     QList<QTextLayout::FormatRange> formats;
-    QTextCharFormat format;
-    if (text.italicLength > 0) {
-        format.setFontItalic(true);
-        formats.append(formatRange(0, text.italicLength, format));
-    }
-    if (text.hasTitle()) {
-        format.setFontItalic(true);
-        formats.append(formatRange(text.titleStart, text.plain.size() - text.titleStart, format));
-    }
+    QTextCharFormat italic;
+    italic.setFontItalic(true);
+    if (const int beginning = index.data(ExtTreeModel::ItalicRole).toInt(); beginning > 0)
+        formats.append({0, beginning, italic});
+    if (const int title = index.data(ExtTreeModel::TitleRole).toInt(); title >= 0 && title < length)
+        formats.append({title, static_cast<int>(length) - title, italic});
     return formats;
 }
 
@@ -85,16 +77,10 @@ struct OutlineDelegate::Cell {
 
 OutlineDelegate::OutlineDelegate(QTreeView *outline) : QStyledItemDelegate(outline), _outline(outline) { }
 
-const ExtTreeItem *OutlineDelegate::itemAt(const QModelIndex &index) const
-{
-    return static_cast<const ExtTreeModel *>(_outline->model())->itemAt(index);
-}
-
 OutlineDelegate::Cell OutlineDelegate::cellOf(const QStyleOptionViewItem &option,
                                               const QModelIndex &index) const
 {
-    const ExtTreeItem *item = itemAt(index);
-    const bool isGroup = !item->value();
+    const bool isGroup = index.data(ExtTreeModel::GroupRole).toBool();
     Cell cell;
     cell.text = index.data().toString();
     if (cell.text.size() > kMostCharacters)
@@ -105,8 +91,7 @@ OutlineDelegate::Cell OutlineDelegate::cellOf(const QStyleOptionViewItem &option
     cell.isTopGroup = isGroup && !index.parent().isValid();
     const bool toTheRight = index.column() == ExtTreeModel::Name && !isGroup && rightAlignsParameters;
     cell.alignment = toTheRight ? Qt::AlignTrailing : Qt::AlignLeading;
-    if (index.column() == ExtTreeModel::Value && item->value())
-        cell.formats = formatsOf(*item->value());
+    cell.formats = formatsOf(index, cell.text.size());
     return cell;
 }
 

@@ -10,15 +10,12 @@ class QTreeView;
 
 namespace quorvin {
 
-class ExtTreeItem;
-class ExtTreeModel;
-
 /// Draws the cells of a tree of parameters: wrapped or shortened, titles and beginnings in their own fonts,
 /// groups bold. A row is as high as its highest cell. A tip shows what was shortened.
 class OutlineDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
-    /// The delegate of a tree whose model is an `ExtTreeModel`.
+    /// The delegate of a tree of two columns, whose model answers the roles of an `ExtTreeModel`.
     explicit OutlineDelegate(QTreeView *outline);
 
     /// Room above the name of a group at the top, beyond that of other rows.
@@ -33,10 +30,6 @@ public:
                const QModelIndex &index) const override;
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
-
-protected:
-    QTreeView *outline() const { return _outline; }
-    const ExtTreeItem *itemAt(const QModelIndex &index) const;
 
 private:
     struct Cell;

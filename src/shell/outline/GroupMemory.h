@@ -3,9 +3,8 @@
 
 #pragma once
 
-#include "shell/outline/OutlineDelegate.h"
-
 #include <QSet>
+#include <QString>
 
 #include <optional>
 
@@ -13,12 +12,9 @@ namespace quorvin {
 
 class ExtTreeItem;
 
-/// Remembers which groups of the Extended tree the user has closed, from file to file.
-class ExtendedOutlineDelegate : public OutlineDelegate {
-    Q_OBJECT
+/// Which groups of the Extended tree the user has closed, from file to file.
+class GroupMemory {
 public:
-    using OutlineDelegate::OutlineDelegate;
-
     /// What names a group across files: its key, with the stream's number where it has one. Absent for what
     /// is no group.
     static std::optional<QString> treeIdForItem(const ExtTreeItem &item);

@@ -1,13 +1,13 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "shell/outline/ExtendedOutlineDelegate.h"
+#include "shell/outline/GroupMemory.h"
 
 #include "model/ExtTreeItem.h"
 
 namespace quorvin {
 
-std::optional<QString> ExtendedOutlineDelegate::treeIdForItem(const ExtTreeItem &item)
+std::optional<QString> GroupMemory::treeIdForItem(const ExtTreeItem &item)
 {
     if (!item.isGroupTree() || !item.key())
         return std::nullopt;
@@ -15,7 +15,7 @@ std::optional<QString> ExtendedOutlineDelegate::treeIdForItem(const ExtTreeItem 
                                         : *item.key() + QString::number(item.mediaStreamIndex());
 }
 
-bool ExtendedOutlineDelegate::shouldExpandItem(const ExtTreeItem &item, bool expandingAll)
+bool GroupMemory::shouldExpandItem(const ExtTreeItem &item, bool expandingAll)
 {
     const auto id = treeIdForItem(item);
     if (!id)
@@ -27,14 +27,14 @@ bool ExtendedOutlineDelegate::shouldExpandItem(const ExtTreeItem &item, bool exp
     return true;
 }
 
-bool ExtendedOutlineDelegate::shouldCollapseItem(const ExtTreeItem &item)
+bool GroupMemory::shouldCollapseItem(const ExtTreeItem &item)
 {
     if (const auto id = treeIdForItem(item))
         note(*id, false);
     return true;
 }
 
-void ExtendedOutlineDelegate::note(const QString &id, bool isOpen)
+void GroupMemory::note(const QString &id, bool isOpen)
 {
     if (isOpen == (_treesMode == TreesMode::AllOpen))
         _excludedTrees.remove(id);
@@ -42,13 +42,13 @@ void ExtendedOutlineDelegate::note(const QString &id, bool isOpen)
         _excludedTrees.insert(id);
 }
 
-void ExtendedOutlineDelegate::expandAll()
+void GroupMemory::expandAll()
 {
     _treesMode = TreesMode::AllOpen;
     _excludedTrees.clear();
 }
 
-void ExtendedOutlineDelegate::collapseAll()
+void GroupMemory::collapseAll()
 {
     _treesMode = TreesMode::AllClosed;
     _excludedTrees.clear();

@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/info/Pane.h"
+
+namespace quorvin {
+
+void Pane::showRecord(const QuorvinDataPtr &record)
+{
+    if (!record && !_record)
+        return;
+    _record = record;
+    _isFilled = false;
+    fillIfCurrent();
+}
+
+void Pane::setCurrent(bool isCurrent)
+{
+    _isCurrent = isCurrent;
+    fillIfCurrent();
+}
+
+void Pane::fillIfCurrent()
+{
+    if (!_isCurrent || std::exchange(_isFilled, true))
+        return;
+    fill(_record.get());
+}
+
+} // namespace quorvin
