@@ -35,15 +35,15 @@ void windowRun(benchmark::State &state)
         QApplication::processEvents();
         QElapsedTimer timer;
         timer.start();
-        MainView &view = window->myView();
-        view.processFiles(paths);
-        while (!view.canExport() || !window->worker().processingIsDone()) {
+        FilelistController &files = window->files();
+        files.processFiles(paths);
+        while (!files.canExport() || !window->worker().processingIsDone()) {
             const double turn = bench::secondsOf([] { QApplication::processEvents(); });
             stall = std::max(stall, turn);
-            if (first == 0 && view.canExport())
+            if (first == 0 && files.canExport())
                 first = static_cast<double>(timer.elapsed()) * kMillisecond;
         }
-        view.processFiles(paths);
+        files.processFiles(paths);
         while (window->worker().countProcessed() == 0)
             QApplication::processEvents();
         close = std::max(close, bench::secondsOf([&] { window->close(); }));

@@ -33,6 +33,8 @@ class DataCacherDelegate {
 public:
     virtual ~DataCacherDelegate() = default;
     virtual void dataCacherNewObjectReady(const DataCacherDelivery &delivery) = 0;
+    /// All deliveries that had come have been handed over, one by one.
+    virtual void dataCacherDidDeliver() { }
 };
 
 /// Analyses the files of one window, or of one call, on a small pool of threads, and posts each result to the

@@ -58,6 +58,8 @@ void DataCacherMailbox::customEvent(QEvent *)
         if (delegate)
             delegate->dataCacherNewObjectReady(delivery);
     }
+    if (delegate)
+        delegate->dataCacherDidDeliver();
     _isDelivering = wasDelivering;
 }
 

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "shell/filelist/FilelistModel.h"
+#include "shell/filelist/FilelistRow.h"
 #include "shell/outline/ExtTreeModel.h"
 #include "shell/outline/ExtendedOutline.h"
 #include "support/TestFolder.h"
@@ -95,14 +96,14 @@ TEST(FilelistModel, TellsHowAFileStands)
     failed->setIsDone(true);
     failed->setResult(nullptr, QStringLiteral("it is bad"));
     model.setFiles({waiting, failed});
-    EXPECT_EQ(model.index(0).data(FilelistModel::StateRole).toInt(), FilelistModel::Waiting);
-    EXPECT_EQ(model.index(1).data(FilelistModel::StateRole).toInt(), FilelistModel::Failed);
+    EXPECT_EQ(model.index(0).data(FilelistRow::StateRole).toInt(), FilelistRow::Waiting);
+    EXPECT_EQ(model.index(1).data(FilelistRow::StateRole).toInt(), FilelistRow::Failed);
     EXPECT_TRUE(model.index(1).data(Qt::ToolTipRole).toString().contains(QStringLiteral("it is bad")));
     EXPECT_TRUE(model.index(1).data(Qt::AccessibleTextRole).toString().contains(QStringLiteral("it is bad")));
     EXPECT_TRUE(model.index(0).data(Qt::AccessibleTextRole).toString().contains(QStringLiteral("waiting")));
     waiting->setResult(std::make_shared<const QuorvinData>(RecordContents()), {});
     waiting->setIsDone(true);
-    EXPECT_EQ(model.index(0).data(FilelistModel::StateRole).toInt(), FilelistModel::Ready);
+    EXPECT_EQ(model.index(0).data(FilelistRow::StateRole).toInt(), FilelistRow::Ready);
 }
 
 TEST(ExtTreeModel, IsATreeOfTwoColumns)

@@ -4,7 +4,6 @@
 #include "shell/app/AppController.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/commands/CommandTable.h"
-#include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/outline/ExtendedOutline.h"
 #include "shell/window/MainView.h"
@@ -39,11 +38,12 @@ struct Window : testing::Test {
     AppController application{settings};
     MainWindowController *window = application.openEmptyWindow();
     MainView *view = &window->myView();
+    FilelistController *list = &window->files();
 
     QString files() const
     {
         QStringList names;
-        for (const FilelistItemPtr &file : view->filelist())
+        for (const FilelistItemPtr &file : list->filelist())
             names.append(file->prefixedPath());
         return names.join(u' ');
     }
@@ -53,7 +53,7 @@ struct Window : testing::Test {
     }
     bool awaitDone() const
     {
-        return spinUntil([this] { return window->worker().processingIsDone() && !view->isWalking(); });
+        return spinUntil([this] { return window->worker().processingIsDone() && !list->isWalking(); });
     }
     QString total() const
     {
@@ -80,8 +80,8 @@ struct Window : testing::Test {
         QApplication::sendEvent(window, &event);
         EXPECT_EQ(event.dropAction(), Qt::CopyAction) << "nobody is to remove the source";
         int changes = 0;
-        const auto connection
-            = QObject::connect(view, &MainView::windowArrangedFilelistDidChange, [&changes] { ++changes; });
+        const auto connection = QObject::connect(list, &FilelistController::windowArrangedFilelistDidChange,
+                                                 [&changes] { ++changes; });
         EXPECT_TRUE(spinUntil([&] { return changes > 0; }));
         QObject::disconnect(connection);
     }
@@ -102,7 +102,7 @@ TEST_F(Window, StartsEmptyAndShowsWhatItIsGiven)
         << total().toStdString();
     EXPECT_FALSE(window->isUntouched());
     EXPECT_EQ(application.session().recentFiles.paths().size(), 2);
-    EXPECT_TRUE(view->canExportAll());
+    EXPECT_TRUE(list->canExportAll());
 }
 
 TEST_F(Window, FailedFilesStayWithTheirReasonAndCanBeTriedAgain)
@@ -111,15 +111,15 @@ TEST_F(Window, FailedFilesStayWithTheirReasonAndCanBeTriedAgain)
     window->processUrls({later, test::sample(QStringLiteral("tone.wav"))});
     ASSERT_TRUE(awaitDone());
     EXPECT_EQ(files(), QStringLiteral("later.wav tone.wav"));
-    EXPECT_TRUE(view->filelist()[0]->isFailed());
-    EXPECT_FALSE(view->filelist()[0]->failureReason().isEmpty());
+    EXPECT_TRUE(list->filelist()[0]->isFailed());
+    EXPECT_FALSE(list->filelist()[0]->failureReason().isEmpty());
     EXPECT_FALSE(window->commands().action(Command::copyGeneralInfo)->isEnabled());
 
     folder.write(QStringLiteral("later.wav"), test::contentOf(test::sample(QStringLiteral("tone.wav"))));
     window->commands().run(Command::refreshInfo);
     const QAction *copy = window->commands().action(Command::copyGeneralInfo);
     ASSERT_TRUE(spinUntil([copy] { return copy->isEnabled(); }));
-    EXPECT_FALSE(view->filelist()[0]->isFailed());
+    EXPECT_FALSE(list->filelist()[0]->isFailed());
     EXPECT_EQ(window->worker().countProcessed(), 2) << "a refreshed file counts once";
     window->commands().run(Command::copyGeneralInfo);
     EXPECT_TRUE(QApplication::clipboard()->text().startsWith(QStringLiteral("later.wav\n---------\n")));
@@ -153,19 +153,19 @@ TEST_F(Window, TheSelectedFileIsTheOneShown)
     for (int i = 0; i < 40; ++i)
         folder.write(QStringLiteral("d/%1.txt").arg(i));
     window->processUrls({folder / QStringLiteral("d")});
-    ASSERT_TRUE(spinUntil([this] { return view->filelist().size() == 40; }));
-    view->table().selectRow(35);
+    ASSERT_TRUE(spinUntil([this] { return list->filelist().size() == 40; }));
+    list->selectRow(35);
     EXPECT_EQ(currentName(), QStringLiteral("35.txt"));
-    ASSERT_TRUE(spinUntil([this] { return view->canExport(); }));
+    ASSERT_TRUE(spinUntil([this] { return list->canExport(); }));
     ASSERT_TRUE(awaitDone());
 
-    view->table().selectRow(39);
+    list->selectRow(39);
     window->commands().run(Command::removeSelectedItems);
-    EXPECT_EQ(view->filelist().size(), 39U);
+    EXPECT_EQ(list->filelist().size(), 39U);
     EXPECT_EQ(currentName(), QStringLiteral("38.txt"));
     EXPECT_EQ(window->worker().countToProcess(), 39);
     EXPECT_TRUE(QFile::exists(folder / QStringLiteral("d/39.txt")));
-    view->showFileAtIndex(99);
+    list->showFileAtIndex(99);
     EXPECT_EQ(currentName(), QStringLiteral("38.txt"));
     for (int i = 0; i < 39; ++i)
         window->commands().run(Command::removeSelectedItems);
@@ -203,7 +203,7 @@ TEST_F(Window, StreamLinesLeadToTheirGroups)
 {
     window->processUrls({test::sample(QStringLiteral("movie.mp4"))});
     ASSERT_TRUE(awaitDone());
-    ASSERT_TRUE(spinUntil([this] { return view->canExport(); }));
+    ASSERT_TRUE(spinUntil([this] { return list->canExport(); }));
     Q_EMIT view->info().tabWanted(Tab::Extended);
     view->info().outline().showGroup(QStringLiteral("Audio"), 1);
     EXPECT_EQ(window->currentTab(), Tab::Extended);
@@ -250,7 +250,7 @@ TEST_F(Window, AttributesCanBeRemovedFromTheFile)
                                       test::contentOf(test::sample(QStringLiteral("tone.wav"))));
     folder.setAttribute(path, "user.xdg.tags", "red");
     window->processUrls({path});
-    ASSERT_TRUE(spinUntil([this] { return view->canExport() && window->worker().processingIsDone(); }));
+    ASSERT_TRUE(spinUntil([this] { return list->canExport() && window->worker().processingIsDone(); }));
     window->setCurrentTab(Tab::Extended);
     ExtendedOutline &outline = view->info().outline();
     const auto select = [&](const QString &key) {

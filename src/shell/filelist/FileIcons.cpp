@@ -6,6 +6,7 @@
 #include "pictures/Images.h"
 #include "shell/desktop/Icons.h"
 #include "shell/desktop/PictureThread.h"
+#include "shell/filelist/FilelistRow.h"
 
 #include <utility>
 
@@ -20,22 +21,22 @@ constexpr int kLargestScale = 3;
 
 FileIcons::FileIcons(QObject *parent) : QObject(parent), _pictures(kMostPictures) { }
 
-QIcon FileIcons::iconFor(const FilelistItem &file, const QuorvinDataPtr &record)
+QIcon FileIcons::iconFor(const FilelistItemPtr &file, const QuorvinDataPtr &record)
 {
     if (!record)
-        return fileNameIcon(file.prefixedPath());
+        return fileNameIcon(file->prefixedPath());
     if (!record->generalInfo().coverData.isEmpty()) {
         const Picture *known = _pictures.object(record.get());
         if (!known || known->record.lock() != record)
-            decode(record);
+            decode(file, record);
         else if (!known->icon.isNull())
             return known->icon;
     }
     const auto &type = record->generalInfo().fileUTI;
-    return type ? mimeIcon(*type) : fileNameIcon(file.prefixedPath());
+    return type ? mimeIcon(*type) : fileNameIcon(file->prefixedPath());
 }
 
-void FileIcons::decode(const QuorvinDataPtr &record)
+void FileIcons::decode(const FilelistItemPtr &file, const QuorvinDataPtr &record)
 {
     // Rows that are scrolled past ask again when they come back.
     if (_underWay.size() >= kMostUnderWay || !_underWay.insert(record.get()).second)
@@ -44,13 +45,14 @@ void FileIcons::decode(const QuorvinDataPtr &record)
         this,
         [record] {
             return Utilities::thumbnailedImageFromData(record->generalInfo().coverData,
-                                                       kSide * kLargestScale);
+                                                       FilelistRow::kPictureSide * kLargestScale);
         },
-        [this, record](const QImage &image) {
+        [this, record, shown = std::weak_ptr(file)](const QImage &image) {
             _underWay.erase(record.get());
             const QIcon icon = image.isNull() ? QIcon() : QIcon(QPixmap::fromImage(image));
             _pictures.insert(record.get(), new Picture{record, icon});
-            Q_EMIT coverReady();
+            if (const FilelistItemPtr still = shown.lock())
+                Q_EMIT coverReady(still);
         });
 }
 

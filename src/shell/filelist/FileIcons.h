@@ -22,17 +22,15 @@ class FileIcons : public QObject {
 public:
     /// The most pictures that are kept; a list shows far fewer at a time.
     static constexpr int kMostPictures = 2000;
-    /// The side of a picture in the list, in device-independent pixels.
-    static constexpr int kSide = 16;
 
     explicit FileIcons(QObject *parent = nullptr);
 
     /// `record` may be null.
-    QIcon iconFor(const FilelistItem &file, const QuorvinDataPtr &record);
+    QIcon iconFor(const FilelistItemPtr &file, const QuorvinDataPtr &record);
 
 Q_SIGNALS:
-    /// A cover is ready; whoever shows it asks again.
-    void coverReady();
+    /// The cover of that file is ready; whoever shows it asks again.
+    void coverReady(const quorvin::FilelistItemPtr &file);
 
 private:
     struct Picture {
@@ -40,7 +38,7 @@ private:
         QIcon icon; ///< null when the cover cannot be decoded
     };
 
-    void decode(const QuorvinDataPtr &record);
+    void decode(const FilelistItemPtr &file, const QuorvinDataPtr &record);
 
     QCache<const QuorvinData *, Picture> _pictures;
     std::unordered_set<const QuorvinData *> _underWay;

@@ -4,18 +4,20 @@
 #include "shell/filelist/FilelistModel.h"
 
 #include "shell/desktop/Icons.h"
+#include "shell/filelist/FilelistRow.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvin {
 
 namespace {
 
-FilelistModel::State stateOf(const FilelistItem &file)
+FilelistRow::State stateOf(const FilelistItem &file)
 {
     if (file.isFailed())
-        return FilelistModel::Failed;
-    return file.isDone() ? FilelistModel::Ready : FilelistModel::Waiting;
+        return FilelistRow::Failed;
+    return file.isDone() ? FilelistRow::Ready : FilelistRow::Waiting;
 }
 
 QString toolTipOf(const FilelistItem &file)
@@ -27,12 +29,12 @@ QString toolTipOf(const FilelistItem &file)
 QString accessibleTextOf(const FilelistItem &file)
 {
     switch (stateOf(file)) {
-    case FilelistModel::Failed:
+    case FilelistRow::Failed:
         return FilelistModel::tr("%1, can not process the file: %2")
             .arg(file.prefixedPath(), file.failureReason());
-    case FilelistModel::Waiting:
+    case FilelistRow::Waiting:
         return FilelistModel::tr("%1, waiting").arg(file.prefixedPath());
-    case FilelistModel::Ready:
+    case FilelistRow::Ready:
         break;
     }
     return file.prefixedPath();
@@ -42,7 +44,13 @@ QString accessibleTextOf(const FilelistItem &file)
 
 FilelistModel::FilelistModel(QObject *parent) : QAbstractListModel(parent)
 {
-    connect(&_icons, &FileIcons::coverReady, this, [this] { rowsChanged(0, rowCount() - 1); });
+    _coversTimer.setSingleShot(true);
+    connect(&_coversTimer, &QTimer::timeout, this, [this] { filesChanged(std::exchange(_coversReady, {})); });
+    connect(&_icons, &FileIcons::coverReady, this, [this](const FilelistItemPtr &file) {
+        _coversReady.push_back(file);
+        if (!_coversTimer.isActive())
+            _coversTimer.start(0);
+    });
 }
 
 FilelistItemPtr FilelistModel::fileAt(int row) const
@@ -52,15 +60,22 @@ FilelistItemPtr FilelistModel::fileAt(int row) const
 
 int FilelistModel::rowOf(const FilelistItemPtr &file) const
 {
-    const auto found = std::ranges::find(_files, file);
-    return found == _files.end() ? -1 : static_cast<int>(found - _files.begin());
+    if (_rows.empty()) {
+        _rows.reserve(_files.size());
+        for (std::size_t row = 0; row < _files.size(); ++row)
+            _rows.emplace(_files[row].get(), static_cast<int>(row));
+    }
+    const auto found = _rows.find(file.get());
+    return found == _rows.end() ? -1 : found->second;
 }
 
-void FilelistModel::setFiles(std::vector<FilelistItemPtr> files)
+std::vector<FilelistItemPtr> FilelistModel::setFiles(std::vector<FilelistItemPtr> files)
 {
     beginResetModel();
-    _files = std::move(files);
+    std::vector<FilelistItemPtr> old = std::exchange(_files, std::move(files));
+    _rows.clear();
     endResetModel();
+    return old;
 }
 
 void FilelistModel::insertFiles(int row, const std::vector<FilelistItemPtr> &files)
@@ -69,6 +84,7 @@ void FilelistModel::insertFiles(int row, const std::vector<FilelistItemPtr> &fil
         return;
     beginInsertRows({}, row, row + static_cast<int>(files.size()) - 1);
     _files.insert(_files.begin() + row, files.begin(), files.end());
+    _rows.clear();
     endInsertRows();
 }
 
@@ -89,15 +105,28 @@ std::vector<FilelistItemPtr> FilelistModel::removeFiles(std::vector<int> rows)
         }
         beginRemoveRows({}, first + 1, last);
         _files.erase(_files.begin() + first + 1, _files.begin() + last + 1);
+        _rows.clear();
         endRemoveRows();
     }
     return removed;
 }
 
-void FilelistModel::rowsChanged(int first, int last)
+void FilelistModel::filesChanged(const std::vector<FilelistItemPtr> &files)
 {
-    if (first >= 0 && last >= first && last < rowCount())
-        Q_EMIT dataChanged(index(first), index(last));
+    std::vector<int> rows;
+    rows.reserve(files.size());
+    for (const FilelistItemPtr &file : files) {
+        if (const int row = rowOf(file); row >= 0)
+            rows.push_back(row);
+    }
+    std::ranges::sort(rows);
+    for (std::size_t first = 0; first < rows.size();) {
+        std::size_t last = first;
+        while (last + 1 < rows.size() && rows[last + 1] <= rows[last] + 1)
+            ++last;
+        Q_EMIT dataChanged(index(rows[first]), index(rows[last]));
+        first = last + 1;
+    }
 }
 
 int FilelistModel::rowCount(const QModelIndex &parent) const
@@ -109,24 +138,25 @@ QVariant FilelistModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
-    const FilelistItem &file = *_files[static_cast<std::size_t>(index.row())];
+    const FilelistItemPtr &shown = _files[static_cast<std::size_t>(index.row())];
+    const FilelistItem &file = *shown;
     switch (role) {
     case Qt::DisplayRole:
         return file.prefixedPath();
     case Qt::DecorationRole:
         if (file.isFailed())
             return themedIcon(QStringLiteral("dialog-warning"));
-        return file.isDone() ? _icons.iconFor(file, file.quorvinData())
+        return file.isDone() ? _icons.iconFor(shown, file.quorvinData())
                              : symbolIcon(QStringLiteral("icon-dashedbox"));
     case Qt::ToolTipRole:
         return toolTipOf(file);
     case Qt::AccessibleTextRole:
         return accessibleTextOf(file);
-    case StateRole:
+    case FilelistRow::StateRole:
         return stateOf(file);
-    case PathRole:
+    case FilelistRow::PathRole:
         return file.filename();
-    case ReasonRole:
+    case FilelistRow::ReasonRole:
         return file.failureReason();
     default:
         return {};

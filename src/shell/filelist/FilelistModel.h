@@ -7,37 +7,35 @@
 #include "shell/filelist/FileIcons.h"
 
 #include <QAbstractListModel>
+#include <QTimer>
 
+#include <unordered_map>
 #include <vector>
 
 namespace quorvin {
 
-/// The files of a window in the order in which it shows them. Main thread.
+/// All files of a window, in the order in which they came; the roles of a row are those of `FilelistRow`.
+/// Which of them are shown, and in what order, is the matter of `ArrangedFilelist`. Main thread.
 class FilelistModel : public QAbstractListModel {
     Q_OBJECT
 public:
-    enum Roles {
-        StateRole = Qt::UserRole, ///< a `State`
-        PathRole, ///< full path
-        ReasonRole, ///< why the file failed, else ""
-    };
-    enum State { Waiting, Ready, Failed };
-
     explicit FilelistModel(QObject *parent = nullptr);
 
     const std::vector<FilelistItemPtr> &files() const { return _files; }
     /// Null beyond the list.
     FilelistItemPtr fileAt(int row) const;
-    /// -1 when it is not in the list.
+    /// -1 when it is not in the list. Fast however long the list is.
     int rowOf(const FilelistItemPtr &file) const;
 
-    void setFiles(std::vector<FilelistItemPtr> files);
+    /// Gives the files that were there.
+    std::vector<FilelistItemPtr> setFiles(std::vector<FilelistItemPtr> files);
     /// `row` is that of the first new file.
     void insertFiles(int row, const std::vector<FilelistItemPtr> &files);
     /// Takes the files at these rows out; rows are in no order, and none comes twice.
     std::vector<FilelistItemPtr> removeFiles(std::vector<int> rows);
-    /// The files of these rows have changed.
-    void rowsChanged(int first, int last);
+    /// What is known of these files has changed. Told with one signal for each run of neighbours; files that
+    /// are not in the list count for nothing.
+    void filesChanged(const std::vector<FilelistItemPtr> &files);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -45,6 +43,9 @@ public:
 private:
     mutable FileIcons _icons;
     std::vector<FilelistItemPtr> _files;
+    mutable std::unordered_map<const FilelistItem *, int> _rows; ///< made when asked for; else empty
+    std::vector<FilelistItemPtr> _coversReady; ///< not announced yet
+    QTimer _coversTimer;
 };
 
 } // namespace quorvin

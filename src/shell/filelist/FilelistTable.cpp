@@ -5,7 +5,7 @@
 
 #include "platform/FileUri.h"
 #include "shell/filelist/FilelistDelegate.h"
-#include "shell/filelist/FilelistModel.h"
+#include "shell/filelist/FilelistRow.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
@@ -16,9 +16,12 @@
 
 namespace quorvin {
 
-FilelistTable::FilelistTable(FilelistModel &model, QWidget *parent) : QListView(parent), _model(model)
+FilelistTable::FilelistTable(QAbstractItemModel &model, QItemSelectionModel &selection, QWidget *parent)
+    : QListView(parent)
 {
     setModel(&model);
+    delete selectionModel();
+    setSelectionModel(&selection);
     setItemDelegate(new FilelistDelegate(this));
     // All rows are alike, so that a long list need not be measured.
     setUniformItemSizes(true);
@@ -33,74 +36,17 @@ FilelistTable::FilelistTable(FilelistModel &model, QWidget *parent) : QListView(
     setAcceptDrops(false);
 }
 
-int FilelistTable::selectedRow() const
-{
-    const QModelIndex current = currentIndex();
-    if (current.isValid() && selectionModel()->isSelected(current))
-        return current.row();
-    const auto rows = selectedRows();
-    return rows.empty() ? -1 : rows.front();
-}
-
-std::vector<int> FilelistTable::selectedRows() const
-{
-    std::vector<int> rows;
-    for (const QItemSelectionRange &range : selectionModel()->selection()) {
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            rows.push_back(row);
-    }
-    std::ranges::sort(rows);
-    return rows;
-}
-
-void FilelistTable::selectRow(int row)
-{
-    setCurrentIndex(_model.index(row));
-}
-
-std::pair<int, int> FilelistTable::visibleRows() const
-{
-    const QRect seen = viewport()->rect();
-    const int first = std::max(indexAt(seen.topLeft()).row(), 0);
-    const int last = indexAt(QPoint(seen.left(), seen.bottom())).row();
-    return {first, last < 0 ? _model.rowCount() - 1 : last};
-}
-
-void FilelistTable::setNeedsDisplayIfItemIsVisible(const FilelistItemPtr &file)
-{
-    const auto [first, last] = visibleRows();
-    for (int row = first; row <= last; ++row) {
-        if (_model.fileAt(row) == file)
-            _model.rowsChanged(row, row);
-    }
-}
-
 void FilelistTable::copy() const
 {
+    QModelIndexList rows = selectionModel()->selectedRows();
+    std::sort(rows.begin(), rows.end());
     QStringList paths;
-    for (const int row : selectedRows())
-        paths.append(_model.fileAt(row)->filename());
+    for (const QModelIndex &row : rows)
+        paths.append(row.data(FilelistRow::PathRole).toString());
     auto *content = new QMimeData;
     content->setData(QStringLiteral("text/uri-list"), uriListOf(paths));
     content->setText(paths.join(u'\n'));
     QGuiApplication::clipboard()->setMimeData(content);
-}
-
-void FilelistTable::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
-{
-    QListView::selectionChanged(selected, deselected);
-    tellRow();
-}
-
-void FilelistTable::currentChanged(const QModelIndex &current, const QModelIndex &previous)
-{
-    QListView::currentChanged(current, previous);
-    tellRow();
-}
-
-void FilelistTable::tellRow()
-{
-    Q_EMIT currentRowChanged(selectedRow());
 }
 
 void FilelistTable::contextMenuEvent(QContextMenuEvent *event)

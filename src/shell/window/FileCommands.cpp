@@ -4,26 +4,31 @@
 #include "shell/window/FileCommands.h"
 
 #include "filefacts/ExtendedAttributes.h"
+#include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/FileManager.h"
+#include "shell/filelist/FilelistController.h"
 #include "shell/info/ChangeableRows.h"
 #include "shell/info/InfoView.h"
 #include "shell/outline/ExtendedOutline.h"
 #include "shell/window/MainView.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QMessageBox>
 #include <QPushButton>
 
 namespace quorvin {
 
-FileCommands::FileCommands(MainView &view, const WindowWorker &worker, QWidget *window)
-    : QObject(window), _view(view), _worker(worker), _window(window)
+FileCommands::FileCommands(MainView &view, FilelistController &files, QWidget *window)
+    : QObject(window), _view(view), _files(files), _window(window)
 {
 }
 
 void FileCommands::registerAt(CommandSet &commands)
 {
     commands.on(Command::revealInFinder, [this] { revealInFinder(); });
+    commands.on(Command::copyGeneralInfo, [this] { copyGeneralInfo(); });
     commands.on(Command::removeExtendedAttribute, [this] { removeExtendedAttribute(); });
     commands.on(Command::touchDate, [this] { touchDate(); });
 }
@@ -31,7 +36,7 @@ void FileCommands::registerAt(CommandSet &commands)
 const ExtTreeItem *FileCommands::selectedRow() const
 {
     const InfoView &info = _view.info();
-    const bool isShown = _worker.currentQuorvinData() && info.currentTab() == Tab::Extended;
+    const bool isShown = _files.worker().currentQuorvinData() && info.currentTab() == Tab::Extended;
     return isShown ? _view.info().outline().selectedItem() : nullptr;
 }
 
@@ -45,8 +50,18 @@ void FileCommands::describe(CommandState &state) const
 
 void FileCommands::revealInFinder()
 {
-    if (const auto path = _worker.currentFilePath())
+    if (const auto path = _files.worker().currentFilePath())
         revealInFileManager(*path);
+}
+
+void FileCommands::copyGeneralInfo()
+{
+    const QuorvinDataPtr record = _files.worker().currentQuorvinData();
+    if (!record)
+        return;
+    const QString name = lastPathComponent(record->filename());
+    QGuiApplication::clipboard()->setText(
+        QStringLiteral("%1\n%2\n%3").arg(name, QString(name.size(), u'-'), record->stringForExportGeneral()));
 }
 
 void FileCommands::removeExtendedAttribute()
@@ -65,7 +80,7 @@ void FileCommands::removeExtendedAttribute()
     question->setDefaultButton(QMessageBox::Cancel);
     question->setEscapeButton(QMessageBox::Cancel);
     connect(remove, &QPushButton::clicked, this, [this, attribute] {
-        _view.changeCurrentFile([attribute](const QString &path) {
+        _files.changeCurrentFile([attribute](const QString &path) {
             return Utilities::removeExtendedAtrribute(*attribute, path);
         });
     });
@@ -75,7 +90,7 @@ void FileCommands::removeExtendedAttribute()
 void FileCommands::touchDate()
 {
     if (const ExtTreeItem *row = selectedRow())
-        _view.changeCurrentFile(
+        _files.changeCurrentFile(
             [date = row->stringValue()](const QString &path) { return Utilities::touchDate(date, path); });
 }
 

@@ -13,8 +13,8 @@ namespace quorvin {
 
 class CommandSet;
 class ExtTreeItem;
+class FilelistController;
 class MainView;
-class WindowWorker;
 
 /// The commands that act on the current file itself: where it lies, and what of it can be changed through the
 /// selected row of the Extended tree. Main thread.
@@ -22,7 +22,7 @@ class FileCommands : public QObject {
     Q_OBJECT
 public:
     /// Belongs to the window. The others must outlive this object.
-    FileCommands(MainView &view, const WindowWorker &worker, QWidget *window);
+    FileCommands(MainView &view, FilelistController &files, QWidget *window);
 
     void registerAt(CommandSet &commands);
     /// Adds what the selected row offers.
@@ -32,11 +32,12 @@ private:
     /// Null when the tree is not shown, or not one row is selected.
     const ExtTreeItem *selectedRow() const;
     void revealInFinder();
+    void copyGeneralInfo();
     void removeExtendedAttribute();
     void touchDate();
 
     MainView &_view;
-    const WindowWorker &_worker;
+    FilelistController &_files;
     QWidget *_window;
 };
 

@@ -52,9 +52,10 @@ QWidget *expandingSpace()
 
 MainWindowController::MainWindowController(Session &session)
     : _session(session),
-      _view(new MainView(session, _worker)),
+      _files(session.settings),
+      _view(new MainView(session.settings, _files)),
       _commands(new CommandSet(this, &_view->table())),
-      _fileCommands(new FileCommands(*_view, _worker, this)),
+      _fileCommands(new FileCommands(*_view, _files, this)),
       _export(new ExportController(session.settings, this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -94,7 +95,7 @@ void MainWindowController::setUpCommands()
     _commands->fillMenuBar(menuBar());
     auto *panels = new OpenPanels(_session.recentFiles, this);
     connect(panels, &OpenPanels::chosen, this, &MainWindowController::processUrls);
-    connect(panels, &OpenPanels::chosenToAdd, _view, &MainView::processAdditionalFiles);
+    connect(panels, &OpenPanels::chosenToAdd, &_files, &FilelistController::processAdditionalFiles);
     panels->registerAt(*_commands);
     _view->info().registerAt(*_commands);
     _fileCommands->registerAt(*_commands);
@@ -105,12 +106,11 @@ void MainWindowController::setUpCommands()
 void MainWindowController::registerCommands()
 {
     const auto on = [this](Command command, auto handler) { _commands->on(command, std::move(handler)); };
-    on(Command::refreshInfo, [this] { _view->refreshInfo(); });
-    on(Command::removeSelectedItems, [this] { _view->removeSelectedItems(); });
-    on(Command::menuExportNew, [this] { _export->menuExportNew(_view->arrayWithDataForExport()); });
+    on(Command::refreshInfo, [this] { _files.refreshInfo(); });
+    on(Command::removeSelectedItems, [this] { _files.removeSelectedItems(); });
+    on(Command::menuExportNew, [this] { _export->menuExportNew(_files.arrayWithDataForExport()); });
     on(Command::closeWindow, [this] { close(); });
     on(Command::copy, [this] { copy(); });
-    on(Command::copyGeneralInfo, [this] { _view->copyGeneralInfo(); });
     on(Command::selectGeneralTab, [this] { setCurrentTab(Tab::General); });
     on(Command::selectExtendedTab, [this] { setCurrentTab(Tab::Extended); });
     on(Command::selectComparisonTab, [this] { setCurrentTab(Tab::Comparison); });
@@ -141,13 +141,17 @@ void MainWindowController::setUpToolBar()
 
 void MainWindowController::connectView()
 {
-    connect(_view, &MainView::workerFileDidChange, this, &MainWindowController::updateWindowTitle);
-    connect(_view, &MainView::stateDidChange, this, &MainWindowController::validateCommands);
+    connect(&_files, &FilelistController::currentFileDidChange, this,
+            &MainWindowController::updateWindowTitle);
+    connect(&_files, &FilelistController::stateDidChange, this, &MainWindowController::validateCommands);
+    connect(&_files, &FilelistController::filesTaken, this,
+            [this](const QStringList &paths) { _session.recentFiles.note(paths); });
     connect(&_view->sidebar(), &SidebarSplitView::collapsedChanged, this,
             &MainWindowController::validateCommands);
     connect(qApp, &QApplication::focusChanged, this, &MainWindowController::validateCommands);
     connect(&_session.settings, &LiveSettings::changed, this, &MainWindowController::settingDidChange);
     InfoView &info = _view->info();
+    connect(&info, &InfoView::selectionDidChange, this, &MainWindowController::validateCommands);
     connect(&info, &InfoView::openWanted, this, [this] { _commands->run(Command::openFile); });
     connect(&info, &InfoView::tabWanted, this, &MainWindowController::setCurrentTab);
     connect(&info, &InfoView::menuWanted, this,
@@ -208,24 +212,19 @@ void MainWindowController::setCurrentTab(Tab tab)
     validateCommands();
 }
 
-bool MainWindowController::isUntouched() const
-{
-    return _worker.countToProcess() == 0 && _worker.countProcessed() == 0 && !_view->isWalking();
-}
-
 void MainWindowController::processUrls(const QStringList &paths)
 {
-    QTimer::singleShot(0, _view, [view = _view, paths] { view->processFiles(paths); });
+    QTimer::singleShot(0, &_files, [this, paths] { _files.processFiles(paths); });
 }
 
 CommandState MainWindowController::commandState() const
 {
     const InfoView &info = _view->info();
     CommandState state;
-    state.hasFiles = _view->arranged().rowCount() > 0;
-    state.hasCurrentFile = _worker.currentFile() != nullptr;
-    state.hasRecord = _view->canExport();
-    state.canExportAll = _view->canExportAll() && !_export->run().isUnderWay();
+    state.hasFiles = _files.arranged().rowCount() > 0;
+    state.hasCurrentFile = worker().currentFile() != nullptr;
+    state.hasRecord = _files.canExport();
+    state.canExportAll = _files.canExportAll() && !_export->run().isUnderWay();
     state.canCopy = info.canCopy() || (_view->table().hasFocus() && state.hasFiles);
     state.sidebarIsCollapsed = _view->sidebar().isCollapsed();
     state.wrapLongLines = _session.settings.boolean(Setting::wrapLongLines);
@@ -269,7 +268,7 @@ void MainWindowController::showMenu(CommandPlace place, const QPoint &globalPosi
 
 void MainWindowController::updateWindowTitle()
 {
-    const auto path = _worker.currentFilePath();
+    const auto path = worker().currentFilePath();
     setWindowFilePath(path.value_or(QString()));
     setWindowTitle(path ? lastPathComponent(*path) : QStringLiteral("Quorvin"));
 }
@@ -307,11 +306,11 @@ void MainWindowController::dropEvent(QDropEvent *event)
     _session.draggingSourceWindow = nullptr;
     if (paths.isEmpty())
         return;
-    QTimer::singleShot(kDropMilliseconds, _view, [view = _view, paths, replaces] {
+    QTimer::singleShot(kDropMilliseconds, &_files, [this, paths, replaces] {
         if (replaces)
-            view->processFiles(paths);
+            _files.processFiles(paths);
         else
-            view->processAdditionalFilesAndSelectFirst(paths);
+            _files.processAdditionalFilesAndSelectFirst(paths);
     });
 }
 
@@ -339,7 +338,7 @@ void MainWindowController::windowWillClose()
     settings.set(Setting::mainWindowFrame, QString::fromLatin1(saveGeometry().toBase64()));
     disconnect(qApp, nullptr, this, nullptr);
     _export->run().cancel();
-    _view->setWindowIsClosing();
+    _files.setWindowIsClosing();
     Q_EMIT closed(this);
 }
 

@@ -3,9 +3,9 @@
 
 #pragma once
 
-#include "intake/WindowWorker.h"
 #include "platform/Settings.h"
 #include "shell/commands/Command.h"
+#include "shell/filelist/FilelistController.h"
 
 #include <QMainWindow>
 
@@ -32,16 +32,17 @@ public:
     void setCurrentTab(Tab tab);
 
     MainView &myView() { return *_view; }
-    const WindowWorker &worker() const { return _worker; }
+    FilelistController &files() { return _files; }
+    const WindowWorker &worker() const { return _files.worker(); }
     CommandSet &commands() { return *_commands; }
     ExportController &exporting() { return *_export; }
     /// It has never been given files, or is empty again.
-    bool isUntouched() const;
+    bool isUntouched() const { return _files.isUntouched(); }
 
     /// Replaces the content by these files and folders, once the caller has returned.
     void processUrls(const QStringList &paths);
 
-    std::optional<MapLocationInfo> mapLocationInfo() const { return _worker.currentMapLocationInfo(); }
+    std::optional<MapLocationInfo> mapLocationInfo() const { return worker().currentMapLocationInfo(); }
     CommandState commandState() const;
 
 Q_SIGNALS:
@@ -73,7 +74,7 @@ private:
     void showMenu(CommandPlace place, const QPoint &globalPosition);
 
     Session &_session;
-    WindowWorker _worker;
+    FilelistController _files;
     MainView *_view;
     CommandSet *_commands;
     FileCommands *_fileCommands;

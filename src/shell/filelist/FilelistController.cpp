@@ -1,0 +1,338 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/filelist/FilelistController.h"
+
+#include "model/Log.h"
+#include "shell/desktop/Elsewhere.h"
+
+#include <QThreadPool>
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvin {
+
+namespace {
+
+/// So often the totals follow a run.
+constexpr int kTotalsMilliseconds = 50;
+
+/// Thousands of records take their time to go.
+void disposeElsewhere(std::vector<FilelistItemPtr> files)
+{
+    QThreadPool::globalInstance()->start([files = std::move(files)]() mutable { files.clear(); });
+}
+
+} // namespace
+
+FilelistController::FilelistController(const LiveSettings &settings, QObject *parent)
+    : QObject(parent), _settings(settings)
+{
+    _totalsTimer.setSingleShot(true);
+    _totalsTimer.setInterval(kTotalsMilliseconds);
+    connect(&_totalsTimer, &QTimer::timeout, this, &FilelistController::updateTotals);
+    connect(&_walks, &FolderWalks::found, this, &FilelistController::takeFiles);
+    connect(&_selection, &QItemSelectionModel::selectionChanged, this,
+            &FilelistController::selectionDidChange);
+    connect(&_selection, &QItemSelectionModel::currentChanged, this, &FilelistController::selectionDidChange);
+    connect(&_arranged, &ArrangedFilelist::rowsInserted, this, &FilelistController::arrangedObjectsDidChange);
+    connect(&_arranged, &ArrangedFilelist::rowsRemoved, this, &FilelistController::arrangedObjectsDidChange);
+    connect(&_arranged, &ArrangedFilelist::layoutChanged, this,
+            &FilelistController::arrangedObjectsDidChange);
+    connect(&_arranged, &ArrangedFilelist::modelReset, this, &FilelistController::arrangedObjectsDidChange);
+}
+
+FilelistController::~FilelistController()
+{
+    disconnect(&_selection, nullptr, this, nullptr);
+    disconnect(&_arranged, nullptr, this, nullptr);
+    // Whoever lets go last has the work of it.
+    _worker.setDataCacher(nullptr);
+    _worker.setCurrentFile(nullptr);
+    _worker.startNewProcessingWithFiles({}, true);
+    disposeElsewhere(_whole.setFiles({}));
+}
+
+void FilelistController::processFiles(const QStringList &paths)
+{
+    _walks.start({paths, FolderWalks::Request::kReplace});
+}
+
+void FilelistController::processAdditionalFiles(const QStringList &paths)
+{
+    processAdditionalFilesAtIndex(paths, FolderWalks::Request::kEnd);
+}
+
+void FilelistController::processAdditionalFilesAndSelectFirst(const QStringList &paths)
+{
+    processAdditionalFilesAtIndex(paths, FolderWalks::Request::kEndAndSelect);
+}
+
+void FilelistController::processAdditionalFilesAtIndex(const QStringList &paths, int index)
+{
+    _walks.start({paths, index});
+}
+
+bool FilelistController::isUntouched() const
+{
+    return _worker.countToProcess() == 0 && _worker.countProcessed() == 0 && !_walks.isUnderWay();
+}
+
+void FilelistController::takeFiles(const FolderWalks::Request &request,
+                                   const std::vector<FilelistItemPtr> &files)
+{
+    if (_isWindowClosing)
+        return;
+    if (request.index == FolderWalks::Request::kReplace || filelist().empty()) {
+        replaceContent(files);
+    } else {
+        const int rows = _arranged.rowCount();
+        insertFiles(request.index, files);
+        if (request.index == FolderWalks::Request::kEndAndSelect && rows < _arranged.rowCount())
+            selectRow(rows);
+    }
+    Q_EMIT filesTaken(request.paths);
+}
+
+void FilelistController::replaceContent(const std::vector<FilelistItemPtr> &files)
+{
+    _worker.setCurrentFile(nullptr);
+    _worker.setDataCacher(nullptr);
+    _totals.clear();
+    startPool();
+    _worker.startNewProcessingWithFiles(files, true);
+    _worker.dataCacher()->processFiles(files);
+    disposeElsewhere(_whole.setFiles(files));
+    updateTotals();
+    if (_arranged.rowCount() == 0)
+        showFileAtIndex(-1);
+    else
+        selectRow(0);
+}
+
+void FilelistController::insertFiles(int index, const std::vector<FilelistItemPtr> &files)
+{
+    const int count = _whole.rowCount();
+    _worker.startNewProcessingWithFiles(files, false);
+    _worker.dataCacher()->processFiles(files);
+    _whole.insertFiles(index < 0 || index >= count ? count : index, files);
+    updateTotals();
+}
+
+void FilelistController::startPool()
+{
+    auto pool = std::make_unique<DataCacher>(
+        [&settings = _settings.values()] { return analysisSetupFrom(settings); });
+    pool->setMTMode(_settings.integer(Setting::MTMode));
+    pool->setDelegate(this);
+    _worker.setDataCacher(std::move(pool));
+}
+
+void FilelistController::arrangedObjectsDidChange()
+{
+    // Whoever shows the rows has to learn of the change before a row is selected.
+    QMetaObject::invokeMethod(this, &FilelistController::selectionDidChange, Qt::QueuedConnection);
+    updateTotals();
+    Q_EMIT windowArrangedFilelistDidChange();
+}
+
+void FilelistController::dataCacherNewObjectReady(const DataCacherDelivery &delivery)
+{
+    if (_isWindowClosing)
+        return;
+    if (delivery.data)
+        _worker.isTotalDurationChanged = true;
+    _worker.fileIsReady(delivery.file);
+    _delivered.push_back(delivery.file);
+    if (!_totalsTimer.isActive())
+        _totalsTimer.start();
+    if (delivery.file != _worker.currentFile())
+        return;
+    Q_EMIT currentFileIsReady(delivery.status == DataCacherDelivery::Fresh);
+    Q_EMIT stateDidChange();
+}
+
+void FilelistController::dataCacherDidDeliver()
+{
+    _whole.filesChanged(std::exchange(_delivered, {}));
+}
+
+int FilelistController::selectedRow() const
+{
+    const QModelIndex current = _selection.currentIndex();
+    if (current.isValid() && _selection.isSelected(current))
+        return current.row();
+    const auto rows = selectedRows();
+    return rows.empty() ? -1 : rows.front();
+}
+
+std::vector<int> FilelistController::selectedRows() const
+{
+    std::vector<int> rows;
+    for (const QItemSelectionRange &range : _selection.selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row);
+    }
+    std::ranges::sort(rows);
+    return rows;
+}
+
+void FilelistController::selectRow(int row)
+{
+    _selection.setCurrentIndex(_arranged.index(row, 0), QItemSelectionModel::ClearAndSelect);
+}
+
+void FilelistController::selectionDidChange()
+{
+    if (_arranged.isLosingRows())
+        return;
+    const int row = selectedRow();
+    if (row < 0 && _arranged.rowCount() > 0)
+        return selectRow(0);
+    if (_arranged.fileAt(row) != _worker.currentFile())
+        showFileAtIndex(row);
+}
+
+void FilelistController::showFileAtIndex(int row)
+{
+    const int count = _arranged.rowCount();
+    if (row >= count || (row < 0 && count > 0))
+        return;
+    const FilelistItemPtr file = _arranged.fileAt(row);
+    _worker.setCurrentFile(file);
+    if (!file)
+        updateTotals();
+    Q_EMIT currentFileDidChange();
+    if (file && !file->isFailed() && !file->quorvinData())
+        readFirstly(file);
+    Q_EMIT stateDidChange();
+}
+
+void FilelistController::readFirstly(const FilelistItemPtr &file)
+{
+    _worker.dataCacher()->processFileFirstly(file);
+    if (file == _worker.currentFile())
+        Q_EMIT currentFileIsAwaited();
+}
+
+void FilelistController::updateTotals()
+{
+    _totalsTimer.stop();
+    Q_EMIT totalsDidChange();
+    Q_EMIT stateDidChange();
+}
+
+void FilelistController::changeCurrentFile(const std::function<Expected<void>(const QString &)> &change)
+{
+    const FilelistItemPtr file = _worker.currentFile();
+    if (!file)
+        return;
+    runElsewhere(
+        *QThreadPool::globalInstance(), this, [change, file] { return change(file->filename()); },
+        [this, file](const Expected<void> &changed) {
+            if (_isWindowClosing)
+                return;
+            Q_EMIT currentFileWasChanged(changed ? QString() : changed.error().description);
+            if (changed)
+                reprocess(file);
+        });
+}
+
+void FilelistController::reprocess(const FilelistItemPtr &file)
+{
+    file->setIsDone(false);
+    file->releaseQuorvinData();
+    readFirstly(file);
+}
+
+void FilelistController::refreshInfo()
+{
+    std::vector<FilelistItemPtr> files;
+    for (const int row : selectedRows())
+        files.push_back(_arranged.fileAt(row));
+    for (const FilelistItemPtr &file : files) {
+        file->resetQuorvinData();
+        if (file == _worker.currentFile())
+            Q_EMIT currentFileDidChange();
+        readFirstly(file);
+    }
+    _whole.filesChanged(files);
+    Q_EMIT stateDidChange();
+}
+
+void FilelistController::removeSelectedItems()
+{
+    const std::vector<int> rows = selectedRows();
+    if (rows.empty())
+        return;
+    std::vector<int> wholeRows;
+    wholeRows.reserve(rows.size());
+    for (const int row : rows) {
+        wholeRows.push_back(_arranged.rowInWholeList(row));
+        _worker.fileIsRemoved(_arranged.fileAt(row));
+    }
+    _worker.isTotalDurationChanged = true;
+    // Without a word: a row is selected below, and no other is to be shown before.
+    _selection.reset();
+    disposeElsewhere(_whole.removeFiles(std::move(wholeRows)));
+    if (_arranged.rowCount() > 0)
+        selectRow(std::min(rows.front(), _arranged.rowCount() - 1));
+    else
+        showFileAtIndex(-1);
+}
+
+std::vector<ExportEntry> FilelistController::arrayWithDataForExport() const
+{
+    std::vector<ExportEntry> entries;
+    for (const FilelistItemPtr &file : _arranged.files()) {
+        if (const QuorvinDataPtr record = file->quorvinData())
+            entries.push_back({file->filename(), file->prefixedPath(), record});
+    }
+    return entries;
+}
+
+bool FilelistController::canExport() const
+{
+    return _worker.currentQuorvinData() != nullptr;
+}
+
+bool FilelistController::canExportAll() const
+{
+    return _worker.processingIsDone() && !filelist().empty();
+}
+
+std::vector<MapLocationInfo> FilelistController::allMapLocationInfo() const
+{
+    std::vector<MapLocationInfo> all;
+    const std::vector<FilelistItemPtr> &files = _arranged.files();
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (auto info = files[i]->mapLocationInfo()) {
+            info->lastIndexInList = i;
+            all.push_back(*info);
+        }
+    }
+    return all;
+}
+
+void FilelistController::selectFileByMapLocationInfo(const MapLocationInfo &info)
+{
+    const int row = static_cast<int>(info.lastIndexInList.value_or(0));
+    if (row == selectedRow())
+        return;
+    const FilelistItemPtr file = _arranged.fileAt(row);
+    if (file && file->filename() == info.filename)
+        selectRow(row);
+    else
+        qCInfo(lcQuorvin) << "not found by last known index";
+}
+
+void FilelistController::setWindowIsClosing()
+{
+    _walks.cancel();
+    if (_worker.dataCacher())
+        _worker.dataCacher()->cancelThreadsAndWait();
+    _isWindowClosing = true;
+}
+
+} // namespace quorvin

@@ -1,0 +1,126 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "export/ExportEntry.h"
+#include "intake/FilelistTotals.h"
+#include "intake/WindowWorker.h"
+#include "model/Error.h"
+#include "shell/filelist/ArrangedFilelist.h"
+#include "shell/filelist/FilelistModel.h"
+#include "shell/filelist/FolderWalks.h"
+#include "shell/session/LiveSettings.h"
+
+#include <QItemSelectionModel>
+#include <QTimer>
+
+#include <functional>
+#include <vector>
+
+namespace quorvin {
+
+/// The files of one window: the whole list and the arranged one, what is selected, the current file, the
+/// walks that bring files, and the pool that reads them. Files join and leave the whole list; all else goes
+/// by the arranged list, and so do rows. A list that is not empty always has a current file. Main thread.
+class FilelistController : public QObject, private DataCacherDelegate {
+    Q_OBJECT
+public:
+    /// `settings` must outlive this object, and their values the threads of its pools.
+    explicit FilelistController(const LiveSettings &settings, QObject *parent = nullptr);
+    /// Cancels the pool and the walks, without waiting.
+    ~FilelistController() override;
+
+    /// Folders are walked first, elsewhere. The files become the content.
+    void processFiles(const QStringList &paths);
+    /// The files join the list, at its end or in front of `index`, which is one of the whole list.
+    void processAdditionalFiles(const QStringList &paths);
+    void processAdditionalFilesAndSelectFirst(const QStringList &paths);
+    void processAdditionalFilesAtIndex(const QStringList &paths, int index);
+
+    /// All files, in the order in which they came.
+    const std::vector<FilelistItemPtr> &filelist() const { return _whole.files(); }
+    ArrangedFilelist &arranged() { return _arranged; }
+    const ArrangedFilelist &arranged() const { return _arranged; }
+    QItemSelectionModel &selection() { return _selection; }
+    const WindowWorker &worker() const { return _worker; }
+    FolderWalks &walks() { return _walks; }
+    bool isWalking() const { return _walks.isUnderWay(); }
+    /// It has never been given files, or is empty again.
+    bool isUntouched() const;
+
+    /// The row of the current file where it is selected, else the first selected one; -1 for none.
+    int selectedRow() const;
+    /// In their order.
+    std::vector<int> selectedRows() const;
+    /// Selects that row alone.
+    void selectRow(int row);
+    /// Makes the file of that row the current one; with -1 and an empty list, none.
+    void showFileAtIndex(int row);
+
+    /// Reads the selected files again.
+    void refreshInfo();
+    /// Changes the current file elsewhere and reads it again. `change` is told its path.
+    void changeCurrentFile(const std::function<Expected<void>(const QString &)> &change);
+    /// Takes the selected files out of the list; nothing on the disk is touched.
+    void removeSelectedItems();
+
+    /// An entry for each file that has a record.
+    std::vector<ExportEntry> arrayWithDataForExport() const;
+    /// The current file has a record.
+    bool canExport() const;
+    /// All files are done, and there are some.
+    bool canExportAll() const;
+    /// Where all files were recorded that tell.
+    std::vector<MapLocationInfo> allMapLocationInfo() const;
+    /// Selects the file if it still stands where it stood.
+    void selectFileByMapLocationInfo(const MapLocationInfo &info);
+
+    ListTotals totals() { return _totals.totals(_worker, filelist(), _arranged.files()); }
+
+    /// Cancels the pool and waits for its threads; nothing is told from now on.
+    void setWindowIsClosing();
+
+Q_SIGNALS:
+    /// Files of these paths have become the content, or joined it.
+    void filesTaken(const QStringList &paths);
+    void windowArrangedFilelistDidChange();
+    /// How many files there are, or how many of them are processed, has changed.
+    void totalsDidChange();
+    /// The current file is another one, there is none any more, or it is read anew.
+    void currentFileDidChange();
+    /// The current file has no result yet, and the pool was told to read it first.
+    void currentFileIsAwaited();
+    /// The pool has answered for the current file; `isFresh`: with the result of a run that has just ended.
+    void currentFileIsReady(bool isFresh);
+    /// The change of a file has ended; "" when all went well.
+    void currentFileWasChanged(const QString &problem);
+    /// What commands go by may have changed.
+    void stateDidChange();
+
+private:
+    void dataCacherNewObjectReady(const DataCacherDelivery &delivery) override;
+    void dataCacherDidDeliver() override;
+    void takeFiles(const FolderWalks::Request &request, const std::vector<FilelistItemPtr> &files);
+    void replaceContent(const std::vector<FilelistItemPtr> &files);
+    void insertFiles(int index, const std::vector<FilelistItemPtr> &files);
+    void startPool();
+    void arrangedObjectsDidChange();
+    void selectionDidChange();
+    void readFirstly(const FilelistItemPtr &file);
+    void reprocess(const FilelistItemPtr &file);
+    void updateTotals();
+
+    const LiveSettings &_settings;
+    WindowWorker _worker;
+    FilelistModel _whole;
+    ArrangedFilelist _arranged{_whole};
+    QItemSelectionModel _selection{&_arranged};
+    FilelistTotals _totals;
+    FolderWalks _walks;
+    std::vector<FilelistItemPtr> _delivered; ///< their rows are not announced yet
+    QTimer _totalsTimer;
+    bool _isWindowClosing = false;
+};
+
+} // namespace quorvin

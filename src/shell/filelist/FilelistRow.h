@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <Qt>
+
+namespace quorvin {
+
+/// What a row of a file list tells besides its text, whichever model it comes from.
+struct FilelistRow {
+    enum Role {
+        StateRole = Qt::UserRole, ///< a `State`
+        PathRole, ///< full path
+        ReasonRole, ///< why the file failed, else ""
+    };
+    enum State { Waiting, Ready, Failed };
+
+    /// The side of the picture before the text, in device-independent pixels.
+    static constexpr int kPictureSide = 16;
+};
+
+} // namespace quorvin
