@@ -21,7 +21,10 @@ using enum SettingType;
 template <Setting setting>
 constexpr SettingRow row(SettingType type, const char *defaultText)
 {
-    return {setting, QLatin1String(kTerminatedName<setting>.data()), type, QLatin1String(defaultText)};
+    // With its length: the undefined behaviour sanitizer makes measuring it no constant expression.
+    constexpr auto length = static_cast<qsizetype>(nameOfEnumerator<setting>().size());
+    return {setting, QLatin1String(kTerminatedName<setting>.data(), length), type,
+            QLatin1String(defaultText)};
 }
 
 constexpr std::array kTable{
