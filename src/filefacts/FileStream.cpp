@@ -177,7 +177,8 @@ FileFacts getFileInfo(const RegularFile &file, const RecordOptions &options)
     return collect(file, options, false);
 }
 
-void prepareFileStream(const QString &filename, const FileFacts &facts, ParameterGroups &groups)
+void prepareFileStream(const QString &filename, const FileFacts &facts, PrivateFacts privacy,
+                       ParameterGroups &groups)
 {
     static const auto terms = [] {
         std::array<TermPtr, kRows.size()> made;
@@ -189,8 +190,13 @@ void prepareFileStream(const QString &filename, const FileFacts &facts, Paramete
     groups.beginGroup(QStringLiteral("File"));
     groups.beginStream(0);
     for (std::size_t i = 0; i < kRows.size(); ++i) {
-        if (const auto value = kRows[i].value(filename, facts))
-            groups.add(terms[i], *value, kRows[i].flags);
+        const auto value = kRows[i].value(filename, facts);
+        if (!value)
+            continue;
+        ParameterFlags flags = kRows[i].flags;
+        flags.setFlag(IsPrivateInTreeOnly,
+                      privacy == PrivateFacts::InTreeOnly && flags.testFlag(IsPrivateInfo));
+        groups.add(terms[i], *value, flags);
     }
 }
 

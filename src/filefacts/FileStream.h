@@ -16,9 +16,16 @@ namespace quorvin {
 /// file once. Any thread.
 FileFacts getFileInfo(const RegularFile &file, const RecordOptions &options);
 
+/// Where the private facts of a file count as private.
+enum class PrivateFacts {
+    Everywhere,
+    InTreeOnly, ///< the key list for exports keeps them
+};
+
 /// Appends the group "File" of a record to `groups`: one stream of file facts in display order. Name and
 /// location are those of `filename`, which may be a link.
-void prepareFileStream(const QString &filename, const FileFacts &facts, ParameterGroups &groups);
+void prepareFileStream(const QString &filename, const FileFacts &facts, PrivateFacts privacy,
+                       ParameterGroups &groups);
 
 /// The same facts as a flat list, in an order of its own. Here "FileSizeAndBytes" has the bare number of
 /// bytes, and origin, authors and download date count only when the attribute holds a list.

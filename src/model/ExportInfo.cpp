@@ -9,6 +9,26 @@ namespace quorvin {
 
 namespace {
 
+bool isPrivateInExports(ParameterFlags flags)
+{
+    return flags.testFlag(ParameterFlag::IsPrivateInfo)
+        && !flags.testFlag(ParameterFlag::IsPrivateInTreeOnly);
+}
+
+/// Whether it has parameters, and none of them is marked for export.
+bool isForTreeAlone(const ParameterGroups &groups, const ParameterGroups::Group &group)
+{
+    bool isEmpty = true;
+    for (const auto &stream : group.streams) {
+        for (const auto &parameter : groups.parameters(stream)) {
+            if (!parameter.flags.testFlag(ParameterFlag::SkipInExport))
+                return false;
+            isEmpty = false;
+        }
+    }
+    return !isEmpty;
+}
+
 ExportStream rowsOf(const ParameterGroups &groups, const ParameterGroups::Stream &stream, bool skipPrivate)
 {
     const auto parameters = groups.parameters(stream);
@@ -23,7 +43,7 @@ ExportStream rowsOf(const ParameterGroups &groups, const ParameterGroups::Stream
         if (parameter.flags.testFlag(ParameterFlag::SkipInExport))
             continue;
         const auto &shown = *newest.value(parameter.term->key);
-        if (!skipPrivate || !shown.flags.testFlag(ParameterFlag::IsPrivateInfo))
+        if (!skipPrivate || !isPrivateInExports(shown.flags))
             rows.push_back({shown.term.get(), groups.utf8Value(shown)});
     }
     return rows;
@@ -33,16 +53,15 @@ ExportStream rowsOf(const ParameterGroups &groups, const ParameterGroups::Stream
 
 ExportInfo computeExportInfo(const RecordContents &record, bool withoutFilePrivate)
 {
-    const bool skipPrivate = withoutFilePrivate && !record.isImage;
     ExportInfo info;
     info.filename = record.filename;
     for (const auto &group : record.groups.groups()) {
-        if (group.streams.empty())
+        if (group.streams.empty() || isForTreeAlone(record.groups, group))
             continue;
         ExportSection &section = info.sections.emplace_back();
         section.name = group.key;
         for (const auto &stream : group.streams)
-            section.streams.push_back(rowsOf(record.groups, stream, skipPrivate));
+            section.streams.push_back(rowsOf(record.groups, stream, withoutFilePrivate));
     }
     return info;
 }

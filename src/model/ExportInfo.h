@@ -33,8 +33,9 @@ struct ExportInfo {
     QString filename; ///< full path
 };
 
-/// A key that a stream has twice gives two rows, both with the last value. Of an image no private fact is
-/// left out.
+/// A key that a stream has twice gives two rows, both with the last value. Groups without streams, and
+/// those of which nothing is marked for export, are left out. `withoutFilePrivate` leaves private facts out,
+/// as far as their reader let it.
 ExportInfo computeExportInfo(const RecordContents &record, bool withoutFilePrivate);
 
 } // namespace quorvin

@@ -8,6 +8,12 @@
 
 namespace quorvin {
 
+namespace {
+
+constexpr qsizetype kLongValue = 128; ///< bytes; looking for shorter ones costs more than it saves
+
+} // namespace
+
 QString ParameterGroups::Group::nameOf(const Stream &stream) const
 {
     return numbered ? key + QLatin1String(" #") + QString::number(stream.number) : key;
@@ -48,12 +54,30 @@ void ParameterGroups::addUtf8(TermPtr term, QByteArrayView value, ParameterFlags
 
 void ParameterGroups::append(TermPtr term, QByteArrayView value, ParameterFlags flags, quint16 subgroup)
 {
-    if (_text.size() + value.size() > std::numeric_limits<quint32>::max())
-        value = {};
-    _parameters.push_back({std::move(term), static_cast<quint32>(_text.size()),
-                           static_cast<quint32>(value.size()), flags, subgroup});
-    _text.append(value);
+    auto offset = placeOfEqual(value);
+    if (!offset) {
+        if (_text.size() + value.size() > std::numeric_limits<quint32>::max())
+            value = {};
+        offset = static_cast<quint32>(_text.size());
+        _text.append(value);
+    }
+    _parameters.push_back({std::move(term), *offset, static_cast<quint32>(value.size()), flags, subgroup});
     ++_groups.back().streams.back().count;
+}
+
+std::optional<quint32> ParameterGroups::placeOfEqual(QByteArrayView value)
+{
+    if (value.size() < kLongValue)
+        return std::nullopt;
+    const std::size_t hash = qHash(value);
+    for (auto known = _longValues.constFind(hash); known != _longValues.cend() && known.key() == hash;
+         ++known) {
+        const Parameter &parameter = _parameters[*known];
+        if (utf8Value(parameter) == value)
+            return parameter.offset;
+    }
+    _longValues.insert(hash, static_cast<quint32>(_parameters.size()));
+    return std::nullopt;
 }
 
 void ParameterGroups::endStreamUnlessEmpty()
@@ -67,6 +91,7 @@ void ParameterGroups::squeeze()
 {
     _parameters.shrink_to_fit();
     _text.squeeze();
+    _longValues = {};
 }
 
 std::span<const ParameterGroups::Parameter> ParameterGroups::parameters(const Stream &stream) const

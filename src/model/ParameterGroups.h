@@ -8,6 +8,7 @@
 
 #include <QByteArray>
 #include <QFlags>
+#include <QMultiHash>
 #include <QString>
 
 #include <optional>
@@ -22,13 +23,14 @@ enum class ParameterFlag : quint8 {
     SkipInExport = 2, ///< not in the key list for exports
     SkipInComparison = 4, ///< not in the comparison table
     IsPrivateInfo = 8, ///< a fact about the user's file rather than the media
+    IsPrivateInTreeOnly = 16, ///< private, but the key list for exports keeps it whatever is asked for
 };
 Q_DECLARE_FLAGS(ParameterFlags, ParameterFlag)
 Q_DECLARE_OPERATORS_FOR_FLAGS(ParameterFlags)
 
 /// The parameters of one file, each stored once: an ordered list of groups, each an ordered list of streams,
 /// each an ordered list of parameters. All values lie in one buffer, so that a parameter costs 32 bytes and
-/// its text.
+/// its text; equal long values lie there once.
 ///
 /// Filled front to back through the `begin…`, `add` and `end…` operations by one thread; read only
 /// afterwards.
@@ -97,9 +99,13 @@ public:
 private:
     void append(TermPtr term, QByteArrayView value, ParameterFlags flags, quint16 subgroup);
 
+    std::optional<quint32> placeOfEqual(QByteArrayView value);
+
     std::vector<Group> _groups;
     std::vector<Parameter> _parameters;
     QByteArray _text;
+    QMultiHash<std::size_t, quint32>
+        _longValues; ///< by their hash, the parameters that have them; while filled
 };
 
 } // namespace quorvin

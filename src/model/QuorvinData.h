@@ -33,7 +33,8 @@ public:
     /// The tree of the Extended tab, made anew: a group node for each stream, its parameters as leaves.
     ExtTreeItems extendedContent() const;
 
-    /// What is marked for export. The second form leaves private facts out, but not those of an image.
+    /// What is marked for export. The second form leaves private facts out, but for those
+    /// that their reader marks as private in the tree only.
     ExportInfo computeExportInfo() const { return quorvin::computeExportInfo(_contents, false); }
     ExportInfo computeExportInfoWithoutFilePrivate(bool without) const
     {

@@ -28,7 +28,7 @@ public:
     int numberOfTopLevelImages() const;
     int width() const;
     int height() const;
-    /// Bits of a sample.
+    /// Bits of a sample; below 1 when libheif can't tell.
     int depth() const;
     bool hasAlpha() const;
     Expected<std::vector<QSize>> thumbnailSizes() const;

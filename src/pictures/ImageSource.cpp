@@ -66,10 +66,11 @@ QVariantMap propertiesOf(const HeifImage &image)
     QVariantMap properties{
         {u"PixelWidth"_s, image.width()},
         {u"PixelHeight"_s, image.height()},
-        {u"Depth"_s, image.depth()},
         {u"HasAlpha"_s, image.hasAlpha()},
         {u"{HEIF}"_s, QVariantMap{{u"ImageCount"_s, image.numberOfTopLevelImages()}}},
     };
+    if (const int depth = image.depth(); depth > 0)
+        properties.insert(u"Depth"_s, depth);
     if (const auto profile = ColorProfile::read(image.rawColorProfile())) {
         properties.insert(u"ColorModel"_s, profile->model);
         properties.insert(u"ProfileName"_s, profile->name);

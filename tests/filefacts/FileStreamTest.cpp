@@ -19,7 +19,7 @@ QStringList fileStream(const QString &path, const RecordOptions &options = {})
 {
     const auto file = RegularFile::open(path);
     ParameterGroups groups;
-    prepareFileStream(path, getFileInfo(*file, options), groups);
+    prepareFileStream(path, getFileInfo(*file, options), PrivateFacts::Everywhere, groups);
     QStringList lines;
     for (const auto &parameter : groups.parameters(groups.groups().front().streams.front())) {
         QString marks;

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace quorvin {
 
 namespace {
@@ -83,6 +85,52 @@ TEST(RecordText, RepeatedKeyIsListedTwiceAndLooksUpAsTheLast)
     EXPECT_EQ(groups.lookUp(stream, u"none"), std::nullopt);
     EXPECT_TRUE(groups.group(u"Menu")->streams.empty());
     EXPECT_EQ(groups.group(u"Video"), nullptr);
+}
+
+TEST(RecordText, ExportsKeepWhatIsPrivateInTheTreeOnlyAndNoGroupOfTheTreeAlone)
+{
+    RecordContents record;
+    ParameterGroups &groups = record.groups;
+    groups.beginGroup(QStringLiteral("File"));
+    groups.beginStream(0);
+    add(groups, QStringLiteral("kept"), QStringLiteral("1"),
+        ParameterFlag::IsPrivateInfo | ParameterFlag::IsPrivateInTreeOnly);
+    add(groups, QStringLiteral("dropped"), QStringLiteral("2"), ParameterFlag::IsPrivateInfo);
+    groups.beginGroup(QStringLiteral("PNG"));
+    groups.beginStream(0);
+    add(groups, QStringLiteral("shown"), QStringLiteral("3"), ParameterFlag::SkipInExport);
+    for (const bool isImage : {false, true}) {
+        record.isImage = isImage;
+        const ExportInfo info = computeExportInfo(record, true);
+        ASSERT_EQ(info.sections.size(), 1U);
+        ASSERT_EQ(info.sections[0].streams[0].size(), 1U);
+        EXPECT_EQ(info.sections[0].streams[0][0].value, "1");
+    }
+}
+
+TEST(RecordText, EqualLongValuesAreStoredOnce)
+{
+    const QString text = QStringLiteral("long ").repeated(2'000);
+    const auto bytesOf = [&](int times) {
+        ParameterGroups groups;
+        groups.beginGroup(QStringLiteral("Image"));
+        groups.beginStream(0);
+        for (int i = 0; i < times; ++i) {
+            add(groups, QString::number(i), text);
+            add(groups, QString::number(i), i % 2 == 0 ? text.chopped(1) : QStringLiteral("short"));
+        }
+        const auto parameters = groups.parameters(groups.groups().front().streams.front());
+        EXPECT_TRUE(std::ranges::all_of(parameters, [&](const auto &parameter) {
+            const QString value = groups.value(parameter);
+            return value == text || value == text.chopped(1) || value == QStringLiteral("short");
+        }));
+        quint32 end = 0;
+        for (const auto &parameter : parameters)
+            end = std::max(end, parameter.offset + parameter.length);
+        return end;
+    };
+    EXPECT_LT(bytesOf(1'000), 3 * text.size());
+    EXPECT_EQ(bytesOf(1), 2 * text.size() - 1);
 }
 
 TEST(RecordText, GeneralLeavesEmptyPiecesOut)

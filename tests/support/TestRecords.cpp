@@ -59,7 +59,7 @@ ExportEntry pictureEntry()
     record.filename = u"/x/2.jpg"_s;
     record.isImage = true;
     begin(record, u"File"_s);
-    add(record, u"folder"_s, u"/x"_s, IsPrivateInfo);
+    add(record, u"folder"_s, u"/x"_s, IsPrivateInfo | IsPrivateInTreeOnly);
     begin(record, u"MakerNote"_s);
     const quint16 focus = record.groups.addSubgroup(u"Auto Focus"_s);
     const quint16 open = record.groups.addSubgroup(QString());

@@ -23,7 +23,7 @@ Expected<RecordContents> readImage(const QString &filename, const RegularFile &f
     record.filename = filename;
     record.isImage = true;
     record.general = prepareExiv2General(image->data(), file, options);
-    prepareFileStream(filename, record.general, record.groups);
+    prepareFileStream(filename, record.general, PrivateFacts::InTreeOnly, record.groups);
     prepareExiv2Data(image->data(), record.general, record.groups);
     return record;
 }

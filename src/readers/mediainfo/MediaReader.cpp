@@ -22,7 +22,7 @@ Expected<RecordContents> readMedia(const QString &filename, const RegularFile &f
     RecordContents record;
     record.filename = filename;
     prepareMediainfoGeneral(info, file, options, record);
-    prepareFileStream(filename, record.general, record.groups);
+    prepareFileStream(filename, record.general, PrivateFacts::Everywhere, record.groups);
     prepareMediainfoData(info, options, record.groups);
     return record;
 }

@@ -94,6 +94,7 @@ TEST(Heif, WhatTheMetadataLibrariesRefuseTheImageReaderTells)
     EXPECT_EQ((*record)->generalInfo().imageSize, QStringLiteral("64 x 48"));
     EXPECT_EQ(lineOf(*record, "PixelWidth"), QStringLiteral("PixelWidth: 64"));
     EXPECT_EQ(lineOf(*record, "Name"), QStringLiteral("Name: a.heic"));
+    EXPECT_TRUE((*record)->computeExportInfo().sections.empty()) << "all of it is for the tree";
 }
 
 } // namespace quorvin
