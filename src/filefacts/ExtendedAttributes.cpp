@@ -15,6 +15,7 @@
 
 #include <array>
 #include <cerrno>
+#include <optional>
 
 namespace quorvin::Utilities {
 
@@ -46,6 +47,22 @@ Expected<QByteArray> readSized(Read read)
             return posixFailure(errno);
         bytes.resize(size);
     }
+}
+
+/// Day and hour are parsed apart: as one they would be local time, and none in the hour that summer time
+/// skips.
+std::optional<QDateTime> utcTime(const QString &text)
+{
+    constexpr QLatin1String kZone("UTC");
+    QString bare = text;
+    if (text.startsWith(kZone))
+        bare = text.mid(kZone.size() + 1);
+    else if (text.endsWith(kZone))
+        bare = text.chopped(kZone.size() + 1);
+    const QDate day = QDate::fromString(bare.section(u' ', 0, 0), QStringLiteral("yyyy-MM-dd"));
+    const QTime hour = QTime::fromString(bare.section(u' ', 1), QStringLiteral("HH:mm:ss"));
+    const bool isWhole = bare.size() + kZone.size() + 1 == text.size() && day.isValid() && hour.isValid();
+    return isWhole ? std::optional(QDateTime(day, hour, Qt::UTC)) : std::nullopt;
 }
 
 } // namespace
@@ -104,11 +121,10 @@ Expected<void> removeExtendedAtrribute(const QString &name, const QString &path)
 
 Expected<void> touchDate(const QString &date, const QString &path)
 {
-    QDateTime time = QDateTime::fromString(date, QStringLiteral("'UTC 'yyyy-MM-dd HH:mm:ss"));
-    if (!time.isValid())
+    const auto time = utcTime(date);
+    if (!time)
         return tl::unexpected(Error{kErrorDomain, 1, QStringLiteral("Failed to convert the date")});
-    time.setTimeSpec(Qt::UTC);
-    const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, timespec{time.toSecsSinceEpoch(), 0}};
+    const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, timespec{time->toSecsSinceEpoch(), 0}};
     if (::utimensat(AT_FDCWD, encodePath(path).constData(), times.data(), 0) != 0)
         return posixFailure(errno);
     return {};

@@ -27,7 +27,8 @@ Expected<QStringList> listExtendedAttributesOnFileAtPath(const QString &path);
 /// Removing the tags removes both forms in which a file may carry them. The error is of the POSIX domain.
 Expected<void> removeExtendedAtrribute(const QString &name, const QString &path);
 
-/// Sets the modification date from "UTC yyyy-MM-dd HH:mm:ss".
+/// Sets the modification date from "UTC yyyy-MM-dd HH:mm:ss" or "yyyy-MM-dd HH:mm:ss UTC", as the media
+/// library of the day writes it.
 Expected<void> touchDate(const QString &date, const QString &path);
 
 inline constexpr QLatin1String kTagsAttribute("com.apple.metadata:_kMDItemUserTags");

@@ -34,12 +34,12 @@ QByteArray withoutLinks(const QByteArray &path)
     return ::realpath(path.constData(), real) ? QByteArray(real) : path;
 }
 
-mode_t modeOfNewFile()
-{
+/// Read before any thread starts, since the mask can only be told by changing it.
+const mode_t modeOfNewFile = [] {
     const mode_t mask = ::umask(0);
     ::umask(mask);
-    return 0666 & ~mask;
-}
+    return static_cast<mode_t>(0666 & ~mask);
+}();
 
 void copyAttributes(const QByteArray &from, int to)
 {
@@ -117,7 +117,7 @@ Expected<void> AtomicFile::openTemporary(const QByteArray &target)
         return posixFailure(errno);
     }
     _slot = UnfinishedFiles::add(_temporary);
-    ::fchmod(descriptor, modeOfNewFile());
+    ::fchmod(descriptor, modeOfNewFile);
     _device.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
     return {};
 }

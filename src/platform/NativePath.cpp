@@ -3,6 +3,8 @@
 
 #include "platform/NativePath.h"
 
+#include "model/Utf8.h"
+
 #include <QStringList>
 
 #include <unistd.h>
@@ -54,14 +56,14 @@ QByteArray currentFolder()
 QString decodePath(const QByteArray &bytes)
 {
     if (bytes.isValidUtf8())
-        return QString::fromUtf8(bytes);
+        return textOfUtf8(bytes);
     QString path;
     for (QByteArrayView rest = bytes; !rest.isEmpty();) {
         const qsizetype length = validSequenceLength(rest);
         if (length == 0)
             path.append(QChar(static_cast<char16_t>(kEscapeBase + static_cast<uchar>(rest.front()))));
         else
-            path.append(QString::fromUtf8(rest.first(length)));
+            path.append(textOfUtf8(rest.first(length)));
         rest = rest.sliced(std::max<qsizetype>(1, length));
     }
     return path;

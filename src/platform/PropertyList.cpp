@@ -4,6 +4,7 @@
 #include "platform/PropertyList.h"
 
 #include "model/Log.h"
+#include "platform/PropertyListBudget.h"
 
 #include <QDateTime>
 
@@ -71,6 +72,9 @@ QVariant dateOf(plist_t node)
     int32_t seconds = 0;
     int32_t microseconds = 0;
     plist_get_date_val(node, &seconds, &microseconds);
+    using Limits = std::numeric_limits<int32_t>;
+    if (seconds == Limits::min() || seconds == Limits::max())
+        return {};
     return QDateTime::fromMSecsSinceEpoch((kReferenceDate + seconds) * 1000 + microseconds / 1000, Qt::UTC);
 }
 
@@ -128,6 +132,10 @@ Expected<QVariant> parsePropertyList(QByteArrayView bytes)
     const auto refused = failure(QStringLiteral("not a property list"));
     if (bytes.isEmpty() || bytes.size() > std::numeric_limits<int32_t>::max())
         return refused;
+    if (!expandsWithinBudget(bytes)) {
+        qCDebug(lcLibraries) << "libplist: spared a list that expands beyond all measure";
+        return refused;
+    }
     plist_t root = nullptr;
     plist_from_memory(bytes.data(), static_cast<uint32_t>(bytes.size()), &root);
     const std::unique_ptr<void, NodeDeleter> owner(root);

@@ -10,8 +10,10 @@
 
 namespace quorvin {
 
-/// A binary or XML property list as a value: string, list, map, number, boolean, bytes or `QDateTime`. Fails
-/// when the bytes are no property list, or nest deeper than `kMaxPropertyListDepth`. Any thread.
+/// A binary or XML property list as a value: string, list, map, number, boolean, bytes or `QDateTime`. A date
+/// beyond the 68 years before and after 2001 that libplist tells of is a null value. Fails
+/// when the bytes are no property list, nest deeper than `kMaxPropertyListDepth`,
+/// or expand beyond the budget of `expandsWithinBudget`. Any thread.
 Expected<QVariant> parsePropertyList(QByteArrayView bytes);
 
 inline constexpr int kMaxPropertyListDepth = 32;

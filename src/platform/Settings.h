@@ -70,6 +70,8 @@ struct SettingRow {
     QLatin1String key;
     SettingType type;
     QLatin1String defaultText; ///< as `settingText` writes it
+    double least = 0; ///< of a number, as the other end
+    double most = 0;
 };
 
 /// The one table of keys, types and defaults; the row of a setting has its enumerator as index.
@@ -78,11 +80,12 @@ std::span<const SettingRow> settingsTable();
 QString nameOfType(SettingType type);
 /// Booleans as true or false, floats with a decimal point.
 QString settingText(SettingType type, const QVariant &value);
-/// The value of that text; absent when it is none of that type. Booleans are true, false, 1 or 0.
-std::optional<QVariant> settingFromText(SettingType type, const QString &text);
+/// The value of that text; absent when it is none of the setting's type, or a number beyond its ends.
+/// Booleans are true, false, 1 or 0.
+std::optional<QVariant> settingFromText(const SettingRow &row, const QString &text);
 
-/// The user's settings: a file, and over it what was set for this run alone. A value of the file that is not
-/// of its setting's type counts as not there. Any thread.
+/// The user's settings: a file, and over it what was set for this run alone. A value of the file that its
+/// setting does not take counts as not there. Any thread.
 class Settings {
 public:
     /// Reads the file, which need not exist. `path` "" means no file: defaults only.

@@ -5,6 +5,7 @@
 #include "filefacts/ExtendedAttributes.h"
 #include "platform/RegularFile.h"
 #include "support/TestFolder.h"
+#include "support/TimeZone.h"
 
 #include <gtest/gtest.h>
 
@@ -82,16 +83,27 @@ TEST(Attributes, ListAndRemove)
     EXPECT_EQ(again.error().code, ENODATA);
 }
 
-TEST(Attributes, TouchTakesOneForm)
+TEST(Attributes, TouchTakesTheZoneInFrontAndBehind)
 {
     const test::TestFolder folder;
     const QString path = folder.write(QStringLiteral("a"));
     EXPECT_TRUE(touchDate(QStringLiteral("UTC 2021-03-04 05:06:07"), path));
     EXPECT_EQ(RegularFile::open(path)->modificationTime(), 1'614'834'367'000);
-    const auto refused = touchDate(QStringLiteral("2021-03-04 05:06:07"), path);
-    ASSERT_FALSE(refused);
-    EXPECT_EQ(refused.error().domain, kErrorDomain);
-    EXPECT_EQ(refused.error().code, 1);
+    EXPECT_TRUE(touchDate(QStringLiteral("2021-03-04 05:06:08 UTC"), path));
+    EXPECT_EQ(RegularFile::open(path)->modificationTime(), 1'614'834'368'000);
+    {
+        const test::TimeZone zone("Europe/Berlin");
+        EXPECT_TRUE(touchDate(QStringLiteral("UTC 2021-03-28 02:30:00"), path))
+            << "skipped by the clocks there";
+        EXPECT_EQ(RegularFile::open(path)->modificationTime(), 1'616'898'600'000);
+    }
+    for (const char *wrong : {"2021-03-04 05:06:07", "UTC 2021-03-04", "UTC 2021-02-29 00:00:00", "UTC", "",
+                              "UTC 2021-03-04 05:06:07 UTC", "UTCx2021-03-04 05:06:07 x"}) {
+        const auto refused = touchDate(QLatin1String(wrong), path);
+        ASSERT_FALSE(refused) << wrong;
+        EXPECT_EQ(refused.error().domain, kErrorDomain);
+        EXPECT_EQ(refused.error().code, 1);
+    }
     EXPECT_EQ(
         touchDate(QStringLiteral("UTC 2021-03-04 05:06:07"), folder / QStringLiteral("none")).error().domain,
         kPosixErrorDomain);

@@ -15,7 +15,9 @@ TEST(NativePath, EveryNameLeadsBackToItsBytes)
 {
     for (const QByteArray &name :
          {QByteArray("plain"), QByteArray("f\xc3\xa9\xf0\x9f\x8e\xac"), QByteArray("a\xffz"),
-          QByteArray("\xc3"), QByteArray("\xed\xa0\x80\xed\xb2\x80"),
+          QByteArray("\xef\xbb\xbf"
+                     "a"),
+          QByteArray("\xff\xef\xbb\xbf"), QByteArray("\xc3"), QByteArray("\xed\xa0\x80\xed\xb2\x80"),
           QByteArray("\xf0\x9f\x8e\xac\xff\xfe\xc3\xa9")}) {
         EXPECT_EQ(encodePath(decodePath(name)), name);
         EXPECT_EQ(isUtf8Path(decodePath(name)), name.isValidUtf8());

@@ -18,7 +18,7 @@ QString otherText(const SettingRow &row)
     case SettingType::Boolean:
         return row.defaultText == QLatin1String("true") ? QStringLiteral("false") : QStringLiteral("true");
     case SettingType::Integer:
-        return QStringLiteral("4711");
+        return QString::number(QString(row.defaultText).toInt() == row.most ? row.least : row.most, 'f', 0);
     case SettingType::Float:
         return QStringLiteral("47.5");
     case SettingType::String:
@@ -45,13 +45,16 @@ TEST(Settings, EveryKeyLoadsAwayFromItsDefault)
     }
 }
 
-TEST(Settings, ValueOfTheWrongTypeCountsAsNotThere)
+TEST(Settings, ValueThatItsSettingDoesNotTakeCountsAsNotThere)
 {
     const test::TestFolder folder;
-    const Settings settings(
-        folder.write(QStringLiteral("settings.ini"), "[General]\nuseSIUnits=maybe\nextFontSize=big\n"));
+    const Settings settings(folder.write(QStringLiteral("settings.ini"),
+                                         "[General]\nuseSIUnits=maybe\nextFontSize=big\nsidebarWidth=inf\n"
+                                         "readerMemoryMiB=1\n"));
     EXPECT_TRUE(settings.boolean(Setting::useSIUnits));
     EXPECT_EQ(settings.integer(Setting::extFontSize), 12);
+    EXPECT_EQ(settings.real(Setting::sidebarWidth), 160);
+    EXPECT_EQ(settings.integer(Setting::readerMemoryMiB), 2048);
 }
 
 TEST(Settings, OverridesAreChecked)
@@ -61,8 +64,9 @@ TEST(Settings, OverridesAreChecked)
     EXPECT_EQ(settings.string(Setting::videoUtility), QStringLiteral("a=b"));
     EXPECT_TRUE(settings.overrideFrom(QStringLiteral("sidebarWidth=200")));
     EXPECT_EQ(settings.text(Setting::sidebarWidth), QStringLiteral("200.0"));
-    for (const char *wrong :
-         {"useSIUnits", "useSIUnits=", "useSIUnits=yes", "extFontSize=1.5", "none=1", "=1"})
+    for (const char *wrong : {"useSIUnits", "useSIUnits=", "useSIUnits=yes", "extFontSize=1.5", "none=1",
+                              "=1", "sidebarWidth=nan", "sidebarWidth=inf", "sidebarWidth=-1",
+                              "readerCpuSeconds=0", "readerCpuSeconds=3601"})
         EXPECT_FALSE(settings.overrideFrom(QLatin1String(wrong))) << wrong;
 }
 

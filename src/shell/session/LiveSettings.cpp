@@ -10,7 +10,7 @@ LiveSettings::LiveSettings(Settings &settings, QObject *parent) : QObject(parent
 void LiveSettings::set(Setting setting, const QVariant &value)
 {
     const SettingRow &row = settingsTable()[static_cast<std::size_t>(setting)];
-    const auto typed = settingFromText(row.type, settingText(row.type, value));
+    const auto typed = settingFromText(row, settingText(row.type, value));
     if (!typed)
         return;
     const QString before = text(setting);
