@@ -141,6 +141,8 @@ TEST(MediaRecord, EveryNameGivesTheSameMedia)
         ASSERT_TRUE(data);
         EXPECT_EQ(mediaText(*data), mediaText(*plain));
         EXPECT_EQ(data->generalInfo().fileUTI, QStringLiteral("audio/flac"));
+        EXPECT_FALSE(data->stringForExportText().contains(QStringLiteral("File extension")))
+            << "of a name that the file never had";
     }
 }
 

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace quorvin::exiv2 {
 
@@ -33,6 +34,19 @@ const Exiv2::Dictionary &builtInPrefixes()
     return prefixes;
 }
 
+std::mutex xmpLock;
+
+void forgetForeignNamespaces()
+{
+    std::vector<std::string> foreign;
+    for (const auto &[uri, info] : Exiv2::XmpProperties::nsRegistry_) {
+        if (uri != kFaceNamespace)
+            foreign.push_back(uri);
+    }
+    for (const std::string &uri : foreign)
+        Exiv2::XmpProperties::unregisterNs(uri);
+}
+
 void logMessage(int, const char *message)
 {
     qCDebug(lcLibraries).noquote() << "exiv2:" << QString::fromUtf8(message).trimmed();
@@ -52,6 +66,13 @@ std::unique_ptr<Exiv2::Image> openImage(Exiv2::BasicIo::AutoPtr io)
 }
 
 } // namespace
+
+XmpSession::XmpSession() : _lock(xmpLock) { }
+
+XmpSession::~XmpSession()
+{
+    forgetForeignNamespaces();
+}
 
 bool isBuiltInPrefix(const std::string &prefix)
 {

@@ -11,6 +11,7 @@
 #include <exiv2/exiv2.hpp>
 
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <string>
 
@@ -21,6 +22,21 @@ namespace quorvin::exiv2 {
 /// Routes the library's messages to the debug log, initialises its XMP toolkit, which is not safe for
 /// threads, and lets it open ISO base media files. Once in a process, before any thread.
 void setUp();
+
+/// Hold one while metadata is read or XMP printed. The library keeps the namespaces of XMP for the whole
+/// process without a lock of its own: two threads that decode at once lose packets, and a file that binds a
+/// prefix of the library to a namespace of its own would take the labels of that prefix from every later
+/// file. At the end the namespaces that the file brought are forgotten. One a thread at a time.
+class XmpSession {
+public:
+    XmpSession();
+    ~XmpSession();
+    XmpSession(const XmpSession &) = delete;
+    XmpSession &operator=(const XmpSession &) = delete;
+
+private:
+    std::unique_lock<std::mutex> _lock;
+};
 
 /// Whether the library knew this XMP prefix when it was set up.
 bool isBuiltInPrefix(const std::string &prefix);

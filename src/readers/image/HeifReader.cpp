@@ -44,6 +44,12 @@ qsizetype tiffOffset(QByteArrayView block)
     return block.size() < 5 ? 0 : last;
 }
 
+void readMetadata(Exiv2::Image &image)
+{
+    const exiv2::XmpSession session;
+    image.readMetadata();
+}
+
 void readExifBlock(QByteArrayView block, ImageMetadata &result)
 {
     if (block.isEmpty()) {
@@ -51,7 +57,7 @@ void readExifBlock(QByteArrayView block, ImageMetadata &result)
         return;
     }
     if (const auto image = exiv2::openImage(block.sliced(tiffOffset(block)))) {
-        image->readMetadata();
+        readMetadata(*image);
         prepareExif(*image, result);
     }
 }
@@ -59,6 +65,7 @@ void readExifBlock(QByteArrayView block, ImageMetadata &result)
 void readXmpBlock(QByteArrayView block, ImageMetadata &result)
 {
     if (const auto image = exiv2::openImage(block)) {
+        const exiv2::XmpSession session;
         image->readMetadata();
         prepareXmp(*image, result);
     }

@@ -4,6 +4,7 @@
 #include "readers/image/ImageGeneral.h"
 
 #include "filefacts/FileStream.h"
+#include "filefacts/Sizes.h"
 #include "pictures/Cover.h"
 #include "pictures/Images.h"
 #include "platform/NativePath.h"
@@ -163,10 +164,10 @@ GeneralFacts prepareExiv2General(const ImageMetadata &metadata, const RegularFil
 void setImageSize(const QString &width, const QString &height, GeneralFacts &general)
 {
     const QString size = width + " x "_L1 + height;
-    const double megapixels = static_cast<double>(width.toLongLong() * height.toLongLong()) / 1'000'000;
+    const double megapixels = width.toDouble() * height.toDouble() / 1'000'000;
     general.imageSize = size;
     general.imageSizeMP = megapixels > kLeastMegapixels
-        ? size + " ("_L1 + QString::number(megapixels, 'f', 1) + " MP)"_L1
+        ? size + " ("_L1 + Utilities::fixedNotation(megapixels, 1) + " MP)"_L1
         : size;
 }
 

@@ -31,16 +31,19 @@ void takeLibrarySize(const Exiv2::Image &image, ImageMetadata &result)
 
 Expected<ImageMetadata> metadataOf(Exiv2::Image &image, const QString &filepath, bool keepThumb)
 {
-    image.readMetadata();
-    if (image.mimeType() == "image/generic")
-        return failure(kNotAnImage);
     ImageMetadata result;
-    result.mimeType = QString::fromStdString(image.mimeType());
-    if (isHeifType(*result.mimeType))
-        return result;
+    {
+        const exiv2::XmpSession session;
+        image.readMetadata();
+        if (image.mimeType() == "image/generic")
+            return failure(kNotAnImage);
+        result.mimeType = QString::fromStdString(image.mimeType());
+        if (isHeifType(*result.mimeType))
+            return result;
+        prepareXmp(image, result);
+    }
     prepareExif(image, result);
     prepareIptc(image, result);
-    prepareXmp(image, result);
     takeLibrarySize(image, result);
     prepareColorProfile(image, result);
     prepareThumbnails(image, filepath, keepThumb, result);

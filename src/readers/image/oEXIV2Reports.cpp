@@ -4,6 +4,7 @@
 #include "readers/image/oEXIV2Reports.h"
 
 #include "model/Log.h"
+#include "platform/NativePath.h"
 #include "readers/image/Exiv2Library.h"
 
 #include <QStringList>
@@ -69,13 +70,15 @@ QString report(const Exiv2::Image &image)
     return lines.join(u'\n');
 }
 
-/// What `make` makes of an image with its metadata read.
+/// What `make` makes of an image with its metadata read. Throws what the library throws, for a file of a type
+/// that it does not know too.
 template <typename Make>
 Expected<QString> textOfFile(const QString &path, Make make)
 {
     const auto image = exiv2::openImage(path);
     if (!image)
-        return unreadable();
+        throw Exiv2::Error(Exiv2::kerFileContainsUnknownImageType, encodePath(path).toStdString());
+    const exiv2::XmpSession session;
     image->readMetadata();
     return make(*image);
 }

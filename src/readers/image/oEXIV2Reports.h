@@ -13,11 +13,9 @@ namespace quorvin::oEXIV2Reports {
 /// Every metadata item, a line each, as exiv2 prints it; "" for an image without any. Fails for a file that
 /// cannot be read.
 Expected<QString> outputOnFile(const QString &path);
-/// The layout of a file as exiv2 describes it, or the text of exiv2's error. Fails for a file that it
-/// does not know.
+/// The layout of a file as exiv2 describes it, or the text of exiv2's error.
 Expected<QString> structureOfFile(const QString &path);
-/// The raw XMP packet, "" without one, or the text of exiv2's error. Fails for a file that it does not
-/// know.
+/// The raw XMP packet, "" without one, or the text of exiv2's error.
 Expected<QString> rawXmpOfFile(const QString &path);
 
 } // namespace quorvin::oEXIV2Reports

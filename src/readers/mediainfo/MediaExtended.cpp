@@ -39,7 +39,7 @@ public:
 private:
     void add(const ParameterFace &face, const QString &text)
     {
-        if (text.isEmpty())
+        if (text.isEmpty() || isOfBorrowedName(face))
             return;
         if (face.rule == ParameterRule::Duration)
             addUnder(u"Duration/String1"_s, face);
@@ -47,6 +47,12 @@ private:
             addUnder(face.term->key + "/SI"_L1, face);
         else
             _groups.add(face.term, text);
+    }
+
+    /// What the library says of the name of the descriptor through which it reads the file.
+    bool isOfBorrowedName(const ParameterFace &face) const
+    {
+        return _info.isOpenByDescriptor() && face.term->key == "FileExtension_Invalid"_L1;
     }
 
     /// The parameter under another key, with that key's value, and the label it has.

@@ -39,6 +39,9 @@ public:
     /// does not recognise, and then has no format for them.
     Expected<void> Open(const QString &path);
 
+    /// Whether the library reads the file under a name that is not its own, since that is not UTF-8.
+    bool isOpenByDescriptor() const { return _heldOpen.has_value(); }
+
     /// The library's text report; lines end in "\n".
     QString Inform();
     /// The same with all parameters. Changes an option of the whole process meanwhile.

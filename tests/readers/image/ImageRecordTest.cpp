@@ -6,6 +6,7 @@
 #include "readers/image/ImageGeneral.h"
 #include "readers/image/Previews.h"
 #include "readers/image/oEXIV2.h"
+#include "readers/image/oEXIV2Reports.h"
 #include "support/Pictures.h"
 #include "support/Sweep.h"
 #include "support/TestFolder.h"
@@ -85,6 +86,10 @@ TEST(ImageRecord, MegapixelsCountAboveAThird)
     EXPECT_EQ(general.imageSizeMP, QStringLiteral("640 x 480 (0.3 MP)"));
     setImageSize(QStringLiteral("600"), QStringLiteral("500"), general);
     EXPECT_EQ(general.imageSizeMP, QStringLiteral("600 x 500"));
+    setImageSize(QStringLiteral("1500"), QStringLiteral("1500"), general);
+    EXPECT_EQ(general.imageSizeMP, QStringLiteral("1500 x 1500 (2.2 MP)")) << "2.25, to the even digit";
+    setImageSize(QStringLiteral("4294967295"), QStringLiteral("4294967295"), general);
+    EXPECT_EQ(general.imageSizeMP, QStringLiteral("4294967295 x 4294967295 (18446744065119.6 MP)"));
 }
 
 TEST(ImageRecord, ProfileIsNamedOnlyBesideExif)
@@ -171,6 +176,16 @@ TEST(ImageRecord, VideosThatTheLibraryReadsAreNoImages)
     };
     for (const QByteArray &head : heads)
         EXPECT_FALSE(oEXIV2::initWithMemData(head + QByteArray(64, '\0'))) << head.toStdString();
+}
+
+TEST(ImageRecord, ReportsOnWhatIsNoImageSaySo)
+{
+    const QString path = test::sample(QStringLiteral("tone.flac"));
+    const QString text = QStringLiteral("Exiv2 exception: ") + path
+        + QStringLiteral(": The file contains data of an unknown image type");
+    EXPECT_EQ(oEXIV2Reports::structureOfFile(path), text);
+    EXPECT_EQ(oEXIV2Reports::rawXmpOfFile(path), text);
+    EXPECT_FALSE(oEXIV2Reports::outputOnFile(path));
 }
 
 TEST(ImageRecord, EveryTruncationIsReadOrRefused)

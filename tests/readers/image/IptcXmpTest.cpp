@@ -70,6 +70,23 @@ TEST(Xmp, FileKeepsItsOwnPrefixWhateverWasReadBefore)
     EXPECT_EQ(keys("Other"), QStringLiteral("Xmp.Other.a Xmp.Other.b Xmp.Other.b/Other:c"));
 }
 
+TEST(Xmp, FileThatTakesAPrefixOfTheLibraryLeavesItToTheNext)
+{
+    const auto label = [](const QByteArray &uri) {
+        const QByteArray packet = R"(<x:xmpmeta xmlns:x="adobe:ns:meta/"><rdf:RDF
+          xmlns:rdf="http://www.w3.org/1999/02/22-rdf-syntax-ns#"><rdf:Description rdf:about=""
+          xmlns:xmp=")"
+            + uri + R"(" xmp:CreatorTool="1"/></rdf:RDF></x:xmpmeta>)";
+        const TestFolder folder;
+        const auto image = oEXIV2::initWithFilename(folder.write(QStringLiteral("a.xmp"), packet));
+        return image && !image->data().xmp.isEmpty() ? image->data().xmp[0].term->label : QString();
+    };
+    const QByteArray own = "http://ns.adobe.com/xap/1.0/";
+    EXPECT_EQ(label(own), QStringLiteral("Creator Tool"));
+    EXPECT_EQ(label("http://example.com/notxmp/"), QStringLiteral("CreatorTool"));
+    EXPECT_EQ(label(own), QStringLiteral("Creator Tool"));
+}
+
 TEST(Xmp, PrefixOfNoNamespaceCostsItsPropertyAlone)
 {
     const QByteArray packet = R"(<x:xmpmeta xmlns:x="adobe:ns:meta/"><rdf:RDF
