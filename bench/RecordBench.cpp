@@ -59,7 +59,7 @@ void memoryOfRecord(benchmark::State &state)
         for (const QString &path : mediaFiles()) {
             if (const auto record = builder.dataAboutFile(path)) {
                 records.push_back(*record);
-                covers += static_cast<std::size_t>((*record)->generalInfo().coverData.size());
+                covers += static_cast<std::size_t>((*record)->generalInfo().cover.pixels.size());
             }
         }
         const std::size_t before = mallinfo2().uordblks;

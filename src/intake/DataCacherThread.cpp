@@ -3,6 +3,7 @@
 
 #include "intake/DataCacherShared.h"
 #include "model/Log.h"
+#include "pictures/Cover.h"
 
 #include <utility>
 
@@ -79,7 +80,8 @@ private:
         if (_stop.stop_requested())
             return;
         if (result)
-            _shared.dataReady(std::get<QuorvinDataPtr>(*result), file, DataCacherDelivery::Fresh);
+            _shared.dataReady(withPackedCover(std::get<QuorvinDataPtr>(*result)), file,
+                              DataCacherDelivery::Fresh);
         else
             _shared.dataReady(nullptr, file, DataCacherDelivery::Fresh, result.error().description);
     }

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/Cover.h"
 #include "model/StyledText.h"
 
 #include <QByteArray>
@@ -59,7 +60,8 @@ struct GeneralFacts : FileFacts {
     std::optional<QString> thumbCount; ///< decimal number of an image's previews
     std::optional<double> latitude; ///< of an image, in degrees, north positive
     std::optional<double> longitude; ///< likewise, east positive
-    QByteArray coverData; ///< an encoded picture; empty when there is no cover
+    Cover cover; ///< as the reader hands it on; empty when there is none, or when it is packed
+    QByteArray packedCover; ///< encoded by this process, never by the file; empty when there is none
     QString container; ///< format, size, duration and bit rate in one line; "" for images
     std::vector<GeneralLine> lines;
 

@@ -3,21 +3,32 @@
 
 #pragma once
 
+#include "model/Cover.h"
+#include "model/QuorvinData.h"
+
 #include <QByteArray>
 #include <QImage>
 
 namespace quorvin {
 
-/// An encoded picture as a record keeps it: as it came, or, above `kLargestCover` bytes, scaled to
-/// `kCoverSide` pixels on its longer side and encoded again. What cannot be decoded stays as it came. Any
-/// thread.
-QByteArray storedCover(const QByteArray &encoded);
+/// Any thread, all of it.
 
-/// A decoded picture as a record keeps it: JPEG, or PNG for one with transparency; "" for a null one. Any
-/// thread.
-QByteArray encodedPicture(const QImage &picture);
+/// A picture as a reader hands it on: scaled down to `side` pixels at most on its longer side, and to
+/// `Cover::kMostSide` whatever is asked for. Empty for a null picture.
+Cover coverOf(const QImage &picture, int side = Cover::kMostSide);
 
-inline constexpr qsizetype kLargestCover = 65'536;
-inline constexpr int kCoverSide = 512;
+/// The same of the bytes of a picture, decoded within the limits of `thumbnailedImageFromData`; empty for
+/// what cannot be decoded.
+Cover coverOfData(const QByteArray &encoded, int side = Cover::kMostSide);
+
+/// A cover as JPEG, or PNG for one with transparency, in `kMostPackedBytes` at most; made coarser, then
+/// smaller, until it fits. "" for an empty one, and for one that is not valid.
+QByteArray packedCover(const Cover &cover);
+
+/// The record with its cover packed, in place of its pixels: as much as a list of many files can keep. The
+/// same record when it has none.
+QuorvinDataPtr withPackedCover(QuorvinDataPtr record);
+
+inline constexpr qsizetype kMostPackedBytes = 65'536;
 
 } // namespace quorvin

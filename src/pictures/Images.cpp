@@ -4,11 +4,15 @@
 #include "pictures/Images.h"
 
 #include "pictures/HeifImage.h"
+#include "pictures/JpegScans.h"
 #include "platform/RegularFile.h"
 
 #include <QBuffer>
 #include <QFile>
 #include <QImageReader>
+
+#include <algorithm>
+#include <array>
 
 namespace quorvin::Utilities {
 
@@ -20,15 +24,27 @@ QSize fitting(QSize size, QSize limit)
     return fits ? size : size.scaled(limit, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
+/// The formats that are nothing but pixels, as the decoders name them.
+constexpr std::array kPixelFormats{"bmp", "cur", "dib", "gif", "icns", "ico", "jp2",  "jpeg", "jpg",
+                                   "pbm", "pgm", "png", "ppm", "tga",  "tif", "tiff", "wbmp", "webp"};
+
+bool isPixelFormat(const QByteArray &format)
+{
+    return std::ranges::find(kPixelFormats, QByteArrayView(format)) != kPixelFormats.end();
+}
+
 QImage decoded(QIODevice &device, QSize limit, bool applyOrientation)
 {
+    const JpegScans scans = scansOf(device);
     QImageReader reader(&device);
+    if (!isPixelFormat(reader.format()))
+        return {};
     reader.setAutoTransform(applyOrientation);
     const QSize size = reader.size();
-    const bool scales = reader.supportsOption(QImageIOHandler::ScaledSize);
-    if (qint64{size.width()} * size.height() > (scales ? kMaxScaledPixels : kMaxWholePixels))
+    if (qint64{size.width()} * size.height() > kMostPixels || scans.count > kMostScans)
         return {};
-    if (size.isValid() && fitting(size, limit) != size)
+    // A progressive file is held as a whole whatever size is asked for.
+    if (size.isValid() && fitting(size, limit) != size && !scans.isProgressive)
         reader.setScaledSize(fitting(size, limit));
     return imageResize(reader.read(), limit);
 }
@@ -36,7 +52,7 @@ QImage decoded(QIODevice &device, QSize limit, bool applyOrientation)
 QImage decodedHeif(const QString &path, int size)
 {
     const auto picture = HeifImage::open(path).and_then(
-        [size](const HeifImage &image) { return image.decoded(size, kMaxWholePixels); });
+        [size](const HeifImage &image) { return image.decoded(size, kMostPixels); });
     return picture ? imageResize(*picture, {size, size}) : QImage();
 }
 

@@ -10,9 +10,9 @@
 
 namespace quorvin::Utilities {
 
-/// Pictures as one image of their own; all give a null image for what cannot be decoded, or claims more
-/// pixels than the limits below, before anything is decoded. HEIF and AVIF come through libheif. Sizes are in
-/// pixels. Any thread.
+/// Pictures as one image of their own; all give a null image for what cannot be decoded, is no picture of
+/// pixels (a drawing may name other files), or goes beyond the limits below, before anything is decoded. HEIF
+/// and AVIF come through libheif. Sizes are in pixels. Any thread.
 
 /// The picture with its orientation applied, scaled down so that its longer side is at most `size`; decoded
 /// at reduced size where the format can. A smaller picture keeps its size.
@@ -28,9 +28,9 @@ QImage resizedImageFromData(const QByteArray &data, QSize maxSize);
 /// "" for a null image.
 QByteArray pngDataFromImage(const QImage &image);
 
-/// Most pixels of a picture that is scaled down while it is decoded, line by line.
-inline constexpr qint64 kMaxScaledPixels = qint64{128} * 1024 * 1024;
-/// Most pixels of a picture that has to be decoded as a whole.
-inline constexpr qint64 kMaxWholePixels = qint64{64} * 1024 * 1024;
+/// Most pixels of a picture.
+inline constexpr qint64 kMostPixels = qint64{32} * 1000 * 1000;
+/// Most scans of a progressive JPEG, each of which goes over all of it. Usual ones have about ten.
+inline constexpr int kMostScans = 100;
 
 } // namespace quorvin::Utilities

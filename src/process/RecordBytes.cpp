@@ -31,16 +31,22 @@ struct Fields<GeneralLine> {
 };
 
 template <>
+struct Fields<Cover> {
+    static constexpr auto list = std::tuple(&Cover::width, &Cover::height, &Cover::hasAlpha, &Cover::pixels);
+    static bool isValid(const Cover &cover) { return cover.isValid(); }
+};
+
+template <>
 struct Fields<GeneralFacts> {
     using Facts = GeneralFacts;
-    static constexpr auto list = std::tuple(
-        &Facts::filesize, &Facts::filesizeinbytes, &Facts::localizedModificationDate,
-        &Facts::localizedCreationDate, &Facts::modificationDate, &Facts::creationDate, &Facts::fileKind,
-        &Facts::fileUTI, &Facts::finderComment, &Facts::fileLabelName, &Facts::fileFrom, &Facts::fileAuthors,
-        &Facts::fileFromDate, &Facts::fileTagNames, &Facts::md5, &Facts::sha1, &Facts::format,
-        &Facts::formatProfile, &Facts::duration, &Facts::bitrate, &Facts::imageSize, &Facts::imageSizeMP,
-        &Facts::thumbCount, &Facts::latitude, &Facts::longitude, &Facts::coverData, &Facts::container,
-        &Facts::lines);
+    static constexpr auto list
+        = std::tuple(&Facts::filesize, &Facts::filesizeinbytes, &Facts::localizedModificationDate,
+                     &Facts::localizedCreationDate, &Facts::modificationDate, &Facts::creationDate,
+                     &Facts::fileKind, &Facts::fileUTI, &Facts::finderComment, &Facts::fileLabelName,
+                     &Facts::fileFrom, &Facts::fileAuthors, &Facts::fileFromDate, &Facts::fileTagNames,
+                     &Facts::md5, &Facts::sha1, &Facts::format, &Facts::formatProfile, &Facts::duration,
+                     &Facts::bitrate, &Facts::imageSize, &Facts::imageSizeMP, &Facts::thumbCount,
+                     &Facts::latitude, &Facts::longitude, &Facts::cover, &Facts::container, &Facts::lines);
 };
 
 namespace {

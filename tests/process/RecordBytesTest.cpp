@@ -23,7 +23,10 @@ RecordContents contents()
     record.isAudio = true;
     record.mapLocation = Location{1.5, -2.5};
     record.general.md5 = QString();
-    record.general.coverData = QByteArray("\0x", 2);
+    record.general.cover = {1, 2, false,
+                            QByteArray("\0x\xff"
+                                       "abc",
+                                       6)};
     record.general.lines
         = {{QStringLiteral("Audio"), QStringLiteral("Audio #1"), {QStringLiteral("x - y"), 4, 1}, 3},
            {QString(), QStringLiteral("Location"), {QStringLiteral("1\u00b0N")}, 0, true}};

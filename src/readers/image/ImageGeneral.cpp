@@ -155,7 +155,7 @@ GeneralFacts prepareExiv2General(const ImageMetadata &metadata, const RegularFil
     if (metadata.imageWidth && metadata.imageHeight)
         setImageSize(*metadata.imageWidth, *metadata.imageHeight, general);
     if (options.keepCover)
-        general.coverData = imageCover(metadata, file, options.useSlowThumbProcessing);
+        general.cover = imageCover(metadata, file, options.useSlowThumbProcessing);
     general.thumbCount = metadata.thumbCount;
     addLines(metadata, general);
     return general;
@@ -171,14 +171,15 @@ void setImageSize(const QString &width, const QString &height, GeneralFacts &gen
         : size;
 }
 
-QByteArray imageCover(const ImageMetadata &metadata, const RegularFile &file, bool useSlowThumbProcessing)
+Cover imageCover(const ImageMetadata &metadata, const RegularFile &file, bool useSlowThumbProcessing)
 {
-    QByteArray cover;
-    if (!metadata.thumb.isEmpty() && metadata.thumbHeight > kImageCoverSide)
-        cover = encodedPicture(Utilities::thumbnailedImageFromData(metadata.thumb, kImageCoverSide));
+    const bool isTall = metadata.thumbHeight > kImageCoverSide;
+    Cover cover;
+    if (!metadata.thumb.isEmpty() && isTall)
+        cover = coverOfData(metadata.thumb, kImageCoverSide);
     else if (useSlowThumbProcessing)
-        cover = encodedPicture(Utilities::thumbnailedImageFromURL(file.descriptorPath(), kImageCoverSide));
-    return cover.isEmpty() && !metadata.thumb.isEmpty() ? storedCover(metadata.thumb) : cover;
+        cover = coverOf(Utilities::thumbnailedImageFromURL(file.descriptorPath(), kImageCoverSide));
+    return cover.isEmpty() && !metadata.thumb.isEmpty() ? coverOfData(metadata.thumb) : cover;
 }
 
 } // namespace quorvin

@@ -19,9 +19,9 @@ GeneralFacts prepareExiv2General(const ImageMetadata &metadata, const RegularFil
 /// Size and size with megapixels, from pixels; the latter counts them only above 0.3.
 void setImageSize(const QString &width, const QString &height, GeneralFacts &general);
 
-/// The encoded cover of an image; empty without one. A preview higher than the cover is scaled down to it,
+/// The cover of an image; empty without one. A preview higher than the cover is scaled down to it,
 /// a lower one stays as it is, and only then, if the slow way is on, the file itself is decoded.
-QByteArray imageCover(const ImageMetadata &metadata, const RegularFile &file, bool useSlowThumbProcessing);
+Cover imageCover(const ImageMetadata &metadata, const RegularFile &file, bool useSlowThumbProcessing);
 
 /// Pixels of the longer side of a cover.
 inline constexpr int kImageCoverSide = 256;

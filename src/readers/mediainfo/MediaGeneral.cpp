@@ -150,7 +150,7 @@ void addLines(const LineForm &form, const oMediaInfo &info, GeneralFacts &genera
 }
 
 /// Covers come as base64, several joined by " / "; the first one counts.
-QByteArray firstCover(const oMediaInfo &info)
+Cover firstCover(const oMediaInfo &info)
 {
     const QString covers
         = firstNotEmpty({info.GetGeneral(0, u"Cover_Data"_s), info.GetGeneral(0, u"Thumbnail_Data"_s)});
@@ -160,7 +160,7 @@ QByteArray firstCover(const oMediaInfo &info)
     const auto decoded
         = QByteArray::fromBase64Encoding(QStringView(covers).left(end < 0 ? covers.size() : end).toLatin1(),
                                          QByteArray::AbortOnBase64DecodingErrors);
-    return decoded ? storedCover(*decoded) : QByteArray();
+    return decoded ? coverOfData(*decoded) : Cover();
 }
 
 } // namespace
@@ -181,7 +181,7 @@ void prepareMediainfoGeneral(const oMediaInfo &info, const RegularFile &file, co
     general.bitrate = info.GetGeneral(0, u"OverallBitRate/String"_s);
     general.imageSize = QString();
     if (options.keepCover)
-        general.coverData = firstCover(info);
+        general.cover = firstCover(info);
     general.container = joinedPieces({general.format, general.filesize, general.duration, general.bitrate});
     for (const LineForm &form : kLineForms) {
         if (form.kind != StreamKind::Other || options.otherTracksInGeneral)

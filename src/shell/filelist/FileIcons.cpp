@@ -25,7 +25,7 @@ QIcon FileIcons::iconFor(const FilelistItemPtr &file, const QuorvinDataPtr &reco
 {
     if (!record)
         return fileNameIcon(file->prefixedPath());
-    if (!record->generalInfo().coverData.isEmpty()) {
+    if (!record->generalInfo().packedCover.isEmpty()) {
         const Picture *known = _pictures.object(record.get());
         if (!known || known->record.lock() != record)
             decode(file, record);
@@ -44,7 +44,7 @@ void FileIcons::decode(const FilelistItemPtr &file, const QuorvinDataPtr &record
     decodeElsewhere(
         this,
         [record] {
-            return Utilities::thumbnailedImageFromData(record->generalInfo().coverData,
+            return Utilities::thumbnailedImageFromData(record->generalInfo().packedCover,
                                                        FilelistRow::kPictureSide * kLargestScale);
         },
         [this, record, shown = std::weak_ptr(file)](const QImage &image) {

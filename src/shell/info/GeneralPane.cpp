@@ -157,9 +157,9 @@ void GeneralPane::showCover(const QuorvinData &record)
 {
     const GeneralFacts &general = record.generalInfo();
     _cover->setIcon(general.fileUTI ? mimeIcon(*general.fileUTI) : fileNameIcon(record.filename()));
-    if (general.coverData.isEmpty())
+    if (general.packedCover.isEmpty())
         return;
-    const QByteArray cover = general.coverData;
+    const QByteArray cover = general.packedCover;
     const qreal ratio = devicePixelRatioF();
     decodeElsewhere(
         this,

@@ -145,7 +145,9 @@ TEST(ImageRecord, CoverIsThePreviewOrTheSlowWay)
     const auto cover = [](const ImageMetadata &metadata, bool slow, const QByteArray &file) {
         const TestFolder folder;
         const auto opened = RegularFile::open(folder.write(QStringLiteral("a"), file));
-        return QImage::fromData(imageCover(metadata, *opened, slow)).size();
+        const Cover found = imageCover(metadata, *opened, slow);
+        EXPECT_TRUE(found.isValid());
+        return QSize(found.width, found.height);
     };
     const QByteArray file = picture("PNG", {512, 64});
     ImageMetadata metadata;
