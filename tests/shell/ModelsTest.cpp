@@ -182,6 +182,36 @@ TEST(ExtendedOutline, ShowsTheGroupOfAStream)
     EXPECT_EQ(outline.currentIndex().data().toString(), QStringLiteral("Audio2")) << "there is no third";
 }
 
+TEST(ExtendedOutline, MeasuresTheRowsThatAreSeen)
+{
+    ExtendedOutline outline;
+    outline.resize(500, 400);
+    // Narrow letters: what is guessed from their count is too high.
+    const QString text = QStringLiteral("illi ").repeated(50);
+    ExtTreeItems items;
+    for (int i = 0; i < 1'000; ++i)
+        items.push_back(ExtTreeItem::itemWithName(QStringLiteral("name"), text));
+    outline.setContent(items);
+    outline.show();
+    const auto height = [&](int row) {
+        for (int i = 0; i < 5; ++i)
+            QApplication::processEvents();
+        return outline.visualRect(outline.content().index(row, 0)).height();
+    };
+    const int measured = height(0);
+    EXPECT_GT(measured, 30);
+    EXPECT_GT(height(900), measured) << "nobody has seen it";
+    outline.scrollTo(outline.content().index(900, 0), QAbstractItemView::PositionAtTop);
+    EXPECT_EQ(height(900), measured);
+    outline.resize(700, 400);
+    EXPECT_LT(height(0), measured);
+    outline.resize(500, 400);
+    EXPECT_EQ(height(900), measured) << "it is known for that width";
+    items.front() = ExtTreeItem::itemWithName(QStringLiteral("name"), text.left(100));
+    outline.setContent(items);
+    EXPECT_LT(height(0), measured) << "another file, other heights";
+}
+
 TEST(ExtendedOutline, RowsAreAsHighAsTheirWrappedText)
 {
     ExtendedOutline outline;

@@ -98,7 +98,7 @@ void GeneralPane::setFact(const Fact &fact, const QString &value)
 void GeneralPane::setUpStreams()
 {
     _streams = new QTreeView;
-    _delegate = new OutlineDelegate(_streams);
+    _delegate = new OutlineDelegate(_streams, _streamsTree);
     _streams->setModel(&_streamsTree);
     _streams->setItemDelegate(_delegate);
     _streams->setHeaderHidden(true);

@@ -24,7 +24,8 @@ constexpr int kFirstNameWidth = 220;
 
 } // namespace
 
-ExtendedOutline::ExtendedOutline(QWidget *parent) : QTreeView(parent), _delegate(new OutlineDelegate(this))
+ExtendedOutline::ExtendedOutline(QWidget *parent)
+    : QTreeView(parent), _delegate(new OutlineDelegate(this, _content))
 {
     setModel(&_content);
     setItemDelegate(_delegate);

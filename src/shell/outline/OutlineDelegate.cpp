@@ -3,26 +3,40 @@
 
 #include "shell/outline/OutlineDelegate.h"
 
+#include "export/HtmlText.h"
 #include "shell/outline/ExtTreeModel.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QTextLayout>
+#include <QTimer>
 #include <QToolTip>
 #include <QTreeView>
 
 #include <cmath>
+#include <utility>
 
 namespace quorvin {
 
 namespace {
 
-/// A value can be a whole book. Laying it out would take its time, and nobody reads it here; copies are
-/// whole.
-constexpr qsizetype kMostCharacters = 4'000;
+constexpr qsizetype kMostTipCharacters = 4'000; ///< a value can be a whole book
 constexpr int kMargin = 6; ///< beside a cell's text
 constexpr int kLead = 2; ///< above and below it
+
+QString shortened(const QString &text, qsizetype most)
+{
+    if (text.size() <= most)
+        return text;
+    return text.left(text[most - 1].isHighSurrogate() ? most - 1 : most) + QChar(0x2026);
+}
+
+QString markupOf(const QString &text)
+{
+    return QStringLiteral("<p>%1</p>").arg(stringWithNewLinesAsBRs(stringByEncodingHTMLEntities(text, true)));
+}
 
 /// The title and the beginning stand in italics.
 QList<QTextLayout::FormatRange> formatsOf(const QModelIndex &index, qsizetype length)
@@ -48,8 +62,20 @@ struct OutlineDelegate::Cell {
     bool wraps = true;
     bool isTopGroup = false;
 
+    bool isSurelyOneLine(const QFontMetrics &metrics, int width) const
+    {
+        return text.size() * metrics.maxWidth() <= width && !text.contains(u'\n');
+    }
+
+    /// By the count of letters and lines alone.
+    int guessedHeight(const QFontMetrics &metrics, int width) const
+    {
+        const qsizetype lines = text.size() * metrics.averageCharWidth() / width + text.count(u'\n') + 1;
+        return static_cast<int>(lines) * metrics.lineSpacing();
+    }
+
     /// Lays the text out in that width and gives its height.
-    qreal layOut(QTextLayout &layout, int width) const
+    int layOut(QTextLayout &layout, int width) const
     {
         QTextOption option(alignment);
         // A value reads as its own script does, whatever the window's direction.
@@ -71,22 +97,25 @@ struct OutlineDelegate::Cell {
             height += line.height();
         }
         layout.endLayout();
-        return height;
+        return static_cast<int>(std::ceil(height));
     }
 };
 
-OutlineDelegate::OutlineDelegate(QTreeView *outline) : QStyledItemDelegate(outline), _outline(outline) { }
+OutlineDelegate::OutlineDelegate(QTreeView *outline, const ExtTreeModel &model)
+    : QStyledItemDelegate(outline), _outline(outline)
+{
+    connect(&model, &QAbstractItemModel::modelReset, this, [this] { _heights.forget(); });
+}
 
 OutlineDelegate::Cell OutlineDelegate::cellOf(const QStyleOptionViewItem &option,
                                               const QModelIndex &index) const
 {
     const bool isGroup = index.data(ExtTreeModel::GroupRole).toBool();
     Cell cell;
-    cell.text = index.data().toString();
-    if (cell.text.size() > kMostCharacters)
-        cell.text = cell.text.left(kMostCharacters) + QChar(0x2026);
+    cell.text = shortened(index.data().toString(), kMostCharacters);
     cell.font = option.font;
-    cell.font.setBold(isGroup);
+    if (isGroup)
+        cell.font.setBold(true);
     cell.wraps = wrapsLongLines;
     cell.isTopGroup = isGroup && !index.parent().isValid();
     const bool toTheRight = index.column() == ExtTreeModel::Name && !isGroup && rightAlignsParameters;
@@ -112,19 +141,55 @@ int OutlineDelegate::textWidth(const QModelIndex &index) const
 QSize OutlineDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const Cell cell = cellOf(option, index);
-    const QFontMetrics metrics(cell.font);
-    const int width = textWidth(index);
-    int height = metrics.height();
-    // Most values are short: no line is laid out for them.
-    const bool isLong = cell.text.size() * metrics.maxWidth() > width
-        && (cell.text.contains(u'\n')
-            || metrics.horizontalAdvance(cell.text) > width - metrics.averageCharWidth());
-    if (cell.wraps && isLong) {
-        QTextLayout layout;
-        height = static_cast<int>(std::ceil(cell.layOut(layout, width)));
-    }
+    const int height = cell.wraps ? heightOf(cell, index) : QFontMetrics(cell.font).height();
     const int lead = kLead + (cell.isTopGroup ? kGroupGap : 0);
     return {0, std::max(height + lead + kLead, minimumRowHeight)};
+}
+
+CellHeights::Place OutlineDelegate::placeOf(const QModelIndex &index) const
+{
+    return {index.internalId(), index.column(), textWidth(index)};
+}
+
+int OutlineDelegate::heightOf(const Cell &cell, const QModelIndex &index) const
+{
+    const QFontMetrics metrics(cell.font);
+    const CellHeights::Place place = placeOf(index);
+    if (cell.isSurelyOneLine(metrics, place.width))
+        return metrics.height();
+    if (std::exchange(_measuredFont, _outline->font()) != _outline->font())
+        _heights.forget();
+    if (const auto known = _heights.known(place))
+        return *known;
+    if (!_heights.mayMeasureAhead(_outline->columnWidth(ExtTreeModel::Value)))
+        return cell.guessedHeight(metrics, place.width);
+    QTextLayout layout;
+    const int height = cell.layOut(layout, place.width);
+    _heights.learn(place, height);
+    return height;
+}
+
+void OutlineDelegate::learnHeight(const Cell &cell, const QModelIndex &index, int height) const
+{
+    const QFontMetrics metrics(cell.font);
+    const CellHeights::Place place = placeOf(index);
+    if (cell.isSurelyOneLine(metrics, place.width) || _heights.known(place))
+        return;
+    _heights.learn(place, height);
+    if (height != cell.guessedHeight(metrics, place.width))
+        QMetaObject::invokeMethod(const_cast<OutlineDelegate *>(this), &OutlineDelegate::layOutAnew,
+                                  Qt::QueuedConnection);
+}
+
+void OutlineDelegate::layOutAnew()
+{
+    // One screen can have had many wrong guesses; the tree lays itself out later, once for all.
+    if (std::exchange(_isLayoutAsked, true))
+        return;
+    QTimer::singleShot(0, this, [this] {
+        _isLayoutAsked = false;
+        Q_EMIT sizeHintChanged({});
+    });
 }
 
 void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
@@ -141,7 +206,9 @@ void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     const int lead = kLead + (cell.isTopGroup ? kGroupGap : 0);
     const QRect inner = option.rect.adjusted(kMargin, lead, -kMargin, -kLead);
     QTextLayout layout;
-    cell.layOut(layout, std::max(inner.width(), 1));
+    const int height = cell.layOut(layout, std::max(inner.width(), 1));
+    if (cell.wraps)
+        learnHeight(cell, index, height);
     // The first lines of name and value stand side by side, however many follow; one line alone is centred.
     const int room = inner.height() - QFontMetrics(cell.font).height();
     const int above = room > 0 && option.rect.height() <= minimumRowHeight ? room / 2 : 0;
@@ -157,11 +224,14 @@ void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
 bool OutlineDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
                                 const QStyleOptionViewItem &option, const QModelIndex &index)
 {
-    if (event->type() != QEvent::ToolTip || !index.isValid() || wrapsLongLines)
+    if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
+    const QString text = index.data().toString();
     const Cell cell = cellOf(option, index);
-    const bool isShortened = QFontMetrics(cell.font).horizontalAdvance(cell.text) > textWidth(index);
-    QToolTip::showText(event->globalPos(), isShortened ? cell.text : QString(), view);
+    const bool isShortened = text.size() > kMostCharacters
+        || (!wrapsLongLines && QFontMetrics(cell.font).horizontalAdvance(cell.text) > textWidth(index));
+    const QString tip = isShortened ? markupOf(shortened(text, kMostTipCharacters)) : QString();
+    QToolTip::showText(event->globalPos(), tip, view);
     return true;
 }
 
