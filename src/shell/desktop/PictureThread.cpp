@@ -3,7 +3,10 @@
 
 #include "shell/desktop/PictureThread.h"
 
-#include "shell/desktop/Elsewhere.h"
+#include <QPointer>
+#include <QThreadPool>
+
+#include <utility>
 
 namespace quorvin {
 
@@ -21,7 +24,20 @@ QThreadPool &pictureThread()
 void decodeElsewhere(QObject *context, std::function<QImage()> make, std::function<void(const QImage &)> use)
 {
     static int newest = 0;
-    runElsewhere(pictureThread(), context, std::move(make), std::move(use), ++newest);
+    // The carrier lives in the calling thread, so that the context is only looked at there.
+    auto *carrier = new QObject;
+    pictureThread().start(
+        [carrier, context = QPointer<QObject>(context), make = std::move(make), use = std::move(use)] {
+            QMetaObject::invokeMethod(
+                carrier,
+                [carrier, context, use, picture = make()] {
+                    carrier->deleteLater();
+                    if (context)
+                        use(picture);
+                },
+                Qt::QueuedConnection);
+        },
+        ++newest);
 }
 
 } // namespace quorvin

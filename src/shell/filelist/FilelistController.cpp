@@ -4,7 +4,7 @@
 #include "shell/filelist/FilelistController.h"
 
 #include "model/Log.h"
-#include "shell/desktop/Elsewhere.h"
+#include "shell/desktop/BackgroundRun.h"
 
 #include <QThreadPool>
 
@@ -76,7 +76,7 @@ void FilelistController::processAdditionalFilesAtIndex(const QStringList &paths,
 
 bool FilelistController::isUntouched() const
 {
-    return _worker.countToProcess() == 0 && _worker.countProcessed() == 0 && !_walks.isUnderWay();
+    return filelist().empty() && !isWalking();
 }
 
 void FilelistController::takeFiles(const FolderWalks::Request &request,
@@ -228,8 +228,8 @@ void FilelistController::changeCurrentFile(const std::function<Expected<void>(co
     const FilelistItemPtr file = _worker.currentFile();
     if (!file)
         return;
-    runElsewhere(
-        *QThreadPool::globalInstance(), this, [change, file] { return change(file->filename()); },
+    runInBackground(
+        this, "FileChange", [change, path = file->filename()](const RunControl &) { return change(path); },
         [this, file](const Expected<void> &changed) {
             if (_isWindowClosing)
                 return;
