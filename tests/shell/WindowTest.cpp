@@ -18,9 +18,11 @@
 #include <QClipboard>
 #include <QDropEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPushButton>
+#include <QTextDocument>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -213,6 +215,29 @@ TEST_F(Window, StreamLinesLeadToTheirGroups)
     EXPECT_FALSE(window->commands().action(Command::clickWrapLongLines)->isChecked());
 }
 
+TEST_F(Window, ShowsNamesLetterByLetter)
+{
+    const QString odd = QStringLiteral("<img src=\"x\"><b>&amp;.wav");
+    window->processUrls({folder / (QStringLiteral("<a>/") + odd)});
+    ASSERT_TRUE(awaitDone());
+    EXPECT_TRUE(list->filelist()[0]->isFailed());
+    auto *recent = window->commands().menu(CommandMenu::File)->findChild<QMenu *>();
+    ASSERT_TRUE(recent);
+    Q_EMIT recent->aboutToShow();
+
+    QStringList tips{list->arranged().index(0, 0).data(Qt::ToolTipRole).toString()};
+    for (const QAction *action : recent->actions())
+        tips.append(action->toolTip());
+    for (const QWidget *widget : window->findChildren<QWidget *>())
+        tips.append(widget->toolTip());
+    for (const QString &tip : std::as_const(tips))
+        EXPECT_TRUE(!Qt::mightBeRichText(tip) || !tip.contains(QStringLiteral("<img"))) << tip.toStdString();
+    EXPECT_TRUE(tips.front().contains(QStringLiteral("&lt;img src=&quot;x&quot;&gt;&lt;b&gt;&amp;amp;.wav")))
+        << tips.front().toStdString();
+    for (const QLabel *label : window->findChildren<QLabel *>())
+        EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+}
+
 TEST_F(Window, OpenRequestsTakeTheUntouchedWindowOrANewOne)
 {
     const QString path = test::sample(QStringLiteral("tone.wav"));
@@ -230,6 +255,25 @@ TEST_F(Window, OpenRequestsTakeTheUntouchedWindowOrANewOne)
     application.isReachable = true;
     application.activate();
     EXPECT_EQ(application.windows().size(), 1U);
+}
+
+TEST_F(Window, OpenRequestsLeaveAWindowAloneThatShowsFiles)
+{
+    const QString path = test::sample(QStringLiteral("tone.wav"));
+    window->processUrls({path, test::sample(QStringLiteral("movie.mp4"))});
+    ASSERT_TRUE(spinUntil([this] { return list->filelist().size() == 2; }) && awaitDone());
+    list->processAdditionalFilesAndSelectFirst({path});
+    ASSERT_TRUE(spinUntil([this] { return list->filelist().size() == 3; }) && awaitDone());
+    window->commands().run(Command::removeSelectedItems);
+    ASSERT_EQ(list->filelist().size(), 2U);
+    EXPECT_FALSE(window->isUntouched()) << "though nothing is left to be read";
+    QApplication::setActiveWindow(window);
+    application.applicationOpenFiles({path});
+    EXPECT_EQ(application.windows().size(), 2U);
+    list->selectRow(0);
+    window->commands().run(Command::removeSelectedItems);
+    window->commands().run(Command::removeSelectedItems);
+    EXPECT_TRUE(window->isUntouched());
 }
 
 TEST_F(Window, ClosesWhileFilesAreRead)

@@ -7,13 +7,13 @@
 #include "model/Version.h"
 #include "shell/app/Application.h"
 #include "shell/commands/CommandSet.h"
+#include "shell/desktop/PlainText.h"
 #include "shell/preferences/PreferencesWindowController.h"
 #include "shell/window/MainWindowController.h"
 
 #include <QDesktopServices>
 #include <QFile>
 #include <QFileDialog>
-#include <QMessageBox>
 #include <QUrl>
 
 #include <algorithm>
@@ -142,14 +142,12 @@ void AppController::openPreferences()
 
 void AppController::openAboutPanel(QWidget *parent)
 {
-    auto *panel = new QMessageBox(parent);
-    panel->setAttribute(Qt::WA_DeleteOnClose);
-    panel->setWindowTitle(tr("About Quorvin"));
+    QMessageBox *panel
+        = plainMessage(parent, tr("About Quorvin"), QStringLiteral("Quorvin %1").arg(programVersion()),
+                       tr("Tells what media files are and what is inside them.\n\nFree software "
+                          "under the GPL, version 3 or later."),
+                       QMessageBox::Close);
     panel->setIconPixmap(QApplication::windowIcon().pixmap(64));
-    panel->setText(QStringLiteral("<h3>Quorvin</h3>%1").arg(programVersion().toHtmlEscaped()));
-    panel->setInformativeText(tr("Tells what media files are and what is inside them.\n\nFree software under "
-                                 "the GPL, version 3 or later."));
-    panel->setStandardButtons(QMessageBox::Close);
     panel->open();
 }
 

@@ -4,10 +4,10 @@
 #include "shell/exporting/ExportController.h"
 
 #include "platform/NativePath.h"
+#include "shell/desktop/PlainText.h"
 #include "shell/exporting/ExportSheet.h"
 
 #include <QFileDialog>
-#include <QMessageBox>
 
 #include <utility>
 
@@ -110,13 +110,9 @@ void ExportController::tellFailures(const QStringList &failures)
     QStringList told = failures.mid(0, kMostFailures);
     if (const qsizetype more = failures.size() - told.size(); more > 0)
         told.append(tr("and %n more", nullptr, static_cast<int>(more)));
-    auto *message = new QMessageBox(QMessageBox::Warning, tr("Export"), tr("The export is not complete."),
-                                    QMessageBox::Close, _window);
-    message->setAttribute(Qt::WA_DeleteOnClose);
-    message->setWindowModality(Qt::WindowModal);
-    message->setTextFormat(Qt::PlainText);
-    message->setInformativeText(told.join(u'\n'));
-    message->open();
+    plainMessage(_window, tr("Export"), tr("The export is not complete."), told.join(u'\n'),
+                 QMessageBox::Close)
+        ->open();
 }
 
 } // namespace quorvin

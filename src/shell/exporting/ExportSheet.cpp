@@ -3,6 +3,7 @@
 
 #include "shell/exporting/ExportSheet.h"
 
+#include "shell/desktop/PlainText.h"
 #include "shell/session/LiveSettings.h"
 
 #include <QCheckBox>
@@ -59,11 +60,11 @@ ExportSheet::ExportSheet(LiveSettings &settings, std::size_t fileCount, QWidget 
     _compound->setEnabled(fileCount > 1);
     _separate->setEnabled(fileCount > 1);
     _skipFilePrivate->setChecked(settings.boolean(Setting::lastExportWithoutFilePrivate));
-    _skipFilePrivate->setToolTip(tr("Such as the folder, tags and comments of each file"));
+    _skipFilePrivate->setToolTip(plainTip(tr("Such as the folder, tags and comments of each file")));
 
     auto *form = new QFormLayout;
     form->addRow(tr("&Format:"), _format);
-    form->addRow(tr("Files:"), new QLabel(QString::number(fileCount)));
+    form->addRow(tr("Files:"), plainLabel(QString::number(fileCount)));
     form->addRow(tr("Write:"), _compound);
     form->addRow(QString(), _separate);
     form->addRow(QString(), _skipFilePrivate);

@@ -4,6 +4,7 @@
 #include "shell/filelist/FilelistModel.h"
 
 #include "shell/desktop/Icons.h"
+#include "shell/desktop/PlainText.h"
 #include "shell/filelist/FilelistRow.h"
 
 #include <algorithm>
@@ -149,7 +150,7 @@ QVariant FilelistModel::data(const QModelIndex &index, int role) const
         return file.isDone() ? _icons.iconFor(shown, file.quorvinData())
                              : symbolIcon(QStringLiteral("icon-dashedbox"));
     case Qt::ToolTipRole:
-        return toolTipOf(file);
+        return plainTip(toolTipOf(file));
     case Qt::AccessibleTextRole:
         return accessibleTextOf(file);
     case FilelistRow::StateRole:

@@ -4,6 +4,7 @@
 #include "shell/info/EmptyPane.h"
 
 #include "shell/desktop/Icons.h"
+#include "shell/desktop/PlainText.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -18,7 +19,7 @@ constexpr int kPictureSide = 96;
 
 QLabel *centredLabel()
 {
-    auto *label = new QLabel;
+    QLabel *label = plainLabel();
     label->setAlignment(Qt::AlignCenter);
     label->setWordWrap(true);
     return label;

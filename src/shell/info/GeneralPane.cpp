@@ -6,6 +6,7 @@
 #include "pictures/Images.h"
 #include "shell/desktop/Icons.h"
 #include "shell/desktop/PictureThread.h"
+#include "shell/desktop/PlainText.h"
 #include "shell/info/CoverView.h"
 #include "shell/outline/OutlineDelegate.h"
 
@@ -73,14 +74,13 @@ GeneralPane::GeneralPane(QWidget *parent) : Pane(parent), _cover(new CoverView(t
 
 GeneralPane::Fact GeneralPane::addFact(QGridLayout *grid, int row, const QString &heading)
 {
-    const Fact fact{new QLabel(heading), new QLabel};
+    const Fact fact{plainLabel(heading), plainLabel()};
     fact.heading->setAlignment(Qt::AlignTrailing | Qt::AlignTop);
     fact.heading->setForegroundRole(QPalette::PlaceholderText);
     // Beside its heading, also where a value reads the other way.
     fact.value->setAlignment(QStyle::visualAlignment(QGuiApplication::layoutDirection(), Qt::AlignLeading)
                              | Qt::AlignAbsolute | Qt::AlignTop);
     fact.value->setWordWrap(true);
-    fact.value->setTextFormat(Qt::PlainText);
     fact.value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     fact.heading->setBuddy(fact.value);
     grid->addWidget(fact.heading, row, 0);

@@ -4,6 +4,7 @@
 #include "shell/preferences/PreferencesWindowController.h"
 
 #include "readers/mediainfo/oMediaInfo.h"
+#include "shell/desktop/PlainText.h"
 #include "shell/session/LiveSettings.h"
 
 #include <QCheckBox>
@@ -105,7 +106,7 @@ QString translated(const char *text)
 } // namespace
 
 PreferencesWindowController::PreferencesWindowController(LiveSettings &settings)
-    : _settings(settings), _tabs(new QTabWidget), _version(new QLabel)
+    : _settings(settings), _tabs(new QTabWidget), _version(plainLabel())
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Preferences"));

@@ -7,6 +7,7 @@
 #include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/FileManager.h"
+#include "shell/desktop/PlainText.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/info/ChangeableRows.h"
 #include "shell/info/InfoView.h"
@@ -15,7 +16,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QMessageBox>
 #include <QPushButton>
 
 namespace quorvin {
@@ -70,12 +70,9 @@ void FileCommands::removeExtendedAttribute()
     const auto attribute = row ? attributeOfKey(row->key().value_or(QString())) : std::nullopt;
     if (!attribute)
         return;
-    auto *question
-        = new QMessageBox(QMessageBox::Warning, tr("Remove from the File"),
-                          tr("Remove “%1” from the file?").arg(row->name()), QMessageBox::Cancel, _window);
-    question->setInformativeText(tr("It is taken from the file on the disk, and cannot be brought back."));
-    question->setAttribute(Qt::WA_DeleteOnClose);
-    question->setWindowModality(Qt::WindowModal);
+    QMessageBox *question = plainMessage(
+        _window, tr("Remove from the File"), tr("Remove “%1” from the file?").arg(row->name()),
+        tr("It is taken from the file on the disk, and cannot be brought back."), QMessageBox::Cancel);
     const QPushButton *remove = question->addButton(tr("Remove"), QMessageBox::DestructiveRole);
     question->setDefaultButton(QMessageBox::Cancel);
     question->setEscapeButton(QMessageBox::Cancel);

@@ -5,6 +5,7 @@
 
 #include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
+#include "shell/desktop/PlainText.h"
 #include "shell/session/RecentFiles.h"
 
 #include <QAction>
@@ -54,8 +55,7 @@ void OpenPanels::fillRecentMenu(QMenu *menu)
     menu->clear();
     for (const QString &path : _recentFiles.paths()) {
         QAction *action = menu->addAction(lastPathComponent(path).replace(u'&', QLatin1String("&&")));
-        action->setToolTip(path);
-        action->setStatusTip(path);
+        action->setToolTip(plainTip(path));
         connect(action, &QAction::triggered, this, [this, path] { Q_EMIT chosen({path}); });
     }
     if (menu->isEmpty())

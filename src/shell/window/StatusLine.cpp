@@ -5,6 +5,7 @@
 
 #include "filefacts/Durations.h"
 #include "intake/FilelistTotals.h"
+#include "shell/desktop/PlainText.h"
 #include "shell/window/WorkNote.h"
 
 #include <QHBoxLayout>
@@ -38,12 +39,12 @@ QString textOf(const ListTotals &totals)
 
 StatusLine::StatusLine(QWidget *parent)
     : QWidget(parent),
-      _total(new QLabel),
-      _problem(new QLabel),
+      _total(plainLabel()),
+      _problem(plainLabel()),
       _walk(new WorkNote(tr("Stop looking for files; the list stays as it is"))),
       _exporting(new WorkNote(tr("Stop the export; no half document stays"))),
       _bgProgress(new QProgressBar),
-      _count(new QLabel)
+      _count(plainLabel())
 {
     _total->setTextInteractionFlags(Qt::TextSelectableByMouse);
     _bgProgress->setTextVisible(false);
@@ -83,8 +84,8 @@ void StatusLine::setProgress(const WindowWorker &worker)
     constexpr qint64 kMost = std::numeric_limits<int>::max();
     _bgProgress->setMaximum(static_cast<int>(std::min(worker.countToProcess(), kMost)));
     _bgProgress->setValue(static_cast<int>(std::min(worker.countProcessed(), kMost)));
-    _bgProgress->setToolTip(
-        tr("%1 of %2 processed").arg(worker.countProcessed()).arg(worker.countToProcess()));
+    const auto counts = tr("%1 of %2 processed").arg(worker.countProcessed()).arg(worker.countToProcess());
+    _bgProgress->setToolTip(plainTip(counts));
     _count->setText(tr("%1 of %2").arg(worker.countProcessed()).arg(worker.countToProcess()));
     if (worker.processingIsDone() || worker.countToProcess() >= 2) {
         _bgProgress->setVisible(!worker.processingIsDone());

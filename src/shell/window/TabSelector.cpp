@@ -3,6 +3,8 @@
 
 #include "shell/window/TabSelector.h"
 
+#include "shell/desktop/PlainText.h"
+
 #include <QAction>
 #include <QHBoxLayout>
 #include <QPainter>
@@ -40,8 +42,8 @@ TabSelector::TabSelector(const std::vector<QAction *> &tabs, QWidget *parent) : 
         const QString name = tab->text().remove(u'&');
         button->setText(name);
         button->setAccessibleName(name);
-        button->setToolTip(
-            QStringLiteral("%1 (%2)").arg(name, tab->shortcut().toString(QKeySequence::NativeText)));
+        const QString keys = tab->shortcut().toString(QKeySequence::NativeText);
+        button->setToolTip(plainTip(QStringLiteral("%1 (%2)").arg(name, keys)));
         button->setCheckable(true);
         button->setAutoRaise(true);
         button->setFocusPolicy(Qt::TabFocus);

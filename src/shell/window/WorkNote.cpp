@@ -3,6 +3,8 @@
 
 #include "shell/window/WorkNote.h"
 
+#include "shell/desktop/PlainText.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QToolButton>
@@ -15,11 +17,11 @@ constexpr int kDelayMilliseconds = 400; ///< short work never flashes
 
 } // namespace
 
-WorkNote::WorkNote(const QString &cancelTip, QWidget *parent) : QWidget(parent), _text(new QLabel)
+WorkNote::WorkNote(const QString &cancelTip, QWidget *parent) : QWidget(parent), _text(plainLabel())
 {
     auto *cancel = new QToolButton;
     cancel->setText(tr("Cancel"));
-    cancel->setToolTip(cancelTip);
+    cancel->setToolTip(plainTip(cancelTip));
     cancel->setAccessibleDescription(cancelTip);
     auto *line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);

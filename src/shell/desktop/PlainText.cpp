@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/desktop/PlainText.h"
+
+#include "export/HtmlText.h"
+
+#include <QLabel>
+#include <QTextDocument>
+
+namespace quorvin {
+
+QString plainTip(const QString &text)
+{
+    if (!Qt::mightBeRichText(text))
+        return text;
+    return QStringLiteral("<p>%1</p>").arg(stringWithNewLinesAsBRs(stringByEncodingHTMLEntities(text, true)));
+}
+
+QLabel *plainLabel(const QString &text)
+{
+    auto *label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
+    return label;
+}
+
+QMessageBox *plainMessage(QWidget *window, const QString &title, const QString &text,
+                          const QString &explanation, QMessageBox::StandardButton button)
+{
+    auto *message = new QMessageBox(QMessageBox::Warning, title, {}, button, window);
+    message->setAttribute(Qt::WA_DeleteOnClose);
+    message->setWindowModality(Qt::WindowModal);
+    message->setTextFormat(Qt::PlainText);
+    message->setText(text);
+    // The format counts for the first text alone.
+    message->setInformativeText(plainTip(explanation));
+    return message;
+}
+
+} // namespace quorvin

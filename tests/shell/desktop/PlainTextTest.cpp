@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/desktop/PlainText.h"
+
+#include <QLabel>
+#include <QTextDocument>
+#include <QWidget>
+
+#include <gtest/gtest.h>
+
+namespace quorvin {
+
+using namespace Qt::StringLiterals;
+
+TEST(PlainText, TipsShowWhatLooksLikeMarkup)
+{
+    EXPECT_EQ(plainTip(u"/f/a & b <1>.mov\nit is bad"_s), u"/f/a & b <1>.mov\nit is bad"_s);
+    for (const QString &text : {u"/f/<img src=\"/dev/zero\">/a.mov"_s, u"<b>1</b>\n&amp; \"2\""_s}) {
+        QTextDocument shown;
+        shown.setHtml(plainTip(text));
+        EXPECT_EQ(shown.toPlainText(), text);
+    }
+}
+
+TEST(PlainText, MessagesShowTheirTextsAsTheyAre)
+{
+    QWidget window;
+    QMessageBox *message
+        = plainMessage(&window, u"t"_s, u"<i>1</i>"_s, u"/<img src=x>: no\n"_s, QMessageBox::Close);
+    EXPECT_EQ(message->textFormat(), Qt::PlainText);
+    EXPECT_EQ(message->text(), u"<i>1</i>"_s);
+    EXPECT_FALSE(message->informativeText().contains(u"<img"_s));
+    const std::unique_ptr<QLabel> label(plainLabel(u"<b>x"_s));
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
+}
+
+} // namespace quorvin
