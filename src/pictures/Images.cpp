@@ -37,8 +37,13 @@ QImage decoded(QIODevice &device, QSize limit, bool applyOrientation)
 {
     const JpegScans scans = scansOf(device);
     QImageReader reader(&device);
-    if (!isPixelFormat(reader.format()))
+    if (scans.count > 0) {
+        // Asking each decoder whether the bytes are its own takes a good part of decoding a small preview.
+        reader.setFormat("jpeg");
+        reader.setAutoDetectImageFormat(false);
+    } else if (!isPixelFormat(reader.format())) {
         return {};
+    }
     reader.setAutoTransform(applyOrientation);
     const QSize size = reader.size();
     if (qint64{size.width()} * size.height() > kMostPixels || scans.count > kMostScans)

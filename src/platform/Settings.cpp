@@ -24,8 +24,9 @@ constexpr SettingRow row(SettingType type, const char *defaultText, double least
 {
     // With its length: the undefined behaviour sanitizer makes measuring it no constant expression.
     constexpr auto length = static_cast<qsizetype>(nameOfEnumerator<setting>().size());
-    return {setting, QLatin1String(kTerminatedName<setting>.data(), length), type,
-            QLatin1String(defaultText), least, most};
+    return {setting, QLatin1String(kTerminatedName<setting>.data(), length),
+            type,    QLatin1String(defaultText),
+            least,   most};
 }
 
 constexpr std::array kTable{
@@ -91,12 +92,12 @@ QString rangeText(const SettingRow &row)
         : QString();
 }
 
-const SettingRow &rowOf(Setting setting)
+} // namespace
+
+const SettingRow &settingRow(Setting setting)
 {
     return kTable[static_cast<std::size_t>(setting)];
 }
-
-} // namespace
 
 std::span<const SettingRow> settingsTable()
 {
@@ -162,19 +163,19 @@ QVariant Settings::value(Setting setting) const
     const std::lock_guard guard(_lock);
     if (const auto found = _values.constFind(static_cast<int>(setting)); found != _values.constEnd())
         return *found;
-    const SettingRow &row = rowOf(setting);
+    const SettingRow &row = settingRow(setting);
     return *settingFromText(row, row.defaultText);
 }
 
 QVariant Settings::value(Setting setting, [[maybe_unused]] SettingType type) const
 {
-    Q_ASSERT_X(rowOf(setting).type == type, "Settings", rowOf(setting).key.data());
+    Q_ASSERT_X(settingRow(setting).type == type, "Settings", settingRow(setting).key.data());
     return value(setting);
 }
 
 QString Settings::text(Setting setting) const
 {
-    return settingText(rowOf(setting).type, value(setting));
+    return settingText(settingRow(setting).type, value(setting));
 }
 
 Expected<void> Settings::overrideFrom(const QString &assignment)
@@ -198,7 +199,7 @@ Expected<void> Settings::overrideFrom(const QString &assignment)
 
 void Settings::set(Setting setting, const QVariant &value)
 {
-    const SettingRow &row = rowOf(setting);
+    const SettingRow &row = settingRow(setting);
     const std::lock_guard guard(_lock);
     _values.insert(static_cast<int>(setting), value);
     if (_path.isEmpty())

@@ -76,6 +76,7 @@ struct SettingRow {
 
 /// The one table of keys, types and defaults; the row of a setting has its enumerator as index.
 std::span<const SettingRow> settingsTable();
+const SettingRow &settingRow(Setting setting);
 /// "boolean", "integer", "float" or "string".
 QString nameOfType(SettingType type);
 /// Booleans as true or false, floats with a decimal point.

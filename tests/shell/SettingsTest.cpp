@@ -93,4 +93,20 @@ TEST_F(LiveSettingsTest, PreferencesSetThemAndFollowThem)
     EXPECT_EQ(values.integer(Setting::extFontSize), 9) << "no setting goes beyond its most";
 }
 
+TEST_F(LiveSettingsTest, PreferencesOfferWhatTheSettingsTake)
+{
+    const PreferencesWindowController window(settings);
+    for (const SettingRow &row : settingsTable()) {
+        const QString name = row.key;
+        if (const auto *choice = window.findChild<QComboBox *>(name)) {
+            for (int i = 0; i < choice->count(); ++i)
+                EXPECT_TRUE(settingFromText(row, choice->itemData(i).toString())) << row.key.data() << i;
+        }
+        if (const auto *number = window.findChild<QSpinBox *>(name)) {
+            EXPECT_EQ(number->minimum(), row.least) << row.key.data();
+            EXPECT_EQ(number->maximum(), row.most) << row.key.data();
+        }
+    }
+}
+
 } // namespace quorvin

@@ -33,9 +33,7 @@ struct PreferenceRow {
     Setting setting;
     int page;
     const char *label;
-    std::span<const PreferenceChoice> choices; ///< none: a box to tick, or a number
-    int least = 0;
-    int most = 0;
+    std::span<const PreferenceChoice> choices; ///< none: a box to tick, or a number within the setting's ends
 };
 
 namespace {
@@ -75,8 +73,8 @@ constexpr std::array kRows{
     PreferenceRow{Setting::colorScheme, kGeneral, TEXT("Colours:"), kSchemes},
     PreferenceRow{Setting::openTab, kGeneral, TEXT("New windows show:"), kTabs},
     PreferenceRow{Setting::sidebarPos, kGeneral, TEXT("File list:"), kSides},
-    PreferenceRow{Setting::extFontSize, kGeneral, TEXT("Size of text in trees:"), {}, 6, 40},
-    PreferenceRow{Setting::extRowHeight, kGeneral, TEXT("Height of rows in trees:"), {}, 8, 60},
+    PreferenceRow{Setting::extFontSize, kGeneral, TEXT("Size of text in trees:"), {}},
+    PreferenceRow{Setting::extRowHeight, kGeneral, TEXT("Height of rows in trees:"), {}},
     PreferenceRow{Setting::wrapLongLines, kGeneral, TEXT("Wrap long lines"), {}},
     PreferenceRow{Setting::extParameterRightAlign, kGeneral, TEXT("Put names next to their values"), {}},
     PreferenceRow{Setting::useSIUnits, kGeneral, TEXT("Sizes in decimal units (1 KB is 1000 bytes)"), {}},
@@ -89,9 +87,9 @@ constexpr std::array kRows{
     PreferenceRow{Setting::videoUtility, kAdvanced, TEXT("Audio and video are read by:"), kReaders},
     PreferenceRow{Setting::useSlowThumbProcessing, kAdvanced, TEXT("Make covers from the whole picture"), {}},
     PreferenceRow{Setting::readerProcesses, kAdvanced, TEXT("Read files in guarded processes"), {}},
-    PreferenceRow{Setting::readerCpuSeconds, kAdvanced, TEXT("Most seconds of work on a file:"), {}, 1, 3600},
-    PreferenceRow{Setting::readerWallSeconds, kAdvanced, TEXT("Most seconds on a file:"), {}, 1, 3600},
-    PreferenceRow{Setting::readerMemoryMiB, kAdvanced, TEXT("Most memory for a file (MiB):"), {}, 256, 65536},
+    PreferenceRow{Setting::readerCpuSeconds, kAdvanced, TEXT("Most seconds of work on a file:"), {}},
+    PreferenceRow{Setting::readerWallSeconds, kAdvanced, TEXT("Most seconds on a file:"), {}},
+    PreferenceRow{Setting::readerMemoryMiB, kAdvanced, TEXT("Most memory for a file (MiB):"), {}},
     PreferenceRow{Setting::debugDataCacher, kAdvanced, TEXT("Log what the readers do"), {}},
     PreferenceRow{Setting::debugStalls, kAdvanced, TEXT("Log what holds up the window"), {}},
 };
@@ -142,7 +140,7 @@ void PreferencesWindowController::addRow(QFormLayout *form, const PreferenceRow 
 {
     if (!row.choices.empty())
         form->addRow(translated(row.label), choiceOf(row));
-    else if (row.most > 0)
+    else if (settingRow(row.setting).type == SettingType::Integer)
         form->addRow(translated(row.label), numberOf(row));
     else
         form->addRow(QString(), switchOf(row));
@@ -164,7 +162,8 @@ QWidget *PreferencesWindowController::choiceOf(const PreferenceRow &row)
 QWidget *PreferencesWindowController::numberOf(const PreferenceRow &row)
 {
     auto *box = new QSpinBox;
-    box->setRange(row.least, row.most);
+    const SettingRow &limits = settingRow(row.setting);
+    box->setRange(static_cast<int>(limits.least), static_cast<int>(limits.most));
     follow(row.setting, box,
            [this, box, setting = row.setting] { box->setValue(_settings.integer(setting)); });
     connect(box, &QSpinBox::valueChanged, this,

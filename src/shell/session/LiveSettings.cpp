@@ -9,7 +9,7 @@ LiveSettings::LiveSettings(Settings &settings, QObject *parent) : QObject(parent
 
 void LiveSettings::set(Setting setting, const QVariant &value)
 {
-    const SettingRow &row = settingsTable()[static_cast<std::size_t>(setting)];
+    const SettingRow &row = settingRow(setting);
     const auto typed = settingFromText(row, settingText(row.type, value));
     if (!typed)
         return;
