@@ -26,6 +26,7 @@ struct Arguments {
     std::optional<QString> output; ///< absent: standard output
     std::optional<QString> outputDir;
     bool skipPrivate = false;
+    bool force = false;
     QString source; ///< a key of `rawSources`
 };
 

@@ -61,12 +61,14 @@ constexpr std::array kCommands{
             .run = runSettings},
 };
 
+constexpr int kMostJobs = 256; ///< each has a process of its own
+
 Expected<void> takeJobs(Arguments &arguments, const QStringList &values)
 {
     bool ok = false;
     arguments.jobs = values.last().toInt(&ok);
-    if (!ok || arguments.jobs < 1)
-        return failure(u"--jobs takes a whole number from 1 on"_s);
+    if (!ok || arguments.jobs < 1 || arguments.jobs > kMostJobs)
+        return failure(u"--jobs takes a whole number from 1 to %1"_s.arg(kMostJobs));
     return {};
 }
 

@@ -3,15 +3,19 @@
 
 #include "cli/Console.h"
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cmath>
 
 namespace quorvin::cli {
 
 namespace {
 
-constexpr int kBarWidth = 24;
+constexpr int kWidestBar = 24;
+constexpr int kNarrowestBar = 4;
+constexpr int kUsualWidth = 80; ///< of a terminal that does not tell
 constexpr qint64 kProgressInterval = 100; ///< milliseconds
 constexpr char kEraseLine[] = "\r\033[K";
 
@@ -37,18 +41,19 @@ QString clockTime(double seconds)
 
 } // namespace
 
-Console::Console(StandardStreams streams) : _streams(streams)
+Console::Console(StandardStreams streams) : _streams(streams), _outputText(_output), _errorText(_errors)
 {
     _output.open(_streams.output, QIODevice::WriteOnly);
     _errors.open(_streams.errors, QIODevice::WriteOnly | QIODevice::Unbuffered);
     _outputIsTerminal = ::isatty(_streams.output);
+    _errorsAreTerminal = ::isatty(_streams.errors);
     _clock.start();
 }
 
 void Console::write(const QByteArray &bytes)
 {
-    beginOutput();
-    _output.write(bytes);
+    beginOutput(output());
+    output().write(bytes);
 }
 
 bool Console::finish(bool endsInLineFeed)
@@ -64,19 +69,25 @@ bool Console::finish(bool endsInLineFeed)
 
 void Console::complain(const QString &path, const QString &reason)
 {
-    complain(escaped(path) + QLatin1String(": ") + escaped(reason));
+    complain(path + QLatin1String(": ") + reason);
 }
 
 void Console::complain(const QString &message)
 {
     clearProgressLine();
-    writeError("quorvin-cli: " + message.toUtf8() + '\n');
+    writeError("quorvin-cli: " + escaped(message).toUtf8() + '\n');
+}
+
+void Console::refuse(const QString &problem)
+{
+    complain(problem);
+    complain(QStringLiteral("try 'quorvin-cli --help'"));
 }
 
 void Console::startProgress(std::size_t total)
 {
     _total = total;
-    _showsProgress = total >= 2 && ::isatty(_streams.errors);
+    _showsProgress = total >= 2 && _errorsAreTerminal && qgetenv("TERM") != "dumb";
     _clock.restart();
     _lastShown = 0;
 }
@@ -90,12 +101,13 @@ void Console::progressTo(std::size_t done)
         _output.flush();
     _lastShown = now;
     _hasProgressLine = true;
-    writeError(kEraseLine + progressLine(done, _total, static_cast<double>(now) / 1000).toUtf8());
+    const double seconds = static_cast<double>(now) / 1000;
+    writeError(kEraseLine + progressLine(done, _total, seconds, progressWidth()).toUtf8());
 }
 
-void Console::beginOutput()
+void Console::beginOutput(const QIODevice &device)
 {
-    if (_outputIsTerminal)
+    if (&device == &_outputText || &device == &_errorText)
         clearProgressLine();
 }
 
@@ -117,20 +129,31 @@ void Console::writeError(const QByteArray &bytes)
     _errors.write(bytes);
 }
 
-QString progressLine(std::size_t done, std::size_t total, double seconds)
+/// One column less than there are: a full line would go on in the next one.
+int Console::progressWidth() const
+{
+    winsize size{};
+    const bool isKnown = ::ioctl(_streams.errors, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return (isKnown ? size.ws_col : kUsualWidth) - 1;
+}
+
+QString progressLine(std::size_t done, std::size_t total, double seconds, int width)
 {
     const double share = static_cast<double>(done) / static_cast<double>(total);
     const double perSecond = seconds > 0 ? static_cast<double>(done) / seconds : 0;
-    const int filled = static_cast<int>(share * kBarWidth);
-    const QString bar = QString(filled, u'=') + QString(kBarWidth - filled, u' ');
     const QString left = perSecond > 0 ? clockTime(static_cast<double>(total - done) / perSecond)
                                        : QStringLiteral("--:--:--");
-    return QStringLiteral("[%1] %2 of %3, %4 files/s, %5 left")
-        .arg(bar)
-        .arg(done)
-        .arg(total)
-        .arg(perSecond, 0, 'f', 0)
-        .arg(left);
+    const QString text = QStringLiteral("%1 of %2, %3 files/s, %4 left")
+                             .arg(done)
+                             .arg(total)
+                             .arg(perSecond, 0, 'f', 0)
+                             .arg(left);
+    // The bar has two ends and a blank behind it.
+    const int bar = std::min(kWidestBar, width - static_cast<int>(text.size()) - 3);
+    if (bar < kNarrowestBar)
+        return text.first(std::clamp<qsizetype>(width, 0, text.size()));
+    const int filled = static_cast<int>(share * bar);
+    return u'[' + QString(filled, u'=') + QString(bar - filled, u' ') + QStringLiteral("] ") + text;
 }
 
 } // namespace quorvin::cli

@@ -5,10 +5,10 @@
 
 #include "cli/Console.h"
 #include "cli/FileRun.h"
+#include "cli/Output.h"
 #include "export/ExportFormats.h"
 #include "export/QuorvinExporter.h"
-
-#include <QDir>
+#include "filefacts/Paths.h"
 
 namespace quorvin::cli {
 
@@ -16,58 +16,100 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-bool writesToConsole(const Arguments &arguments)
+QuorvinExporter exporterFor(const Arguments &arguments)
 {
-    return !arguments.outputDir && arguments.output.value_or(u"-"_s) == "-"_L1;
-}
-
-QString outputName(const Arguments &arguments)
-{
-    return writesToConsole(arguments) ? u"standard output"_s : *arguments.output;
-}
-
-std::unique_ptr<ExportTarget> exportTarget(const Context &context)
-{
-    const Arguments &arguments = context.arguments;
     QuorvinExporter exporter;
     exporter.setFormat(arguments.format);
     exporter.setSkipFilePrivate(arguments.skipPrivate);
-    if (arguments.outputDir)
-        return exporter.toFolder(*arguments.outputDir);
-    return writesToConsole(arguments) ? exporter.toDevice(context.console.output())
-                                      : exporter.toFile(*arguments.output);
+    return exporter;
 }
 
-/// One document of all entries, where the options say. Absent when it could not be written, which is told;
-/// else whether it has an entry.
-std::optional<bool> writeDocument(const Context &context, FileRun &run, ExportTarget &target)
+/// One document of all entries, where -o says.
+class Document {
+public:
+    explicit Document(const Context &context)
+        : _context(context),
+          _place(placeOf(context.arguments.output)),
+          _device(_place == Place::Errors ? context.console.errors() : context.console.output()),
+          _target(makeTarget())
+    {
+    }
+
+    /// False when it could not be written, which is told.
+    bool write(FileRun &run)
+    {
+        auto written = ExportTarget::Result();
+        while (written) {
+            const auto entry = run.nextEntry();
+            if (!entry)
+                break;
+            if (_place != Place::File)
+                _context.console.beginOutput(_device);
+            written = _target->add(*entry);
+        }
+        written = written.and_then([&] { return _target->finish(); });
+        if (!written)
+            _context.console.complain(name(), written.error().description);
+        return written.has_value();
+    }
+
+    bool isOutput() const { return _place == Place::Output; }
+
+private:
+    std::unique_ptr<ExportTarget> makeTarget() const
+    {
+        const QuorvinExporter exporter = exporterFor(_context.arguments);
+        return _place == Place::File ? exporter.toFile(*_context.arguments.output)
+                                     : exporter.toDevice(_device);
+    }
+
+    QString name() const
+    {
+        return _place == Place::Output ? u"standard output"_s : *_context.arguments.output;
+    }
+
+    const Context &_context;
+    Place _place;
+    QIODevice &_device;
+    std::unique_ptr<ExportTarget> _target;
+};
+
+Status exportDocument(const Context &context)
 {
-    bool hasEntry = false;
-    auto written = ExportTarget::Result();
-    while (written) {
-        const auto entry = run.nextEntry();
-        if (!entry)
-            break;
-        if (writesToConsole(context.arguments))
-            context.console.beginOutput();
-        hasEntry = true;
-        written = target.add(*entry);
+    const Arguments &arguments = context.arguments;
+    FileRun run(context);
+    if (placeOf(arguments.output) == Place::File) {
+        const auto allowed
+            = checkOutputFile(*arguments.output, QuorvinExporter::extensionForExportFormat(arguments.format),
+                              arguments.force, run.filelist());
+        if (!allowed) {
+            context.console.refuse(allowed.error().description);
+            return WrongCall;
+        }
     }
-    written = written.and_then([&] { return target.finish(); });
-    if (!written) {
-        context.console.complain(outputName(context.arguments), written.error().description);
-        return std::nullopt;
-    }
-    return hasEntry;
+    Document document(context);
+    if (!document.write(run))
+        return SomethingFailed;
+    return run.finish(!document.isOutput());
 }
 
 /// One document for each entry; one that can't be written costs its own line only.
-void writeFolder(FileRun &run, ExportTarget &target)
+Status exportFolder(const Context &context)
 {
+    const QString &folder = *context.arguments.outputDir;
+    if (!Utilities::createFolder(folder)) {
+        context.console.complain(folder, u"the folder can not be made"_s);
+        return SomethingFailed;
+    }
+    FileRun run(context);
+    const auto target = exporterFor(context.arguments).toFolder(folder);
     while (const auto entry = run.nextEntry()) {
-        if (const auto written = target.add(*entry); !written)
+        if (const auto written = target->add(*entry); !written)
             run.fail(entry->filename, written.error().description);
     }
+    if (const auto finished = target->finish(); !finished)
+        run.fail(folder, finished.error().description);
+    return run.finish(true);
 }
 
 } // namespace
@@ -91,6 +133,9 @@ QList<Option> exportOptions()
         {.names = {u"skip-private"_s},
          .description = u"Leave out facts about your files, such as their folder and comments."_s,
          .take = put<&Arguments::skipPrivate>},
+        {.names = {u"force"_s},
+         .description = u"Let -o replace a file of another kind; never one that is read."_s,
+         .take = put<&Arguments::force>},
     };
 }
 
@@ -103,23 +148,7 @@ Expected<void> checkExport(const Arguments &arguments)
 
 Status runExport(const Context &context)
 {
-    const Arguments &arguments = context.arguments;
-    if (arguments.outputDir && !QDir().mkpath(*arguments.outputDir)) {
-        context.console.complain(*arguments.outputDir, u"the folder can not be made"_s);
-        return SomethingFailed;
-    }
-    FileRun run(context);
-    const auto target = exportTarget(context);
-    bool endsInLineFeed = true;
-    if (arguments.outputDir) {
-        writeFolder(run, *target);
-    } else {
-        const auto hasEntry = writeDocument(context, run, *target);
-        if (!hasEntry)
-            return SomethingFailed;
-        endsInLineFeed = !*hasEntry || !writesToConsole(arguments);
-    }
-    return context.console.finish(endsInLineFeed) && !run.hasFailures() ? AllWell : SomethingFailed;
+    return context.arguments.outputDir ? exportFolder(context) : exportDocument(context);
 }
 
 } // namespace quorvin::cli

@@ -84,7 +84,16 @@ void FileRun::startPool()
 void FileRun::fail(const QString &path, const QString &reason)
 {
     _hasFailures = true;
+    _hints.note(reason);
     _context.console.complain(path, reason);
+}
+
+Status FileRun::finish(bool endsInLineFeed)
+{
+    const bool written = _context.console.finish(endsInLineFeed);
+    for (const QString &line : _hints.lines())
+        _context.console.complain(line);
+    return written && !_hasFailures ? AllWell : SomethingFailed;
 }
 
 } // namespace quorvin::cli

@@ -5,6 +5,7 @@
 
 #include "cli/Command.h"
 #include "cli/OrderedResults.h"
+#include "cli/StopHints.h"
 #include "export/ExportEntry.h"
 #include "intake/AnalysisOptions.h"
 #include "intake/DataCacher.h"
@@ -52,7 +53,8 @@ public:
 
     /// One line of errors; the call counts as failed.
     void fail(const QString &path, const QString &reason);
-    bool hasFailures() const { return _hasFailures; }
+    /// Ends progress and output, and gives the exit status. See `Console::finish`.
+    Status finish(bool endsInLineFeed);
 
 private:
     void startProgress();
@@ -64,6 +66,7 @@ private:
     OrderedResults _results;
     std::unique_ptr<DataCacher> _pool;
     std::size_t _nextFile = 0;
+    StopHints _hints;
     bool _hasFailures = false;
 };
 

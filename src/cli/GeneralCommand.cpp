@@ -20,7 +20,7 @@ Status runGeneral(const Context &context)
             + u'\n' + entry->data->stringForExportGeneral() + u'\n';
         context.console.write(block.toUtf8());
     }
-    return context.console.finish(true) && !run.hasFailures() ? AllWell : SomethingFailed;
+    return run.finish(true);
 }
 
 } // namespace quorvin::cli

@@ -7,15 +7,25 @@
 #include "cli/FileRun.h"
 #include "platform/NativePath.h"
 
+#include <sys/stat.h>
+
+#include <cerrno>
+
 namespace quorvin::cli {
 
 Status runList(const Context &context)
 {
     FileRun run(context);
     const char end = context.arguments.zeroSeparated ? '\0' : '\n';
-    for (const FilelistItemPtr &item : run.filelist())
+    for (const FilelistItemPtr &item : run.filelist()) {
+        struct stat facts { };
+        if (::lstat(encodePath(item->filename()).constData(), &facts) != 0) {
+            run.fail(item->filename(), posixFailure(errno).value().description);
+            continue;
+        }
         context.console.write(encodePath(item->prefixedPath()) + '\t' + encodePath(item->filename()) + end);
-    return context.console.finish(true) && !run.hasFailures() ? AllWell : SomethingFailed;
+    }
+    return run.finish(true);
 }
 
 } // namespace quorvin::cli

@@ -45,7 +45,7 @@ Status runRaw(const Context &context)
         endsInLineFeed = report.isEmpty() ? endsInLineFeed : report.endsWith(u'\n');
         context.console.write(report.toUtf8());
     }
-    return context.console.finish(endsInLineFeed) && !run.hasFailures() ? AllWell : SomethingFailed;
+    return run.finish(endsInLineFeed);
 }
 
 } // namespace quorvin::cli

@@ -9,7 +9,7 @@
 #include "platform/NativePath.h"
 #include "platform/Settings.h"
 #include "platform/StandardStreams.h"
-#include "platform/UnfinishedFiles.h"
+#include "platform/Startup.h"
 #include "platform/UserLocale.h"
 #include "readers/RecordBuilder.h"
 
@@ -21,10 +21,9 @@ using namespace quorvin::cli;
 
 namespace {
 
-int usageError(Console &console, const QString &problem)
+Status refuse(const Error &error, Console &console)
 {
-    console.complain(problem);
-    console.complain(QStringLiteral("try 'quorvin-cli --help'"));
+    console.refuse(error.description);
     return WrongCall;
 }
 
@@ -32,7 +31,7 @@ int run(const QStringList &words, Console &console)
 {
     const auto call = parseCall(words);
     if (!call)
-        return usageError(console, call.error().description);
+        return refuse(call.error(), console);
     const Arguments &arguments = call->arguments;
     if (arguments.help || arguments.version) {
         console.write((arguments.help ? helpText(call->command) : versionText()).toUtf8());
@@ -42,14 +41,14 @@ int run(const QStringList &words, Console &console)
     Settings settings(Settings::userPath());
     for (const QString &assignment : arguments.overrides) {
         if (const auto set = settings.overrideFrom(assignment); !set)
-            return usageError(console, set.error().description);
+            return refuse(set.error(), console);
     }
     // Readers set their libraries up themselves; nothing else of a call needs them so.
     if (!settings.boolean(Setting::readerProcesses))
         RecordBuilder::setupLibraries();
     const auto paths = inputPaths(arguments);
     if (!paths)
-        return usageError(console, paths.error().description);
+        return refuse(paths.error(), console);
     return call->command->run({arguments, *paths, settings, console});
 }
 
@@ -57,9 +56,9 @@ int run(const QStringList &words, Console &console)
 
 int main(int argc, char **argv)
 {
+    setUpProcess();
     // Whoever wants the log sets QT_LOGGING_RULES; on a terminal only errors and progress have a place.
     QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
-    UnfinishedFiles::removeOnInterrupt();
     const QStringList words = decodeWords(argc, argv);
     const QCoreApplication application(argc, argv);
     Console console(takeStandardStreams());

@@ -20,8 +20,8 @@ public:
     ExportTarget &operator=(const ExportTarget &) = delete;
 
     virtual Result add(const ExportEntry &entry) = 0;
-    /// Call once, after the last entry; a target that is dropped without it leaves no file behind that is not
-    /// complete.
+    /// Call once, after the last entry; a document without any is the empty one of its format. A target that
+    /// is dropped without it leaves no file behind that is not complete.
     virtual Result finish() = 0;
 };
 

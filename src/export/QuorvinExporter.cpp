@@ -10,6 +10,9 @@
 
 #include <QIODevice>
 
+#include <cerrno>
+#include <utility>
+
 namespace quorvin {
 
 namespace {
@@ -25,18 +28,16 @@ public:
 
     Result add(const ExportEntry &entry) override
     {
-        _isEmpty = false;
         const Result written = _writer->write(entry);
         // Whoever reads a pipe or a terminal wants each file as soon as it is there.
         return written && _device.isSequential() ? _writer->flush() : written;
     }
 
-    Result finish() override { return _isEmpty ? Result() : _writer->finish(); }
+    Result finish() override { return _writer->finish(); }
 
 private:
     QIODevice &_device;
     std::unique_ptr<ExportWriter> _writer;
-    bool _isEmpty = true;
 };
 
 class FileTarget final : public ExportTarget {
@@ -48,24 +49,29 @@ public:
 
     Result add(const ExportEntry &entry) override
     {
-        if (!_file) {
-            auto file = AtomicFile::create(_path);
-            if (!file)
-                return tl::unexpected(file.error());
-            _file = std::move(*file);
-            _document = _exporter.toDevice(_file->device());
-        }
-        return _document->add(entry);
+        return begun().and_then([&] { return _document->add(entry); });
     }
 
     Result finish() override
     {
-        if (!_file)
-            return {};
-        return _document->finish().and_then([&] { return _file->commit(); });
+        return begun().and_then([&] { return _document->finish(); }).and_then([&] {
+            return _file->commit();
+        });
     }
 
 private:
+    Result begun()
+    {
+        if (_file)
+            return {};
+        auto file = AtomicFile::create(_path);
+        if (!file)
+            return tl::unexpected(file.error());
+        _file = std::move(*file);
+        _document = _exporter.toDevice(_file->device());
+        return {};
+    }
+
     QuorvinExporter _exporter;
     QString _path;
     std::unique_ptr<AtomicFile> _file;
@@ -81,31 +87,51 @@ public:
 
     Result add(const ExportEntry &entry) override
     {
+        if (!std::exchange(_hasBegun, true))
+            AtomicFile::removeLeftovers(_folder);
         const QString extension = QuorvinExporter::extensionForExportFormat(_exporter.format());
-        const QString name = pathStem(entry.filename) + u'.' + extension;
-        const QString path = Utilities::uniqueFilename(_folder + u'/' + name);
+        const QString path = _folder + u'/' + pathStem(entry.filename) + u'.' + extension;
         return write(entry, path).map_error([&](Error error) {
             error.description.prepend(path + QLatin1String(": "));
             return error;
         });
     }
 
-    Result finish() override { return {}; }
+    Result finish() override
+    {
+        if (_hasBegun)
+            AtomicFile::syncFolder(_folder);
+        return {};
+    }
 
 private:
     Result write(const ExportEntry &entry, const QString &path) const
     {
-        const auto file = AtomicFile::create(path);
+        const auto file = AtomicFile::create(Utilities::uniqueFilename(path), AtomicFile::Extent::OneOfMany);
         if (!file)
             return tl::unexpected(file.error());
         const auto document = _exporter.toDevice((*file)->device());
         return document->add(entry).and_then([&] { return document->finish(); }).and_then([&] {
-            return (*file)->commit(AtomicFile::Existing::Keep);
+            return putIntoPlace(**file, path);
         });
     }
 
+    /// Another run into the same folder may take a name between its choice and its use.
+    static Result putIntoPlace(AtomicFile &file, const QString &path)
+    {
+        Result done = file.commit(AtomicFile::Existing::Keep);
+        for (int tries = 1; !done && done.error().code == EEXIST && tries < kMostNames; ++tries) {
+            file.setName(lastPathComponent(Utilities::uniqueFilename(path)));
+            done = file.commit(AtomicFile::Existing::Keep);
+        }
+        return done;
+    }
+
+    static constexpr int kMostNames = 1000;
+
     QuorvinExporter _exporter;
     QString _folder;
+    bool _hasBegun = false;
 };
 
 } // namespace

@@ -26,8 +26,7 @@ public:
 
     /// One compound document, written to the device as the entries come.
     std::unique_ptr<ExportTarget> toDevice(QIODevice &device) const;
-    /// One compound document in a file, which appears under its name when `finish` succeeds. Without an entry
-    /// no file is made.
+    /// One compound document in a file, which appears under its name when `finish` succeeds.
     std::unique_ptr<ExportTarget> toFile(const QString &path) const;
     /// One document for each entry, in a folder: named after the entry's file with the format's extension. A
     /// name that is taken gets a number; nothing is overwritten. An error names the file that could not be

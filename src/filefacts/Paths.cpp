@@ -26,7 +26,14 @@ bool exists(const QString &path)
     return ::lstat(encodePath(path).constData(), &facts) == 0;
 }
 
-Expected<QString> madeFolder(const QString &path)
+QString globallyUniqueName()
+{
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+} // namespace
+
+Expected<QString> createFolder(const QString &path)
 {
     std::error_code problem;
     std::filesystem::create_directories(encodePath(path).toStdString(), problem);
@@ -34,13 +41,6 @@ Expected<QString> madeFolder(const QString &path)
         return posixFailure(problem.value());
     return path;
 }
-
-QString globallyUniqueName()
-{
-    return QUuid::createUuid().toString(QUuid::WithoutBraces);
-}
-
-} // namespace
 
 QString uniqueFilename(const QString &path)
 {
@@ -60,7 +60,7 @@ QString uniqueFilename(const QString &path)
 
 Expected<QString> createUniqueFolder(const QString &path)
 {
-    auto folder = madeFolder(uniqueFilename(path));
+    auto folder = createFolder(uniqueFilename(path));
     if (!folder)
         qCInfo(lcQuorvin).noquote() << "Failed to create the folder" << path;
     return folder;
@@ -68,13 +68,13 @@ Expected<QString> createUniqueFolder(const QString &path)
 
 Expected<QString> createTemporaryFolderWithName(const std::optional<QString> &name)
 {
-    return madeFolder(QDir::tempPath() + u'/' + name.value_or(globallyUniqueName()));
+    return createFolder(QDir::tempPath() + u'/' + name.value_or(globallyUniqueName()));
 }
 
 Expected<QString> createRandomTemporaryFolderInSubfolder(const std::optional<QString> &subfolder)
 {
     const QString above = subfolder ? *subfolder + u'/' : QString();
-    return madeFolder(QDir::tempPath() + u'/' + above + globallyUniqueName());
+    return createFolder(QDir::tempPath() + u'/' + above + globallyUniqueName());
 }
 
 } // namespace quorvin::Utilities

@@ -16,6 +16,9 @@ namespace quorvin::Utilities {
 /// free. After 9998 it gives up and returns that name, free or not.
 QString uniqueFilename(const QString &path);
 
+/// Makes a folder, with those above it; one that stands there is fine.
+Expected<QString> createFolder(const QString &path);
+
 /// Makes a folder of a unique name, with the folders above it. A failure is logged.
 Expected<QString> createUniqueFolder(const QString &path);
 

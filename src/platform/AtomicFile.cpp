@@ -3,7 +3,9 @@
 
 #include "platform/AtomicFile.h"
 
+#include "platform/LinkTarget.h"
 #include "platform/NativePath.h"
+#include "platform/TemporaryFiles.h"
 #include "platform/UnfinishedFiles.h"
 
 #include <fcntl.h>
@@ -12,9 +14,7 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <climits>
 #include <cstdio>
-#include <cstdlib>
 
 namespace quorvin {
 
@@ -22,16 +22,13 @@ namespace {
 
 constexpr qsizetype kMostAttributeBytes = 65'536; ///< the kernel's own limit, for names and for values
 
+/// With a buffer of its own the device forgets why a write fell short.
+constexpr QIODevice::OpenMode kWriting = QIODevice::WriteOnly | QIODevice::Unbuffered;
+
 QByteArray folderOf(const QByteArray &path)
 {
     const qsizetype slash = path.lastIndexOf('/');
     return slash < 0 ? QByteArrayLiteral(".") : path.left(std::max<qsizetype>(slash, 1));
-}
-
-QByteArray withoutLinks(const QByteArray &path)
-{
-    char real[PATH_MAX];
-    return ::realpath(path.constData(), real) ? QByteArray(real) : path;
 }
 
 /// Read before any thread starts, since the mask can only be told by changing it.
@@ -68,15 +65,6 @@ void inheritFrom(const QByteArray &existing, const struct stat &facts, int descr
     copyAttributes(existing, descriptor);
 }
 
-void syncFolderOf(const QByteArray &path)
-{
-    const int folder = ::open(folderOf(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (folder < 0)
-        return;
-    ::fsync(folder);
-    ::close(folder);
-}
-
 bool renameKeepingExisting(const QByteArray &from, const QByteArray &to)
 {
     if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
@@ -89,36 +77,37 @@ bool renameKeepingExisting(const QByteArray &from, const QByteArray &to)
 
 } // namespace
 
-Expected<std::unique_ptr<AtomicFile>> AtomicFile::create(const QString &target)
+Expected<std::unique_ptr<AtomicFile>> AtomicFile::create(const QString &target, Extent extent)
 {
-    std::unique_ptr<AtomicFile> file(new AtomicFile);
-    const QByteArray path = withoutLinks(encodePath(target));
+    std::unique_ptr<AtomicFile> file(new AtomicFile(extent));
+    const auto [path, isDescriptor] = LinkTarget::of(encodePath(target));
     struct stat facts { };
     const bool exists = ::stat(path.constData(), &facts) == 0;
+    const bool isFile = !isDescriptor && (!exists || S_ISREG(facts.st_mode));
     // A rename would replace what may not be written to.
     if (exists && ::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) != 0)
         return posixFailure(errno);
-    const auto opened
-        = exists && !S_ISREG(facts.st_mode) ? file->openDirectly(path) : file->openTemporary(path);
+    const auto opened = isFile ? file->openTemporary(path) : file->openDirectly(path);
     if (!opened)
         return tl::unexpected(opened.error());
-    if (exists && S_ISREG(facts.st_mode))
+    if (exists && isFile)
         inheritFrom(path, facts, file->_device.handle());
     return file;
 }
 
 Expected<void> AtomicFile::openTemporary(const QByteArray &target)
 {
+    const QByteArray folder = folderOf(target);
+    if (_extent == Extent::Single)
+        TemporaryFiles::removeLeftovers(folder);
+    const auto opened = TemporaryFiles::open(folder);
+    if (!opened)
+        return tl::unexpected(opened.error());
     _target = target;
-    _temporary = folderOf(target) + "/.quorvin-XXXXXX";
-    const int descriptor = ::mkostemp(_temporary.data(), O_CLOEXEC);
-    if (descriptor < 0) {
-        _temporary.clear();
-        return posixFailure(errno);
-    }
+    _temporary = opened->path;
     _slot = UnfinishedFiles::add(_temporary);
-    ::fchmod(descriptor, modeOfNewFile);
-    _device.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+    ::fchmod(opened->descriptor, modeOfNewFile);
+    _device.open(opened->descriptor, kWriting, QFileDevice::AutoCloseHandle);
     return {};
 }
 
@@ -127,7 +116,7 @@ Expected<void> AtomicFile::openDirectly(const QByteArray &target)
     const int descriptor = ::open(target.constData(), O_WRONLY | O_CLOEXEC | O_NOCTTY);
     if (descriptor < 0)
         return posixFailure(errno);
-    _device.open(descriptor, QIODevice::WriteOnly, QFileDevice::AutoCloseHandle);
+    _device.open(descriptor, kWriting, QFileDevice::AutoCloseHandle);
     return {};
 }
 
@@ -146,8 +135,28 @@ Expected<void> AtomicFile::commit(Existing existing)
         return posixFailure(errno);
     UnfinishedFiles::remove(_slot);
     _temporary.clear();
-    syncFolderOf(_target);
+    if (_extent == Extent::Single)
+        syncFolder(decodePath(folderOf(_target)));
     return {};
+}
+
+void AtomicFile::setName(const QString &name)
+{
+    _target = folderOf(_target) + '/' + encodePath(name);
+}
+
+void AtomicFile::removeLeftovers(const QString &folder)
+{
+    TemporaryFiles::removeLeftovers(encodePath(folder));
+}
+
+void AtomicFile::syncFolder(const QString &folder)
+{
+    const int descriptor = ::open(encodePath(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    ::fsync(descriptor);
+    ::close(descriptor);
 }
 
 AtomicFile::~AtomicFile()

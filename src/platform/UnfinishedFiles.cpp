@@ -65,7 +65,7 @@ void removeOnInterrupt()
     struct sigaction action { };
     action.sa_handler = removeFilesAndEnd;
     sigemptyset(&action.sa_mask);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGQUIT, SIGPIPE, SIGXCPU}) {
         // Who started us may have chosen to ignore one (nohup); that choice stays.
         struct sigaction before { };
         if (sigaction(signal, nullptr, &before) == 0 && before.sa_handler != SIG_IGN)

@@ -4,6 +4,7 @@
 #include "platform/NativePath.h"
 #include "platform/Settings.h"
 #include "platform/StandardStreams.h"
+#include "platform/Startup.h"
 #include "platform/UserLocale.h"
 #include "readers/RecordBuilder.h"
 #include "shell/app/AppController.h"
@@ -80,6 +81,7 @@ int run(const StartArguments &arguments)
 
 int main(int argc, char **argv)
 {
+    setUpProcess();
     const auto arguments = parseStartArguments(decodeWords(argc, argv));
     if (!arguments)
         return wrongCall(arguments.error().description);

@@ -76,7 +76,8 @@ TEST(Export, FileAppearsWhenItIsComplete)
     const TestFolder folder;
     const QString path = folder / u"all.json"_s;
     EXPECT_TRUE(exporter(u"json"_s).toFile(path)->finish());
-    EXPECT_FALSE(QFile::exists(path));
+    EXPECT_EQ(contentOf(path), test::exported(u"json"_s, {}));
+    EXPECT_TRUE(QFile::remove(path));
     {
         const auto dropped = exporter(u"json"_s).toFile(path);
         EXPECT_TRUE(dropped->add(entry(u"/a"_s, QString())));

@@ -11,6 +11,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 
 namespace quorvin {
 
@@ -74,6 +75,34 @@ TEST(AtomicFile, LinkStaysAndItsTargetIsReplaced)
     EXPECT_TRUE(writeTo(folder / QStringLiteral("link"), "new"));
     EXPECT_EQ(contentOf(path), "new");
     EXPECT_EQ(folder.names().size(), 2);
+}
+
+TEST(AtomicFile, LinkToNothingStaysAndItsTargetIsMade)
+{
+    const TestFolder folder;
+    const QByteArray place = folder.path().toUtf8();
+    ASSERT_EQ(::mkdir((place + "/below").constData(), 0700), 0);
+    ASSERT_EQ(::symlink("below/next", (place + "/first").constData()), 0);
+    ASSERT_EQ(::symlink("../made.txt", (place + "/below/next").constData()), 0);
+    EXPECT_TRUE(writeTo(folder / QStringLiteral("first"), "new"));
+    EXPECT_EQ(contentOf(folder / QStringLiteral("made.txt")), "new");
+    struct stat facts { };
+    EXPECT_TRUE(::lstat((place + "/first").constData(), &facts) == 0 && S_ISLNK(facts.st_mode));
+}
+
+TEST(AtomicFile, NameThatWasTakenMeanwhileCanBeChanged)
+{
+    const TestFolder folder;
+    const auto file = AtomicFile::create(folder / QStringLiteral("a.txt"), AtomicFile::Extent::OneOfMany);
+    ASSERT_TRUE(file);
+    folder.write(QStringLiteral("a.txt"), "other");
+    const auto taken = (*file)->commit(AtomicFile::Existing::Keep);
+    ASSERT_FALSE(taken);
+    EXPECT_EQ(taken.error().code, EEXIST);
+    (*file)->setName(QStringLiteral("b.txt"));
+    EXPECT_TRUE((*file)->commit(AtomicFile::Existing::Keep));
+    EXPECT_EQ(folder.names(), QStringList({QStringLiteral("a.txt"), QStringLiteral("b.txt")}));
+    EXPECT_EQ(contentOf(folder / QStringLiteral("a.txt")), "other");
 }
 
 TEST(AtomicFile, WriteProtectedFileIsRefused)

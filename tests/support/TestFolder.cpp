@@ -12,12 +12,14 @@
 #include <gtest/gtest.h>
 #include <sys/xattr.h>
 
+#include <filesystem>
+
 namespace quorvin::test {
 
 QString TestFolder::write(const QString &name, const QByteArray &content) const
 {
     const QString path = *this / name;
-    QDir().mkpath(withoutLastPathComponent(path));
+    std::filesystem::create_directories(encodePath(withoutLastPathComponent(path)).toStdString());
     QFile file;
     const int descriptor
         = ::open(encodePath(path).constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);

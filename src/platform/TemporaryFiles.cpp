@@ -1,0 +1,83 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "platform/TemporaryFiles.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <memory>
+
+namespace quorvin::TemporaryFiles {
+
+namespace {
+
+constexpr QByteArrayView kPrefix(".quorvin-");
+constexpr QByteArrayView kPattern("XXXXXX");
+
+bool hasOurName(QByteArrayView name)
+{
+    return name.size() == kPrefix.size() + kPattern.size() && name.startsWith(kPrefix)
+        && std::ranges::all_of(name.sliced(kPrefix.size()), [](char c) { return std::isalnum(c) != 0; });
+}
+
+bool isStillThere(int descriptor)
+{
+    struct stat facts { };
+    return ::fstat(descriptor, &facts) == 0 && facts.st_nlink > 0;
+}
+
+void removeUnlessHeld(int folder, const char *name)
+{
+    const int descriptor = ::openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    struct stat facts { };
+    const bool isOurs
+        = ::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode) && facts.st_uid == ::geteuid();
+    if (isOurs && ::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
+        ::unlinkat(folder, name, 0);
+    ::close(descriptor);
+}
+
+struct FolderCloser {
+    void operator()(DIR *folder) const { ::closedir(folder); }
+};
+
+} // namespace
+
+Expected<Opened> open(const QByteArray &folder)
+{
+    while (true) {
+        Opened opened;
+        opened.path = folder + '/' + kPrefix.toByteArray() + kPattern.toByteArray();
+        opened.descriptor = ::mkostemp(opened.path.data(), O_CLOEXEC);
+        if (opened.descriptor < 0)
+            return posixFailure(errno);
+        // Where the file system has no locks, nobody gets one to remove the file with.
+        ::flock(opened.descriptor, LOCK_EX);
+        // Between its making and its lock another run may have taken the file for a leftover.
+        if (isStillThere(opened.descriptor))
+            return opened;
+        ::close(opened.descriptor);
+    }
+}
+
+void removeLeftovers(const QByteArray &folder)
+{
+    const std::unique_ptr<DIR, FolderCloser> entries(::opendir(folder.constData()));
+    if (!entries)
+        return;
+    while (const dirent *entry = ::readdir(entries.get())) {
+        if (hasOurName(entry->d_name))
+            removeUnlessHeld(::dirfd(entries.get()), entry->d_name);
+    }
+}
+
+} // namespace quorvin::TemporaryFiles

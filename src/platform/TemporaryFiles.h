@@ -1,0 +1,25 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/Error.h"
+
+#include <QByteArray>
+
+/// The files ".quorvin-XXXXXX" that stand beside their target until they are complete. Whoever writes one
+/// holds a lock on it, so that others can tell it from what a killed run has left. Any thread.
+namespace quorvin::TemporaryFiles {
+
+struct Opened {
+    int descriptor = -1; ///< for writing; the lock goes when it is closed
+    QByteArray path;
+};
+
+/// A new one, for this user only. The error is of the POSIX domain.
+Expected<Opened> open(const QByteArray &folder);
+
+/// Removes those of this user that nobody holds.
+void removeLeftovers(const QByteArray &folder);
+
+} // namespace quorvin::TemporaryFiles
