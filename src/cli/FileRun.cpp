@@ -8,7 +8,17 @@
 #include <QCoreApplication>
 #include <QThread>
 
+#include <algorithm>
+#include <utility>
+
 namespace quorvin::cli {
+
+namespace {
+
+constexpr std::size_t kMostUnderWay = 512; ///< files that the pool was given and has not delivered
+constexpr qsizetype kMostWaitingBytes = qsizetype{32} << 20; ///< of records behind one that is not done
+
+} // namespace
 
 FileRun::FileRun(const Context &context)
     : _context(context),
@@ -42,18 +52,13 @@ std::optional<FileResult> FileRun::nextRecord()
         return std::nullopt;
     if (!_pool)
         startPool();
+    feedPool();
     while (!_results.hasNext()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
         _context.console.progressTo(_results.count());
+        feedPool();
     }
-    FileResult result{_results.takeNext(), nullptr};
-    if (result.file->isFailed())
-        result.record = failure(result.file->failureReason());
-    else
-        result.record = result.file->quorvinData();
-    // From here on the record is the caller's alone.
-    result.file->releaseQuorvinData();
-    return result;
+    return _results.takeNext();
 }
 
 std::optional<ExportEntry> FileRun::nextEntry()
@@ -78,7 +83,20 @@ void FileRun::startPool()
     _pool = std::make_unique<DataCacher>([this] { return _setup; });
     _pool->setThreadCount(jobs > 0 ? jobs : QThread::idealThreadCount());
     _pool->setDelegate(&_results);
-    _pool->processFiles(filelist());
+}
+
+/// While this thread waits for whoever takes the output, the pool comes to the end of what it was given.
+void FileRun::feedPool()
+{
+    const std::size_t underWay = _handedOut - _results.count();
+    if (underWay > kMostUnderWay / 2 || _results.waitingBytes() > kMostWaitingBytes)
+        return;
+    const std::size_t end = std::min(filelist().size(), _handedOut + kMostUnderWay - underWay);
+    if (end == _handedOut)
+        return;
+    const auto from = filelist().begin();
+    _pool->processFiles({from + static_cast<std::ptrdiff_t>(std::exchange(_handedOut, end)),
+                         from + static_cast<std::ptrdiff_t>(end)});
 }
 
 void FileRun::fail(const QString &path, const QString &reason)

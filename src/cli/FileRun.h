@@ -18,12 +18,6 @@
 
 namespace quorvin::cli {
 
-/// What came of a file of the list.
-struct FileResult {
-    FilelistItemPtr file;
-    Expected<QuorvinDataPtr> record;
-};
-
 /// The files of one call, in the order of the list, with their errors and their progress. They are asked for
 /// one by one, either as files or as records. One thread.
 class FileRun {
@@ -41,8 +35,8 @@ public:
     FilelistItemPtr nextFile();
 
     /// What came of the next file of the list; absent at the end. The first call starts a pool of threads
-    /// that analyses all files; each call runs the event loop until all files before this one, and this one,
-    /// are done.
+    /// that analyses the files; each call runs the event loop until all files before this one, and this one,
+    /// are done. The pool runs ahead of the calls by some MiB of records at most.
     std::optional<FileResult> nextRecord();
     /// The next file that has a record; a file without one is a failure.
     std::optional<ExportEntry> nextEntry();
@@ -59,6 +53,7 @@ public:
 private:
     void startProgress();
     void startPool();
+    void feedPool();
 
     const Context &_context;
     AnalysisSetup _setup;
@@ -66,6 +61,7 @@ private:
     OrderedResults _results;
     std::unique_ptr<DataCacher> _pool;
     std::size_t _nextFile = 0;
+    std::size_t _handedOut = 0; ///< to the pool
     StopHints _hints;
     bool _hasFailures = false;
 };

@@ -8,7 +8,8 @@
 namespace quorvin {
 
 /// A `file` element for each file, one after the other without a root or a declaration: its streams, section
-/// by section, and their items. Texts are escaped as in HTML.
+/// by section, and their items. Texts are escaped as in HTML and otherwise stay
+/// as they are, also characters that XML 1.0 has no place for: a reader has to take them out first.
 class XmlWriter final : public ExportWriter {
 public:
     using ExportWriter::ExportWriter;

@@ -106,6 +106,25 @@ TEST(Output, TwoRunsIntoOneFolderTakeDifferentNames)
     EXPECT_EQ(outputs.names().size(), 2 * kFiles);
 }
 
+TEST(Output, NobodyReadsFarAheadOfWhoeverTakesIt)
+{
+    const TestFolder folder;
+    const TestFolder elsewhere;
+    constexpr int kFiles = 1500;
+    const QByteArray pages = contentOf(sample(u"pages.tif"_s));
+    for (int i = 0; i < kFiles; ++i)
+        folder.write(QString::number(i) + u".tif"_s, pages);
+    // The log tells of each file that is begun; how many are when nobody has taken anything, and in the end.
+    const Outcome outcome = runInShell(u"export QT_LOGGING_RULES='quorvin*=true'; log='%1'; touch $log;"
+                                       "cli export --set debugDataCacher=true '%2' 2>$log | { sleep 2; grep "
+                                       "-c ' open: ' $log; cat >/dev/null; };"
+                                       "grep -c ' open: ' $log"_s.arg(elsewhere / u"log"_s, folder.path()));
+    const QByteArrayList counts = outcome.output.split('\n');
+    ASSERT_GE(counts.size(), 2);
+    EXPECT_LT(counts[0].toInt(), kFiles);
+    EXPECT_EQ(counts[1].toInt(), kFiles);
+}
+
 TEST(Output, NamesThatAreNotUtf8LeadToTheirFiles)
 {
     const TestFolder folder;
