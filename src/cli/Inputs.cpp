@@ -3,6 +3,7 @@
 
 #include "cli/Inputs.h"
 
+#include "platform/GivenPath.h"
 #include "platform/NativePath.h"
 
 #include <QFile>
@@ -10,25 +11,11 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
-#include <filesystem>
-#include <system_error>
 
 namespace quorvin::cli {
 
 namespace {
-
-bool isAbsolute(const QString &path)
-{
-    return path.startsWith(u'/');
-}
-
-bool hasCurrentFolder()
-{
-    std::error_code problem;
-    return !std::filesystem::current_path(problem).empty() && !problem;
-}
 
 Expected<QStringList> listedPaths(const QString &name, char separator)
 {
@@ -54,19 +41,20 @@ Expected<QStringList> listedPaths(const QString &name, char separator)
 
 Expected<QStringList> inputPaths(const Arguments &arguments)
 {
-    QStringList paths = arguments.paths;
-    // Where a variable that holds a path is not set, nobody means the current folder.
-    if (paths.contains(QString()))
-        return failure(QStringLiteral("a path is empty"));
+    QStringList words = arguments.paths;
     if (arguments.filesFrom) {
         const auto listed = listedPaths(*arguments.filesFrom, arguments.zeroSeparated ? '\0' : '\n');
         if (!listed)
             return listed;
-        paths += *listed;
+        words += *listed;
     }
-    if (!std::ranges::all_of(paths, isAbsolute) && !hasCurrentFolder())
-        return failure(QStringLiteral("the current folder is gone, and a path counts from it"));
-    std::ranges::transform(paths, paths.begin(), absolutePath);
+    QStringList paths;
+    for (const QString &word : words) {
+        const auto path = pathOfGiven(word);
+        if (!path)
+            return tl::unexpected(path.error());
+        paths.append(*path);
+    }
     return paths;
 }
 

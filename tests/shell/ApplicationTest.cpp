@@ -112,6 +112,7 @@ TEST(StartArguments, AreTakenApart)
     EXPECT_TRUE(words(QStringLiteral("--help"))->answer->contains(QStringLiteral("--new-window")));
     EXPECT_TRUE(words(QStringLiteral("--version"))->answer->startsWith(QStringLiteral("quorvin v")));
     EXPECT_FALSE(words(QStringLiteral("--nonsense")));
+    EXPECT_FALSE(parseStartArguments({QString()}));
     EXPECT_FALSE(words(QStringLiteral("--set")));
 }
 

@@ -5,7 +5,7 @@
 
 #include "model/Version.h"
 #include "platform/FileUri.h"
-#include "platform/NativePath.h"
+#include "platform/GivenPath.h"
 
 namespace quorvin {
 
@@ -32,9 +32,13 @@ Expected<StartArguments> parseStartArguments(const QStringList &words)
     bool onlyPaths = false;
     for (qsizetype i = 0; i < words.size(); ++i) {
         const QString &word = words[i];
-        if (onlyPaths || !word.startsWith(u'-') || word == QLatin1String("-"))
-            arguments.paths.append(pathFromUri(word).value_or(absolutePath(word)));
-        else if (word == QLatin1String("--"))
+        if (onlyPaths || !word.startsWith(u'-') || word == QLatin1String("-")) {
+            const auto uri = pathFromUri(word);
+            const auto path = uri ? Expected<QString>(*uri) : pathOfGiven(word);
+            if (!path)
+                return tl::unexpected(path.error());
+            arguments.paths.append(*path);
+        } else if (word == QLatin1String("--"))
             onlyPaths = true;
         else if (word == QLatin1String("--new-window"))
             arguments.newWindow = true;
