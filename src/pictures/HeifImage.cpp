@@ -105,6 +105,7 @@ Expected<std::vector<QSize>> HeifImage::thumbnailSizes() const
 {
     return thumbnails().map([](const std::vector<Handle> &handles) {
         std::vector<QSize> sizes;
+        sizes.reserve(handles.size());
         for (const Handle &thumbnail : handles)
             sizes.push_back(sizeOf(thumbnail.get()));
         return sizes;
