@@ -45,7 +45,7 @@ Expected<QStringList> inputPaths(const Arguments &arguments)
     if (arguments.filesFrom) {
         const auto listed = listedPaths(*arguments.filesFrom, arguments.zeroSeparated ? '\0' : '\n');
         if (!listed)
-            return listed;
+            return tl::unexpected(listed.error());
         words += *listed;
     }
     QStringList paths;
