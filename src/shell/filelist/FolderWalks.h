@@ -4,13 +4,13 @@
 #pragma once
 
 #include "intake/FilelistFiller.h"
+#include "shell/desktop/BackgroundRun.h"
 
-#include <QFutureWatcher>
 #include <QObject>
 #include <QStringList>
 
 #include <deque>
-#include <stop_token>
+#include <vector>
 
 namespace quorvin {
 
@@ -28,34 +28,29 @@ public:
         int index = kEnd; ///< one of the above, or the place in the list
     };
 
-    explicit FolderWalks(QObject *parent = nullptr);
-    /// Stops the walk, and does not wait for it.
-    ~FolderWalks() override;
+    using QObject::QObject;
 
     /// One that replaces the list makes those before it needless.
     void start(const Request &request);
     /// Ends all; nothing is delivered.
     void cancel();
     bool isUnderWay() const { return !_requests.empty(); }
+    /// The walk that is under way; it reports the number of files found so far.
+    BackgroundRunBase &run() { return _run; }
 
 Q_SIGNALS:
-    void started();
-    void progressed(int found);
     /// The files of one request, whole and sorted.
     void found(const quorvin::FolderWalks::Request &request,
                const std::vector<quorvin::FilelistItemPtr> &files);
-    /// No request is left.
-    void ended();
 
 private:
     using Files = std::vector<FilelistItemPtr>;
 
     void walkNext();
-    void finish();
+    void finish(const Files &files);
 
     std::deque<Request> _requests; ///< the first is under way
-    QFutureWatcher<Files> _watcher;
-    std::stop_source _stop;
+    BackgroundRun<Files> _run;
 };
 
 } // namespace quorvin

@@ -8,7 +8,6 @@
 #include "shell/info/InfoView.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
-#include "shell/window/WorkNote.h"
 
 #include <QFrame>
 #include <QVBoxLayout>
@@ -65,12 +64,10 @@ void MainView::connectFiles()
 void MainView::connectWalks()
 {
     FolderWalks &walks = _files.walks();
-    WorkNote &note = _status->walk();
-    connect(&walks, &FolderWalks::started, &note, &WorkNote::start);
-    connect(&walks, &FolderWalks::progressed, &note,
-            [&note](int found) { note.setText(tr("Looking for files: %n found", nullptr, found)); });
-    connect(&walks, &FolderWalks::ended, &note, &WorkNote::end);
-    connect(&note, &WorkNote::cancelled, &walks, &FolderWalks::cancel);
+    _status->follow(walks.run(),
+                    {tr("Stop looking for files; the list stays as it is"),
+                     [](int found, int) { return tr("Looking for files: %n found", nullptr, found); },
+                     [&walks] { walks.cancel(); }});
 }
 
 void MainView::showCurrentFile()

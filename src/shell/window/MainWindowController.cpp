@@ -16,7 +16,6 @@
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
 #include "shell/window/TabSelector.h"
-#include "shell/window/WorkNote.h"
 
 #include <QAction>
 #include <QApplication>
@@ -163,12 +162,11 @@ void MainWindowController::connectView()
 void MainWindowController::connectExport()
 {
     BackgroundRunBase &run = _export->run();
-    WorkNote &note = _view->statusLine().exporting();
-    connect(&run, &BackgroundRunBase::started, &note, &WorkNote::start);
-    connect(&run, &BackgroundRunBase::progressed, &note,
-            [&note](int done, int total) { note.setText(tr("Exporting: %1 of %2").arg(done).arg(total)); });
-    connect(&run, &BackgroundRunBase::ended, &note, &WorkNote::end);
-    connect(&note, &WorkNote::cancelled, &run, &BackgroundRunBase::cancel);
+    _view->statusLine().follow(
+        run,
+        {tr("Stop the export; no half document stays"),
+         [](int done, int total) { return tr("Exporting: %1 of %2").arg(done).arg(total); },
+         [&run] { run.cancel(); }});
     for (const auto signal : {&BackgroundRunBase::started, &BackgroundRunBase::ended})
         connect(&run, signal, this, &MainWindowController::validateCommands);
 }

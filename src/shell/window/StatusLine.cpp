@@ -5,12 +5,13 @@
 
 #include "filefacts/Durations.h"
 #include "intake/FilelistTotals.h"
+#include "shell/desktop/BackgroundRun.h"
 #include "shell/desktop/PlainText.h"
-#include "shell/window/WorkNote.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
+#include <QToolButton>
 
 #include <limits>
 
@@ -39,10 +40,9 @@ QString textOf(const ListTotals &totals)
 
 StatusLine::StatusLine(QWidget *parent)
     : QWidget(parent),
+      _line(new QHBoxLayout(this)),
       _total(plainLabel()),
       _problem(plainLabel()),
-      _walk(new WorkNote(tr("Stop looking for files; the list stays as it is"))),
-      _exporting(new WorkNote(tr("Stop the export; no half document stays"))),
       _bgProgress(new QProgressBar),
       _count(plainLabel())
 {
@@ -50,17 +50,14 @@ StatusLine::StatusLine(QWidget *parent)
     _bgProgress->setTextVisible(false);
     _bgProgress->setFixedSize(kBarWidth, 10);
     _bgProgress->setAccessibleName(tr("Analysed files"));
-    auto *line = new QHBoxLayout(this);
-    line->setContentsMargins(10, 4, 10, 4);
-    line->setSpacing(8);
-    line->addWidget(_total);
-    line->addWidget(_problem);
-    line->addStretch();
-    line->addWidget(_exporting);
-    line->addWidget(_walk);
-    line->addWidget(_bgProgress);
-    line->addWidget(_count);
-    setFixedHeight(std::max(fontMetrics().height() + 10, _walk->sizeHint().height() + 4));
+    _line->setContentsMargins(10, 4, 10, 4);
+    _line->setSpacing(8);
+    _line->addWidget(_total);
+    _line->addWidget(_problem);
+    _line->addStretch();
+    _line->addWidget(_bgProgress);
+    _line->addWidget(_count);
+    setFixedHeight(std::max(fontMetrics().height() + 10, QToolButton().sizeHint().height() + 4));
     setProblem({});
     _bgProgress->hide();
     _count->hide();
@@ -77,6 +74,13 @@ void StatusLine::setProblem(const QString &text)
 {
     _problem->setText(text);
     _problem->setVisible(!text.isEmpty());
+}
+
+void StatusLine::follow(BackgroundRunBase &run, const WorkWords &words)
+{
+    connect(&run, &BackgroundRunBase::started, this, [this, &run, words] {
+        _line->insertWidget(_line->indexOf(_bgProgress), new WorkNote(run, words));
+    });
 }
 
 void StatusLine::setProgress(const WindowWorker &worker)

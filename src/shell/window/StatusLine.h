@@ -3,18 +3,21 @@
 
 #pragma once
 
+#include "shell/window/WorkNote.h"
+
 #include <QWidget>
 
+class QHBoxLayout;
 class QLabel;
 class QProgressBar;
 
 namespace quorvin {
 
+class BackgroundRunBase;
 class WindowWorker;
 struct ListTotals;
-class WorkNote;
 
-/// The line under the window: count and duration, how far the analysis is, and a walk or an export that is
+/// The line under the window: count and duration, how far the analysis is, and whatever long work is
 /// under way.
 class StatusLine : public QWidget {
     Q_OBJECT
@@ -28,14 +31,14 @@ public:
     /// What went wrong with the last thing that was asked for; "" when nothing did.
     void setProblem(const QString &text);
 
-    WorkNote &walk() { return *_walk; }
-    WorkNote &exporting() { return *_exporting; }
+    /// From now on each time that the run is started it has a note here until it ends. The run may go before
+    /// this object.
+    void follow(BackgroundRunBase &run, const WorkWords &words);
 
 private:
+    QHBoxLayout *_line;
     QLabel *_total;
     QLabel *_problem;
-    WorkNote *_walk;
-    WorkNote *_exporting;
     QProgressBar *_bgProgress;
     QLabel *_count;
 };

@@ -3,6 +3,7 @@
 
 #include "shell/window/WorkNote.h"
 
+#include "shell/desktop/BackgroundRun.h"
 #include "shell/desktop/PlainText.h"
 
 #include <QHBoxLayout>
@@ -17,41 +18,33 @@ constexpr int kDelayMilliseconds = 400; ///< short work never flashes
 
 } // namespace
 
-WorkNote::WorkNote(const QString &cancelTip, QWidget *parent) : QWidget(parent), _text(plainLabel())
+WorkNote::WorkNote(BackgroundRunBase &run, const WorkWords &words, QWidget *parent) : QWidget(parent)
 {
+    auto *text = plainLabel();
     auto *cancel = new QToolButton;
     cancel->setText(tr("Cancel"));
-    cancel->setToolTip(plainTip(cancelTip));
-    cancel->setAccessibleDescription(cancelTip);
+    cancel->setToolTip(plainTip(words.cancelTip));
+    cancel->setAccessibleDescription(words.cancelTip);
     auto *line = new QHBoxLayout(this);
     line->setContentsMargins(0, 0, 0, 0);
     line->setSpacing(8);
-    line->addWidget(_text);
+    line->addWidget(text);
     line->addWidget(cancel);
     hide();
     _delay.setSingleShot(true);
     _delay.setInterval(kDelayMilliseconds);
-    connect(&_delay, &QTimer::timeout, this, &QWidget::show);
-    connect(cancel, &QToolButton::clicked, this, &WorkNote::cancelled);
-}
-
-void WorkNote::start()
-{
-    _text->clear();
     _delay.start();
-    Q_EMIT started();
-}
-
-void WorkNote::setText(const QString &text)
-{
-    _text->setText(text);
-}
-
-void WorkNote::end()
-{
-    _delay.stop();
-    hide();
-    Q_EMIT ended();
+    connect(&_delay, &QTimer::timeout, this, &QWidget::show);
+    connect(cancel, &QToolButton::clicked, this, words.cancel);
+    connect(&run, &BackgroundRunBase::progressed, this,
+            [text, words](int done, int total) { text->setText(words.progress(done, total)); });
+    const auto end = [this] {
+        _delay.stop();
+        hide();
+        deleteLater();
+    };
+    connect(&run, &BackgroundRunBase::ended, this, end);
+    connect(&run, &QObject::destroyed, this, end);
 }
 
 } // namespace quorvin

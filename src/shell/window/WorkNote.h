@@ -6,28 +6,28 @@
 #include <QTimer>
 #include <QWidget>
 
-class QLabel;
+#include <functional>
 
 namespace quorvin {
 
-/// Says what work is under way, with a button that cancels it; shows once the work has gone on for a moment.
+class BackgroundRunBase;
+
+/// What a note says of a run.
+struct WorkWords {
+    QString cancelTip; ///< what cancelling does
+    std::function<QString(int done, int total)> progress;
+    std::function<void()> cancel;
+};
+
+/// Says what work is under way, with a button that cancels it; shows once the work has gone on for a moment,
+/// and goes with its end.
 class WorkNote : public QWidget {
     Q_OBJECT
 public:
-    /// `cancelTip` tells what cancelling does.
-    WorkNote(const QString &cancelTip, QWidget *parent = nullptr);
-
-    void start();
-    void setText(const QString &text);
-    void end();
-
-Q_SIGNALS:
-    void started();
-    void ended();
-    void cancelled();
+    /// The run has just been started.
+    WorkNote(BackgroundRunBase &run, const WorkWords &words, QWidget *parent = nullptr);
 
 private:
-    QLabel *_text;
     QTimer _delay;
 };
 
