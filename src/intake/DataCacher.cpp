@@ -4,6 +4,7 @@
 #include "intake/DataCacher.h"
 
 #include "intake/DataCacherShared.h"
+#include "intake/DataCacherThread.h"
 #include "model/Log.h"
 
 #include <sys/prctl.h>
@@ -30,7 +31,7 @@ int cores()
 } // namespace
 
 DataCacher::DataCacher(std::function<AnalysisSetup()> setup)
-    : _mailbox(new DataCacherMailbox), _shared(std::make_shared<Shared>())
+    : _mailbox(new DataCacherMailbox), _shared(std::make_shared<DataCacherShared>())
 {
     _shared->setup = std::move(setup);
     _shared->mail = _mailbox->mail();
@@ -134,47 +135,6 @@ void DataCacher::cancelThreadsAndWait()
         source.request_stop();
     std::unique_lock lock(_shared->safeLock);
     while (!_shared->threadEnded.wait_for(lock, kPoll, [this] { return _shared->threads.empty(); })) { }
-}
-
-Claim DataCacher::Shared::setFileIsInProcess(const FilelistItemPtr &file, const std::stop_token &stop)
-{
-    if (stop.stop_requested())
-        return Claim::Cancelled;
-    const std::lock_guard guard(safeLock);
-    if (file->isDone())
-        return Claim::Done;
-    if (!filesInProcess.insert(file.get()).second) {
-        ++filesWaitingForFinishProcessing[file];
-        return Claim::InProcess;
-    }
-    return Claim::Free;
-}
-
-void DataCacher::Shared::setFileIsDone(const FilelistItemPtr &file)
-{
-    const std::lock_guard guard(safeLock);
-    file->setIsDone(true);
-    filesInProcess.erase(file.get());
-}
-
-void DataCacher::Shared::dataReady(const QuorvinDataPtr &data, const FilelistItemPtr &file,
-                                   DataCacherDelivery::Status status, const QString &reason)
-{
-    int repeats = 0;
-    {
-        const std::lock_guard guard(safeLock);
-        if (const auto waiting = filesWaitingForFinishProcessing.find(file);
-            waiting != filesWaitingForFinishProcessing.end()) {
-            repeats = waiting->second;
-            if (--waiting->second == 0)
-                filesWaitingForFinishProcessing.erase(waiting);
-        }
-        if (data || status != DataCacherDelivery::Repeat)
-            file->setResult(data, reason);
-    }
-    mail->post({file, status, data});
-    for (int i = 0; i < repeats; ++i)
-        mail->post({file, DataCacherDelivery::Repeat, data});
 }
 
 } // namespace quorvin

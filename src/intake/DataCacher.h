@@ -4,6 +4,7 @@
 #pragma once
 
 #include "intake/AnalysisOptions.h"
+#include "intake/DataCacherMailbox.h"
 #include "intake/FilelistItem.h"
 
 #include <functional>
@@ -12,30 +13,7 @@
 
 namespace quorvin {
 
-/// What came of a file, or of asking for it again.
-struct DataCacherDelivery {
-    enum Status {
-        Fresh = 1, ///< a run has just ended; without data it failed
-        Repeat = 2, ///< the file was asked for again and is finished: only counts change
-    };
-
-    FilelistItemPtr file;
-    Status status = Fresh;
-    QuorvinDataPtr data;
-};
-
-class DataCacherMailbox;
-struct DataCacherMailboxDisposer {
-    void operator()(DataCacherMailbox *mailbox) const;
-};
-
-class DataCacherDelegate {
-public:
-    virtual ~DataCacherDelegate() = default;
-    virtual void dataCacherNewObjectReady(const DataCacherDelivery &delivery) = 0;
-    /// All deliveries that had come have been handed over, one by one.
-    virtual void dataCacherDidDeliver() { }
-};
+struct DataCacherShared;
 
 /// Analyses the files of one window, or of one call, on a small pool of threads, and posts each result to the
 /// event loop of the thread that made the pool: the delegate's thread, on which all operations are called.
@@ -76,12 +54,9 @@ public:
     /// One thread for ten files, up to what the mode and the number of cores allow.
     static int numberOfThreadsToWorkWithFilesCount(std::size_t files, int mode, int cores);
 
-    /// What the pool and its threads share.
-    struct Shared;
-
 private:
     std::unique_ptr<DataCacherMailbox, DataCacherMailboxDisposer> _mailbox;
-    std::shared_ptr<Shared> _shared;
+    std::shared_ptr<DataCacherShared> _shared;
     int _mode = 1;
     int _threadCount = 0;
 };

@@ -41,11 +41,6 @@ void DataCacherMailbox::dispose()
         delete this;
 }
 
-void DataCacherMailboxDisposer::operator()(DataCacherMailbox *mailbox) const
-{
-    mailbox->dispose();
-}
-
 void DataCacherMailbox::customEvent(QEvent *)
 {
     std::vector<DataCacherDelivery> deliveries;

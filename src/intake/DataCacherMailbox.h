@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "intake/DataCacher.h"
+#include "intake/DataCacherDelivery.h"
 
 #include <QObject>
 
@@ -49,6 +49,10 @@ protected:
 private:
     std::shared_ptr<DataCacherMail> _mail;
     bool _isDelivering = false;
+};
+
+struct DataCacherMailboxDisposer {
+    void operator()(DataCacherMailbox *mailbox) const { mailbox->dispose(); }
 };
 
 } // namespace quorvin

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "intake/DataCacher.h"
+#include "intake/AnalysisOptions.h"
 #include "intake/DataCacherFileQueue.h"
 #include "intake/DataCacherMailbox.h"
 
@@ -26,7 +26,7 @@ enum class Claim {
 
 /// The state of a pool. Outlives the pool for as long as a thread runs. No two of its locks are ever held at
 /// once.
-struct DataCacher::Shared {
+struct DataCacherShared {
     std::function<AnalysisSetup()> setup;
     DataCacherFileQueue fileQueue;
 
@@ -42,13 +42,14 @@ struct DataCacher::Shared {
 
     Claim setFileIsInProcess(const FilelistItemPtr &file, const std::stop_token &stop);
     void setFileIsDone(const FilelistItemPtr &file);
-    /// `reason` is why there is no record.
-    void dataReady(const QuorvinDataPtr &data, const FilelistItemPtr &file, DataCacherDelivery::Status status,
-                   const QString &reason = {});
-};
+    /// A run has ended: keeps what came of it, and tells everybody who asked.
+    void dataReady(const FilelistItemPtr &file, const Expected<QuorvinDataPtr> &result);
+    /// The file was asked for again and is done.
+    void answerRepeat(const FilelistItemPtr &file);
 
-/// The life of one thread of the pool.
-void processFilesInThread(const std::shared_ptr<DataCacher::Shared> &shared, int thread,
-                          const std::stop_token &stop);
+private:
+    /// For each time that the file was asked for while it was in work.
+    int takeRepeats(const FilelistItemPtr &file);
+};
 
 } // namespace quorvin

@@ -1,6 +1,8 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "intake/DataCacherThread.h"
+
 #include "intake/DataCacherShared.h"
 #include "model/Log.h"
 #include "pictures/Cover.h"
@@ -14,7 +16,7 @@ namespace {
 /// Takes files from the queue until there are none.
 class Worker {
 public:
-    Worker(DataCacher::Shared &shared, int thread, std::stop_token stop)
+    Worker(DataCacherShared &shared, int thread, std::stop_token stop)
         : _shared(shared),
           _thread(thread),
           _stop(std::move(stop)),
@@ -71,7 +73,7 @@ private:
     void answerRepeats()
     {
         for (const FilelistItemPtr &file : std::exchange(_repeats, {}))
-            _shared.dataReady(nullptr, file, DataCacherDelivery::Repeat);
+            _shared.answerRepeat(file);
     }
 
     void finish(const FilelistItemPtr &file, const JobResult &result)
@@ -79,11 +81,9 @@ private:
         _shared.setFileIsDone(file);
         if (_stop.stop_requested())
             return;
-        if (result)
-            _shared.dataReady(withPackedCover(std::get<QuorvinDataPtr>(*result)), file,
-                              DataCacherDelivery::Fresh);
-        else
-            _shared.dataReady(nullptr, file, DataCacherDelivery::Fresh, result.error().description);
+        _shared.dataReady(file, result.map([](const JobAnswer &answer) {
+            return withPackedCover(std::get<QuorvinDataPtr>(answer));
+        }));
     }
 
     void log(const QString &what) const
@@ -91,7 +91,7 @@ private:
         qCInfo(lcQuorvin).noquote() << QStringLiteral("[%1] DC %2").arg(_thread).arg(what);
     }
 
-    DataCacher::Shared &_shared;
+    DataCacherShared &_shared;
     int _thread;
     std::stop_token _stop;
     AnalysisSetup _setup;
@@ -100,7 +100,7 @@ private:
 };
 
 /// Leaves the pool; false when there is work after all, and nobody else to do it.
-bool left(DataCacher::Shared &shared, int thread, const std::stop_token &stop)
+bool left(DataCacherShared &shared, int thread, const std::stop_token &stop)
 {
     std::stop_source source;
     {
@@ -125,7 +125,7 @@ bool left(DataCacher::Shared &shared, int thread, const std::stop_token &stop)
 
 } // namespace
 
-void processFilesInThread(const std::shared_ptr<DataCacher::Shared> &shared, int thread,
+void processFilesInThread(const std::shared_ptr<DataCacherShared> &shared, int thread,
                           const std::stop_token &stop)
 {
     do {

@@ -41,12 +41,12 @@ std::optional<MapLocationInfo> FilelistItem::mapLocationInfo() const
     return MapLocationInfo{*data->mapLocation(), _filename, std::nullopt};
 }
 
-void FilelistItem::setResult(const QuorvinDataPtr &record, const QString &reason)
+void FilelistItem::setResult(const Expected<QuorvinDataPtr> &result)
 {
     const std::lock_guard guard(_lock);
-    _quorvinData = record;
-    _isFailed = !record;
-    _failureReason = record ? QString() : reason;
+    _quorvinData = result.value_or(nullptr);
+    _isFailed = !result;
+    _failureReason = result ? QString() : result.error().description;
 }
 
 void FilelistItem::releaseQuorvinData()

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/Error.h"
 #include "model/QuorvinData.h"
 
 #include <QString>
@@ -46,8 +47,8 @@ public:
     std::optional<MapLocationInfo> mapLocationInfo() const;
 
     void setIsDone(bool done) { _isDone = done; }
-    /// What an analysis gave: a record, or null, with the reason.
-    void setResult(const QuorvinDataPtr &record, const QString &reason);
+    /// What an analysis gave.
+    void setResult(const Expected<QuorvinDataPtr> &result);
     /// Drops the record of a file that nobody will ask again.
     void releaseQuorvinData();
     /// Back to a file that waits for its analysis.

@@ -24,7 +24,7 @@ void finish(WindowWorker &worker, const FilelistItemPtr &file, qint64 duration =
 {
     RecordContents record;
     record.duration = duration;
-    file->setResult(std::make_shared<const QuorvinData>(std::move(record)), {});
+    file->setResult(std::make_shared<const QuorvinData>(std::move(record)));
     worker.isTotalDurationChanged = true;
     worker.fileIsReady(file);
 }
@@ -102,7 +102,7 @@ TEST(WindowWorker, KnowsTheCurrentFileAndWhereItWasRecorded)
     EXPECT_EQ(worker.currentFilePath(), QStringLiteral("/f/0"));
     RecordContents record;
     record.mapLocation = Location{48.5, -2.25};
-    file->setResult(std::make_shared<const QuorvinData>(std::move(record)), {});
+    file->setResult(std::make_shared<const QuorvinData>(std::move(record)));
     const auto info = worker.currentMapLocationInfo();
     ASSERT_TRUE(info);
     EXPECT_EQ(info->location, (Location{48.5, -2.25}));

@@ -94,14 +94,14 @@ TEST(FilelistModel, TellsHowAFileStands)
     const auto waiting = file(QStringLiteral("w"));
     const auto failed = file(QStringLiteral("f"));
     failed->setIsDone(true);
-    failed->setResult(nullptr, QStringLiteral("it is bad"));
+    failed->setResult(failure(QStringLiteral("it is bad")));
     model.setFiles({waiting, failed});
     EXPECT_EQ(model.index(0).data(FilelistRow::StateRole).toInt(), FilelistRow::Waiting);
     EXPECT_EQ(model.index(1).data(FilelistRow::StateRole).toInt(), FilelistRow::Failed);
     EXPECT_TRUE(model.index(1).data(Qt::ToolTipRole).toString().contains(QStringLiteral("it is bad")));
     EXPECT_TRUE(model.index(1).data(Qt::AccessibleTextRole).toString().contains(QStringLiteral("it is bad")));
     EXPECT_TRUE(model.index(0).data(Qt::AccessibleTextRole).toString().contains(QStringLiteral("waiting")));
-    waiting->setResult(std::make_shared<const QuorvinData>(RecordContents()), {});
+    waiting->setResult(std::make_shared<const QuorvinData>(RecordContents()));
     waiting->setIsDone(true);
     EXPECT_EQ(model.index(0).data(FilelistRow::StateRole).toInt(), FilelistRow::Ready);
 }

@@ -139,7 +139,7 @@ TEST_F(Filelist, PlacesOnTheMapAreThoseOfTheArrangedList)
     filter(u"b"_s);
     RecordContents record;
     record.mapLocation = Location{1, 2};
-    list.filelist()[2]->setResult(std::make_shared<const QuorvinData>(std::move(record)), {});
+    list.filelist()[2]->setResult(std::make_shared<const QuorvinData>(std::move(record)));
     const auto places = list.allMapLocationInfo();
     ASSERT_EQ(places.size(), 1U);
     EXPECT_EQ(places.front().lastIndexInList, 1U);
