@@ -13,7 +13,9 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <map>
 #include <memory>
+#include <set>
 #include <string_view>
 #include <utility>
 
@@ -42,6 +44,8 @@ struct Pending {
     QString path;
     QString prefix;
     std::shared_ptr<const Folder> parent;
+    bool isInsideLink = false; ///< some folder above it was reached by a link
+    bool isLink = false;
 };
 
 struct DirectoryCloser {
@@ -70,6 +74,15 @@ bool isFolder(DIR *directory, const dirent &entry)
     return entry.d_type == DT_DIR;
 }
 
+bool isSymbolicLink(DIR *directory, const dirent &entry)
+{
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_LNK;
+    struct stat facts { };
+    return ::fstatat(::dirfd(directory), entry.d_name, &facts, AT_SYMLINK_NOFOLLOW) == 0
+        && S_ISLNK(facts.st_mode);
+}
+
 /// One walk: a stack of folders and what came out of them.
 class Walk {
 public:
@@ -80,26 +93,28 @@ public:
 
     void start(const QString &path, bool isOnlyOne)
     {
+        if (path.isEmpty())
+            return complain(path, ENOENT);
         const QString name = lastPathComponent(path);
         if (isFolder(AT_FDCWD, encodePath(path).constData()))
-            _pending.push_back({path, isOnlyOne ? QString() : name, nullptr});
+            _pending.push_back({path, isOnlyOne ? QString() : name, nullptr, false, false});
         else
             _files.push_back(FilelistItem::itemWithFilename(path, name));
     }
 
-    bool isOver() const { return _pending.empty(); }
+    bool isOver() const { return _pending.empty() && _links.empty(); }
 
     void listNextFolder()
     {
-        const Pending next = std::move(_pending.back());
-        _pending.pop_back();
+        const Pending next = takeNext();
         const int descriptor = ::open(encodePath(next.path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         struct stat facts { };
         if (descriptor < 0 || ::fstat(descriptor, &facts) != 0)
             return complain(next.path, errno);
         const Directory directory(::fdopendir(descriptor));
         const auto folder = std::make_shared<const Folder>(Folder{facts.st_dev, facts.st_ino, next.parent});
-        if (folder->isItsOwnAncestor())
+        const bool isNew = _entered.emplace(facts.st_dev, facts.st_ino).second;
+        if (folder->isItsOwnAncestor() || (next.isInsideLink && !isNew))
             return;
 
         errno = 0;
@@ -112,6 +127,17 @@ public:
     }
 
 private:
+    /// Links come last and in an order of their own, so that what is found inside them does not go by the
+    /// order in which a disk tells its entries.
+    Pending takeNext()
+    {
+        if (_pending.empty())
+            return std::move(_links.extract(_links.begin()).mapped());
+        Pending next = std::move(_pending.back());
+        _pending.pop_back();
+        return next;
+    }
+
     void take(DIR *directory, const dirent &entry, const Pending &parent,
               const std::shared_ptr<const Folder> &folder)
     {
@@ -122,10 +148,16 @@ private:
             = decodePath(QByteArray::fromRawData(entry.d_name, static_cast<qsizetype>(name.size())));
         const QString path = joined(parent.path, decodedName);
         const QString prefixedPath = joined(parent.prefix, decodedName);
-        if (isFolder(directory, entry))
-            _pending.push_back({path, prefixedPath, folder});
-        else
+        if (!isFolder(directory, entry)) {
             _files.push_back(FilelistItem::itemWithFilename(path, prefixedPath));
+            return;
+        }
+        const bool isLink = isSymbolicLink(directory, entry);
+        Pending found{path, prefixedPath, folder, parent.isInsideLink || parent.isLink, isLink};
+        if (isLink)
+            _links.emplace(path, std::move(found));
+        else
+            _pending.push_back(std::move(found));
     }
 
     void complain(const QString &path, int number) { _problems.push_back({path, systemErrorText(number)}); }
@@ -133,6 +165,8 @@ private:
     std::vector<FilelistItemPtr> &_files;
     std::vector<FilelistFiller::Problem> &_problems;
     std::vector<Pending> _pending;
+    std::map<QString, Pending> _links; ///< by their paths
+    std::set<std::pair<dev_t, ino_t>> _entered;
 };
 
 } // namespace

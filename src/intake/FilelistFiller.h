@@ -17,8 +17,10 @@ namespace quorvin {
 /// Expands files and folders into the sorted list of their files.
 ///
 /// Folders are walked to any depth, symbolic links followed, hidden files and packages included; only
-/// ".DS_Store" is left out. A folder that is its own ancestor (same device and inode) is not entered again. A
-/// path that does not exist is an item like any other. What is no folder is not opened.
+/// ".DS_Store" is left out. A folder that is its own ancestor (same device and inode) is not entered again,
+/// and inside a link no folder that the walk has entered already: links that lead to each other would
+/// multiply. A path that does not exist is an item like any other; an empty one is a problem. What is no
+/// folder is not opened.
 class FilelistFiller {
 public:
     /// A folder that could not be listed.

@@ -54,6 +54,36 @@ TEST(FilelistFiller, LinksAreFollowedButNoFolderIntoItself)
     EXPECT_EQ(listed({folder.path()}), QStringLiteral("a/b/file|a/side/other|broken|c/other"));
 }
 
+TEST(FilelistFiller, FoldersThatLinkToEachOtherDoNotMultiply)
+{
+    const test::TestFolder folder;
+    constexpr int kFolders = 6;
+    for (int i = 0; i < kFolders; ++i)
+        folder.write(QStringLiteral("%1/sub/file").arg(i));
+    for (int from = 0; from < kFolders; ++from) {
+        for (int to = 0; to < kFolders; ++to) {
+            const QString link = folder / QStringLiteral("%1/to%2").arg(from).arg(to);
+            const QByteArray target = QByteArray("../") + QByteArray::number(to);
+            ASSERT_EQ(::symlink(target.constData(), link.toUtf8().constData()), 0);
+        }
+    }
+    EXPECT_EQ(listed({folder.path()}).count(u'|') + 1, kFolders);
+    // From outside each linked folder is still walked once.
+    const test::TestFolder outside;
+    ASSERT_EQ(
+        ::symlink(folder.path().toUtf8().constData(), (outside / QStringLiteral("l")).toUtf8().constData()),
+        0);
+    EXPECT_EQ(listed({outside.path()}).count(u'|') + 1, kFolders);
+}
+
+TEST(FilelistFiller, AnEmptyPathIsAProblem)
+{
+    const FilelistFiller filler = FilelistFiller::fillerWithSourceArray({QString()});
+    EXPECT_TRUE(filler.filelist().empty());
+    ASSERT_EQ(filler.problems().size(), 1U);
+    EXPECT_FALSE(filler.problems().front().reason.isEmpty());
+}
+
 TEST(FilelistFiller, EveryKindOfNameAndFileHasItsItem)
 {
     const test::TestFolder folder;
