@@ -5,14 +5,9 @@
 
 #include "intake/DataCacherShared.h"
 #include "intake/DataCacherThread.h"
-#include "model/Log.h"
-
-#include <sys/prctl.h>
 
 #include <algorithm>
 #include <array>
-#include <chrono>
-#include <system_error>
 #include <thread>
 
 namespace quorvin {
@@ -21,7 +16,6 @@ namespace {
 
 constexpr std::array kModes{1, 2, 4, 8, 256};
 constexpr std::size_t kFilesForOneThread = 10;
-constexpr std::chrono::milliseconds kPoll{20};
 
 int cores()
 {
@@ -88,23 +82,13 @@ void DataCacher::processFiles(const std::vector<FilelistItemPtr> &files)
     const int count
         = _threadCount > 0 ? byCount : numberOfThreadsToWorkWithFilesCount(queued, _mode, cores());
 
-    const std::lock_guard guard(_shared->safeLock);
-    // Running threads take the new files.
-    if (!_shared->threads.empty())
-        return;
-    for (int i = 0; i < count; ++i) {
-        const int number = ++_shared->lastThread;
-        try {
-            std::jthread thread([shared = _shared, number](const std::stop_token &stop) {
-                ::prctl(PR_SET_NAME, "DataCacherThread");
-                processFilesInThread(shared, number, stop);
-            });
-            _shared->threads.emplace(number, thread.get_stop_source());
-            thread.detach();
-        } catch (const std::system_error &error) {
-            qCInfo(lcQuorvin) << "Failed to start a thread:" << error.what();
-        }
-    }
+    if (const QString problem = startThreads(_shared, count); !problem.isEmpty())
+        _shared->failQueuedFiles(problem);
+}
+
+void DataCacher::removeFiles(const std::vector<FilelistItemPtr> &files)
+{
+    _shared->fileQueue.removeFiles(files);
 }
 
 void DataCacher::processFileFirstly(const FilelistItemPtr &file)
@@ -119,12 +103,14 @@ void DataCacher::cancelThreads()
     {
         const std::lock_guard guard(_shared->safeLock);
         threads.swap(_shared->threads);
+        _shared->slowThreads.clear();
     }
     for (auto &[number, source] : threads)
         source.request_stop();
+    _shared->dropSlowFiles();
 }
 
-void DataCacher::cancelThreadsAndWait()
+void DataCacher::cancelThreadsAndWait(std::optional<std::chrono::milliseconds> longest)
 {
     std::map<int, std::stop_source> threads;
     {
@@ -133,8 +119,13 @@ void DataCacher::cancelThreadsAndWait()
     }
     for (auto &[number, source] : threads)
         source.request_stop();
+    _shared->dropSlowFiles();
     std::unique_lock lock(_shared->safeLock);
-    while (!_shared->threadEnded.wait_for(lock, kPoll, [this] { return _shared->threads.empty(); })) { }
+    const auto areGone = [this] { return _shared->threads.empty(); };
+    if (longest)
+        _shared->threadEnded.wait_for(lock, *longest, areGone);
+    else
+        _shared->threadEnded.wait(lock, areGone);
 }
 
 } // namespace quorvin

@@ -7,8 +7,10 @@
 #include "intake/DataCacherMailbox.h"
 #include "intake/FilelistItem.h"
 
+#include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace quorvin {
@@ -40,16 +42,21 @@ public:
     /// As many threads as this, or as there are files, whatever the mode; 0 goes back to the mode.
     void setThreadCount(int count);
 
-    /// Queues the files behind the others. The number of threads is fixed when the first of them start.
+    /// Queues the files behind the others. The number of threads is fixed when the first of them start. Where
+    /// none can be started, all queued files fail with the reason.
     void processFiles(const std::vector<FilelistItemPtr> &files);
     /// Queues the file in front of the others.
     void processFileFirstly(const FilelistItemPtr &file);
+
+    /// Files that are only queued are never read, and nothing is delivered for them.
+    void removeFiles(const std::vector<FilelistItemPtr> &files);
 
     /// The threads give up the file in hand and end; this does not wait for them. The file in hand stays done
     /// without a record and is not delivered.
     void cancelThreads();
     /// The same, and waits until all have ended: at once with reader processes, else for the file in hand.
-    void cancelThreadsAndWait();
+    /// Threads that take longer than `longest` are left to end by themselves.
+    void cancelThreadsAndWait(std::optional<std::chrono::milliseconds> longest = {});
 
     /// One thread for ten files, up to what the mode and the number of cores allow.
     static int numberOfThreadsToWorkWithFilesCount(std::size_t files, int mode, int cores);

@@ -3,6 +3,8 @@
 
 #include "intake/DataCacherFileQueue.h"
 
+#include <unordered_set>
+
 namespace quorvin {
 
 void DataCacherFileQueue::addFilesToEnd(const std::vector<FilelistItemPtr> &files)
@@ -18,6 +20,14 @@ void DataCacherFileQueue::addForcedFileToStart(const FilelistItemPtr &file)
 {
     const std::lock_guard guard(queueLock);
     fileQueue.push_back(file);
+    _count = fileQueue.size();
+}
+
+void DataCacherFileQueue::removeFiles(const std::vector<FilelistItemPtr> &files)
+{
+    const std::unordered_set<FilelistItemPtr> gone(files.begin(), files.end());
+    const std::lock_guard guard(queueLock);
+    std::erase_if(fileQueue, [&](const FilelistItemPtr &file) { return gone.contains(file); });
     _count = fileQueue.size();
 }
 

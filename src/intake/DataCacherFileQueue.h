@@ -19,6 +19,8 @@ public:
     void addFilesToEnd(const std::vector<FilelistItemPtr> &files);
     /// In front of everything, earlier forced files too. The file's other place in the queue stays.
     void addForcedFileToStart(const FilelistItemPtr &file);
+    /// They will not be taken any more, however often they stand in it.
+    void removeFiles(const std::vector<FilelistItemPtr> &files);
     /// Takes the next file; null when there is none.
     FilelistItemPtr nextItem();
     /// Read without the lock.

@@ -8,8 +8,10 @@
 #include "intake/DataCacherMailbox.h"
 
 #include <condition_variable>
+#include <deque>
 #include <map>
 #include <mutex>
+#include <set>
 #include <stop_token>
 #include <unordered_map>
 #include <unordered_set>
@@ -37,8 +39,33 @@ struct DataCacherShared {
     std::map<int, std::stop_source> threads; ///< the running ones that are not cancelled
     int lastThread = 0;
     std::condition_variable threadEnded;
+    std::set<int> slowThreads; ///< those that have left their lanes to others
+    std::deque<FilelistItemPtr> slowFiles; ///< in process, and waiting for a slow thread
 
     std::shared_ptr<DataCacherMail> mail;
+
+    /// The thread with that number has found nothing to do any more. False when there is something after all:
+    /// it is to go on.
+    bool leave(int thread, const std::stop_token &stop);
+    /// The thread with that number is of no use any more, whatever is queued. False when no other one is
+    /// there to take it: the thread is to go on.
+    bool leaveToOthers(int thread, const std::stop_token &stop);
+    /// The file that the thread in a lane works on has turned out slow. True when the thread may go on with
+    /// it, out of its lane; false when there are enough of its kind.
+    bool becomeSlow(int thread);
+    /// A slow file that was given up waits for a slow thread. False when there is room for one: the caller is
+    /// one now, and has to read it.
+    bool setAside(int thread, const FilelistItemPtr &file);
+    /// For a slow thread that is done with its file: the next one; null when there is none, and the thread is
+    /// no slow one any more.
+    FilelistItemPtr nextSlowFile(int thread);
+    /// Those that wait for a slow thread are given up.
+    void dropSlowFiles();
+
+    /// To the top of the queue, as if it had not been taken.
+    void giveFileBack(const FilelistItemPtr &file);
+    /// No thread will ever come for them.
+    void failQueuedFiles(const QString &reason);
 
     Claim setFileIsInProcess(const FilelistItemPtr &file, const std::stop_token &stop);
     void setFileIsDone(const FilelistItemPtr &file);

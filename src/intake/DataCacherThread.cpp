@@ -7,34 +7,65 @@
 #include "model/Log.h"
 #include "pictures/Cover.h"
 
+#include <sys/prctl.h>
+
+#include <system_error>
+#include <thread>
 #include <utility>
 
 namespace quorvin {
 
 namespace {
 
-/// Takes files from the queue until there are none.
+/// Adds a thread to a pool, whose lock is held. "" when it runs, else why it does not.
+QString startThread(const std::shared_ptr<DataCacherShared> &shared);
+
+/// Takes files from the queue until there are none. A file that takes long is read to its end outside the
+/// lane, which a new thread takes over.
 class Worker {
 public:
-    Worker(DataCacherShared &shared, int thread, std::stop_token stop)
-        : _shared(shared),
+    enum End {
+        NoFiles, ///< or a stop
+        NoLane, ///< a slow file is done, and the lane is another thread's
+        NoReader, ///< the files have been given back
+    };
+
+    /// The one that `isLast` answers for files that it can't read.
+    Worker(const std::shared_ptr<DataCacherShared> &pool, int thread, std::stop_token stop, bool isLast)
+        : _pool(pool),
+          _shared(*pool),
           _thread(thread),
           _stop(std::move(stop)),
-          _setup(shared.setup()),
+          _isLast(isLast),
+          _setup(_shared.setup()),
           _runner(_setup.makeRunner())
     {
+        _runner->setWhenSlow([this] { return goesOnSlowly(); });
     }
 
-    void run()
+    End run()
     {
         if (_setup.logsDebug)
             log(QStringLiteral("started with number of files: %1").arg(_shared.fileQueue.count()));
         FilelistItemPtr file = begunNext();
         while (file && _runner->await(_stop)) {
             // The reader works on the next file while the record of this one travels.
-            const FilelistItemPtr next = begunNext();
-            finish(file, _runner->take(_stop));
-            answerRepeats();
+            FilelistItemPtr next = _isSlow || _isSetAside ? nullptr : begunNext();
+            const JobResult result = _runner->take(_stop);
+            if (lacksReader(result)) {
+                giveBack(next);
+                giveBack(file);
+                answerRepeats();
+                return NoReader;
+            }
+            if (std::exchange(_isSetAside, false) && !_stop.stop_requested()) {
+                next = begunInsteadOf(file);
+            } else {
+                finish(file, result);
+                answerRepeats();
+                if (_isSlow && !(next = begunSlow()))
+                    return NoLane;
+            }
             file = next;
         }
         answerRepeats();
@@ -43,12 +74,14 @@ public:
             _shared.setFileIsDone(file);
         if (_setup.logsDebug)
             log(_stop.stop_requested() ? QStringLiteral("cancelled") : QStringLiteral("normal end"));
+        return NoFiles;
     }
 
 private:
-    FilelistItemPtr begunNext()
+    FilelistItemPtr begunNext() { return begun(claimedNext()); }
+
+    FilelistItemPtr begun(FilelistItemPtr file)
     {
-        FilelistItemPtr file = claimedNext();
         if (file) {
             if (_setup.logsDebug)
                 log(QStringLiteral("open: %1").arg(file->filename()));
@@ -57,16 +90,72 @@ private:
         return file;
     }
 
+    /// For a slow thread; without a file it is none any more.
+    FilelistItemPtr begunSlow()
+    {
+        FilelistItemPtr file = _shared.nextSlowFile(_thread);
+        _isSlow = file != nullptr;
+        return begun(std::move(file));
+    }
+
+    /// The file in hand has turned out slow, and there was no room for one more: it waits, or has room now.
+    FilelistItemPtr begunInsteadOf(const FilelistItemPtr &file)
+    {
+        if (_shared.setAside(_thread, file))
+            return begunNext();
+        leaveLane();
+        return begun(file);
+    }
+
+    /// The reader asks whether to go on with the file in hand.
+    bool goesOnSlowly()
+    {
+        if (_isSlow)
+            return true;
+        _isSetAside = !_shared.becomeSlow(_thread);
+        if (!_isSetAside)
+            leaveLane();
+        return !_isSetAside;
+    }
+
+    void leaveLane()
+    {
+        _isSlow = true;
+        if (_shared.fileQueue.count() == 0)
+            return;
+        const std::lock_guard guard(_shared.safeLock);
+        if (_shared.threads.contains(_thread))
+            startThread(_pool);
+    }
+
     FilelistItemPtr claimedNext()
     {
-        while (FilelistItemPtr file = _shared.fileQueue.nextItem()) {
+        while (!_stop.stop_requested()) {
+            FilelistItemPtr file = _shared.fileQueue.nextItem();
+            if (!file)
+                break;
             const Claim claim = _shared.setFileIsInProcess(file, _stop);
             if (claim == Claim::Free)
                 return file;
             if (claim == Claim::Done)
                 _repeats.push_back(file);
+            if (claim == Claim::Cancelled)
+                _shared.fileQueue.addForcedFileToStart(file);
         }
         return nullptr;
+    }
+
+    /// No reader can be started for this thread, and others may have one.
+    bool lacksReader(const JobResult &result) const
+    {
+        return !_isLast && !_stop.stop_requested() && !result && result.error().domain == kErrorDomain
+            && result.error().code == kNoReader;
+    }
+
+    void giveBack(const FilelistItemPtr &file)
+    {
+        if (file)
+            _shared.giveFileBack(file);
     }
 
     /// After the result in hand, which was there before they were asked for again.
@@ -91,47 +180,60 @@ private:
         qCInfo(lcQuorvin).noquote() << QStringLiteral("[%1] DC %2").arg(_thread).arg(what);
     }
 
+    std::shared_ptr<DataCacherShared> _pool;
     DataCacherShared &_shared;
     int _thread;
     std::stop_token _stop;
+    bool _isLast;
     AnalysisSetup _setup;
     std::unique_ptr<JobRunner> _runner;
+    bool _isSlow = false; ///< its lane is another thread's
+    bool _isSetAside = false; ///< the file in hand is to wait
     std::vector<FilelistItemPtr> _repeats; ///< met in the queue and found done
 };
 
-/// Leaves the pool; false when there is work after all, and nobody else to do it.
-bool left(DataCacherShared &shared, int thread, const std::stop_token &stop)
+/// The life of one thread.
+void processFilesInThread(const std::shared_ptr<DataCacherShared> &shared, int thread,
+                          const std::stop_token &stop)
 {
-    std::stop_source source;
-    {
-        const std::lock_guard guard(shared.safeLock);
-        const auto own = shared.threads.find(thread);
-        if (own == shared.threads.end())
-            return true;
-        source = own->second;
-        shared.threads.erase(own);
-        shared.threadEnded.notify_all();
+    for (bool isLast = false;;) {
+        // Ends, and its reader with it, before the thread counts as gone.
+        const Worker::End end = Worker(shared, thread, stop, isLast).run();
+        if (end == Worker::NoFiles ? shared->leave(thread, stop) : shared->leaveToOthers(thread, stop))
+            return;
+        isLast = end == Worker::NoReader;
     }
-    // Files that came after the last look at the queue, and before this thread had left, found it still
-    // there.
-    if (stop.stop_requested() || shared.fileQueue.count() == 0)
-        return true;
-    const std::lock_guard guard(shared.safeLock);
-    if (!shared.threads.empty())
-        return true;
-    shared.threads.emplace(thread, source);
-    return false;
+}
+
+QString startThread(const std::shared_ptr<DataCacherShared> &shared)
+{
+    const int number = ++shared->lastThread;
+    try {
+        std::jthread thread([shared, number](const std::stop_token &stop) {
+            ::prctl(PR_SET_NAME, "DataCacherThread");
+            processFilesInThread(shared, number, stop);
+        });
+        shared->threads.emplace(number, thread.get_stop_source());
+        thread.detach();
+        return {};
+    } catch (const std::system_error &error) {
+        const QString problem = QString::fromLocal8Bit(error.what());
+        qCInfo(lcQuorvin).noquote() << "Failed to start a thread:" << problem;
+        return problem;
+    }
 }
 
 } // namespace
 
-void processFilesInThread(const std::shared_ptr<DataCacherShared> &shared, int thread,
-                          const std::stop_token &stop)
+QString startThreads(const std::shared_ptr<DataCacherShared> &shared, int count)
 {
-    do {
-        // Ends, and its reader with it, before the thread counts as gone.
-        Worker(*shared, thread, stop).run();
-    } while (!left(*shared, thread, stop));
+    const std::lock_guard guard(shared->safeLock);
+    QString problem;
+    // The threads in the lanes take the new files.
+    const bool hasLanes = shared->threads.size() > shared->slowThreads.size();
+    for (int i = hasLanes ? count : 0; i < count; ++i)
+        problem = startThread(shared);
+    return shared->threads.empty() ? problem : QString();
 }
 
 } // namespace quorvin

@@ -3,16 +3,16 @@
 
 #pragma once
 
+#include <QString>
+
 #include <memory>
-#include <stop_token>
 
 namespace quorvin {
 
 struct DataCacherShared;
 
-/// The life of one thread of a pool, on that thread: takes files from the queue until there are none, or it
-/// is stopped, and leaves the pool. `thread` is its number in the pool.
-void processFilesInThread(const std::shared_ptr<DataCacherShared> &shared, int thread,
-                          const std::stop_token &stop);
+/// Starts so many threads for a pool that has none; they take files from its queue until there are none, or
+/// they are stopped, and leave the pool. "" when the pool has a thread now, else why it has none. Any thread.
+QString startThreads(const std::shared_ptr<DataCacherShared> &shared, int count);
 
 } // namespace quorvin

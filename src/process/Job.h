@@ -45,6 +45,9 @@ using JobRequest = AllJobs::Request;
 using JobAnswer = AllJobs::Answer;
 using JobResult = Expected<JobAnswer>;
 
+/// The code of a job's error when no process could be started for it; its file has not been looked at.
+inline constexpr int kNoReader = 1;
+
 /// How far a job may go before its process is ended.
 struct JobLimits {
     int cpuSeconds = 20; ///< of processor time

@@ -5,9 +5,15 @@
 
 #include "process/Job.h"
 
+#include <chrono>
+#include <functional>
 #include <stop_token>
+#include <utility>
 
 namespace quorvin {
+
+/// From then on a job counts as slow.
+inline constexpr std::chrono::milliseconds kSlowJob{2000};
 
 /// Does jobs, one after the other: `begin` hands a job over, `await` waits until it has been worked on,
 /// `take` gives its result. Between `await` and `take` the next job may already be handed over; it is worked
@@ -19,6 +25,10 @@ public:
     JobRunner(const JobRunner &) = delete;
     JobRunner &operator=(const JobRunner &) = delete;
 
+    /// `whenSlow` is asked while a job is awaited, on the thread that awaits it, once it has taken
+    /// `kSlowJob` of processor time; false gives the job up: it fails. A runner that can't tell asks never.
+    void setWhenSlow(std::function<bool()> whenSlow) { _whenSlow = std::move(whenSlow); }
+
     virtual void begin(const Job &job) = 0;
     /// False when a stop was asked for: the job is given up, and nothing is under way any more.
     virtual bool await(const std::stop_token &stop) = 0;
@@ -27,6 +37,13 @@ public:
 
     /// All three in one; a job that is given up fails.
     JobResult run(const Job &job, const std::stop_token &stop = {});
+
+protected:
+    /// May be empty.
+    const std::function<bool()> &whenSlow() const { return _whenSlow; }
+
+private:
+    std::function<bool()> _whenSlow;
 };
 
 } // namespace quorvin

@@ -4,6 +4,7 @@
 #include "process/ReaderConnection.h"
 
 #include "model/Log.h"
+#include "process/JobRunner.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -26,6 +27,7 @@ constexpr std::size_t kReadChunk = 65'536;
 
 const QString kCrashed = QStringLiteral("stopped: the reader crashed");
 const QString kNotStarted = QStringLiteral("the reader can not be started");
+const QString kSetAside = QStringLiteral("stopped: set aside as slow");
 const QString kStopped = QStringLiteral("stopped");
 const QString kTookTooLong = QStringLiteral("stopped: took too long");
 const QString kTooMuchMemory = QStringLiteral("stopped: used too much memory");
@@ -91,9 +93,11 @@ bool ReaderConnection::send(const Job &job)
         == frame.size();
 }
 
-Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop)
+Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop, const std::function<bool()> &whenSlow)
 {
+    _whenSlow = whenSlow;
     const auto message = receive(stop);
+    _whenSlow = {};
     if (!message)
         return tl::unexpected(message.error());
     const bool isOfThisJob = jobOf(*message) == _sent.number;
@@ -183,8 +187,11 @@ Expected<void> ReaderConnection::waitReadable(int stopSignal)
             return lose(kStopped);
         if (ends[0].revents != 0)
             return {};
-        if (_reader->cpuTime() - _cpuAtStart > mostCpu)
+        const qint64 cpu = _reader->cpuTime() - _cpuAtStart;
+        if (cpu > mostCpu)
             break;
+        if (_whenSlow && cpu > kSlowJob.count() && !std::exchange(_whenSlow, {})())
+            return lose(kSetAside);
     }
     return lose(kTookTooLong);
 }

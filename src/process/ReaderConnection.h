@@ -9,6 +9,7 @@
 
 #include <QDeadlineTimer>
 
+#include <functional>
 #include <memory>
 #include <stop_token>
 #include <string>
@@ -32,8 +33,8 @@ public:
     quint32 guardParts() const { return _guardParts; }
     /// False when the reader takes no more. What it owes can still be taken.
     bool send(const Job &job);
-    /// Waits until the last job sent has been worked on.
-    Expected<void> awaitDone(const std::stop_token &stop);
+    /// Waits until the last job sent has been worked on. `whenSlow` as `JobRunner` says it; it may be empty.
+    Expected<void> awaitDone(const std::stop_token &stop, const std::function<bool()> &whenSlow = {});
     /// What came of the job that was waited for last. Once for each.
     JobResult takeResult(const std::stop_token &stop);
 
@@ -76,6 +77,7 @@ private:
     bool _isLastJobInnocent = false;
     QDeadlineTimer _deadline;
     qint64 _cpuAtStart = 0; ///< milliseconds
+    std::function<bool()> _whenSlow; ///< of the job that is awaited; empty once it was asked
 };
 
 } // namespace quorvin

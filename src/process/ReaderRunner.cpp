@@ -43,7 +43,7 @@ void ReaderRunner::begin(const Job &job)
 bool ReaderRunner::await(const std::stop_token &stop)
 {
     for (int i = 0; i < kTries; ++i) {
-        _awaited = handOver(stop).and_then([&] { return _reader->awaitDone(stop); });
+        _awaited = handOver(stop).and_then([&] { return _reader->awaitDone(stop, whenSlow()); });
         if (_awaited || stop.stop_requested() || !_reader || !_reader->isLastJobInnocent())
             break;
     }

@@ -7,8 +7,10 @@
 #include "support/TestFolder.h"
 
 #include <QCoreApplication>
+#include <QDir>
 
 #include <gtest/gtest.h>
+#include <pthread.h>
 
 #include <algorithm>
 #include <atomic>
@@ -54,21 +56,29 @@ private:
 };
 
 /// Makes an empty record of every file, or fails it when its name begins with "bad"; "gate" waits at the
-/// gate.
+/// gate, and so does "slow" when it may go on. Has no reader where none may start.
 class FakeRunner final : public JobRunner {
 public:
-    explicit FakeRunner(Gate &gate) : _gate(gate) { }
+    FakeRunner(Gate &gate, bool hasReader) : _gate(gate), _hasReader(hasReader) { }
 
     void begin(const Job &job) override { _path = std::get<RecordRequest>(job.request).path; }
     bool await(const std::stop_token &stop) override
     {
         _done = _path;
-        if (_done.startsWith(QStringLiteral("gate")))
+        if (!_hasReader)
+            return !stop.stop_requested();
+        const bool isSlow = _done.startsWith(QStringLiteral("slow"));
+        _isGivenUp = isSlow && !whenSlow()();
+        if ((isSlow && !_isGivenUp) || _done.startsWith(QStringLiteral("gate")))
             _gate.pass(stop);
         return !stop.stop_requested();
     }
     JobResult take(const std::stop_token &) override
     {
+        if (!_hasReader)
+            return tl::unexpected(Error{kErrorDomain, kNoReader, QStringLiteral("no reader")});
+        if (_isGivenUp)
+            return failure(QStringLiteral("given up"));
         if (_done.startsWith(QStringLiteral("bad")))
             return failure(QStringLiteral("it is bad"));
         RecordContents record;
@@ -78,6 +88,8 @@ public:
 
 private:
     Gate &_gate;
+    bool _hasReader;
+    bool _isGivenUp = false;
     QString _path; ///< of the last file begun
     QString _done; ///< of the last one waited for
 };
@@ -85,15 +97,17 @@ private:
 /// A pool over fake runners, and what it delivered.
 struct Bench : DataCacherDelegate {
     std::shared_ptr<Gate> gate = std::make_shared<Gate>();
+    std::shared_ptr<std::atomic<int>> readers = std::make_shared<std::atomic<int>>(1000); ///< that may start
     std::unique_ptr<DataCacher> pool = makePool();
     std::vector<DataCacherDelivery> deliveries;
     std::function<void()> whenDelivered;
 
     std::unique_ptr<DataCacher> makePool()
     {
-        auto made = std::make_unique<DataCacher>([gate = gate] {
+        auto made = std::make_unique<DataCacher>([gate = gate, readers = readers] {
             AnalysisSetup setup;
-            setup.makeRunner = [gate] { return std::make_unique<FakeRunner>(*gate); };
+            setup.makeRunner
+                = [gate, readers] { return std::make_unique<FakeRunner>(*gate, (*readers)-- > 0); };
             return setup;
         });
         made->setDelegate(this);
@@ -134,6 +148,17 @@ std::vector<FilelistItemPtr> files(std::initializer_list<const char *> names)
     for (const char *name : names)
         made.push_back(FilelistItem::itemWithFilename(QLatin1String(name), QLatin1String(name)));
     return made;
+}
+
+/// Those of all pools that have not ended.
+int poolThreads()
+{
+    int count = 0;
+    for (const QString &task :
+         QDir(QStringLiteral("/proc/self/task")).entryList(QDir::NoDotAndDotDot | QDir::Dirs))
+        count += test::contentOf(QStringLiteral("/proc/self/task/%1/comm").arg(task))
+                     .startsWith("DataCacherThrea");
+    return count;
 }
 
 } // namespace
@@ -230,6 +255,94 @@ TEST(DataCacher, ReplacedPoolDeliversNothing)
     bench.gate->open();
     ASSERT_TRUE(bench.await(1));
     EXPECT_EQ(bench.log(), QStringLiteral("new 1+"));
+}
+
+TEST(DataCacher, FilesOfAThreadWithoutReaderGoToTheOthers)
+{
+    Bench bench;
+    *bench.readers = 1;
+    bench.pool->setThreadCount(4);
+    std::vector<FilelistItemPtr> list = files({"gate"});
+    for (int i = 0; i < 200; ++i)
+        list.push_back(FilelistItem::itemWithFilename(QString::number(i), {}));
+    bench.pool->processFiles(list);
+    bench.gate->awaitWaiting(1);
+    ASSERT_TRUE(test::spinUntil([] { return poolThreads() == 1; })) << "the others have left";
+    bench.gate->open();
+    ASSERT_TRUE(bench.await(list.size()));
+    EXPECT_TRUE(std::ranges::none_of(list, &FilelistItem::isFailed));
+}
+
+TEST(DataCacher, WithoutAnyReaderOrThreadFilesFailWithTheReason)
+{
+    Bench bench;
+    *bench.readers = 0;
+    bench.pool->setThreadCount(3);
+    bench.pool->processFiles(files({"a", "b", "c", "d"}));
+    ASSERT_TRUE(bench.await(4));
+    EXPECT_EQ(bench.log().count(u'+'), 0);
+    EXPECT_EQ(bench.deliveries[3].file->failureReason(), QStringLiteral("no reader"));
+    bench.pool->cancelThreadsAndWait();
+
+    pthread_attr_t usual;
+    pthread_attr_t huge;
+    pthread_getattr_default_np(&usual);
+    pthread_attr_init(&huge);
+    // No address space has room for such a stack.
+    pthread_attr_setstacksize(&huge, std::size_t{1} << 47U);
+    pthread_setattr_default_np(&huge);
+    const auto list = files({"e", "f"});
+    bench.pool->processFiles(list);
+    pthread_setattr_default_np(&usual);
+    ASSERT_TRUE(bench.await(6));
+    EXPECT_TRUE(list[1]->isFailed() && list[1]->isDone());
+    EXPECT_FALSE(list[1]->failureReason().isEmpty());
+}
+
+TEST(DataCacher, SlowFilesLeaveTheirLaneAndAThirdOneWaits)
+{
+    Bench bench;
+    const auto list = files({"slow 1", "slow 2", "a", "slow 3", "b", "slow 4", "c"});
+    bench.pool->processFiles(list);
+    ASSERT_TRUE(bench.await(3)) << "one lane reads all others";
+    EXPECT_EQ(bench.log(), QStringLiteral("a 1+|b 1+|c 1+"));
+    bench.gate->awaitWaiting(2);
+    // The lane has ended; what comes now needs a new one.
+    bench.pool->processFiles(files({"d"}));
+    ASSERT_TRUE(bench.await(4));
+    bench.gate->open();
+    ASSERT_TRUE(bench.await(8));
+    EXPECT_TRUE(std::ranges::none_of(list, &FilelistItem::isFailed));
+    bench.pool->processFiles(files({"e"}));
+    EXPECT_TRUE(bench.await(9));
+}
+
+TEST(DataCacher, CancelEndsSlowFilesToo)
+{
+    Bench bench;
+    const auto list = files({"slow 1", "slow 2", "slow 3", "a"});
+    bench.pool->processFiles(list);
+    ASSERT_TRUE(bench.await(1));
+    bench.gate->awaitWaiting(2);
+    bench.pool->cancelThreadsAndWait();
+    EXPECT_TRUE(bench.await(1));
+    EXPECT_TRUE(std::ranges::all_of(list, &FilelistItem::isDone));
+    bench.gate->open();
+    bench.pool->processFiles(files({"slow 5"}));
+    EXPECT_TRUE(bench.await(2));
+}
+
+TEST(DataCacher, RemovedFilesAreNotRead)
+{
+    Bench bench;
+    const auto list = files({"gate", "b", "c", "d"});
+    bench.pool->processFiles(list);
+    bench.gate->awaitWaiting(1);
+    bench.pool->processFileFirstly(list[2]);
+    bench.pool->removeFiles({list[1], list[2]});
+    bench.gate->open();
+    ASSERT_TRUE(bench.await(2));
+    EXPECT_EQ(bench.log(), QStringLiteral("gate 1+|d 1+"));
 }
 
 TEST(DataCacher, SelectionStormLosesAndDoublesNothing)
