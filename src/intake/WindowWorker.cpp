@@ -44,6 +44,11 @@ void WindowWorker::fileIsReady(const FilelistItemPtr &file)
         ++found->second.done;
         ++_countProcessed;
     }
+    settle();
+}
+
+void WindowWorker::settle()
+{
     if (_countProcessed >= _countToProcess)
         _processingIsDone = true;
 }

@@ -36,10 +36,13 @@ public:
     /// Counts a delivery, once for each time that the file was started with.
     void fileIsReady(const FilelistItemPtr &file);
     void fileIsRemoved(const FilelistItemPtr &file);
+    /// Nothing more is on its way but what was counted: with all of it processed, processing is done.
+    void settle();
 
     qint64 countToProcess() const { return _countToProcess; }
     qint64 countProcessed() const { return _countProcessed; }
-    /// `countProcessed` has reached `countToProcess` since the last start. Removing files does not change it.
+    /// `countProcessed` has reached `countToProcess` since the last start. Removing files alone does not
+    /// change it.
     bool processingIsDone() const { return _processingIsDone; }
 
     bool isTotalDurationChanged = false; ///< the sum of the durations must be made anew

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "platform/HeapMemory.h"
 #include "platform/NativePath.h"
 #include "platform/Settings.h"
 #include "platform/StandardStreams.h"
@@ -82,6 +83,7 @@ int run(const StartArguments &arguments)
 int main(int argc, char **argv)
 {
     setUpProcess();
+    keepHeapCompact();
     const auto arguments = parseStartArguments(decodeWords(argc, argv));
     if (!arguments)
         return wrongCall(arguments.error().description);

@@ -4,6 +4,7 @@
 #include "shell/filelist/FilelistController.h"
 
 #include "model/Log.h"
+#include "platform/HeapMemory.h"
 #include "shell/desktop/BackgroundRun.h"
 
 #include <QThreadPool>
@@ -17,11 +18,23 @@ namespace {
 
 /// So often the totals follow a run.
 constexpr int kTotalsMilliseconds = 50;
+/// With nothing delivered for so long a run has come to rest.
+constexpr int kRestMilliseconds = 1000;
+/// What is freed of fewer is soon used again.
+constexpr std::size_t kManyRecords = 1000;
+/// A closing window stays no longer for threads that do not end.
+constexpr std::chrono::milliseconds kLongestClose{1000};
 
 /// Thousands of records take their time to go.
-void disposeElsewhere(std::vector<FilelistItemPtr> files)
+template <typename Items>
+void disposeElsewhere(Items items)
 {
-    QThreadPool::globalInstance()->start([files = std::move(files)]() mutable { files.clear(); });
+    QThreadPool::globalInstance()->start([items = std::move(items)]() mutable {
+        const bool areMany = items.size() >= kManyRecords;
+        items.clear();
+        if (areMany)
+            giveFreeMemoryBack();
+    });
 }
 
 } // namespace
@@ -32,6 +45,12 @@ FilelistController::FilelistController(const LiveSettings &settings, QObject *pa
     _totalsTimer.setSingleShot(true);
     _totalsTimer.setInterval(kTotalsMilliseconds);
     connect(&_totalsTimer, &QTimer::timeout, this, &FilelistController::updateTotals);
+    _restTimer.setSingleShot(true);
+    _restTimer.setInterval(kRestMilliseconds);
+    connect(&_restTimer, &QTimer::timeout, this, [this] {
+        if (std::exchange(_deliveredSinceRest, 0) >= kManyRecords)
+            QThreadPool::globalInstance()->start(giveFreeMemoryBack);
+    });
     connect(&_walks, &FolderWalks::found, this, &FilelistController::takeFiles);
     connect(&_selection, &QItemSelectionModel::selectionChanged, this,
             &FilelistController::selectionDidChange);
@@ -103,6 +122,8 @@ void FilelistController::replaceContent(const std::vector<FilelistItemPtr> &file
     startPool();
     _worker.startNewProcessingWithFiles(files, true);
     _worker.dataCacher()->processFiles(files);
+    if (files.empty())
+        _worker.settle();
     disposeElsewhere(_whole.setFiles(files));
     updateTotals();
     if (_arranged.rowCount() == 0)
@@ -113,6 +134,8 @@ void FilelistController::replaceContent(const std::vector<FilelistItemPtr> &file
 
 void FilelistController::insertFiles(int index, const std::vector<FilelistItemPtr> &files)
 {
+    if (files.empty())
+        return;
     const int count = _whole.rowCount();
     _worker.startNewProcessingWithFiles(files, false);
     _worker.dataCacher()->processFiles(files);
@@ -155,7 +178,9 @@ void FilelistController::dataCacherNewObjectReady(const DataCacherDelivery &deli
 
 void FilelistController::dataCacherDidDeliver()
 {
+    _deliveredSinceRest += _delivered.size();
     _whole.filesChanged(std::exchange(_delivered, {}));
+    _restTimer.start();
 }
 
 int FilelistController::selectedRow() const
@@ -251,12 +276,15 @@ void FilelistController::refreshInfo()
     std::vector<FilelistItemPtr> files;
     for (const int row : selectedRows())
         files.push_back(_arranged.fileAt(row));
+    std::vector<QuorvinDataPtr> old;
     for (const FilelistItemPtr &file : files) {
+        old.push_back(file->quorvinData());
         file->resetQuorvinData();
         if (file == _worker.currentFile())
             Q_EMIT currentFileDidChange();
         readFirstly(file);
     }
+    disposeElsewhere(std::move(old));
     _whole.filesChanged(files);
     Q_EMIT stateDidChange();
 }
@@ -267,15 +295,20 @@ void FilelistController::removeSelectedItems()
     if (rows.empty())
         return;
     std::vector<int> wholeRows;
-    wholeRows.reserve(rows.size());
+    std::vector<FilelistItemPtr> removed;
     for (const int row : rows) {
         wholeRows.push_back(_arranged.rowInWholeList(row));
-        _worker.fileIsRemoved(_arranged.fileAt(row));
+        removed.push_back(_arranged.fileAt(row));
+        _worker.fileIsRemoved(removed.back());
     }
     _worker.isTotalDurationChanged = true;
+    _worker.dataCacher()->removeFiles(removed);
+    // No delivery comes for a file that was only queued.
+    _worker.settle();
     // Without a word: a row is selected below, and no other is to be shown before.
     _selection.reset();
-    disposeElsewhere(_whole.removeFiles(std::move(wholeRows)));
+    _whole.removeFiles(std::move(wholeRows));
+    disposeElsewhere(std::move(removed));
     if (_arranged.rowCount() > 0)
         selectRow(std::min(rows.front(), _arranged.rowCount() - 1));
     else
@@ -331,7 +364,7 @@ void FilelistController::setWindowIsClosing()
 {
     _walks.cancel();
     if (_worker.dataCacher())
-        _worker.dataCacher()->cancelThreadsAndWait();
+        _worker.dataCacher()->cancelThreadsAndWait(kLongestClose);
     _isWindowClosing = true;
 }
 

@@ -119,7 +119,9 @@ private:
     FilelistTotals _totals;
     FolderWalks _walks;
     std::vector<FilelistItemPtr> _delivered; ///< their rows are not announced yet
+    std::size_t _deliveredSinceRest = 0;
     QTimer _totalsTimer;
+    QTimer _restTimer;
     bool _isWindowClosing = false;
 };
 

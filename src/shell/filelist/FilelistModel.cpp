@@ -14,6 +14,9 @@ namespace quorvin {
 
 namespace {
 
+/// With more runs of rows than this to be taken out, the list is told as a new one.
+constexpr int kMostRuns = 32;
+
 FilelistRow::State stateOf(const FilelistItem &file)
 {
     if (file.isFailed())
@@ -96,6 +99,18 @@ std::vector<FilelistItemPtr> FilelistModel::removeFiles(std::vector<int> rows)
     removed.reserve(rows.size());
     for (const int row : rows)
         removed.push_back(fileAt(row));
+    int runs = 0;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        runs += i == 0 || rows[i] != rows[i - 1] + 1;
+    if (runs > kMostRuns)
+        removeScattered(rows);
+    else
+        removeRuns(std::move(rows));
+    return removed;
+}
+
+void FilelistModel::removeRuns(std::vector<int> rows)
+{
     // From the end, a run of neighbours at a time, so that the rows before stay what they are.
     while (!rows.empty()) {
         const int last = rows.back();
@@ -109,7 +124,16 @@ std::vector<FilelistItemPtr> FilelistModel::removeFiles(std::vector<int> rows)
         _rows.clear();
         endRemoveRows();
     }
-    return removed;
+}
+
+void FilelistModel::removeScattered(const std::vector<int> &rows)
+{
+    beginResetModel();
+    for (const int row : rows)
+        _files[static_cast<std::size_t>(row)] = nullptr;
+    std::erase(_files, nullptr);
+    _rows.clear();
+    endResetModel();
 }
 
 void FilelistModel::filesChanged(const std::vector<FilelistItemPtr> &files)

@@ -31,7 +31,8 @@ public:
     std::vector<FilelistItemPtr> setFiles(std::vector<FilelistItemPtr> files);
     /// `row` is that of the first new file.
     void insertFiles(int row, const std::vector<FilelistItemPtr> &files);
-    /// Takes the files at these rows out; rows are in no order, and none comes twice.
+    /// Takes the files at these rows out; rows are in no order, and none comes twice. With many of them here
+    /// and there the model is reset.
     std::vector<FilelistItemPtr> removeFiles(std::vector<int> rows);
     /// What is known of these files has changed. Told with one signal for each run of neighbours; files that
     /// are not in the list count for nothing.
@@ -41,6 +42,10 @@ public:
     QVariant data(const QModelIndex &index, int role) const override;
 
 private:
+    /// Whoever shows the rows follows each run by itself, in a time that grows with the list.
+    void removeRuns(std::vector<int> rows);
+    void removeScattered(const std::vector<int> &rows);
+
     mutable FileIcons _icons;
     std::vector<FilelistItemPtr> _files;
     mutable std::unordered_map<const FilelistItem *, int> _rows; ///< made when asked for; else empty

@@ -9,6 +9,7 @@
 
 #include <QAbstractItemModelTester>
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QThread>
 
@@ -130,6 +131,51 @@ TEST_F(Filelist, WhatIsHiddenStaysInTheWholeList)
     list.arranged().sort(0, Qt::DescendingOrder);
     filter({});
     EXPECT_EQ(shown(), u"[c] b2 b1 a3 a2 a1|c"_s);
+}
+
+TEST_F(Filelist, EmptyFoldersAndRemovedFilesLeaveNothingToWaitFor)
+{
+    ASSERT_TRUE(QDir().mkdir(folder / u"empty"_s));
+    list.processFiles({folder / u"empty"_s});
+    ASSERT_TRUE(test::spinUntil([this] { return !list.isWalking(); }));
+    EXPECT_TRUE(list.worker().processingIsDone());
+    QStringList names;
+    for (int i = 0; i < 300; ++i)
+        names.append(u"d/%1"_s.arg(i));
+    made(names.join(u' '));
+    list.processFiles({folder / u"d"_s});
+    ASSERT_TRUE(test::spinUntil([this] { return list.filelist().size() == 300; }));
+    list.selection().select({list.arranged().index(20, 0), list.arranged().index(299, 0)},
+                            QItemSelectionModel::ClearAndSelect);
+    list.removeSelectedItems();
+    ASSERT_TRUE(awaitDone()) << "the rest is all there is to wait for";
+    list.processAdditionalFiles({folder / u"empty"_s});
+    ASSERT_TRUE(test::spinUntil([this] { return !list.isWalking(); }));
+    EXPECT_TRUE(list.worker().processingIsDone());
+    EXPECT_EQ(list.worker().countToProcess(), 20);
+}
+
+TEST_F(Filelist, EverySecondRowGoesAtOnce)
+{
+    QStringList names;
+    for (int i = 0; i < 100; ++i)
+        names.append(u"d/%1"_s.arg(i));
+    made(names.join(u' '));
+    list.processFiles({folder / u"d"_s});
+    ASSERT_TRUE(test::spinUntil([this] { return list.filelist().size() == 100; }));
+    filter(u"[5-9]"_s);
+    int changes = 0;
+    QObject::connect(&list, &FilelistController::windowArrangedFilelistDidChange, &list, [&] { ++changes; });
+    const int shownRows = list.arranged().rowCount();
+    QItemSelection everySecond;
+    for (int row = 1; row < shownRows; row += 2)
+        everySecond.select(list.arranged().index(row, 0), list.arranged().index(row, 0));
+    list.selection().select(everySecond, QItemSelectionModel::ClearAndSelect);
+    list.removeSelectedItems();
+    EXPECT_EQ(list.arranged().rowCount(), shownRows - shownRows / 2);
+    EXPECT_EQ(list.filelist().size(), 100U - static_cast<std::size_t>(shownRows / 2));
+    EXPECT_EQ(list.selectedRow(), 1);
+    EXPECT_LT(changes, shownRows / 4);
 }
 
 TEST_F(Filelist, PlacesOnTheMapAreThoseOfTheArrangedList)
