@@ -9,6 +9,7 @@
 #include <atomic>
 #include <climits>
 #include <csignal>
+#include <cstdlib>
 #include <cstring>
 
 namespace quorvin::UnfinishedFiles {
@@ -26,12 +27,17 @@ struct Slot {
 std::array<Slot, kSlots> slots;
 static_assert(std::atomic<int>::is_always_lock_free);
 
-extern "C" void removeFilesAndEnd(int signal)
+extern "C" void removeFiles()
 {
     for (Slot &slot : slots) {
         if (slot.state.load() == Listed)
             ::unlink(slot.path.data());
     }
+}
+
+extern "C" void removeFilesAndEnd(int signal)
+{
+    removeFiles();
     std::signal(signal, SIG_DFL);
     std::raise(signal);
 }
@@ -62,6 +68,8 @@ void remove(int slot)
 
 void removeOnInterrupt()
 {
+    // The toolkit ends the program so when it loses its display, as at the end of a desktop session.
+    std::atexit(removeFiles);
     struct sigaction action { };
     action.sa_handler = removeFilesAndEnd;
     sigemptyset(&action.sa_mask);

@@ -14,8 +14,8 @@ namespace quorvin::UnfinishedFiles {
 int add(const QByteArray &path);
 void remove(int slot);
 
-/// From now on the signals that end a process from outside remove the files before they end it as they always
-/// do. Call once, before any thread.
+/// From now on the signals that end a process from outside, and an `exit` in the middle of things, remove the
+/// files before they end it as they always do. Call once, before any thread.
 void removeOnInterrupt();
 
 inline constexpr int kSlots = 16;

@@ -3,6 +3,7 @@
 
 #include "platform/AtomicFile.h"
 
+#include "platform/UnfinishedFiles.h"
 #include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
@@ -12,6 +13,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdlib>
 
 namespace quorvin {
 
@@ -49,6 +51,18 @@ TEST(AtomicFile, OldFileStaysUntilTheNewOneIsComplete)
     EXPECT_EQ(folder.names(), QStringList{QStringLiteral("a.txt")});
     EXPECT_TRUE(writeTo(path, "new"));
     EXPECT_EQ(contentOf(path), "new");
+}
+
+TEST(AtomicFile, AnExitInTheMiddleLeavesNothing)
+{
+    const TestFolder folder;
+    const auto exitInTheMiddle = [&folder] {
+        UnfinishedFiles::removeOnInterrupt();
+        const auto file = AtomicFile::create(folder / QStringLiteral("new"));
+        std::exit(file && folder.names().size() == 1 ? 7 : 1);
+    };
+    EXPECT_EXIT(exitInTheMiddle(), testing::ExitedWithCode(7), "");
+    EXPECT_EQ(folder.names(), QStringList());
 }
 
 TEST(AtomicFile, ReplacedFileHandsItsAttributesOn)
