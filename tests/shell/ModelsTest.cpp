@@ -123,6 +123,12 @@ TEST(ExtTreeModel, IsATreeOfTwoColumns)
     EXPECT_EQ(model.rowCount(model.index(0, 1)), 0) << "only the first column has children";
     model.setContent({});
     EXPECT_EQ(model.rowCount(), 0);
+    const auto alignment = [&](int section) {
+        return model.headerData(section, Qt::Horizontal, Qt::TextAlignmentRole).value<Qt::Alignment>();
+    };
+    model.setNamesAlignment(Qt::AlignTrailing);
+    EXPECT_TRUE(alignment(ExtTreeModel::Name).testFlag(Qt::AlignTrailing)) << "as the names";
+    EXPECT_FALSE(alignment(ExtTreeModel::Value).testFlag(Qt::AlignTrailing));
 }
 
 TEST(ExtendedOutline, RemembersClosedGroupsFromFileToFile)

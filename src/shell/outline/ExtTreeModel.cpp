@@ -30,6 +30,12 @@ void ExtTreeModel::addNodes(const ExtTreeItems &items, int parent)
         _nodes.push_back({item.get(), parent, row++, 0, 0});
 }
 
+void ExtTreeModel::setNamesAlignment(Qt::Alignment alignment)
+{
+    _namesAlignment = alignment;
+    Q_EMIT headerDataChanged(Qt::Horizontal, Name, Name);
+}
+
 const ExtTreeItem *ExtTreeModel::itemAt(const QModelIndex &index) const
 {
     return index.isValid() ? nodeOf(index).item : nullptr;
@@ -80,7 +86,11 @@ QVariant ExtTreeModel::data(const QModelIndex &index, int role) const
 
 QVariant ExtTreeModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole)
+    if (orientation != Qt::Horizontal)
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue((section == Name ? _namesAlignment : Qt::AlignLeading) | Qt::AlignVCenter);
+    if (role != Qt::DisplayRole)
         return {};
     return section == Name ? tr("Parameter") : tr("Value");
 }

@@ -27,6 +27,8 @@ public:
 
     void setContent(ExtTreeItems items);
     const ExtTreeItems &content() const { return _content; }
+    /// The header's text stands where the names do.
+    void setNamesAlignment(Qt::Alignment alignment);
     /// Null for an invalid index.
     const ExtTreeItem *itemAt(const QModelIndex &index) const;
 
@@ -53,6 +55,7 @@ private:
     ExtTreeItems _content; ///< keeps the items of the nodes
     std::vector<Node> _nodes; ///< level by level
     int _topCount = 0;
+    Qt::Alignment _namesAlignment = Qt::AlignLeading;
 };
 
 } // namespace quorvin

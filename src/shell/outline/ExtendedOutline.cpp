@@ -140,6 +140,7 @@ void ExtendedOutline::setWrapLongLines(bool wraps)
 void ExtendedOutline::setRightAlignsParameters(bool aligns)
 {
     _delegate->rightAlignsParameters = aligns;
+    _content.setNamesAlignment(aligns ? Qt::AlignTrailing : Qt::AlignLeading);
     viewport()->update();
 }
 

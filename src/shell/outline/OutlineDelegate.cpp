@@ -22,7 +22,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr qsizetype kMostTipCharacters = 4'000; ///< a value can be a whole book
+constexpr qsizetype kMostTipCharacters = 1'000; ///< a value can be a whole book
 constexpr int kMargin = 6; ///< beside a cell's text
 constexpr int kLead = 2; ///< above and below it
 

@@ -14,6 +14,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QProcess>
+#include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTabWidget>
@@ -109,11 +110,14 @@ PreferencesWindowController::PreferencesWindowController(LiveSettings &settings)
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Preferences"));
     auto *column = new QVBoxLayout(this);
+    // Pages as dark as the dialog.
+    _tabs->setDocumentMode(true);
     column->addWidget(_tabs);
     addPage(tr("General"), kGeneral);
     if (settings.boolean(Setting::enableExperimentalPreferences))
         addPage(tr("Advanced"), kAdvanced);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
+    buttons->button(QDialogButtonBox::Close)->setIcon({});
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
     column->addWidget(buttons);
     connect(_tabs, &QTabWidget::currentChanged, this, [this](int page) {
