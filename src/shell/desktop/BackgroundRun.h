@@ -54,6 +54,9 @@ public:
     /// Waits until no thread of a run is left; false when one is, after so long. For the end of the program,
     /// when every run was cancelled, so that work which is about to stop can clean up. Any thread.
     static bool awaitThreads(std::chrono::milliseconds longest);
+    /// Work that brings nothing and needs no run: on a thread of that name, at most 15 letters, which nobody
+    /// joins. Any thread.
+    static void runOnThread(const char *name, std::function<void()> work);
 
 Q_SIGNALS:
     void started();
@@ -69,8 +72,6 @@ protected:
     std::stop_token begin();
     /// The run under way has its result.
     void finish();
-    /// Runs on a thread of that name, at most 15 letters, which nobody joins.
-    static void runOnThread(const char *name, std::function<void()> work);
     void follow(QFutureWatcherBase &watcher);
     virtual void forget() = 0;
 

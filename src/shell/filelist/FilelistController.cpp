@@ -7,8 +7,6 @@
 #include "platform/HeapMemory.h"
 #include "shell/desktop/BackgroundRun.h"
 
-#include <QThreadPool>
-
 #include <algorithm>
 #include <utility>
 
@@ -29,7 +27,7 @@ constexpr std::chrono::milliseconds kLongestClose{1000};
 template <typename Items>
 void disposeElsewhere(Items items)
 {
-    QThreadPool::globalInstance()->start([items = std::move(items)]() mutable {
+    BackgroundRunBase::runOnThread("Disposal", [items = std::move(items)]() mutable {
         const bool areMany = items.size() >= kManyRecords;
         items.clear();
         if (areMany)
@@ -49,7 +47,7 @@ FilelistController::FilelistController(const LiveSettings &settings, QObject *pa
     _restTimer.setInterval(kRestMilliseconds);
     connect(&_restTimer, &QTimer::timeout, this, [this] {
         if (std::exchange(_deliveredSinceRest, 0) >= kManyRecords)
-            QThreadPool::globalInstance()->start(giveFreeMemoryBack);
+            BackgroundRunBase::runOnThread("Disposal", giveFreeMemoryBack);
     });
     connect(&_walks, &FolderWalks::found, this, &FilelistController::takeFiles);
     connect(&_selection, &QItemSelectionModel::selectionChanged, this,
