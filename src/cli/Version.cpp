@@ -31,7 +31,11 @@ QString exiftoolVersion()
 QString readerGuard()
 {
     const auto parts = guardPartsInForce();
-    return parts ? u"processes of their own, guarded by "_s + guardNames(*parts) : u"not available"_s;
+    if (!parts)
+        return u"not available"_s;
+    const QString missing = missingGuardNames(*parts);
+    return u"processes of their own, guarded by "_s + guardNames(*parts)
+        + (missing.isEmpty() ? QString() : u", without "_s + missing);
 }
 
 } // namespace

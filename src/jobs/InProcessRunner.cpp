@@ -4,6 +4,7 @@
 #include "jobs/InProcessRunner.h"
 
 #include "jobs/Jobs.h"
+#include "readers/RecordBuilder.h"
 
 namespace quorvin {
 
@@ -31,6 +32,7 @@ private:
 
 std::unique_ptr<JobRunner> makeInProcessRunner()
 {
+    RecordBuilder::setupLibraries();
     return std::make_unique<InProcessRunner>();
 }
 

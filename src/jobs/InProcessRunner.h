@@ -9,8 +9,8 @@
 
 namespace quorvin {
 
-/// Does the jobs in this process, whose libraries are set up. Knows no limits, and a job that never ends
-/// can't be stopped.
+/// Does the jobs in this process; sets the libraries up when that has not been done. Knows no limits, and a
+/// job that never ends can't be stopped. Any thread.
 std::unique_ptr<JobRunner> makeInProcessRunner();
 
 } // namespace quorvin

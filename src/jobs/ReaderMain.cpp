@@ -3,6 +3,7 @@
 
 #include "jobs/Jobs.h"
 #include "model/Log.h"
+#include "platform/NativePath.h"
 #include "platform/UserLocale.h"
 #include "process/Frames.h"
 #include "process/Guard.h"
@@ -15,16 +16,19 @@
 #include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
+#include <mutex>
 #include <new>
 
 // The resident reader: takes jobs from its socket, one after the other, and answers them. Started by
-// ReaderProcess as "quorvin-reader PARENT", with the parent's process number. The parent limits its memory.
+// ReaderProcess as "quorvin-reader PARENT LOG", with the parent's process number and the parts of the log
+// that it wants to have. The parent limits its memory.
 
 using namespace quorvin;
 
@@ -46,8 +50,12 @@ bool readAll(char *bytes, std::size_t length)
     return true;
 }
 
+/// A frame is written whole, though threads of the libraries may log.
+std::mutex writing;
+
 bool writeAll(QByteArrayView bytes)
 {
+    const std::lock_guard guard(writing);
     while (!bytes.isEmpty()) {
         const ssize_t count = ::write(kReaderSocket, bytes.data(), static_cast<std::size_t>(bytes.size()));
         if (count < 0 && errno == EINTR)
@@ -75,7 +83,7 @@ public:
     {
         if (!result)
             return JobFailed{job, shortened(result.error())};
-        return std::visit([&](const auto &kind) { return ReaderMessage(made(job, kind)); }, *result);
+        return std::visit([&](const auto &kind) { return made(job, kind); }, *result);
     }
 
 private:
@@ -85,13 +93,66 @@ private:
         error.description.truncate(kMostCharacters);
         return error;
     }
-    EncodedRecord made(quint32 job, const QuorvinDataPtr &record)
+    ReaderMessage made(quint32 job, const QuorvinDataPtr &record)
     {
-        return {job, _encoder.encode(record->contents())};
+        EncodedRecord answer{job, _encoder.encode(record->contents())};
+        // The terms that went into it are lost with it.
+        if (answer.record.size() > qsizetype{EncodedRecord::kMostRecord}) {
+            _encoder = {};
+            return tooLarge(job);
+        }
+        return answer;
     }
-    static EncodedReport made(quint32 job, const Report &report) { return {job, report.text.toUtf8()}; }
+    static ReaderMessage made(quint32 job, const Report &report)
+    {
+        EncodedReport answer{job, report.text.toUtf8()};
+        return answer.text.size() > qsizetype{EncodedReport::kMostReport} ? tooLarge(job) : answer;
+    }
+    static ReaderMessage tooLarge(quint32 job)
+    {
+        return JobFailed{job, failure(QStringLiteral("there is too much to tell of it")).value()};
+    }
 
     RecordEncoder _encoder;
+};
+
+void sendToLog(QtMsgType, const QMessageLogContext &context, const QString &message)
+{
+    const bool isOfLibrary = qstrcmp(context.category, lcQuorvin().categoryName()) != 0;
+    writeAll(frameOf(LogLine{isOfLibrary, message.left(LogLine::kMostCharacters)}));
+}
+
+void setUpLog(quint32 parts)
+{
+    QString rules = QStringLiteral("*=false");
+    if (parts & LogPhrases)
+        rules += QStringLiteral("\nquorvin.info=true");
+    if (parts & LogLibraries)
+        rules += QStringLiteral("\nquorvin.libraries=true");
+    QLoggingCategory::setFilterRules(rules);
+    qInstallMessageHandler(sendToLog);
+}
+
+/// Once for an order: whether its file, which a library may map as a whole, takes too much of the address
+/// space.
+class Deferrals {
+public:
+    bool defers(const JobOrder &order)
+    {
+        if (order.number == _last)
+            return false;
+        _last = order.number;
+        const QString path = std::visit([](const auto &request) { return request.path; }, order.request);
+        struct stat facts { };
+        rlimit most{};
+        constexpr rlim_t kShare = 4;
+        return ::getrlimit(RLIMIT_AS, &most) == 0 && most.rlim_cur != RLIM_INFINITY
+            && ::stat(encodePath(path).constData(), &facts) == 0
+            && static_cast<rlim_t>(facts.st_size) > most.rlim_cur / kShare;
+    }
+
+private:
+    quint32 _last = 0;
 };
 
 bool answer(const JobOrder &order, AnswerMaker &answers)
@@ -130,28 +191,38 @@ bool isShortOfMemory()
     std::_Exit(kOutOfMemoryStatus);
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+void work()
 {
-    if (argc != 2)
-        return EXIT_FAILURE;
-    tieTo(static_cast<pid_t>(std::strtol(argv[1], nullptr, 10)));
-    std::set_new_handler(endWithoutMemory);
-    QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
-    const QCoreApplication application(argc, argv);
-    useUtf8CharacterType();
-    RecordBuilder::setupLibraries();
-
     JobCounter counter(kReaderCounter);
     AnswerMaker answers;
-    if (!writeAll(frameOf(Greeting{.guardParts = raiseGuard(Guard())})))
-        return EXIT_FAILURE;
+    Deferrals deferrals;
     for (int jobs = 1; const auto order = nextOrder(); ++jobs) {
+        if (deferrals.defers(*order)) {
+            if (!writeAll(frameOf(JobDeferred{order->number})))
+                break;
+            continue;
+        }
         counter.take();
         // One that earlier files have left short of memory makes way for a fresh one.
         if (!answer(*order, answers) || (jobs % kJobsBetweenMemoryChecks == 0 && isShortOfMemory()))
             break;
     }
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    if (argc != 3)
+        return EXIT_FAILURE;
+    tieTo(static_cast<pid_t>(std::strtol(argv[1], nullptr, 10)));
+    std::set_new_handler(endWithoutMemory);
+    setUpLog(static_cast<quint32>(std::strtoul(argv[2], nullptr, 10)));
+    const QCoreApplication application(argc, argv);
+    useUtf8CharacterType();
+    RecordBuilder::setupLibraries();
+    if (!writeAll(frameOf(Greeting{.guardParts = raiseGuard(Guard())})))
+        return EXIT_FAILURE;
+    work();
     std::_Exit(EXIT_SUCCESS);
 }

@@ -73,6 +73,11 @@ struct Fields<JobDone> {
 };
 
 template <>
+struct Fields<JobDeferred> {
+    static constexpr auto list = std::tuple(&JobDeferred::job);
+};
+
+template <>
 struct Fields<Error> {
     static constexpr auto list = std::tuple(&Error::domain, &Error::code, &Error::description);
 };
@@ -90,6 +95,11 @@ struct Fields<EncodedRecord> {
 template <>
 struct Fields<EncodedReport> {
     static constexpr auto list = std::tuple(&EncodedReport::job, &EncodedReport::text);
+};
+
+template <>
+struct Fields<LogLine> {
+    static constexpr auto list = std::tuple(&LogLine::isOfLibrary, &LogLine::text);
 };
 
 namespace {

@@ -24,6 +24,12 @@ inline constexpr int kReaderCounter = 4;
 /// A reader that could not get memory ends with this status.
 inline constexpr int kOutOfMemoryStatus = 77;
 
+/// What of its log a reader is to send; the bits of its last argument.
+enum LogPart : quint32 {
+    LogPhrases = 1, ///< those of this system
+    LogLibraries = 2, ///< what the libraries say
+};
+
 struct JobOrder {
     quint32 number = 0; ///< counted from 1 for each reader
     JobRequest request;
@@ -41,7 +47,15 @@ struct Greeting {
 struct JobDone {
     static constexpr quint32 kMostBytes = 64;
 
-    quint32 job = 0; ///< number of its order, as in the three below
+    quint32 job = 0; ///< number of its order, as in those below
+};
+
+/// The reader can't begin with the job: its file is larger than the address space that it may have. The same
+/// order comes again when there is room.
+struct JobDeferred {
+    static constexpr quint32 kMostBytes = 64;
+
+    quint32 job = 0;
 };
 
 struct JobFailed {
@@ -52,20 +66,32 @@ struct JobFailed {
 };
 
 struct EncodedRecord {
-    static constexpr quint32 kMostBytes = 64 << 20;
+    static constexpr quint32 kMostRecord = 16 << 20;
+    static constexpr quint32 kMostBytes = kMostRecord + 64;
 
     quint32 job = 0;
-    QByteArray record; ///< made by the reader's one `RecordEncoder`
+    QByteArray record; ///< made by the reader's one `RecordEncoder`; at most `kMostRecord`
 };
 
 struct EncodedReport {
-    static constexpr quint32 kMostBytes = 256U << 20;
+    static constexpr quint32 kMostReport = 256U << 20;
+    static constexpr quint32 kMostBytes = kMostReport + 64;
 
     quint32 job = 0;
-    QByteArray text; ///< UTF-8
+    QByteArray text; ///< UTF-8; at most `kMostReport`
 };
 
-using ReaderMessage = std::variant<Greeting, JobDone, JobFailed, EncodedRecord, EncodedReport>;
+/// A line for the parent's log. May come at any time.
+struct LogLine {
+    static constexpr quint32 kMostBytes = 4096;
+    static constexpr qsizetype kMostCharacters = 2000;
+
+    bool isOfLibrary = false; ///< what a library says on its own, else a phrase of this system
+    QString text; ///< at most `kMostCharacters`
+};
+
+using ReaderMessage
+    = std::variant<Greeting, JobDone, JobDeferred, JobFailed, EncodedRecord, EncodedReport, LogLine>;
 
 inline constexpr quint32 kMostOrderBytes = 1 << 20;
 

@@ -6,21 +6,26 @@
 #include <QStringList>
 
 #include <fcntl.h>
+#include <linux/capability.h>
 #include <linux/landlock.h>
 #include <seccomp.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
+#include <sys/sysinfo.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
+#include <csignal>
 
 namespace quorvin {
 
 namespace {
 
 constexpr rlim_t kOpenFiles = 256;
+constexpr rlim_t kMostTasks = 256;
 
 bool setLimit(__rlimit_resource resource, rlim_t value)
 {
@@ -28,10 +33,28 @@ bool setLimit(__rlimit_resource resource, rlim_t value)
     return ::setrlimit(resource, &limit) == 0;
 }
 
+bool dropCapabilities()
+{
+    __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
+    const std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> none{};
+    return ::syscall(SYS_capset, &header, none.data()) == 0;
+}
+
+/// The kernel counts the tasks of all processes of a user: those that run now, at most, and some more.
+bool limitTasks()
+{
+    struct sysinfo now { };
+    return ::sysinfo(&now) == 0 && setLimit(RLIMIT_NPROC, rlim_t{now.procs} + kMostTasks);
+}
+
 bool raiseLimits(const GuardRules &profile)
 {
+    // What would grow a file fails rather than ends the process.
+    std::signal(SIGXFSZ, SIG_IGN);
     const bool sizes = profile.writesFiles || setLimit(RLIMIT_FSIZE, 0);
-    return setLimit(RLIMIT_CORE, 0) && setLimit(RLIMIT_NOFILE, kOpenFiles) && sizes;
+    // Of 1, not 0: a program that the system hands dumps to would get them at 0.
+    return setLimit(RLIMIT_CORE, 1) && setLimit(RLIMIT_NOFILE, kOpenFiles) && limitTasks() && sizes
+        && dropCapabilities();
 }
 
 /// Every right that this Landlock knows to withhold.
@@ -136,6 +159,12 @@ QString guardNames(quint32 parts)
     if (parts & GuardLimits)
         names.append(QStringLiteral("resource limits"));
     return names.isEmpty() ? QStringLiteral("nothing") : names.join(QLatin1String(", "));
+}
+
+QString missingGuardNames(quint32 parts)
+{
+    const quint32 missing = ~parts & (GuardLandlock | GuardSeccomp | GuardLimits);
+    return missing == 0 ? QString() : guardNames(missing);
 }
 
 } // namespace quorvin

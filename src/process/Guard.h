@@ -13,7 +13,7 @@ namespace quorvin {
 
 /// What a guard put in force; the kernel decides what there is.
 enum GuardPart : quint32 {
-    GuardLimits = 1, ///< of file sizes, open files and core dumps
+    GuardLimits = 1, ///< of file sizes, open files, threads and core dumps; no capabilities
     GuardLandlock = 2, ///< nothing can be changed or run in the file system but what the profile allows
     GuardSeccomp = 4, ///< no network, no new processes, no tracing or signals, and the profile's own rules
 };
@@ -28,10 +28,13 @@ struct Guard {
 /// as a full disk or a missing right would. Call from the one thread of a process that is about to work on
 /// files of unknown origin; for exiftool, in the process that is going to become it. Without Landlock nothing
 /// keeps a writer to its folder, or exiftool from becoming another program.
+/// A process of root keeps its files, but none of root's powers over those of others.
 /// Gives the parts that are in force.
 quint32 raiseGuard(const Guard &guard);
 
 /// The parts by name: "Landlock, seccomp, resource limits"; "nothing" for none.
 QString guardNames(quint32 parts);
+/// Those of the three that are not in force, in the same form; "" for none.
+QString missingGuardNames(quint32 parts);
 
 } // namespace quorvin

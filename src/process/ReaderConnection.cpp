@@ -4,11 +4,14 @@
 #include "process/ReaderConnection.h"
 
 #include "model/Log.h"
+#include "platform/NativePath.h"
+#include "process/Guard.h"
 #include "process/JobRunner.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,21 +19,27 @@
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <mutex>
 
 namespace quorvin {
 
 namespace {
 
 constexpr int kCpuCheckInterval = 250; ///< milliseconds
+constexpr int kGreetingPatience = 10'000; ///< milliseconds
 constexpr qsizetype kLength = sizeof(quint32); ///< of a frame, ahead of its content
 constexpr std::size_t kReadChunk = 65'536;
 
 const QString kCrashed = QStringLiteral("stopped: the reader crashed");
-const QString kNotStarted = QStringLiteral("the reader can not be started");
 const QString kSetAside = QStringLiteral("stopped: set aside as slow");
 const QString kStopped = QStringLiteral("stopped");
 const QString kTookTooLong = QStringLiteral("stopped: took too long");
 const QString kTooMuchMemory = QStringLiteral("stopped: used too much memory");
+
+tl::unexpected<Error> noReader()
+{
+    return tl::unexpected(Error{kErrorDomain, kNoReader, QStringLiteral("the reader can not be started")});
+}
 
 /// A descriptor that becomes readable when a stop is asked for.
 class StopSignal {
@@ -67,14 +76,17 @@ Expected<std::unique_ptr<ReaderConnection>> ReaderConnection::open(const std::st
 {
     auto started = ReaderProcess::start(program);
     if (!started)
-        return failure(kNotStarted);
+        return noReader();
     std::unique_ptr<ReaderConnection> connection(new ReaderConnection(std::move(*started)));
-    connection->_deadline.setRemainingTime(qint64{JobLimits().wallSeconds} * 1000);
+    connection->_deadline.setRemainingTime(kGreetingPatience);
     const auto first = connection->receive(stop);
     const auto *greeting = first ? std::get_if<Greeting>(&*first) : nullptr;
     if (!greeting)
-        return failure(stop.stop_requested() ? kStopped : kNotStarted);
+        return stop.stop_requested() ? failure(kStopped) : noReader();
     connection->_guardParts = greeting->guardParts;
+    static std::once_flag once;
+    if (const QString missing = missingGuardNames(greeting->guardParts); !missing.isEmpty())
+        std::call_once(once, [&] { qCInfo(lcQuorvin).noquote() << "Readers run without" << missing; });
     return connection;
 }
 
@@ -83,11 +95,17 @@ bool ReaderConnection::send(const Job &job)
     if (isLost())
         return false;
     _sent = {_sent.number + 1, job};
-    _deadline.setRemainingTime(qint64{job.limits.wallSeconds} * 1000);
-    _cpuAtStart = _reader->cpuTime();
     _reader->limitMemory(job.limits.memoryMiB);
+    return sendOrder();
+}
+
+bool ReaderConnection::sendOrder()
+{
+    const JobLimits &limits = _sent.job.limits;
+    _deadline.setRemainingTime(qint64{limits.wallSeconds} * 1000);
+    _cpuAtStart = _reader->cpuTime();
     // An order always fits into the socket; a reader that lets it fill up is no reader.
-    const QByteArray frame = frameOf(JobOrder{_sent.number, job.request});
+    const QByteArray frame = frameOf(JobOrder{_sent.number, _sent.job.request});
     return ::send(_reader->socket(), frame.constData(), static_cast<std::size_t>(frame.size()),
                   MSG_NOSIGNAL | MSG_DONTWAIT)
         == frame.size();
@@ -96,7 +114,9 @@ bool ReaderConnection::send(const Job &job)
 Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop, const std::function<bool()> &whenSlow)
 {
     _whenSlow = whenSlow;
-    const auto message = receive(stop);
+    auto message = receive(stop);
+    if (message && isDeferred(*message) && giveRoomForFile())
+        message = receive(stop);
     _whenSlow = {};
     if (!message)
         return tl::unexpected(message.error());
@@ -107,6 +127,24 @@ Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop, const st
     }
     _awaited = _sent;
     return {};
+}
+
+bool ReaderConnection::isDeferred(const ReaderMessage &message) const
+{
+    return std::holds_alternative<JobDeferred>(message) && jobOf(message) == _sent.number;
+}
+
+bool ReaderConnection::giveRoomForFile()
+{
+    const QString path = std::visit([](const auto &request) { return request.path; }, _sent.job.request);
+    struct stat facts { };
+    if (::stat(encodePath(path).constData(), &facts) != 0)
+        return false;
+    constexpr qint64 kMiB = 1 << 20;
+    constexpr qint64 kMost = 1 << 30; // a pebibyte, in mebibytes
+    const qint64 wanted = _sent.job.limits.memoryMiB + facts.st_size / kMiB + 1;
+    _reader->limitMemory(static_cast<int>(std::min(wanted, kMost)));
+    return sendOrder();
 }
 
 JobResult ReaderConnection::takeResult(const std::stop_token &stop)
@@ -127,8 +165,11 @@ JobResult ReaderConnection::takeResult(const std::stop_token &stop)
 std::optional<JobAnswer> ReaderConnection::answerOf(const EncodedRecord &record)
 {
     auto contents = _decoder.decode(record.record);
-    if (!contents)
+    const auto *request = std::get_if<RecordRequest>(&_awaited.job.request);
+    if (!contents || !request)
         return std::nullopt;
+    // Whatever the reader calls it.
+    contents->filename = request->path;
     return std::make_shared<const QuorvinData>(std::move(*contents));
 }
 
@@ -138,6 +179,20 @@ std::optional<JobAnswer> ReaderConnection::answerOf(const EncodedReport &report)
 }
 
 Expected<ReaderMessage> ReaderConnection::receive(const std::stop_token &stop)
+{
+    for (;;) {
+        auto message = receiveAny(stop);
+        const auto *line = message ? std::get_if<LogLine>(&*message) : nullptr;
+        if (!line)
+            return message;
+        if (line->isOfLibrary)
+            qCDebug(lcLibraries).noquote() << line->text;
+        else
+            qCInfo(lcQuorvin).noquote() << line->text;
+    }
+}
+
+Expected<ReaderMessage> ReaderConnection::receiveAny(const std::stop_token &stop)
 {
     if (isLost())
         return failure(kCrashed);
@@ -219,8 +274,8 @@ Number ReaderConnection::peek(qsizetype offset) const
 /// A reader that ended for want of memory said so by its status.
 tl::unexpected<Error> ReaderConnection::lose(const QString &reason)
 {
-    const int status = _reader->kill();
-    const bool lacksMemory = WIFEXITED(status) && WEXITSTATUS(status) == kOutOfMemoryStatus;
+    const auto status = _reader->kill();
+    const bool lacksMemory = status && WIFEXITED(*status) && WEXITSTATUS(*status) == kOutOfMemoryStatus;
     const QString &named = lacksMemory ? kTooMuchMemory : reason;
     _reader.reset();
     qCInfo(lcQuorvin).noquote() << "Reader" << named;

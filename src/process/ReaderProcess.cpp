@@ -5,20 +5,24 @@
 
 #include "model/Log.h"
 #include "process/Frames.h"
+#include "process/Reaper.h"
 
 #include <fcntl.h>
 #include <spawn.h>
 #include <sys/resource.h>
 #include <sys/socket.h>
-#include <sys/wait.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <csignal>
 #include <ctime>
 #include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 namespace quorvin {
 
@@ -33,15 +37,44 @@ constexpr bool kLimitsMemory = false;
 constexpr bool kLimitsMemory = true;
 #endif
 
-std::string readerProgram()
+Expected<std::string> readerProgram()
 {
     std::array<char, PATH_MAX> self{};
     const ssize_t length = ::readlink("/proc/self/exe", self.data(), self.size() - 1);
-    std::string path(self.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+    const std::string path(self.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+    // Without its folder the name would be looked for in the current one.
+    if (!path.starts_with('/'))
+        return posixFailure(length < 0 ? errno : ENOENT);
     return path.substr(0, path.rfind('/') + 1) + "quorvin-reader";
 }
 
-/// The three standard streams lead nowhere, unless somebody listens to the libraries.
+/// Of the environment only what decides over texts, dates and the kinds of files.
+class ReaderEnvironment {
+public:
+    ReaderEnvironment()
+    {
+        for (char **entry = environ; *entry; ++entry) {
+            const std::string_view variable(*entry);
+            const auto names = [&](std::string_view name) {
+                return variable.starts_with(name) && variable.substr(name.size()).starts_with('=');
+            };
+            if (variable.starts_with("LC_") || std::ranges::any_of(kPassed, names))
+                _entries.push_back(*entry);
+        }
+        _entries.push_back(nullptr);
+    }
+    char *const *get() { return _entries.data(); }
+
+private:
+    static constexpr auto kPassed = std::to_array<std::string_view>(
+        {"LANG", "LANGUAGE", "TZ", "TZDIR", "HOME", "XDG_DATA_HOME", "XDG_DATA_DIRS", "ASAN_OPTIONS",
+         "LSAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS"});
+
+    std::vector<char *> _entries;
+};
+
+/// The three standard streams lead nowhere: what the libraries print is nobody's, and a file behind the
+/// stream would be one more that a reader may not grow.
 class FileActions {
 public:
     FileActions(int socket, int counter)
@@ -49,8 +82,7 @@ public:
         posix_spawn_file_actions_init(&_actions);
         posix_spawn_file_actions_addopen(&_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         posix_spawn_file_actions_addopen(&_actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
-        if (!lcLibraries().isDebugEnabled())
-            posix_spawn_file_actions_addopen(&_actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_addopen(&_actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
         posix_spawn_file_actions_adddup2(&_actions, socket, kReaderSocket);
         posix_spawn_file_actions_adddup2(&_actions, counter, kReaderCounter);
     }
@@ -68,6 +100,9 @@ private:
 
 Expected<std::unique_ptr<ReaderProcess>> ReaderProcess::start(const std::string &program)
 {
+    const auto path = program.empty() ? readerProgram() : Expected<std::string>(program);
+    if (!path)
+        return tl::unexpected(path.error());
     std::array<int, 2> ends{};
     if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
         return posixFailure(errno);
@@ -77,13 +112,16 @@ Expected<std::unique_ptr<ReaderProcess>> ReaderProcess::start(const std::string 
     const int childCounter = ::fcntl(counter->descriptor(), F_DUPFD_CLOEXEC, kReaderCounter + 1);
     ::close(ends[1]);
 
-    const std::string path = program.empty() ? readerProgram() : program;
     const std::string parent = std::to_string(::getpid());
-    std::array<char *, 3> arguments{const_cast<char *>(path.c_str()), const_cast<char *>(parent.c_str()),
-                                    nullptr};
+    const std::string log = std::to_string((lcQuorvin().isInfoEnabled() ? quint32{LogPhrases} : 0)
+                                           | (lcLibraries().isDebugEnabled() ? quint32{LogLibraries} : 0));
+    std::array<char *, 4> arguments{const_cast<char *>(path->c_str()), const_cast<char *>(parent.c_str()),
+                                    const_cast<char *>(log.c_str()), nullptr};
     const FileActions actions(childEnd, childCounter);
+    ReaderEnvironment environment;
     pid_t pid = 0;
-    const int problem = ::posix_spawn(&pid, path.c_str(), actions.get(), nullptr, arguments.data(), environ);
+    const int problem
+        = ::posix_spawn(&pid, path->c_str(), actions.get(), nullptr, arguments.data(), environment.get());
     ::close(childEnd);
     ::close(childCounter);
     if (problem != 0) {
@@ -95,13 +133,17 @@ Expected<std::unique_ptr<ReaderProcess>> ReaderProcess::start(const std::string 
 }
 
 ReaderProcess::ReaderProcess(pid_t pid, int socket, std::unique_ptr<JobCounter> counter)
-    : _pid(pid), _socket(socket), _counter(std::move(counter))
+    : _pid(pid),
+      _handle(static_cast<int>(::syscall(SYS_pidfd_open, pid, 0))),
+      _socket(socket),
+      _counter(std::move(counter))
 {
 }
 
 ReaderProcess::~ReaderProcess()
 {
     kill();
+    ::close(_handle);
     ::close(_socket);
 }
 
@@ -123,15 +165,9 @@ void ReaderProcess::limitMemory(int mebibytes)
         _memoryMiB = mebibytes;
 }
 
-int ReaderProcess::kill()
+std::optional<int> ReaderProcess::kill()
 {
-    if (_pid <= 0)
-        return 0;
-    ::kill(_pid, SIGKILL);
-    int status = 0;
-    while (::waitpid(_pid, &status, 0) < 0 && errno == EINTR) { }
-    _pid = 0;
-    return status;
+    return _pid > 0 ? endChild(std::exchange(_pid, 0), _handle) : std::nullopt;
 }
 
 } // namespace quorvin

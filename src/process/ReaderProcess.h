@@ -11,15 +11,16 @@
 #include <sys/types.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 
 namespace quorvin {
 
 /// A running reader and this end of its socket. The process goes with the object: it is killed, if it still
-/// runs, and waited for. It also ends with the thread that started it.
+/// runs, and waited for, a second at most. It also ends with the thread that started it.
 class ReaderProcess {
 public:
-    /// `program` is a path; "" is the reader beside this program.
+    /// `program` is a path; "" is the reader beside this program, and none when its place is not known.
     static Expected<std::unique_ptr<ReaderProcess>> start(const std::string &program);
 
     ReaderProcess(const ReaderProcess &) = delete;
@@ -33,13 +34,15 @@ public:
     qint64 cpuTime() const;
     /// Limits the address space of the process from now on. It can't lift the limit itself.
     void limitMemory(int mebibytes);
-    /// Ends the process and tells how it ended: its status as `waitpid` gives it.
-    int kill();
+    /// Ends the process and tells how it ended: its status as `waitpid` gives it; absent when it does not
+    /// end.
+    std::optional<int> kill();
 
 private:
     ReaderProcess(pid_t pid, int socket, std::unique_ptr<JobCounter> counter);
 
     pid_t _pid;
+    int _handle; ///< a descriptor of the process
     int _socket;
     int _memoryMiB = 0; ///< the limit that is set; 0 for none
     std::unique_ptr<JobCounter> _counter;

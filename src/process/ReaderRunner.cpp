@@ -9,6 +9,7 @@ namespace quorvin {
 
 namespace {
 
+constexpr int kStarts = 3; ///< that may fail one after the other
 constexpr int kTries = 3; ///< of a job whose reader is lost by no fault of its own
 
 /// Which reader serves which job, and what is begun again. What the reader and its parent say to each other
@@ -24,12 +25,15 @@ public:
 private:
     bool readerServes(const Job &job) const;
     Expected<void> handOver(const std::stop_token &stop);
+    Expected<void> startReader(const std::stop_token &stop);
 
     std::string _program;
     std::unique_ptr<ReaderConnection> _reader;
     QString _libraryState; ///< of the reader
     Job _job; ///< the last one begun
     bool _isSent = false; ///< to this reader
+    int _failedStarts = 0; ///< since the last reader that greeted
+    Error _startError;
     Expected<void> _awaited; ///< of the job that was waited for: why it has failed already
 };
 
@@ -70,13 +74,28 @@ Expected<void> ReaderRunner::handOver(const std::stop_token &stop)
     if (_isSent && !_reader->isLost())
         return {};
     _reader.reset();
-    auto opened = ReaderConnection::open(_program, stop);
-    if (!opened)
-        return tl::unexpected(opened.error());
-    _reader = std::move(*opened);
+    if (auto started = startReader(stop); !started)
+        return started;
     _libraryState = libraryStateOf(_job.request);
     _isSent = _reader->send(_job);
     return {};
+}
+
+/// What could not be started for one file is not tried again for each of the others.
+Expected<void> ReaderRunner::startReader(const std::stop_token &stop)
+{
+    for (; _failedStarts < kStarts; ++_failedStarts) {
+        auto opened = ReaderConnection::open(_program, stop);
+        if (opened) {
+            _reader = std::move(*opened);
+            _failedStarts = 0;
+            return {};
+        }
+        _startError = opened.error();
+        if (stop.stop_requested())
+            break;
+    }
+    return tl::unexpected(_startError);
 }
 
 } // namespace

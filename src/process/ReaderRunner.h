@@ -11,8 +11,9 @@
 namespace quorvin {
 
 /// Does the jobs in a reader process behind a guard, started with the first job. A reader that crashes,
-/// exceeds a job's limit or gives no proper answer is replaced; its job fails with "stopped: …". A stop takes
-/// effect at once. `program` is the path of the reader; "" is the one beside this program.
+/// exceeds a job's limit or gives no proper answer is replaced; its job fails with "stopped: …". Where none
+/// can be started, after a few tries, all jobs fail with `kNoReader`. A stop takes effect at once. `program`
+/// is the path of the reader; "" is the one beside this program.
 std::unique_ptr<JobRunner> makeReaderRunner(const std::string &program = {});
 
 /// Starts a reader to ask it what guards it, as `raiseGuard` tells it; an error when none can be started.

@@ -69,6 +69,14 @@ constexpr qsizetype kLeastBytesOfSubgroup = 4;
 constexpr qsizetype kLeastBytesOfStream = 8;
 constexpr qsizetype kLeastBytesOfParameter = 11;
 
+/// Names that a file brings along, and that no other has, are not kept for good.
+TermPtr termOf(const QString &key, const QString &label)
+{
+    constexpr qsizetype kMostShared = 200;
+    const bool isShared = key.size() <= kMostShared && label.size() <= kMostShared;
+    return isShared ? internTerm(key, label) : std::make_shared<const Term>(Term{key, label});
+}
+
 bool readStream(ByteReader &in, const std::vector<TermPtr> &terms, ParameterGroups &groups)
 {
     groups.beginStream(static_cast<int>(in.number<quint32>()));
@@ -90,7 +98,7 @@ bool readGroups(ByteReader &in, const std::vector<TermPtr> &terms, ParameterGrou
     const quint32 groupCount = in.count(kLeastBytesOfGroup);
     for (quint32 i = 0; i < groupCount && in.ok(); ++i) {
         const QString key = in.text();
-        groups.beginGroup(internTerm(key, key)->key, in.number<quint8>() != 0);
+        groups.beginGroup(termOf(key, key)->key, in.number<quint8>() != 0);
         const quint32 subgroupCount = in.count(kLeastBytesOfSubgroup);
         for (quint32 j = 0; j < subgroupCount; ++j)
             groups.addSubgroup(in.text());
@@ -107,7 +115,7 @@ bool readGroups(ByteReader &in, const std::vector<TermPtr> &terms, ParameterGrou
 
 QByteArray RecordEncoder::encode(const RecordContents &record)
 {
-    const bool startsAnew = _terms.size() >= kMaxConnectionTerms;
+    const bool startsAnew = _terms.empty() || _terms.size() >= kMaxConnectionTerms;
     if (startsAnew) {
         _terms.clear();
         _numbers.clear();
@@ -169,7 +177,7 @@ std::optional<RecordContents> RecordDecoder::decode(QByteArrayView bytes)
     for (quint32 i = 0; i < newCount && in.ok(); ++i) {
         const QString key = in.text();
         const QString label = in.text();
-        _terms.push_back(internTerm(key, label));
+        _terms.push_back(termOf(key, label));
     }
     RecordContents record;
     visitRecord(ValueReader(in), record);

@@ -11,6 +11,8 @@
 #include "readers/image/oEXIV2.h"
 #include "readers/mediainfo/oMediaInfo.h"
 
+#include <mutex>
+
 namespace quorvin {
 
 namespace {
@@ -38,8 +40,11 @@ QuorvinDataPtr recordOf(RecordContents contents)
 
 void RecordBuilder::setupLibraries()
 {
-    oMediaInfo::setupLibrary();
-    oEXIV2::setupLibrary();
+    static std::once_flag once;
+    std::call_once(once, [] {
+        oMediaInfo::setupLibrary();
+        oEXIV2::setupLibrary();
+    });
 }
 
 Expected<QuorvinDataPtr> RecordBuilder::dataAboutFile(const QString &filename) const

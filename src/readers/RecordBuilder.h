@@ -14,7 +14,8 @@ namespace quorvin {
 /// Makes the record of a file. Knows neither the list nor the thread or process it runs in.
 class RecordBuilder {
 public:
-    /// Set up the libraries that all records are read with. Once, before the first record and any thread.
+    /// Set up the libraries that all records are read with, before the first record. Only the first call does
+    /// anything; the others wait for it. Any thread.
     static void setupLibraries();
 
     explicit RecordBuilder(RecordOptions options) : _options(options) { }

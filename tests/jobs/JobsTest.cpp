@@ -6,10 +6,55 @@
 #include "support/TestFolder.h"
 
 #include <QDir>
+#include <QFile>
 
 #include <gtest/gtest.h>
 
 namespace quorvin {
+
+namespace {
+
+/// A TIFF whose one directory has the description alone, and a pixel's width and height.
+QByteArray tiffWithDescription(quint32 length)
+{
+    QByteArray file("II*\0\x08\0\0\0\3\0", 10);
+    const auto add = [&](quint16 tag, quint16 type, quint32 count, quint32 value) {
+        file.append(reinterpret_cast<const char *>(&tag), 2).append(reinterpret_cast<const char *>(&type), 2);
+        file.append(reinterpret_cast<const char *>(&count), 4)
+            .append(reinterpret_cast<const char *>(&value), 4);
+    };
+    add(0x100, 3, 1, 1);
+    add(0x101, 3, 1, 1);
+    add(0x10e, 2, length, 50);
+    return file.append(4, '\0').append(length - 1, 'x').append(1, '\0');
+}
+
+} // namespace
+
+TEST(Jobs, FileLargerThanTheMemoryIsReadAsAnyOther)
+{
+    const test::TestFolder folder;
+    const QString path = folder.write(QStringLiteral("large.tif"), tiffWithDescription(10));
+    // Past what is read it takes no room on the disk.
+    ASSERT_TRUE(QFile::resize(path, qint64{3} << 30));
+    const auto result = makeReaderRunner()->run({RecordRequest{path, {}}, {}});
+    ASSERT_TRUE(result);
+    EXPECT_TRUE(std::get<QuorvinDataPtr>(*result)->isImage());
+}
+
+TEST(Jobs, RecordWithoutMeasureFailsAlone)
+{
+    const test::TestFolder folder;
+    const auto reader = makeReaderRunner();
+    const auto outcome = [&](const QString &path) {
+        const auto result = reader->run({RecordRequest{path, {}}, {}});
+        return result ? QStringLiteral("well") : result.error().description;
+    };
+    EXPECT_EQ(outcome(test::sample(QStringLiteral("photo.jpg"))), QStringLiteral("well"));
+    EXPECT_EQ(outcome(folder.write(QStringLiteral("a.tif"), tiffWithDescription(17 << 20))),
+              QStringLiteral("there is too much to tell of it"));
+    EXPECT_EQ(outcome(test::sample(QStringLiteral("photo.jpg"))), QStringLiteral("well"));
+}
 
 TEST(Jobs, ReaderReadsAsThisProcessDoes)
 {

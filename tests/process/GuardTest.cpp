@@ -47,7 +47,10 @@ Attempts changesOf(const QByteArray &path)
 {
     const QByteArray fresh = path + "-new";
     const pid_t parent = ::getpid();
+    const QByteArray closed = path + "-closed";
+    ::close(::open(closed.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0));
     return {
+        {"what root alone could read", [=] { return ::open(closed.constData(), O_RDONLY) >= 0; }},
         {"write", [=] { return ::open(path.constData(), O_WRONLY) >= 0; }},
         {"truncate",
          [=] {
@@ -102,6 +105,15 @@ TEST(Guard, ChangingAnythingIsRefused)
                 << name << " in profile " << static_cast<int>(guard.profile);
     }
     EXPECT_EQ(test::contentOf(QString::fromUtf8(path)), "old");
+}
+
+TEST(Guard, GrowingAnInheritedFileIsAnError)
+{
+    const test::TestFolder folder;
+    const int file = ::open(folder.write(QStringLiteral("a"), "old").toUtf8().constData(),
+                            O_WRONLY | O_APPEND | O_CLOEXEC);
+    EXPECT_TRUE(goesWell([&] { return ::write(file, "x", 1) < 0 && errno == EFBIG; }));
+    ::close(file);
 }
 
 TEST(Guard, ExifToolRunsAndReads)
@@ -160,6 +172,8 @@ TEST(Guard, PartsHaveNames)
     EXPECT_EQ(guardNames(GuardLimits | GuardLandlock | GuardSeccomp),
               QStringLiteral("Landlock, seccomp, resource limits"));
     EXPECT_EQ(guardNames(0), QStringLiteral("nothing"));
+    EXPECT_EQ(missingGuardNames(GuardSeccomp), QStringLiteral("Landlock, resource limits"));
+    EXPECT_EQ(missingGuardNames(GuardLimits | GuardLandlock | GuardSeccomp), QString());
 }
 
 } // namespace quorvin

@@ -6,6 +6,8 @@
 #include "support/TestFolder.h"
 
 #include <QDir>
+#include <QFile>
+#include <QLoggingCategory>
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -140,11 +142,71 @@ TEST(ReaderRunner, NothingIsLeftBehindByManyCrashes)
     EXPECT_FALSE(hasChildren());
 }
 
-TEST(ReaderRunner, ReaderThatCanNotStartIsAReason)
+TEST(ReaderRunner, ReaderThatDoesNotEndIsLeftBehind)
 {
-    const auto runner = makeReaderRunner("/no/such/reader");
-    EXPECT_EQ(outcome(runner->run(named(QStringLiteral("good")))),
-              QStringLiteral("the reader can not be started"));
+    auto runner = faultyRunner();
+    const pid_t tracer = outcome(runner->run(named(QStringLiteral("traced")))).toInt();
+    if (tracer <= 0)
+        GTEST_SKIP() << "nothing may be traced here";
+    runner.reset();
+    // Killed, and there still, as its tracer has not let go of it.
+    EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), 0);
+    ::kill(tracer, SIGKILL);
+    while (hasChildren())
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+}
+
+TEST(ReaderRunner, RecordBearsTheNameOfItsJob)
+{
+    const QString path = QStringLiteral("/says another name");
+    const auto result = faultyRunner()->run({RecordRequest{path, {}}, {}});
+    ASSERT_TRUE(result);
+    EXPECT_EQ(std::get<QuorvinDataPtr>(*result)->filename(), path);
+}
+
+TEST(ReaderRunner, LogOfTheReaderComesIntoThisOne)
+{
+    static QStringList lines;
+    lines.clear();
+    QLoggingCategory::setFilterRules(QStringLiteral("quorvin.info=true\nquorvin.libraries=true"));
+    const auto former
+        = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &context, const QString &text) {
+              lines.append(QLatin1String(context.category) + u' ' + text);
+          });
+    const QString outcomeOfLogs = outcome(faultyRunner()->run(named(QStringLiteral("logs"))));
+    qInstallMessageHandler(former);
+    QLoggingCategory::setFilterRules(QStringLiteral("*=false"));
+    EXPECT_EQ(outcomeOfLogs, QStringLiteral("logs"));
+    EXPECT_TRUE(lines.contains(QStringLiteral("quorvin a phrase")));
+    EXPECT_TRUE(lines.contains(QStringLiteral("quorvin.libraries a library")));
+}
+
+TEST(ReaderRunner, EnvironmentIsShort)
+{
+    qputenv("QUORVIN_TEST_SECRET", "x");
+    const QString environment = outcome(faultyRunner()->run(named(QStringLiteral("environment"))));
+    qunsetenv("QUORVIN_TEST_SECRET");
+    EXPECT_TRUE(environment.contains(QStringLiteral("HOME=")));
+    EXPECT_FALSE(environment.contains(QStringLiteral("SECRET")));
+}
+
+TEST(ReaderRunner, ReaderThatCanNotStartIsTriedAFewTimes)
+{
+    const test::TestFolder folder;
+    const QString starts = folder / QStringLiteral("starts");
+    const QString program
+        = folder.write(QStringLiteral("reader"), "#!/bin/sh\necho x >>" + starts.toUtf8() + "\n");
+    QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
+    const QString reason = QStringLiteral("the reader can not be started");
+    const auto runner = makeReaderRunner(program.toStdString());
+    for (int i = 0; i < 5; ++i) {
+        const auto result = runner->run(named(QStringLiteral("good")));
+        ASSERT_FALSE(result);
+        EXPECT_EQ(result.error().description, reason);
+        EXPECT_EQ(result.error().code, kNoReader);
+    }
+    EXPECT_EQ(test::contentOf(starts), "x\nx\nx\n");
+    EXPECT_EQ(outcome(makeReaderRunner("/no/such/reader")->run(named(QStringLiteral("good")))), reason);
 }
 
 } // namespace quorvin

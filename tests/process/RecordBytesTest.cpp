@@ -63,6 +63,20 @@ TEST(RecordBytes, CrossWithoutLoss)
     EXPECT_FALSE(RecordDecoder().decode(second));
 }
 
+TEST(RecordBytes, LongNamesAreNotKeptForGood)
+{
+    const auto termOf = [](qsizetype length) {
+        RecordContents record;
+        record.groups.beginGroup(QStringLiteral("File"));
+        record.groups.beginStream(0);
+        record.groups.add(internTerm(QString(length, u'k'), {}), u"v");
+        const auto read = RecordDecoder().decode(RecordEncoder().encode(record));
+        return read->groups.parameters(read->groups.groups().front().streams.front()).front().term;
+    };
+    EXPECT_EQ(termOf(200), termOf(200));
+    EXPECT_NE(termOf(201), termOf(201));
+}
+
 TEST(RecordBytes, VocabularyStartsAnewBeforeItIsTooLarge)
 {
     RecordEncoder encoder;

@@ -7,8 +7,10 @@
 #include "process/RecordBytes.h"
 
 #include <sys/prctl.h>
+#include <sys/ptrace.h>
 #include <unistd.h>
 
+#include <array>
 #include <csignal>
 #include <cstdlib>
 #include <functional>
@@ -55,6 +57,37 @@ void eatMemory()
     std::set_new_handler([] { std::_Exit(kOutOfMemoryStatus); });
     for (std::vector<std::vector<char>> eaten;;)
         eaten.emplace_back(64 << 20, 'x');
+}
+
+/// Keeps this process from being collected by its parent, even when it has been killed; answers with the
+/// number of the process that does so.
+void getTraced()
+{
+    const pid_t traced = ::getpid();
+    ::prctl(PR_SET_PTRACER, PR_SET_PTRACER_ANY);
+    std::array<int, 2> ready{};
+    if (::pipe(ready.data()) != 0)
+        std::_Exit(EXIT_FAILURE);
+    const pid_t tracer = ::fork();
+    if (tracer == 0) {
+        ::close(kReaderSocket);
+        const bool traces = ::ptrace(PTRACE_SEIZE, traced, nullptr, nullptr) == 0;
+        const ssize_t told = ::write(ready[1], traces ? "y" : "n", 1);
+        ::sleep(traces && told == 1 ? 60 : 0);
+        std::_Exit(EXIT_SUCCESS);
+    }
+    char traces = 'n';
+    if (::read(ready[0], &traces, 1) != 1 || traces != 'y')
+        std::_Exit(EXIT_FAILURE);
+    answer(report(QByteArray::number(tracer)));
+}
+
+QByteArray environment()
+{
+    QByteArray all;
+    for (char **entry = environ; *entry; ++entry)
+        all += QByteArray(*entry) + '\n';
+    return all;
 }
 
 const std::map<QString, std::function<void()>> &faults()
@@ -114,6 +147,20 @@ const std::map<QString, std::function<void()>> &faults()
              ++frame[0];
              answer(frame);
          }},
+        {QStringLiteral("defers"), [] { say(frameOf(JobDeferred{job})); }},
+        {QStringLiteral("says another name"),
+         [] {
+             RecordContents contents;
+             contents.filename = QStringLiteral("/another");
+             answer(frameOf(EncodedRecord{job, RecordEncoder().encode(contents)}));
+         }},
+        {QStringLiteral("logs"),
+         [] {
+             say(frameOf(LogLine{false, QStringLiteral("a phrase")}));
+             answer(frameOf(LogLine{true, QStringLiteral("a library")}) + report("logs"));
+         }},
+        {QStringLiteral("environment"), [] { answer(report(environment())); }},
+        {QStringLiteral("traced"), getTraced},
         {QStringLiteral("greets again"), [] { answer(frameOf(Greeting())); }},
         {QStringLiteral("answers twice"), [] { answer(report("answers twice") + report("another")); }},
     };
