@@ -9,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
@@ -20,7 +21,7 @@ namespace {
 
 using namespace quorvin;
 
-constexpr int kFiles = 20'000;
+constexpr int kFiles = 4'000;
 constexpr int kRefreshes = 3;
 constexpr qint64 kRestMilliseconds = 3'000; ///< after which what is free has been given back
 
@@ -52,8 +53,11 @@ double longestTurnUntilDone(const FilelistController &list)
                                    [](const FilelistItemPtr &file) { return file->isDone(); });
     };
     while (!isDone()) {
-        for (int i = 0; i < 100; ++i)
+        for (int i = 0; i < 100; ++i) {
+            // Leaves the processors to the readers.
+            QThread::msleep(2);
             longest = std::max(longest, bench::secondsOf([] { QCoreApplication::processEvents(); }));
+        }
     }
     return longest;
 }
@@ -69,6 +73,7 @@ void listMemory(benchmark::State &state)
         QFile::link(files[i % files.size()], folder.filePath(QString::number(i)));
     for ([[maybe_unused]] auto _ : state) {
         Settings values{QString()};
+        values.set(Setting::MTMode, 256);
         LiveSettings settings(values);
         auto list = std::make_unique<FilelistController>(settings);
         list->processFiles({folder.path()});
