@@ -95,6 +95,8 @@ private:
     }
     ReaderMessage made(quint32 job, const QuorvinDataPtr &record)
     {
+        if (record->groups().lengthOfValues() > kMostLengthOfValues)
+            return tooLarge(job);
         EncodedRecord answer{job, _encoder.encode(record->contents())};
         // The terms that went into it are lost with it.
         if (answer.record.size() > qsizetype{EncodedRecord::kMostRecord}) {

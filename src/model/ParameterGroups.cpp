@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <numeric>
 
 namespace quorvin {
 
@@ -65,6 +66,28 @@ void ParameterGroups::append(TermPtr term, QByteArrayView value, ParameterFlags 
     ++_groups.back().streams.back().count;
 }
 
+bool ParameterGroups::setText(QByteArrayView text)
+{
+    if (!text.isValidUtf8())
+        return false;
+    _text = text.toByteArray();
+    return true;
+}
+
+bool ParameterGroups::addSlice(TermPtr term, quint32 offset, quint32 length, ParameterFlags flags,
+                               quint16 subgroup)
+{
+    const qint64 end = qint64{offset} + length;
+    const auto isBetweenCharacters = [this](qint64 place) {
+        return place == _text.size() || (static_cast<quint8>(_text[place]) & 0xc0) != 0x80;
+    };
+    if (end > _text.size() || !isBetweenCharacters(offset) || !isBetweenCharacters(end))
+        return false;
+    _parameters.push_back({std::move(term), offset, length, flags, subgroup});
+    ++_groups.back().streams.back().count;
+    return true;
+}
+
 std::optional<quint32> ParameterGroups::placeOfEqual(QByteArrayView value)
 {
     if (value.size() < kLongValue)
@@ -115,6 +138,12 @@ std::vector<const ParameterGroups::Parameter *> ParameterGroups::shownParameters
 QByteArrayView ParameterGroups::utf8Value(const Parameter &parameter) const
 {
     return QByteArrayView(_text).sliced(parameter.offset, parameter.length);
+}
+
+qint64 ParameterGroups::lengthOfValues() const
+{
+    return std::accumulate(_parameters.begin(), _parameters.end(), qint64{0},
+                           [](qint64 sum, const Parameter &parameter) { return sum + parameter.length; });
 }
 
 const ParameterGroups::Group *ParameterGroups::group(QStringView key) const

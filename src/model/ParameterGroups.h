@@ -75,6 +75,12 @@ public:
     void add(TermPtr term, QStringView value, ParameterFlags flags = {}, quint16 subgroup = 0);
     /// The same for a value that is UTF-8 already. What is not valid in it becomes U+FFFD.
     void addUtf8(TermPtr term, QByteArrayView value, ParameterFlags flags = {}, quint16 subgroup = 0);
+    /// The text in which the slices of `addSlice` lie. False for what is not valid UTF-8, and nothing is
+    /// taken then. Once, before the first parameter.
+    bool setText(QByteArrayView text);
+    /// Appends a parameter whose value is a slice of the text, in bytes. False for what does not lie in it,
+    /// or cuts a character; nothing is added then.
+    bool addSlice(TermPtr term, quint32 offset, quint32 length, ParameterFlags flags, quint16 subgroup);
     /// Drops the open stream if it has got no parameter.
     void endStreamUnlessEmpty();
     /// Gives back spare memory; call once when the last group is complete.
@@ -82,6 +88,10 @@ public:
 
     const std::vector<Group> &groups() const { return _groups; }
     std::span<const Parameter> parameters(const Stream &stream) const;
+    /// All values, of which parameters name slices.
+    const QByteArray &text() const { return _text; }
+    /// What the values come to in bytes, those that lie in one place counted each time.
+    qint64 lengthOfValues() const;
     /// Those of the Extended tree in the order in which it shows them: subgroup by subgroup.
     std::vector<const Parameter *> shownParameters(const Stream &stream) const;
     QString value(const Parameter &parameter) const { return textOfUtf8(utf8Value(parameter)); }

@@ -67,7 +67,7 @@ constexpr qsizetype kLeastBytesOfTerm = 8;
 constexpr qsizetype kLeastBytesOfGroup = 13;
 constexpr qsizetype kLeastBytesOfSubgroup = 4;
 constexpr qsizetype kLeastBytesOfStream = 8;
-constexpr qsizetype kLeastBytesOfParameter = 11;
+constexpr qsizetype kLeastBytesOfParameter = 15;
 
 /// Names that a file brings along, and that no other has, are not kept for good.
 TermPtr termOf(const QString &key, const QString &label)
@@ -85,16 +85,19 @@ bool readStream(ByteReader &in, const std::vector<TermPtr> &terms, ParameterGrou
         const auto number = in.number<quint32>();
         const auto flags = ParameterFlags::fromInt(in.number<quint8>());
         const auto subgroup = in.number<quint16>();
-        const QByteArrayView value = in.bytes();
-        if (!in.ok() || number >= terms.size() || subgroup > groups.groups().back().subgroups.size())
+        const auto offset = in.number<quint32>();
+        const auto length = in.number<quint32>();
+        if (!in.ok() || number >= terms.size() || subgroup > groups.groups().back().subgroups.size()
+            || !groups.addSlice(terms[number], offset, length, flags, subgroup))
             return false;
-        groups.addUtf8(terms[number], value, flags, subgroup);
     }
     return in.ok();
 }
 
 bool readGroups(ByteReader &in, const std::vector<TermPtr> &terms, ParameterGroups &groups)
 {
+    if (!groups.setText(in.bytes()))
+        return false;
     const quint32 groupCount = in.count(kLeastBytesOfGroup);
     for (quint32 i = 0; i < groupCount && in.ok(); ++i) {
         const QString key = in.text();
@@ -123,6 +126,7 @@ QByteArray RecordEncoder::encode(const RecordContents &record)
     const std::size_t known = _terms.size();
     ByteWriter body;
     visitRecord(ValueWriter(body), record);
+    body.bytes(record.groups.text());
     body.number(static_cast<quint32>(record.groups.groups().size()));
     for (const auto &group : record.groups.groups())
         writeGroup(body, record.groups, group);
@@ -153,7 +157,8 @@ void RecordEncoder::writeGroup(ByteWriter &out, const ParameterGroups &groups,
             out.number(numberOf(parameter.term));
             out.number(static_cast<quint8>(parameter.flags.toInt()));
             out.number(parameter.subgroup);
-            out.bytes(groups.utf8Value(parameter));
+            out.number(parameter.offset);
+            out.number(parameter.length);
         }
     }
 }
@@ -181,7 +186,8 @@ std::optional<RecordContents> RecordDecoder::decode(QByteArrayView bytes)
     }
     RecordContents record;
     visitRecord(ValueReader(in), record);
-    if (!in.ok() || !readGroups(in, _terms, record.groups) || !in.atEnd())
+    if (!in.ok() || !readGroups(in, _terms, record.groups) || !in.atEnd()
+        || record.groups.lengthOfValues() > kMostLengthOfValues)
         return std::nullopt;
     record.groups.squeeze();
     return record;

@@ -16,7 +16,8 @@ namespace quorvin {
 class ByteWriter;
 
 /// Records as bytes, on their way from one process to another. Keys and labels travel once: the first record
-/// that has a term brings it along, later ones name it by its number. So one encoder belongs to one decoder,
+/// that has a term brings it along, later ones name it by its number. The values travel as the one text that
+/// they are slices of, so that equal long ones cross once. So one encoder belongs to one decoder,
 /// and records are decoded in the order in which they were encoded. One thread each.
 class RecordEncoder {
 public:
@@ -39,6 +40,9 @@ public:
 private:
     std::vector<TermPtr> _terms;
 };
+
+/// What the values of a record may come to: few bytes can stand for many values.
+inline constexpr qint64 kMostLengthOfValues = 256 << 20;
 
 /// A connection names at most so many terms; the encoder then starts anew, and tells the decoder.
 inline constexpr std::size_t kMaxConnectionTerms = 50'000;

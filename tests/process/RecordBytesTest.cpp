@@ -63,6 +63,37 @@ TEST(RecordBytes, CrossWithoutLoss)
     EXPECT_FALSE(RecordDecoder().decode(second));
 }
 
+TEST(RecordBytes, EqualLongValuesCrossOnce)
+{
+    constexpr qsizetype kLength = 1 << 20;
+    const auto recordWith = [](int count) {
+        RecordContents record;
+        record.groups.beginGroup(QStringLiteral("EXIF"));
+        record.groups.beginStream(0);
+        for (int i = 0; i < count; ++i)
+            record.groups.add(internTerm(QStringLiteral("k"), QString()), QString(kLength, u'v'));
+        return record;
+    };
+    const RecordContents record = recordWith(100);
+    const QByteArray bytes = RecordEncoder().encode(record);
+    EXPECT_LT(bytes.size(), 2 * kLength);
+    EXPECT_TRUE(RecordDecoder().decode(bytes) == record);
+    EXPECT_FALSE(RecordDecoder().decode(RecordEncoder().encode(recordWith(300))))
+        << "a few bytes are not to become gigabytes";
+
+    // A slice that cuts a character, or lies outside, is refused.
+    ParameterGroups groups;
+    EXPECT_FALSE(groups.setText("\xc3"));
+    EXPECT_TRUE(groups.setText("a\xc3\xa9"));
+    groups.beginGroup(QStringLiteral("g"));
+    groups.beginStream(0);
+    const TermPtr term = internTerm(QStringLiteral("k"), QString());
+    EXPECT_FALSE(groups.addSlice(term, 0, 2, {}, 0));
+    EXPECT_FALSE(groups.addSlice(term, 2, 1, {}, 0));
+    EXPECT_FALSE(groups.addSlice(term, 1, 3, {}, 0));
+    EXPECT_TRUE(groups.addSlice(term, 1, 2, {}, 0));
+}
+
 TEST(RecordBytes, LongNamesAreNotKeptForGood)
 {
     const auto termOf = [](qsizetype length) {
