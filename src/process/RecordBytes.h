@@ -42,7 +42,7 @@ private:
 };
 
 /// What the values of a record may come to: few bytes can stand for many values.
-inline constexpr qint64 kMostLengthOfValues = 256 << 20;
+inline constexpr qint64 kMostLengthOfValues = 96 << 20;
 
 /// A connection names at most so many terms; the encoder then starts anew, and tells the decoder.
 inline constexpr std::size_t kMaxConnectionTerms = 50'000;

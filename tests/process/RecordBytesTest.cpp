@@ -74,11 +74,11 @@ TEST(RecordBytes, EqualLongValuesCrossOnce)
             record.groups.add(internTerm(QStringLiteral("k"), QString()), QString(kLength, u'v'));
         return record;
     };
-    const RecordContents record = recordWith(100);
+    const RecordContents record = recordWith(50);
     const QByteArray bytes = RecordEncoder().encode(record);
     EXPECT_LT(bytes.size(), 2 * kLength);
     EXPECT_TRUE(RecordDecoder().decode(bytes) == record);
-    EXPECT_FALSE(RecordDecoder().decode(RecordEncoder().encode(recordWith(300))))
+    EXPECT_FALSE(RecordDecoder().decode(RecordEncoder().encode(recordWith(120))))
         << "a few bytes are not to become gigabytes";
 
     // A slice that cuts a character, or lies outside, is refused.
