@@ -217,7 +217,7 @@ QString startThread(const std::shared_ptr<DataCacherShared> &shared)
         thread.detach();
         return {};
     } catch (const std::system_error &error) {
-        const QString problem = QString::fromLocal8Bit(error.what());
+        QString problem = QString::fromLocal8Bit(error.what());
         qCInfo(lcQuorvin).noquote() << "Failed to start a thread:" << problem;
         return problem;
     }

@@ -214,7 +214,7 @@ void work()
 } // namespace
 
 int main(int argc, char **argv)
-{
+try {
     if (argc != 3)
         return EXIT_FAILURE;
     tieTo(static_cast<pid_t>(std::strtol(argv[1], nullptr, 10)));
@@ -227,4 +227,7 @@ int main(int argc, char **argv)
         return EXIT_FAILURE;
     work();
     std::_Exit(EXIT_SUCCESS);
+} catch (...) {
+    // The parent sees a reader that does not greet.
+    return EXIT_FAILURE;
 }
