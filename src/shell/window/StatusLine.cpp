@@ -26,7 +26,7 @@ QString textOf(const ListTotals &totals)
 {
     if (totals.all == 0)
         return {};
-    const QString count = totals.shown == totals.all
+    QString count = totals.shown == totals.all
         ? StatusLine::tr("%1 files").arg(totals.shown)
         : StatusLine::tr("%1 files (of %2 total)").arg(totals.shown).arg(totals.all);
     if (!totals.duration)
