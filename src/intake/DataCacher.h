@@ -19,7 +19,8 @@ struct DataCacherShared;
 
 /// Analyses the files of one window, or of one call, on a small pool of threads, and posts each result to the
 /// event loop of the thread that made the pool: the delegate's thread, on which all operations are called.
-/// Threads end when the queue is empty and start again when there is something to do.
+/// Threads end when the queue is empty and start again when there is something to do. They read no further
+/// while 512 deliveries, or 32 MiB of them, wait for the delegate's thread.
 ///
 /// A pool can be destroyed while its threads run: they are cancelled and end by themselves. Its files may
 /// outlive it.

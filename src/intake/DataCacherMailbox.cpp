@@ -10,15 +10,56 @@
 
 namespace quorvin {
 
+namespace {
+
+constexpr std::size_t kMostWaiting = 512;
+constexpr qsizetype kMostWaitingBytes = qsizetype{32} << 20;
+
+} // namespace
+
 void DataCacherMail::post(const DataCacherDelivery &delivery)
 {
     const std::lock_guard guard(_lock);
     if (!_mailbox)
         return;
     _waiting.push_back(delivery);
+    if (delivery.data)
+        _waitingBytes += delivery.data->groups().text().size();
     // One event for all that has come when it is handled.
     if (_waiting.size() == 1)
         QCoreApplication::postEvent(_mailbox, new QEvent(QEvent::User));
+}
+
+bool DataCacherMail::hasRoom() const
+{
+    return !_mailbox || (_waiting.size() <= kMostWaiting && _waitingBytes <= kMostWaitingBytes);
+}
+
+bool DataCacherMail::isFull()
+{
+    const std::lock_guard guard(_lock);
+    return !hasRoom();
+}
+
+void DataCacherMail::awaitRoom(const std::stop_token &stop)
+{
+    std::unique_lock lock(_lock);
+    _madeRoom.wait(lock, stop, [this] { return hasRoom(); });
+}
+
+std::vector<DataCacherDelivery> DataCacherMail::takeAll()
+{
+    const std::lock_guard guard(_lock);
+    _waitingBytes = 0;
+    _madeRoom.notify_all();
+    return std::exchange(_waiting, {});
+}
+
+void DataCacherMail::close()
+{
+    const std::lock_guard guard(_lock);
+    _mailbox = nullptr;
+    _madeRoom.notify_all();
 }
 
 DataCacherMailbox::DataCacherMailbox() : _mail(std::make_shared<DataCacherMail>())
@@ -28,8 +69,7 @@ DataCacherMailbox::DataCacherMailbox() : _mail(std::make_shared<DataCacherMail>(
 
 DataCacherMailbox::~DataCacherMailbox()
 {
-    const std::lock_guard guard(_mail->_lock);
-    _mail->_mailbox = nullptr;
+    _mail->close();
 }
 
 void DataCacherMailbox::dispose()
@@ -43,11 +83,7 @@ void DataCacherMailbox::dispose()
 
 void DataCacherMailbox::customEvent(QEvent *)
 {
-    std::vector<DataCacherDelivery> deliveries;
-    {
-        const std::lock_guard guard(_mail->_lock);
-        deliveries.swap(_mail->_waiting);
-    }
+    const std::vector<DataCacherDelivery> deliveries = _mail->takeAll();
     const bool wasDelivering = std::exchange(_isDelivering, true);
     for (const DataCacherDelivery &delivery : deliveries) {
         if (delegate)

@@ -7,8 +7,10 @@
 
 #include <QObject>
 
+#include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <stop_token>
 #include <vector>
 
 namespace quorvin {
@@ -20,12 +22,22 @@ class DataCacherMail {
 public:
     /// Does nothing once the mailbox is gone. Never waits for the other side.
     void post(const DataCacherDelivery &delivery);
+    /// Whether more than 512 deliveries or 32 MiB of records wait for the other side.
+    bool isFull();
+    /// Waits while it is full; not for a mailbox that is gone, nor past a stop.
+    void awaitRoom(const std::stop_token &stop);
 
 private:
     friend class DataCacherMailbox;
 
+    bool hasRoom() const;
+    std::vector<DataCacherDelivery> takeAll();
+    void close();
+
     std::mutex _lock;
+    std::condition_variable_any _madeRoom;
     std::vector<DataCacherDelivery> _waiting;
+    qsizetype _waitingBytes = 0; ///< of text
     DataCacherMailbox *_mailbox = nullptr;
 };
 

@@ -47,10 +47,11 @@ public:
     {
         if (_setup.logsDebug)
             log(QStringLiteral("started with number of files: %1").arg(_shared.fileQueue.count()));
-        FilelistItemPtr file = begunNext();
+        FilelistItemPtr file = begunInTime();
         while (file && _runner->await(_stop)) {
             // The reader works on the next file while the record of this one travels.
-            FilelistItemPtr next = _isSlow || _isSetAside ? nullptr : begunNext();
+            const bool isHeldBack = _isSlow || _isSetAside || _shared.mail->isFull();
+            FilelistItemPtr next = isHeldBack ? nullptr : begunNext();
             const JobResult result = _runner->take(_stop);
             if (lacksReader(result)) {
                 giveBack(next);
@@ -65,6 +66,8 @@ public:
                 answerRepeats();
                 if (_isSlow && !(next = begunSlow()))
                     return NoLane;
+                if (!next)
+                    next = begunInTime();
             }
             file = next;
         }
@@ -79,6 +82,13 @@ public:
 
 private:
     FilelistItemPtr begunNext() { return begun(claimedNext()); }
+
+    /// Not before there is room for what comes of it.
+    FilelistItemPtr begunInTime()
+    {
+        _shared.mail->awaitRoom(_stop);
+        return begunNext();
+    }
 
     FilelistItemPtr begun(FilelistItemPtr file)
     {

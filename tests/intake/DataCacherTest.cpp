@@ -55,8 +55,9 @@ private:
     int _waiting = 0;
 };
 
-/// Makes an empty record of every file, or fails it when its name begins with "bad"; "gate" waits at the
-/// gate, and so does "slow" when it may go on. Has no reader where none may start.
+/// Makes an empty record of every file, one of a MiB when its name begins with "large", or fails it when it
+/// begins with "bad"; "gate" waits at the gate, and so does "slow" when it may go on. Has no reader where
+/// none may start.
 class FakeRunner final : public JobRunner {
 public:
     FakeRunner(Gate &gate, bool hasReader) : _gate(gate), _hasReader(hasReader) { }
@@ -83,6 +84,8 @@ public:
             return failure(QStringLiteral("it is bad"));
         RecordContents record;
         record.filename = _done;
+        if (_done.startsWith(QStringLiteral("large")))
+            record.groups.setText(QByteArray(1 << 20, 'x'));
         return std::make_shared<const QuorvinData>(std::move(record));
     }
 
@@ -330,6 +333,29 @@ TEST(DataCacher, CancelEndsSlowFilesToo)
     bench.gate->open();
     bench.pool->processFiles(files({"slow 5"}));
     EXPECT_TRUE(bench.await(2));
+}
+
+TEST(DataCacher, ReadsNotFarAheadOfItsDelegate)
+{
+    const auto doneWhileNobodyTakes = [](Bench &bench, const QString &name, std::size_t least) {
+        std::vector<FilelistItemPtr> list;
+        for (int i = 0; i < 2000; ++i)
+            list.push_back(FilelistItem::itemWithFilename(name, name));
+        bench.pool->setThreadCount(2);
+        bench.pool->processFiles(list);
+        const auto done
+            = [&] { return static_cast<std::size_t>(std::ranges::count_if(list, &FilelistItem::isDone)); };
+        while (done() < least)
+            std::this_thread::yield();
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        return done();
+    };
+    Bench bench;
+    EXPECT_LT(doneWhileNobodyTakes(bench, QStringLiteral("small"), 512), 520U);
+    EXPECT_TRUE(bench.await(2000));
+    Bench large;
+    EXPECT_LT(doneWhileNobodyTakes(large, QStringLiteral("large"), 32), 40U);
+    large.pool->cancelThreadsAndWait();
 }
 
 TEST(DataCacher, RemovedFilesAreNotRead)
