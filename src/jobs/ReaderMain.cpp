@@ -3,7 +3,6 @@
 
 #include "jobs/Jobs.h"
 #include "model/Log.h"
-#include "platform/NativePath.h"
 #include "platform/UserLocale.h"
 #include "process/Frames.h"
 #include "process/Guard.h"
@@ -16,7 +15,6 @@
 #include <fcntl.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -135,28 +133,6 @@ void setUpLog(quint32 parts)
     qInstallMessageHandler(sendToLog);
 }
 
-/// Once for an order: whether its file, which a library may map as a whole, takes too much of the address
-/// space.
-class Deferrals {
-public:
-    bool defers(const JobOrder &order)
-    {
-        if (order.number == _last)
-            return false;
-        _last = order.number;
-        const QString path = std::visit([](const auto &request) { return request.path; }, order.request);
-        struct stat facts { };
-        rlimit most{};
-        constexpr rlim_t kShare = 4;
-        return ::getrlimit(RLIMIT_AS, &most) == 0 && most.rlim_cur != RLIM_INFINITY
-            && ::stat(encodePath(path).constData(), &facts) == 0
-            && static_cast<rlim_t>(facts.st_size) > most.rlim_cur / kShare;
-    }
-
-private:
-    quint32 _last = 0;
-};
-
 bool answer(const JobOrder &order, AnswerMaker &answers)
 {
     const JobResult result = doJob(order.request);
@@ -175,17 +151,21 @@ void tieTo(pid_t parent)
     ::close_range(kReaderCounter + 1, ~0U, 0);
 }
 
-/// Whether more than half of the address space is in use that this process may have.
+/// Whether more than half of the memory is in use that this process may take.
 bool isShortOfMemory()
 {
-    std::array<char, 32> text{};
+    std::array<char, 256> text{};
     const int statm = ::open("/proc/self/statm", O_RDONLY | O_CLOEXEC);
     const bool wasRead = ::read(statm, text.data(), text.size() - 1) > 0;
     ::close(statm);
-    const quint64 used
-        = std::strtoull(text.data(), nullptr, 10) * static_cast<quint64>(::sysconf(_SC_PAGESIZE));
+    // The sixth number: pages of data and stack.
+    quint64 pages = 0;
+    char *number = text.data();
+    for (int i = 0; i < 6; ++i)
+        pages = std::strtoull(number, &number, 10);
     rlimit most{};
-    return wasRead && ::getrlimit(RLIMIT_AS, &most) == 0 && used > most.rlim_cur / 2;
+    return wasRead && ::getrlimit(RLIMIT_DATA, &most) == 0
+        && pages * static_cast<quint64>(::sysconf(_SC_PAGESIZE)) > most.rlim_cur / 2;
 }
 
 [[noreturn]] void endWithoutMemory()
@@ -197,13 +177,7 @@ void work()
 {
     JobCounter counter(kReaderCounter);
     AnswerMaker answers;
-    Deferrals deferrals;
     for (int jobs = 1; const auto order = nextOrder(); ++jobs) {
-        if (deferrals.defers(*order)) {
-            if (!writeAll(frameOf(JobDeferred{order->number})))
-                break;
-            continue;
-        }
         counter.take();
         // One that earlier files have left short of memory makes way for a fresh one.
         if (!answer(*order, answers) || (jobs % kJobsBetweenMemoryChecks == 0 && isShortOfMemory()))

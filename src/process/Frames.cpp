@@ -73,11 +73,6 @@ struct Fields<JobDone> {
 };
 
 template <>
-struct Fields<JobDeferred> {
-    static constexpr auto list = std::tuple(&JobDeferred::job);
-};
-
-template <>
 struct Fields<Error> {
     static constexpr auto list = std::tuple(&Error::domain, &Error::code, &Error::description);
 };

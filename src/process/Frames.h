@@ -50,14 +50,6 @@ struct JobDone {
     quint32 job = 0; ///< number of its order, as in those below
 };
 
-/// The reader can't begin with the job: its file is larger than the address space that it may have. The same
-/// order comes again when there is room.
-struct JobDeferred {
-    static constexpr quint32 kMostBytes = 64;
-
-    quint32 job = 0;
-};
-
 struct JobFailed {
     static constexpr quint32 kMostBytes = 4096;
 
@@ -90,8 +82,7 @@ struct LogLine {
     QString text; ///< at most `kMostCharacters`
 };
 
-using ReaderMessage
-    = std::variant<Greeting, JobDone, JobDeferred, JobFailed, EncodedRecord, EncodedReport, LogLine>;
+using ReaderMessage = std::variant<Greeting, JobDone, JobFailed, EncodedRecord, EncodedReport, LogLine>;
 
 inline constexpr quint32 kMostOrderBytes = 1 << 20;
 

@@ -40,6 +40,14 @@ bool dropCapabilities()
     return ::syscall(SYS_capset, &header, none.data()) == 0;
 }
 
+/// The one stack that grows by itself, and is no data.
+bool limitStack()
+{
+    constexpr rlim_t kMostStack = rlim_t{64} << 20;
+    rlimit now{};
+    return ::getrlimit(RLIMIT_STACK, &now) == 0 && setLimit(RLIMIT_STACK, std::min(now.rlim_cur, kMostStack));
+}
+
 /// The kernel counts the tasks of all processes of a user: those that run now, at most, and some more.
 bool limitTasks()
 {
@@ -53,8 +61,8 @@ bool raiseLimits(const GuardRules &profile)
     std::signal(SIGXFSZ, SIG_IGN);
     const bool sizes = profile.writesFiles || setLimit(RLIMIT_FSIZE, 0);
     // Of 1, not 0: a program that the system hands dumps to would get them at 0.
-    return setLimit(RLIMIT_CORE, 1) && setLimit(RLIMIT_NOFILE, kOpenFiles) && limitTasks() && sizes
-        && dropCapabilities();
+    return setLimit(RLIMIT_CORE, 1) && setLimit(RLIMIT_NOFILE, kOpenFiles) && limitTasks() && limitStack()
+        && sizes && dropCapabilities();
 }
 
 /// Every right that this Landlock knows to withhold.

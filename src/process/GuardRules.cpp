@@ -7,6 +7,7 @@
 #include <linux/landlock.h>
 #include <seccomp.h>
 #include <sys/ioctl.h>
+#include <sys/mman.h>
 #include <sys/prctl.h>
 
 #include <array>
@@ -59,7 +60,6 @@ constexpr std::array kReading{
     SCMP_SYS(ppoll),
     SCMP_SYS(select),
     SCMP_SYS(pselect6),
-    SCMP_SYS(mmap),
     SCMP_SYS(munmap),
     SCMP_SYS(mremap),
     SCMP_SYS(mprotect),
@@ -127,6 +127,9 @@ constexpr std::array kThreadsAndDescriptors{
     ConditionalCall{SCMP_SYS(clone), 0, kCloneThread, kCloneThread},
     ConditionalCall{SCMP_SYS(prctl), 0, kEveryBit, PR_SET_NAME},
     ConditionalCall{SCMP_SYS(prlimit64), 2, kEveryBit, 0},
+    // Memory that is shared and has no file is counted by no limit.
+    ConditionalCall{SCMP_SYS(mmap), 3, MAP_ANONYMOUS, 0},
+    ConditionalCall{SCMP_SYS(mmap), 3, MAP_SHARED, 0},
     ConditionalCall{SCMP_SYS(ioctl), 1, kEveryBit, FIONREAD},
     ConditionalCall{SCMP_SYS(fcntl), 1, kEveryBit, F_GETFD},
     ConditionalCall{SCMP_SYS(fcntl), 1, kEveryBit, F_SETFD},

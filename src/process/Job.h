@@ -52,7 +52,7 @@ inline constexpr int kNoReader = 1;
 struct JobLimits {
     int cpuSeconds = 20; ///< of processor time
     int wallSeconds = 60; ///< from its start to its end
-    int memoryMiB = 2048; ///< of address space
+    int memoryMiB = 2048; ///< that it takes; the file itself, mapped, does not count
 };
 
 struct Job {

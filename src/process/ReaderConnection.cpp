@@ -4,14 +4,12 @@
 #include "process/ReaderConnection.h"
 
 #include "model/Log.h"
-#include "platform/NativePath.h"
 #include "process/Guard.h"
 #include "process/JobRunner.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -96,16 +94,10 @@ bool ReaderConnection::send(const Job &job)
         return false;
     _sent = {_sent.number + 1, job};
     _reader->limitMemory(job.limits.memoryMiB);
-    return sendOrder();
-}
-
-bool ReaderConnection::sendOrder()
-{
-    const JobLimits &limits = _sent.job.limits;
-    _deadline.setRemainingTime(qint64{limits.wallSeconds} * 1000);
+    _deadline.setRemainingTime(qint64{job.limits.wallSeconds} * 1000);
     _cpuAtStart = _reader->cpuTime();
     // An order always fits into the socket; a reader that lets it fill up is no reader.
-    const QByteArray frame = frameOf(JobOrder{_sent.number, _sent.job.request});
+    const QByteArray frame = frameOf(JobOrder{_sent.number, job.request});
     return ::send(_reader->socket(), frame.constData(), static_cast<std::size_t>(frame.size()),
                   MSG_NOSIGNAL | MSG_DONTWAIT)
         == frame.size();
@@ -114,9 +106,7 @@ bool ReaderConnection::sendOrder()
 Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop, const std::function<bool()> &whenSlow)
 {
     _whenSlow = whenSlow;
-    auto message = receive(stop);
-    if (message && isDeferred(*message) && giveRoomForFile())
-        message = receive(stop);
+    const auto message = receive(stop);
     _whenSlow = {};
     if (!message)
         return tl::unexpected(message.error());
@@ -127,24 +117,6 @@ Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop, const st
     }
     _awaited = _sent;
     return {};
-}
-
-bool ReaderConnection::isDeferred(const ReaderMessage &message) const
-{
-    return std::holds_alternative<JobDeferred>(message) && jobOf(message) == _sent.number;
-}
-
-bool ReaderConnection::giveRoomForFile()
-{
-    const QString path = std::visit([](const auto &request) { return request.path; }, _sent.job.request);
-    struct stat facts { };
-    if (::stat(encodePath(path).constData(), &facts) != 0)
-        return false;
-    constexpr qint64 kMiB = 1 << 20;
-    constexpr qint64 kMost = 1 << 30; // a pebibyte, in mebibytes
-    const qint64 wanted = _sent.job.limits.memoryMiB + facts.st_size / kMiB + 1;
-    _reader->limitMemory(static_cast<int>(std::min(wanted, kMost)));
-    return sendOrder();
 }
 
 JobResult ReaderConnection::takeResult(const std::stop_token &stop)

@@ -51,10 +51,6 @@ private:
 
     explicit ReaderConnection(std::unique_ptr<ReaderProcess> reader) : _reader(std::move(reader)) { }
 
-    bool sendOrder();
-    bool isDeferred(const ReaderMessage &message) const;
-    /// For a file that a library maps as a whole: its size on top of the job's limit.
-    bool giveRoomForFile();
     /// The next message that is none for the log.
     Expected<ReaderMessage> receive(const std::stop_token &stop);
     Expected<ReaderMessage> receiveAny(const std::stop_token &stop);

@@ -30,7 +30,7 @@ namespace {
 
 constexpr rlim_t kMiB = 1 << 20;
 
-/// The sanitizers reserve more address space than any limit would leave them.
+/// The sanitizers reserve more than any limit would leave them.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr bool kLimitsMemory = false;
 #else
@@ -160,8 +160,11 @@ void ReaderProcess::limitMemory(int mebibytes)
 {
     if (!kLimitsMemory || mebibytes == _memoryMiB)
         return;
-    const rlimit limit{static_cast<rlim_t>(mebibytes) * kMiB, RLIM_INFINITY};
-    if (::prlimit(_pid, RLIMIT_AS, &limit, nullptr) == 0)
+    rlimit limit{};
+    if (::prlimit(_pid, RLIMIT_DATA, nullptr, &limit) != 0)
+        return;
+    limit.rlim_cur = std::min(static_cast<rlim_t>(mebibytes) * kMiB, limit.rlim_max);
+    if (::prlimit(_pid, RLIMIT_DATA, &limit, nullptr) == 0)
         _memoryMiB = mebibytes;
 }
 

@@ -32,7 +32,8 @@ public:
     bool hasTaken(quint32 jobs) const { return _counter->hasTaken(jobs); }
     /// Processor time used so far, in milliseconds.
     qint64 cpuTime() const;
-    /// Limits the address space of the process from now on. It can't lift the limit itself.
+    /// Limits the memory that the process may take from now on. Files that it maps do not count: they are
+    /// as large as they like, and their pages are the system's to drop. It can't lift the limit itself.
     void limitMemory(int mebibytes);
     /// Ends the process and tells how it ended: its status as `waitpid` gives it; absent when it does not
     /// end.

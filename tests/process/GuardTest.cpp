@@ -9,6 +9,7 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/mman.h>
 #include <sys/ptrace.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -62,6 +63,11 @@ Attempts changesOf(const QByteArray &path)
         {"attribute", [=] { return ::setxattr(path.constData(), "user.a", "x", 1, 0) == 0; }},
         {"network", [] { return ::socket(AF_INET, SOCK_STREAM, 0) >= 0; }},
         {"local socket", [] { return ::socket(AF_UNIX, SOCK_STREAM, 0) >= 0; }},
+        {"memory that no limit counts",
+         [] {
+             return ::mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)
+                 != MAP_FAILED;
+         }},
         {"mode", [=] { return ::chmod(path.constData(), 0600) == 0; }},
         {"program", [] { return ::execl("/bin/true", "true", nullptr) == 0; }},
         {"process", [] { return ::fork() >= 0; }},

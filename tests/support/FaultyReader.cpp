@@ -147,7 +147,6 @@ const std::map<QString, std::function<void()>> &faults()
              ++frame[0];
              answer(frame);
          }},
-        {QStringLiteral("defers"), [] { say(frameOf(JobDeferred{job})); }},
         {QStringLiteral("says another name"),
          [] {
              RecordContents contents;
