@@ -23,6 +23,7 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTextDocument>
+#include <QToolButton>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -323,6 +324,39 @@ TEST_F(Window, AttributesCanBeRemovedFromTheFile)
         return !record || record->generalInfo().fileTagNames;
     };
     EXPECT_TRUE(spinUntil([&] { return !tags(); }));
+}
+
+TEST(StatusLine, CountsInWordsAndSaysThingsOnce)
+{
+    StatusLine line;
+    const auto text = [&line] {
+        QStringList texts;
+        for (const QLabel *label : line.findChildren<QLabel *>()) {
+            if (label->isVisibleTo(&line))
+                texts.append(label->text());
+        }
+        return texts.join(u'|');
+    };
+    line.setTotals({1, 1, 0});
+    EXPECT_EQ(text(), QStringLiteral("00:00:00 in 1 file"));
+    line.setTotals({1204, 56'789, {}});
+    EXPECT_EQ(text(), QStringLiteral("1,204 files (of 56,789 total)"));
+    line.setTotals({});
+    EXPECT_EQ(text(), QString());
+
+    int shown = 0;
+    line.say(QStringLiteral("<b>.txt was written"), QStringLiteral("Show"), [&shown] { ++shown; });
+    EXPECT_EQ(line.saying(), QStringLiteral("<b>.txt was written"));
+    QToolButton *button = nullptr;
+    for (auto *found : line.findChildren<QToolButton *>())
+        button = found->text() == QStringLiteral("Show") ? found : button;
+    ASSERT_TRUE(button);
+    button->click();
+    EXPECT_EQ(shown, 1);
+    EXPECT_EQ(line.saying(), QString()) << "what was acted upon goes";
+    line.say(QStringLiteral("second"));
+    button->click();
+    EXPECT_EQ(shown, 1) << "the action of an older message";
 }
 
 TEST(FolderWalks, DeliverWhatWasAskedForLast)

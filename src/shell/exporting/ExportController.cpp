@@ -4,6 +4,7 @@
 #include "shell/exporting/ExportController.h"
 
 #include "platform/NativePath.h"
+#include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/exporting/ExportSheet.h"
 
@@ -109,7 +110,7 @@ void ExportController::tellFailures(const QStringList &failures)
         return;
     QStringList told = failures.mid(0, kMostFailures);
     if (const qsizetype more = failures.size() - told.size(); more > 0)
-        told.append(tr("and %n more", nullptr, static_cast<int>(more)));
+        told.append(tr("and %1 more").arg(groupedCount(more)));
     plainMessage(_window, tr("Export"), tr("The export is not complete."), told.join(u'\n'),
                  QMessageBox::Close)
         ->open();

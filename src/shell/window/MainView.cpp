@@ -3,6 +3,7 @@
 
 #include "shell/window/MainView.h"
 
+#include "shell/desktop/Counts.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
@@ -56,7 +57,8 @@ void MainView::connectFiles()
         if (isFresh)
             showCurrentResult();
     });
-    connect(&_files, &FilelistController::currentFileWasChanged, _status, &StatusLine::setProblem);
+    connect(&_files, &FilelistController::currentFileWasChanged, this,
+            [this](const QString &problem) { _status->say(problem); });
     connect(&_files, &FilelistController::totalsDidChange, this, &MainView::showTotals);
     connect(_info, &InfoView::retryWanted, &_files, &FilelistController::refreshInfo);
 }
@@ -66,7 +68,7 @@ void MainView::connectWalks()
     FolderWalks &walks = _files.walks();
     _status->follow(walks.run(),
                     {tr("Stop looking for files; the list stays as it is"),
-                     [](int found, int) { return tr("Looking for files: %n found", nullptr, found); },
+                     [](int found, int) { return tr("Looking for files: %1").arg(groupedCount(found)); },
                      [&walks] { walks.cancel(); }});
 }
 

@@ -6,6 +6,7 @@
 #include "platform/FileUri.h"
 #include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
+#include "shell/desktop/Counts.h"
 #include "shell/exporting/ExportController.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
@@ -165,7 +166,9 @@ void MainWindowController::connectExport()
     _view->statusLine().follow(
         run,
         {tr("Stop the export; no half document stays"),
-         [](int done, int total) { return tr("Exporting: %1 of %2").arg(done).arg(total); },
+         [](int done, int total) {
+             return tr("Exporting: %1 of %2").arg(groupedCount(done), groupedCount(total));
+         },
          [&run] { run.cancel(); }});
     for (const auto signal : {&BackgroundRunBase::started, &BackgroundRunBase::ended})
         connect(&run, signal, this, &MainWindowController::validateCommands);

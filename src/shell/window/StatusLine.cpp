@@ -6,7 +6,9 @@
 #include "filefacts/Durations.h"
 #include "intake/FilelistTotals.h"
 #include "shell/desktop/BackgroundRun.h"
+#include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/window/StatusMessage.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -14,6 +16,7 @@
 #include <QToolButton>
 
 #include <limits>
+#include <utility>
 
 namespace quorvin {
 
@@ -21,14 +24,15 @@ namespace {
 
 constexpr int kBarWidth = 160;
 
-/// "5 files", "2 files (of 5 total)", and with a duration "00:01:30 in 5 files"; "" for an empty list.
+/// "1 file", "5 files", "2 files (of 5 total)", and with a duration "00:01:30 in 5 files"; "" for an empty
+/// list.
 QString textOf(const ListTotals &totals)
 {
     if (totals.all == 0)
         return {};
-    QString count = totals.shown == totals.all
-        ? StatusLine::tr("%1 files").arg(totals.shown)
-        : StatusLine::tr("%1 files (of %2 total)").arg(totals.shown).arg(totals.all);
+    const QString count = totals.shown == totals.all
+        ? countOfFiles(totals.shown)
+        : StatusLine::tr("%1 (of %2 total)").arg(countOfFiles(totals.shown), groupedCount(totals.all));
     if (!totals.duration)
         return count;
     const QString duration = totals.duration == 0 ? QStringLiteral("00:00:00")
@@ -42,7 +46,7 @@ StatusLine::StatusLine(QWidget *parent)
     : QWidget(parent),
       _line(new QHBoxLayout(this)),
       _total(plainLabel()),
-      _problem(plainLabel()),
+      _message(new StatusMessage),
       _bgProgress(new QProgressBar),
       _count(plainLabel())
 {
@@ -53,12 +57,11 @@ StatusLine::StatusLine(QWidget *parent)
     _line->setContentsMargins(10, 4, 10, 4);
     _line->setSpacing(8);
     _line->addWidget(_total);
-    _line->addWidget(_problem);
+    _line->addWidget(_message);
     _line->addStretch();
     _line->addWidget(_bgProgress);
     _line->addWidget(_count);
     setFixedHeight(std::max(fontMetrics().height() + 10, QToolButton().sizeHint().height() + 4));
-    setProblem({});
     _bgProgress->hide();
     _count->hide();
 }
@@ -70,10 +73,14 @@ void StatusLine::setTotals(const ListTotals &totals)
     _total->setVisible(!text.isEmpty());
 }
 
-void StatusLine::setProblem(const QString &text)
+void StatusLine::say(const QString &text, const QString &actionText, std::function<void()> action)
 {
-    _problem->setText(text);
-    _problem->setVisible(!text.isEmpty());
+    _message->say(text, actionText, std::move(action));
+}
+
+QString StatusLine::saying() const
+{
+    return _message->text();
 }
 
 void StatusLine::follow(BackgroundRunBase &run, const WorkWords &words)
@@ -88,9 +95,10 @@ void StatusLine::setProgress(const WindowWorker &worker)
     constexpr qint64 kMost = std::numeric_limits<int>::max();
     _bgProgress->setMaximum(static_cast<int>(std::min(worker.countToProcess(), kMost)));
     _bgProgress->setValue(static_cast<int>(std::min(worker.countProcessed(), kMost)));
-    const auto counts = tr("%1 of %2 processed").arg(worker.countProcessed()).arg(worker.countToProcess());
-    _bgProgress->setToolTip(plainTip(counts));
-    _count->setText(tr("%1 of %2").arg(worker.countProcessed()).arg(worker.countToProcess()));
+    const QString counts
+        = tr("%1 of %2").arg(groupedCount(worker.countProcessed()), groupedCount(worker.countToProcess()));
+    _bgProgress->setToolTip(plainTip(tr("%1 processed").arg(counts)));
+    _count->setText(counts);
     if (worker.processingIsDone() || worker.countToProcess() >= 2) {
         _bgProgress->setVisible(!worker.processingIsDone());
         _count->setVisible(!worker.processingIsDone());

@@ -7,6 +7,8 @@
 
 #include <QWidget>
 
+#include <functional>
+
 class QHBoxLayout;
 class QLabel;
 class QProgressBar;
@@ -14,6 +16,7 @@ class QProgressBar;
 namespace quorvin {
 
 class BackgroundRunBase;
+class StatusMessage;
 class WindowWorker;
 struct ListTotals;
 
@@ -28,8 +31,10 @@ public:
     void setTotals(const ListTotals &totals);
     void setProgress(const WindowWorker &worker);
 
-    /// What went wrong with the last thing that was asked for; "" when nothing did.
-    void setProblem(const QString &text);
+    /// What has come of the last thing that was asked for, as `StatusMessage` says it.
+    void say(const QString &text, const QString &actionText = {}, std::function<void()> action = {});
+    /// What is said at the moment; "" for nothing.
+    QString saying() const;
 
     /// From now on each time that the run is started it has a note here until it ends. The run may go before
     /// this object.
@@ -38,7 +43,7 @@ public:
 private:
     QHBoxLayout *_line;
     QLabel *_total;
-    QLabel *_problem;
+    StatusMessage *_message;
     QProgressBar *_bgProgress;
     QLabel *_count;
 };
