@@ -54,6 +54,7 @@ struct CommandState {
     bool hasRecord = false; ///< of the current file
     bool canExportAll = false; ///< all files are done, and no export is under way
     bool canCopy = false; ///< what has the keyboard has something to copy
+    bool listHasKeyboard = false;
     bool sidebarIsCollapsed = false;
     bool wrapLongLines = false;
     bool isFullScreen = false;

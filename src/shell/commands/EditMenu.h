@@ -35,7 +35,9 @@ inline constexpr std::array kEditMenu{
                .menu = CommandMenu::Edit,
                .section = 1,
                .places = CommandPlace::TreeMenu,
-               .isEnabled = [](const CommandState &state) { return state.showsTree(); }},
+               // From the list it would select in another pane than the one that is looked at.
+               .isEnabled
+               = [](const CommandState &state) { return state.showsTree() && !state.listHasKeyboard; }},
     CommandRow{.command = Command::removeSelectedItems,
                .text = QT_TRANSLATE_NOOP("Commands", "&Remove from List"),
                .icon = "list-remove",

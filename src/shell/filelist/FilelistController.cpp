@@ -201,6 +201,14 @@ std::vector<int> FilelistController::selectedRows() const
     return rows;
 }
 
+int FilelistController::selectedCount() const
+{
+    int count = 0;
+    for (const QItemSelectionRange &range : _selection.selection())
+        count += range.height();
+    return count;
+}
+
 void FilelistController::selectRow(int row)
 {
     _selection.setCurrentIndex(_arranged.index(row, 0), QItemSelectionModel::ClearAndSelect);

@@ -53,6 +53,7 @@ public:
     int selectedRow() const;
     /// In their order.
     std::vector<int> selectedRows() const;
+    int selectedCount() const;
     /// Selects that row alone.
     void selectRow(int row);
     /// Makes the file of that row the current one; with -1 and an empty list, none.

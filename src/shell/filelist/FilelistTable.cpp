@@ -10,9 +10,11 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMimeData>
 
 #include <algorithm>
+#include <array>
 
 namespace quorvin {
 
@@ -62,6 +64,41 @@ void FilelistTable::contextMenuEvent(QContextMenuEvent *event)
     } else if (currentIndex().isValid()) {
         Q_EMIT menuWanted(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
     }
+}
+
+void FilelistTable::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    if (!_isExtending)
+        _anchor = current;
+    QListView::currentChanged(current, previous);
+}
+
+void FilelistTable::keyPressEvent(QKeyEvent *event)
+{
+    struct Move {
+        int key;
+        CursorAction action;
+    };
+    static constexpr std::array kMoves{
+        Move{Qt::Key_Up, MoveUp},   Move{Qt::Key_Down, MoveDown},     Move{Qt::Key_Home, MoveHome},
+        Move{Qt::Key_End, MoveEnd}, Move{Qt::Key_PageUp, MovePageUp}, Move{Qt::Key_PageDown, MovePageDown}};
+    const auto *const move = std::ranges::find(kMoves, event->key(), &Move::key);
+    if (move == kMoves.end() || event->modifiers() != Qt::ShiftModifier)
+        return QListView::keyPressEvent(event);
+    extendSelectionTo(moveCursor(move->action, event->modifiers()));
+}
+
+void FilelistTable::extendSelectionTo(const QModelIndex &row)
+{
+    if (!row.isValid())
+        return;
+    // The toolkit extends from the last row that was clicked, and knows nothing of one selected since.
+    _isExtending = true;
+    selectionModel()->setCurrentIndex(row, QItemSelectionModel::NoUpdate);
+    _isExtending = false;
+    const QModelIndex anchor = _anchor.isValid() ? QModelIndex(_anchor) : row;
+    const auto [first, last] = std::minmax(anchor, row);
+    selectionModel()->select({first, last}, QItemSelectionModel::ClearAndSelect);
 }
 
 } // namespace quorvin

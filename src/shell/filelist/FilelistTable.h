@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QListView>
+#include <QPersistentModelIndex>
 
 namespace quorvin {
 
@@ -26,6 +27,15 @@ Q_SIGNALS:
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+
+private:
+    /// Selects from where the selection began to that row, which becomes the current one.
+    void extendSelectionTo(const QModelIndex &row);
+
+    QPersistentModelIndex _anchor; ///< where Shift extends the selection from
+    bool _isExtending = false;
 };
 
 } // namespace quorvin

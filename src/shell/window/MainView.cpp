@@ -7,6 +7,7 @@
 #include "shell/filelist/FilelistController.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
+#include "shell/window/FocusKeeper.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
 
@@ -29,6 +30,7 @@ MainView::MainView(const LiveSettings &settings, FilelistController &files, QWid
       _sidebar(new SidebarSplitView(_table, _info)),
       _status(new StatusLine)
 {
+    new FocusKeeper(_table, _info);
     layOut();
     connectFiles();
     connectWalks();
@@ -60,6 +62,8 @@ void MainView::connectFiles()
     connect(&_files, &FilelistController::currentFileWasChanged, this,
             [this](const QString &problem) { _status->say(problem); });
     connect(&_files, &FilelistController::totalsDidChange, this, &MainView::showTotals);
+    connect(&_files.selection(), &QItemSelectionModel::selectionChanged, this,
+            [this] { _status->setSelectedCount(_files.selectedCount()); });
     connect(_info, &InfoView::retryWanted, &_files, &FilelistController::refreshInfo);
 }
 

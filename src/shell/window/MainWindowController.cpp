@@ -226,7 +226,8 @@ CommandState MainWindowController::commandState() const
     state.hasCurrentFile = worker().currentFile() != nullptr;
     state.hasRecord = _files.canExport();
     state.canExportAll = _files.canExportAll() && !_export->run().isUnderWay();
-    state.canCopy = info.canCopy() || (_view->table().hasFocus() && state.hasFiles);
+    state.canCopy = _keyboard.canCopy;
+    state.listHasKeyboard = _keyboard.isInList;
     state.sidebarIsCollapsed = _view->sidebar().isCollapsed();
     state.wrapLongLines = _session.settings.boolean(Setting::wrapLongLines);
     state.isFullScreen = isFullScreen();
@@ -237,8 +238,14 @@ CommandState MainWindowController::commandState() const
 
 void MainWindowController::validateCommands()
 {
-    if (!_isClosed)
-        _commands->validate(commandState());
+    if (_isClosed)
+        return;
+    // The menu bar takes the keyboard only to give it back; its commands are meant for who had it.
+    if (!qobject_cast<QMenuBar *>(QApplication::focusWidget())) {
+        _keyboard.isInList = _view->table().hasFocus();
+        _keyboard.canCopy = _keyboard.isInList ? _files.arranged().rowCount() > 0 : _view->info().canCopy();
+    }
+    _commands->validate(commandState());
 }
 
 void MainWindowController::toggleSidebar()
@@ -252,7 +259,7 @@ void MainWindowController::toggleSidebar()
 
 void MainWindowController::copy()
 {
-    if (_view->table().hasFocus())
+    if (_keyboard.isInList)
         _view->table().copy();
     else
         _view->info().copy();

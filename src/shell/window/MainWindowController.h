@@ -58,6 +58,12 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
+    /// Which pane the keyboard belongs to, and what Copy has there.
+    struct Keyboard {
+        bool isInList = false;
+        bool canCopy = false;
+    };
+
     void setUpCommands();
     void setUpToolBar();
     void connectView();
@@ -79,6 +85,7 @@ private:
     CommandSet *_commands;
     FileCommands *_fileCommands;
     ExportController *_export;
+    Keyboard _keyboard;
     bool _openSidebar = true; ///< wanted on all tabs but Comparison
     bool _openSidebarForComparison = false;
     bool _wasShown = false;

@@ -46,6 +46,7 @@ StatusLine::StatusLine(QWidget *parent)
     : QWidget(parent),
       _line(new QHBoxLayout(this)),
       _total(plainLabel()),
+      _selected(plainLabel()),
       _message(new StatusMessage),
       _bgProgress(new QProgressBar),
       _count(plainLabel())
@@ -57,11 +58,13 @@ StatusLine::StatusLine(QWidget *parent)
     _line->setContentsMargins(10, 4, 10, 4);
     _line->setSpacing(8);
     _line->addWidget(_total);
+    _line->addWidget(_selected);
     _line->addWidget(_message);
     _line->addStretch();
     _line->addWidget(_bgProgress);
     _line->addWidget(_count);
     setFixedHeight(std::max(fontMetrics().height() + 10, QToolButton().sizeHint().height() + 4));
+    setSelectedCount(0);
     _bgProgress->hide();
     _count->hide();
 }
@@ -71,6 +74,12 @@ void StatusLine::setTotals(const ListTotals &totals)
     const QString text = textOf(totals);
     _total->setText(text);
     _total->setVisible(!text.isEmpty());
+}
+
+void StatusLine::setSelectedCount(int rows)
+{
+    _selected->setText(tr("%1 selected").arg(groupedCount(rows)));
+    _selected->setVisible(rows > 1);
 }
 
 void StatusLine::say(const QString &text, const QString &actionText, std::function<void()> action)

@@ -29,6 +29,8 @@ public:
 
     /// Shows nothing for an empty list.
     void setTotals(const ListTotals &totals);
+    /// Said from two rows on.
+    void setSelectedCount(int rows);
     void setProgress(const WindowWorker &worker);
 
     /// What has come of the last thing that was asked for, as `StatusMessage` says it.
@@ -43,6 +45,7 @@ public:
 private:
     QHBoxLayout *_line;
     QLabel *_total;
+    QLabel *_selected;
     StatusMessage *_message;
     QProgressBar *_bgProgress;
     QLabel *_count;

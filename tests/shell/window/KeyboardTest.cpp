@@ -1,0 +1,168 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/app/AppController.h"
+#include "shell/commands/CommandSet.h"
+#include "shell/filelist/FilelistTable.h"
+#include "shell/info/InfoView.h"
+#include "shell/outline/ExtendedOutline.h"
+#include "shell/window/MainView.h"
+#include "shell/window/MainWindowController.h"
+#include "shell/window/StatusLine.h"
+#include "support/Events.h"
+#include "support/TestFolder.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace quorvin {
+
+using test::spinUntil;
+
+namespace {
+
+/// A window of samples that has the keyboard.
+struct Keyboard : testing::Test {
+    test::TestFolder folder;
+    Settings settings{folder / QStringLiteral("settings.ini")};
+    AppController application{settings};
+    MainWindowController *window = application.openEmptyWindow();
+    FilelistTable *table = &window->myView().table();
+    ExtendedOutline *tree = &window->myView().info().outline();
+
+    void SetUp() override
+    {
+        window->activateWindow();
+        ASSERT_TRUE(spinUntil([this] { return window->isActiveWindow(); }));
+        show({"movie.mp4", "matroska.mkv", "tone.wav"});
+    }
+    void show(std::initializer_list<const char *> names) const
+    {
+        QStringList paths;
+        for (const char *name : names)
+            paths.append(test::sample(QLatin1String(name)));
+        window->files().processFiles(paths);
+        ASSERT_TRUE(spinUntil([&] {
+            return window->files().filelist().size() == names.size() && window->worker().processingIsDone();
+        }));
+    }
+    void run(Command command) const { window->commands().run(command); }
+    bool canRun(Command command) const { return window->commands().action(command)->isEnabled(); }
+    QString selected() const
+    {
+        QStringList rows;
+        for (const int row : window->files().selectedRows())
+            rows.append(QString::number(row));
+        return rows.join(u' ');
+    }
+};
+
+} // namespace
+
+TEST_F(Keyboard, SelectsInTheListAndNotInThePaneBeside)
+{
+    run(Command::selectExtendedTab);
+    table->setFocus();
+    EXPECT_FALSE(canRun(Command::selectAll));
+    QTest::keyClick(table, Qt::Key_A, Qt::ControlModifier);
+    EXPECT_EQ(selected(), QStringLiteral("0"));
+    EXPECT_FALSE(tree->selectionModel()->hasSelection());
+    QTest::keyClick(table, Qt::Key_End, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), QStringLiteral("0 1 2"));
+    const auto labels = window->myView().statusLine().findChildren<QLabel *>();
+    EXPECT_TRUE(std::ranges::any_of(labels, [](const QLabel *label) {
+        return label->isVisible() && label->text() == QStringLiteral("3 selected");
+    }));
+    window->files().selectRow(1);
+    QTest::keyClick(table, Qt::Key_Home, Qt::ShiftModifier);
+    EXPECT_EQ(selected(), QStringLiteral("0 1"));
+    tree->setFocus();
+    EXPECT_TRUE(canRun(Command::selectAll));
+    run(Command::selectAll);
+    EXPECT_TRUE(tree->selectionModel()->hasSelection());
+}
+
+TEST_F(Keyboard, StaysWhereItWasLeft)
+{
+    table->setFocus();
+    run(Command::toggleSidebar);
+    ASSERT_TRUE(spinUntil([this] { return !table->isVisible(); }));
+    EXPECT_TRUE(window->myView().info().isAncestorOf(QApplication::focusWidget()));
+    run(Command::selectExtendedTab);
+    EXPECT_TRUE(window->myView().info().isAncestorOf(QApplication::focusWidget()));
+    run(Command::toggleSidebar);
+    EXPECT_TRUE(spinUntil([this] { return table->hasFocus(); })) << "it is back";
+
+    run(Command::selectComparisonTab);
+    EXPECT_FALSE(table->isVisible());
+    run(Command::selectExtendedTab);
+    EXPECT_TRUE(table->hasFocus()) << "nobody moved it meanwhile";
+    tree->setFocus();
+    run(Command::selectGeneralTab);
+    run(Command::toggleSidebar);
+    ASSERT_TRUE(spinUntil([this] { return !table->isVisible(); }));
+    run(Command::toggleSidebar);
+    ASSERT_TRUE(spinUntil([this] { return table->isVisible(); }));
+    run(Command::selectExtendedTab);
+    EXPECT_TRUE(tree->hasFocus());
+}
+
+TEST_F(Keyboard, ArrowsStayInTheirPane)
+{
+    show({"none.wav", "tone.wav"});
+    QPushButton *retry = nullptr;
+    for (QPushButton *button : window->myView().info().findChildren<QPushButton *>()) {
+        if (button->isVisible())
+            retry = button;
+    }
+    ASSERT_TRUE(retry);
+    retry->setFocus();
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right}) {
+        QTest::keyClick(retry, key);
+        EXPECT_TRUE(window->myView().info().isAncestorOf(QApplication::focusWidget())) << key;
+    }
+    EXPECT_EQ(selected(), QStringLiteral("0"));
+}
+
+TEST_F(Keyboard, LeavesCopyToWhoHadItBeforeTheMenuBar)
+{
+    table->setFocus();
+    ASSERT_TRUE(canRun(Command::copy));
+    window->menuBar()->setFocus(Qt::MenuBarFocusReason);
+    Q_EMIT window->files().stateDidChange();
+    EXPECT_TRUE(canRun(Command::copy));
+    run(Command::selectExtendedTab);
+    tree->setFocus();
+    EXPECT_FALSE(canRun(Command::copy)) << "nothing is selected there";
+}
+
+TEST_F(Keyboard, ADropWithControlHeldSelectsOneRow)
+{
+    QTest::keyPress(window->windowHandle(), Qt::Key_Control, Qt::ControlModifier);
+    ASSERT_EQ(QGuiApplication::keyboardModifiers(), Qt::ControlModifier);
+    table->setFocus();
+    const auto drop = [this](const char *name, std::size_t count) {
+        window->files().processAdditionalFilesAndSelectFirst(
+            {test::sample(QLatin1String(name)), test::sample(QStringLiteral("tone.wav"))});
+        EXPECT_TRUE(spinUntil([&] { return window->files().filelist().size() == count; }));
+        QApplication::processEvents();
+        return selected();
+    };
+    EXPECT_EQ(drop("movie.mp4", 5), QStringLiteral("3"));
+    table->selectionModel()->select({table->model()->index(0, 0), table->model()->index(4, 0)},
+                                    QItemSelectionModel::ClearAndSelect);
+    run(Command::removeSelectedItems);
+    QApplication::processEvents();
+    EXPECT_EQ(drop("movie.mp4", 2), QStringLiteral("0")) << "into an empty list";
+    QTest::keyRelease(window->windowHandle(), Qt::Key_Control, Qt::NoModifier);
+}
+
+} // namespace quorvin
