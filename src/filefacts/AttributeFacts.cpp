@@ -15,7 +15,7 @@ namespace {
 
 constexpr QLatin1String kListSeparator(",\n");
 
-std::optional<QString> desktopText(QLatin1String name, const QString &path)
+std::optional<QString> desktopText(const QString &name, const QString &path)
 {
     const auto bytes = Utilities::extendedAttributeData(name, path);
     if (!bytes)
@@ -34,11 +34,11 @@ std::optional<QVariant> known(Expected<QVariant> value)
 }
 
 /// The attribute of the vocabulary if it is set, malformed or not; only otherwise the desktop's.
-std::optional<QVariant> attribute(QLatin1String name, QLatin1String desktopName, const QString &path)
+std::optional<QVariant> attribute(QLatin1String name, const QString &path)
 {
     if (Utilities::extendedAttributeData(name, path))
         return known(Utilities::extendedAttribute(name, path));
-    const auto text = desktopText(desktopName, path);
+    const auto text = desktopText(Utilities::desktopAttributeFor(name), path);
     return text ? std::optional<QVariant>(*text) : std::nullopt;
 }
 
@@ -50,7 +50,7 @@ QString nameOfTag(const QString &tag)
 
 QStringList readTags(const QString &path)
 {
-    const auto stored = attribute(Utilities::kTagsAttribute, Utilities::kDesktopTagsAttribute, path);
+    const auto stored = attribute(Utilities::kTagsAttribute, path);
     if (!stored)
         return {};
     const bool isList = stored->typeId() == QMetaType::QVariantList;
@@ -69,14 +69,11 @@ AttributeFacts readAttributeFacts(const QString &path)
     // Most files have none, and one question is cheaper than nine.
     if (const auto names = Utilities::listExtendedAttributesOnFileAtPath(path); !names || names->isEmpty())
         return facts;
-    const auto comment = attribute(QLatin1String("com.apple.metadata:kMDItemFinderComment"),
-                                   QLatin1String("xdg.comment"), path);
+    const auto comment = attribute(Utilities::kCommentAttribute, path);
     if (comment && comment->typeId() == QMetaType::QString)
         facts.comment = comment->toString();
-    facts.whereFroms = attribute(QLatin1String("com.apple.metadata:kMDItemWhereFroms"),
-                                 QLatin1String("xdg.origin.url"), path);
-    facts.authors = attribute(QLatin1String("com.apple.metadata:kMDItemAuthors"),
-                              QLatin1String("dublincore.creator"), path);
+    facts.whereFroms = attribute(Utilities::kWhereFromsAttribute, path);
+    facts.authors = attribute(Utilities::kAuthorsAttribute, path);
     facts.downloadedDate = known(
         Utilities::extendedAttribute(QLatin1String("com.apple.metadata:kMDItemDownloadedDate"), path));
     facts.tags = readTags(path);

@@ -8,20 +8,30 @@
 #include "platform/PropertyList.h"
 
 #include <QDateTime>
+#include <QRegularExpression>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/xattr.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <optional>
+#include <utility>
 
 namespace quorvin::Utilities {
 
 namespace {
 
 constexpr QLatin1String kNameSpace("user.");
+
+constexpr std::array kDesktopNames{
+    std::pair{kTagsAttribute, kDesktopTagsAttribute},
+    std::pair{kCommentAttribute, QLatin1String("xdg.comment")},
+    std::pair{kWhereFromsAttribute, QLatin1String("xdg.origin.url")},
+    std::pair{kAuthorsAttribute, QLatin1String("dublincore.creator")},
+};
 
 QByteArray nameOnDisk(const QString &name)
 {
@@ -53,16 +63,21 @@ Expected<QByteArray> readSized(Read read)
 /// skips.
 std::optional<QDateTime> utcTime(const QString &text)
 {
-    constexpr QLatin1String kZone("UTC");
-    QString bare = text;
-    if (text.startsWith(kZone))
-        bare = text.mid(kZone.size() + 1);
-    else if (text.endsWith(kZone))
-        bare = text.chopped(kZone.size() + 1);
-    const QDate day = QDate::fromString(bare.section(u' ', 0, 0), QStringLiteral("yyyy-MM-dd"));
-    const QTime hour = QTime::fromString(bare.section(u' ', 1), QStringLiteral("HH:mm:ss"));
-    const bool isWhole = bare.size() + kZone.size() + 1 == text.size() && day.isValid() && hour.isValid();
-    return isWhole ? std::optional(QDateTime(day, hour, Qt::UTC)) : std::nullopt;
+    // The library joins several dates, and gives fractions where a file has them.
+    static const QRegularExpression form(QStringLiteral(
+        "^(UTC )?(\\d{4}-\\d\\d-\\d\\d)[ T](\\d\\d:\\d\\d:\\d\\d)(?:\\.\\d+)?( UTC|Z(?: UTC)?)?(?: / .*)?$"));
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch() || (match.capturedLength(1) == 0) == (match.capturedLength(4) == 0))
+        return std::nullopt;
+    const QDate day = QDate::fromString(match.captured(2), QStringLiteral("yyyy-MM-dd"));
+    const QTime hour = QTime::fromString(match.captured(3), QStringLiteral("HH:mm:ss"));
+    return day.isValid() && hour.isValid() ? std::optional(QDateTime(day, hour, Qt::UTC)) : std::nullopt;
+}
+
+/// 0, or the number of the error.
+int removeAttribute(const QString &name, const QByteArray &file)
+{
+    return ::removexattr(file.constData(), nameOnDisk(name).constData()) == 0 ? 0 : errno;
 }
 
 } // namespace
@@ -103,20 +118,31 @@ Expected<QStringList> listExtendedAttributesOnFileAtPath(const QString &path)
     return names;
 }
 
+QString desktopAttributeFor(const QString &name)
+{
+    const auto row
+        = std::ranges::find_if(kDesktopNames, [&](const auto &pair) { return name == pair.first; });
+    return row == kDesktopNames.end() ? QString() : QString(row->second);
+}
+
 Expected<void> removeExtendedAtrribute(const QString &name, const QString &path)
 {
     const QByteArray file = encodePath(path);
-    bool removed = ::removexattr(file.constData(), nameOnDisk(name).constData()) == 0;
-    int number = errno;
-    if (name == kTagsAttribute && (removed || number == ENODATA)) {
-        const bool desktopRemoved
-            = ::removexattr(file.constData(), nameOnDisk(kDesktopTagsAttribute).constData()) == 0;
-        removed = removed || desktopRemoved;
-        number = errno;
-    }
-    if (!removed)
-        return posixFailure(number);
+    const QString desktopName = desktopAttributeFor(name);
+    int problem = removeAttribute(name, file);
+    const bool isAbsent = problem == ENODATA;
+    if (isAbsent && !desktopName.isEmpty())
+        problem = removeAttribute(desktopName, file);
+    else if (problem == 0 && name == kTagsAttribute)
+        removeAttribute(desktopName, file);
+    if (problem != 0)
+        return posixFailure(problem);
     return {};
+}
+
+bool isTouchDate(const QString &date)
+{
+    return utcTime(date).has_value();
 }
 
 Expected<void> touchDate(const QString &date, const QString &path)

@@ -24,13 +24,22 @@ Expected<QVariant> extendedAttribute(const QString &name, const QString &path);
 /// The names that are set, in the file system's order. Errors are of the POSIX domain.
 Expected<QStringList> listExtendedAttributesOnFileAtPath(const QString &path);
 
-/// Removing the tags removes both forms in which a file may carry them. The error is of the POSIX domain.
+/// The attribute that the desktop uses for the same, under its own name; "" when there is none.
+QString desktopAttributeFor(const QString &name);
+
+/// Removes the attribute, or the desktop's where that one is not set: the one whose value is shown. Of the
+/// tags it removes both. The error is of the POSIX domain.
 Expected<void> removeExtendedAtrribute(const QString &name, const QString &path);
 
 /// Sets the modification date from "UTC yyyy-MM-dd HH:mm:ss" or "yyyy-MM-dd HH:mm:ss UTC", as the media
-/// library of the day writes it.
+/// library of the day writes it, with a fraction or as the first of several dates too.
 Expected<void> touchDate(const QString &date, const QString &path);
+/// Whether `touchDate` takes it.
+bool isTouchDate(const QString &date);
 
+inline constexpr QLatin1String kCommentAttribute("com.apple.metadata:kMDItemFinderComment");
+inline constexpr QLatin1String kWhereFromsAttribute("com.apple.metadata:kMDItemWhereFroms");
+inline constexpr QLatin1String kAuthorsAttribute("com.apple.metadata:kMDItemAuthors");
 inline constexpr QLatin1String kTagsAttribute("com.apple.metadata:_kMDItemUserTags");
 inline constexpr QLatin1String kDesktopTagsAttribute("xdg.tags");
 

@@ -125,6 +125,20 @@ TEST(Output, NobodyReadsFarAheadOfWhoeverTakesIt)
     EXPECT_EQ(counts[1].toInt(), kFiles);
 }
 
+TEST(Output, TheLogOfAReaderMayGoToAFile)
+{
+    const TestFolder folder;
+    const QString movie = folder.write(u"movie.mp4"_s, contentOf(sample(u"movie.mp4"_s)));
+    // Every file is one that a library has something to say of.
+    const QString cut = folder.write(u"cut.jpg"_s, contentOf(sample(u"photo.jpg"_s)).left(600));
+    const Outcome outcome
+        = runInShell(u"export QT_LOGGING_RULES='quorvin*=true'; cli general '%1' '%2' 2>'%3'; cat '%3'"_s.arg(
+            movie, cut, folder / u"log"_s));
+    EXPECT_TRUE(outcome.output.contains("Video: AVC"));
+    EXPECT_TRUE(outcome.output.contains("exiv2: ")) << outcome.output.toStdString();
+    EXPECT_FALSE(outcome.output.contains("crashed"));
+}
+
 TEST(Output, NamesThatAreNotUtf8LeadToTheirFiles)
 {
     const TestFolder folder;

@@ -83,6 +83,23 @@ TEST(Attributes, ListAndRemove)
     EXPECT_EQ(again.error().code, ENODATA);
 }
 
+TEST(Attributes, RemovalTakesTheOneThatIsShown)
+{
+    const test::TestFolder folder;
+    const QString path = folder.write(QStringLiteral("a"));
+    folder.setAttribute(path, "user.com.apple.metadata:kMDItemFinderComment", plist("<string>own</string>"));
+    folder.setAttribute(path, "user.xdg.comment", "desktop");
+    EXPECT_TRUE(removeExtendedAtrribute(kCommentAttribute, path));
+    EXPECT_EQ(readAttributeFacts(path).comment, QStringLiteral("desktop"));
+    EXPECT_TRUE(removeExtendedAtrribute(kCommentAttribute, path));
+    EXPECT_EQ(readAttributeFacts(path).comment, std::nullopt);
+    EXPECT_EQ(removeExtendedAtrribute(kCommentAttribute, path).error().code, ENODATA);
+    folder.setAttribute(path, kTags, plist("<array><string>Green</string></array>"));
+    folder.setAttribute(path, "user.xdg.tags", "red");
+    EXPECT_TRUE(removeExtendedAtrribute(kTagsAttribute, path));
+    EXPECT_EQ(listExtendedAttributesOnFileAtPath(path), QStringList()) << "of tags both forms";
+}
+
 TEST(Attributes, TouchTakesTheZoneInFrontAndBehind)
 {
     const test::TestFolder folder;
@@ -91,6 +108,8 @@ TEST(Attributes, TouchTakesTheZoneInFrontAndBehind)
     EXPECT_EQ(RegularFile::open(path)->modificationTime(), 1'614'834'367'000);
     EXPECT_TRUE(touchDate(QStringLiteral("2021-03-04 05:06:08 UTC"), path));
     EXPECT_EQ(RegularFile::open(path)->modificationTime(), 1'614'834'368'000);
+    EXPECT_TRUE(touchDate(QStringLiteral("2021-03-04 05:06:09.123 UTC / 2022-01-01T00:00:00Z UTC"), path));
+    EXPECT_EQ(RegularFile::open(path)->modificationTime(), 1'614'834'369'000) << "the first of several";
     {
         const test::TimeZone zone("Europe/Berlin");
         EXPECT_TRUE(touchDate(QStringLiteral("UTC 2021-03-28 02:30:00"), path))

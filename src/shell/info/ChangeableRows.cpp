@@ -3,6 +3,9 @@
 
 #include "shell/info/ChangeableRows.h"
 
+#include "filefacts/ExtendedAttributes.h"
+#include "model/ExtTreeItem.h"
+
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -29,9 +32,9 @@ std::optional<QString> attributeOfKey(const QString &key)
     return row == kAttributes.end() ? std::nullopt : std::optional<QString>(row->second);
 }
 
-bool isTouchDateKey(const QString &key)
+bool showsTouchDate(const ExtTreeItem &row)
 {
-    return key == QLatin1String("Encoded_Date");
+    return row.key() == QStringLiteral("Encoded_Date") && Utilities::isTouchDate(row.stringValue());
 }
 
 } // namespace quorvin

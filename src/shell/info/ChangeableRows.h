@@ -9,12 +9,14 @@
 
 namespace quorvin {
 
+class ExtTreeItem;
+
 /// What of a file can be changed through a row of its Extended tree.
 
 /// The extended attribute that the row of that key in the Extended tree shows; absent when it shows none.
 std::optional<QString> attributeOfKey(const QString &key);
 
 /// The row shows a date that the file's own can be set to.
-bool isTouchDateKey(const QString &key);
+bool showsTouchDate(const ExtTreeItem &row);
 
 } // namespace quorvin

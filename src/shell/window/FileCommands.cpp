@@ -45,7 +45,7 @@ void FileCommands::describe(CommandState &state) const
     const ExtTreeItem *row = selectedRow();
     const QString key = row ? row->key().value_or(QString()) : QString();
     state.selectsAttribute = attributeOfKey(key).has_value();
-    state.selectsDate = isTouchDateKey(key);
+    state.selectsDate = row && showsTouchDate(*row);
 }
 
 void FileCommands::revealInFinder()
