@@ -63,6 +63,7 @@ void DataCacherShared::dropSlowFiles()
     const std::lock_guard guard(safeLock);
     for (const FilelistItemPtr &file : std::exchange(slowFiles, {})) {
         file->setIsDone(true);
+        file->setIsInProcess(false);
         filesInProcess.erase(file.get());
     }
 }
@@ -71,6 +72,7 @@ void DataCacherShared::giveFileBack(const FilelistItemPtr &file)
 {
     {
         const std::lock_guard guard(safeLock);
+        file->setIsInProcess(false);
         filesInProcess.erase(file.get());
     }
     fileQueue.addForcedFileToStart(file);
@@ -112,6 +114,7 @@ Claim DataCacherShared::setFileIsInProcess(const FilelistItemPtr &file, const st
         ++filesWaitingForFinishProcessing[file];
         return Claim::InProcess;
     }
+    file->setIsInProcess(true);
     return Claim::Free;
 }
 
@@ -119,6 +122,7 @@ void DataCacherShared::setFileIsDone(const FilelistItemPtr &file)
 {
     const std::lock_guard guard(safeLock);
     file->setIsDone(true);
+    file->setIsInProcess(false);
     filesInProcess.erase(file.get());
 }
 

@@ -39,6 +39,8 @@ public:
     QuorvinDataPtr quorvinData() const;
     /// An analysis of the file has ended.
     bool isDone() const { return _isDone; }
+    /// A thread has it in hand.
+    bool isInProcess() const { return _isInProcess; }
     /// The last analysis gave no record.
     bool isFailed() const;
     /// Why the last analysis gave no record; "" when it did not fail.
@@ -47,6 +49,7 @@ public:
     std::optional<MapLocationInfo> mapLocationInfo() const;
 
     void setIsDone(bool done) { _isDone = done; }
+    void setIsInProcess(bool inProcess) { _isInProcess = inProcess; }
     /// What an analysis gave.
     void setResult(const Expected<QuorvinDataPtr> &result);
     /// Drops the record of a file that nobody will ask again.
@@ -62,6 +65,7 @@ private:
     QString _filename;
     QString _prefixedPath;
     std::atomic<bool> _isDone = false;
+    std::atomic<bool> _isInProcess = false;
     mutable std::mutex _lock; ///< guards all below
     QuorvinDataPtr _quorvinData;
     bool _isFailed = false;

@@ -101,6 +101,8 @@ TEST(FilelistModel, TellsHowAFileStands)
     EXPECT_TRUE(model.index(1).data(Qt::ToolTipRole).toString().contains(QStringLiteral("it is bad")));
     EXPECT_TRUE(model.index(1).data(Qt::AccessibleTextRole).toString().contains(QStringLiteral("it is bad")));
     EXPECT_TRUE(model.index(0).data(Qt::AccessibleTextRole).toString().contains(QStringLiteral("waiting")));
+    waiting->setIsInProcess(true);
+    EXPECT_EQ(model.index(0).data(FilelistRow::StateRole).toInt(), FilelistRow::Reading);
     waiting->setResult(std::make_shared<const QuorvinData>(RecordContents()));
     waiting->setIsDone(true);
     EXPECT_EQ(model.index(0).data(FilelistRow::StateRole).toInt(), FilelistRow::Ready);

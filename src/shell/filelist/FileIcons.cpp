@@ -21,19 +21,19 @@ constexpr int kLargestScale = 3;
 
 FileIcons::FileIcons(QObject *parent) : QObject(parent), _pictures(kMostPictures) { }
 
-QIcon FileIcons::iconFor(const FilelistItemPtr &file, const QuorvinDataPtr &record)
+FileIcons::Shown FileIcons::pictureFor(const FilelistItemPtr &file, const QuorvinDataPtr &record)
 {
     if (!record)
-        return fileNameIcon(file->prefixedPath());
+        return {fileNameIcon(file->prefixedPath())};
     if (!record->generalInfo().packedCover.isEmpty()) {
         const Picture *known = _pictures.object(record.get());
         if (!known || known->record.lock() != record)
             decode(file, record);
         else if (!known->icon.isNull())
-            return known->icon;
+            return {known->icon, true};
     }
     const auto &type = record->generalInfo().fileUTI;
-    return type ? mimeIcon(*type) : fileNameIcon(file->prefixedPath());
+    return {type ? mimeIcon(*type) : fileNameIcon(file->prefixedPath())};
 }
 
 void FileIcons::decode(const FilelistItemPtr &file, const QuorvinDataPtr &record)

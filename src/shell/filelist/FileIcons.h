@@ -25,8 +25,13 @@ public:
 
     explicit FileIcons(QObject *parent = nullptr);
 
+    struct Shown {
+        QIcon icon;
+        bool isCover = false;
+    };
+
     /// `record` may be null.
-    QIcon iconFor(const FilelistItemPtr &file, const QuorvinDataPtr &record);
+    Shown pictureFor(const FilelistItemPtr &file, const QuorvinDataPtr &record);
 
 Q_SIGNALS:
     /// The cover of that file is ready; whoever shows it asks again.

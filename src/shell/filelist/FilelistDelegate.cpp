@@ -5,20 +5,142 @@
 
 #include "shell/filelist/FilelistRow.h"
 
+#include <QApplication>
+#include <QPainter>
+#include <QTime>
+
 namespace quorvin {
+
+namespace {
+
+constexpr int kFrame = 1; ///< round a cover
+constexpr int kBox = FilelistRow::kPictureSide + 2 * kFrame;
+constexpr int kMargin = 8; ///< before the picture, between it and the text, and behind that
+constexpr int kLead = 3; ///< above and below the picture
+constexpr double kDim = 0.4;
+
+constexpr int kSpinnerSide = 16;
+constexpr int kTurnMilliseconds = 1000;
+
+/// The places of a row, mirrored where the text runs from the right.
+struct RowPlaces {
+    QRect picture;
+    QRect text;
+};
+
+RowPlaces placesOf(const QStyleOptionViewItem &option)
+{
+    const QRect &row = option.rect;
+    const QRect picture(row.x() + kMargin, row.y() + (row.height() - kBox) / 2, kBox, kBox);
+    const int left = picture.right() + 1 + kMargin;
+    const QRect text(left, row.y(), std::max(row.right() + 1 - kMargin - left, 0), row.height());
+    return {QStyle::visualRect(option.direction, row, picture),
+            QStyle::visualRect(option.direction, row, text)};
+}
+
+void drawSpinner(QPainter *painter, const QRect &box, const QStyleOptionViewItem &option, const QColor &color)
+{
+    const bool moves
+        = option.widget->style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, option.widget)
+        != 0;
+    const int now = moves ? QTime::currentTime().msecsSinceStartOfDay() % kTurnMilliseconds : 0;
+    QRect circle(0, 0, kSpinnerSide, kSpinnerSide);
+    circle.moveCenter(box.center());
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap));
+    // In sixteenths of a degree, clockwise.
+    painter->drawArc(circle, 90 * 16 - 360 * 16 * now / kTurnMilliseconds, -270 * 16);
+}
+
+void drawPicture(QPainter *painter, const QRect &box, const QStyleOptionViewItem &option,
+                 const QModelIndex &index)
+{
+    const bool isCover = index.data(FilelistRow::CoverRole).toBool();
+    const bool isAccented = option.state & QStyle::State_Selected && option.state & QStyle::State_Active;
+    const QSize most(FilelistRow::kPictureSide, FilelistRow::kPictureSide);
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    const QPixmap picture
+        = index.data(Qt::DecorationRole)
+              .value<QIcon>()
+              .pixmap(most, ratio, isAccented && !isCover ? QIcon::Selected : QIcon::Normal);
+    QRect place(QPoint(), picture.deviceIndependentSize().toSize());
+    place.moveCenter(box.center());
+    if (index.data(FilelistRow::StateRole).toInt() == FilelistRow::Waiting)
+        painter->setOpacity(kDim);
+    painter->drawPixmap(place, picture);
+    painter->setOpacity(1);
+    if (isCover) {
+        painter->setPen(option.palette.color(QPalette::Mid));
+        painter->drawRect(place.adjusted(-kFrame, -kFrame, 0, 0));
+    }
+}
+
+void drawTexts(QPainter *painter, const QRect &place, const QStyleOptionViewItem &option, const QString &path)
+{
+    const QFontMetrics &metrics = option.fontMetrics;
+    const FilelistDelegate::Texts texts = FilelistDelegate::fittingTexts(path, metrics, place.width());
+    const int folderWidth = metrics.horizontalAdvance(texts.folder);
+    const int width = folderWidth + metrics.horizontalAdvance(texts.name);
+    const int left = option.direction == Qt::RightToLeft ? place.right() + 1 - width : place.left();
+    // By the row's own font, so that names of another script stand on the same line.
+    const int baseline = place.y() + (place.height() - metrics.height()) / 2 + metrics.ascent();
+    const QPalette::ColorGroup group
+        = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
+    const bool isSelected = option.state & QStyle::State_Selected;
+    painter->setFont(option.font);
+    painter->setPen(
+        option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::PlaceholderText));
+    painter->drawText(left, baseline, texts.folder);
+    painter->setPen(option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
+    painter->drawText(left + folderWidth, baseline, texts.name);
+}
+
+} // namespace
+
+FilelistDelegate::Texts FilelistDelegate::fittingTexts(const QString &path, const QFontMetrics &metrics,
+                                                       int width)
+{
+    QString shown = path;
+    shown.replace(u'\n', u' ');
+    const qsizetype stroke = shown.lastIndexOf(u'/') + 1;
+    const QString name = shown.mid(stroke);
+    const int rest = width - metrics.horizontalAdvance(name);
+    if (rest < 0)
+        return {{}, metrics.elidedText(name, Qt::ElideMiddle, width)};
+    const QString folder = metrics.elidedText(shown.left(stroke), Qt::ElideLeft, rest);
+    // The stroke alone would say that it lies at the root.
+    return {folder.size() > 1 && metrics.horizontalAdvance(folder) <= rest ? folder : QString(), name};
+}
 
 QSize FilelistDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
 {
-    return {0, std::max(option.fontMetrics.height(), FilelistRow::kPictureSide) + 8};
+    return {0, std::max(option.fontMetrics.height(), kBox) + 2 * kLead};
 }
 
-void FilelistDelegate::initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const
+void FilelistDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                             const QModelIndex &index) const
 {
-    QStyledItemDelegate::initStyleOption(option, index);
-    option->decorationSize = QSize(FilelistRow::kPictureSide, FilelistRow::kPictureSide);
-    option->textElideMode = Qt::ElideMiddle;
-    if (index.data(FilelistRow::StateRole).toInt() == FilelistRow::Waiting)
-        option->palette.setColor(QPalette::Text, option->palette.color(QPalette::Disabled, QPalette::Text));
+    QStyleOptionViewItem row = option;
+    initStyleOption(&row, index);
+    if (!row.widget->hasFocus())
+        row.state &= ~QStyle::State_Active;
+    const RowPlaces places = placesOf(row);
+    painter->save();
+    row.widget->style()->drawPrimitive(QStyle::PE_PanelItemViewItem, &row, painter, row.widget);
+    if (index.data(FilelistRow::StateRole).toInt() == FilelistRow::Reading) {
+        const bool isSelected = row.state & QStyle::State_Selected;
+        drawSpinner(painter, places.picture, row,
+                    row.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Text));
+    } else {
+        drawPicture(painter, places.picture, row, index);
+    }
+    drawTexts(painter, places.text, row, index.data().toString());
+    if (row.state & QStyle::State_HasFocus && !(row.state & QStyle::State_Selected)) {
+        QStyleOptionFocusRect focus;
+        focus.QStyleOption::operator=(row);
+        row.widget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, row.widget);
+    }
+    painter->restore();
 }
 
 } // namespace quorvin

@@ -7,16 +7,25 @@
 
 namespace quorvin {
 
-/// A row of the list: a small picture and the name, shortened in its middle. A file that waits is dimmed.
+/// A row of the list: a small picture, then the folder and the name. Where they do not fit, the beginning of
+/// the folder gives way to the name. A file that waits has a dim picture, one that is being read a spinner.
 class FilelistDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
+    /// The folder and the name as they are drawn.
+    struct Texts {
+        QString folder; ///< with the stroke behind it; "" when there is none, or no room for it
+        QString name;
+    };
+
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    /// What of a path fits into that width.
+    static Texts fittingTexts(const QString &path, const QFontMetrics &metrics, int width);
 
-protected:
-    void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
 };
 
 } // namespace quorvin

@@ -21,7 +21,9 @@ FilelistRow::State stateOf(const FilelistItem &file)
 {
     if (file.isFailed())
         return FilelistRow::Failed;
-    return file.isDone() ? FilelistRow::Ready : FilelistRow::Waiting;
+    if (file.isDone())
+        return FilelistRow::Ready;
+    return file.isInProcess() ? FilelistRow::Reading : FilelistRow::Waiting;
 }
 
 QString toolTipOf(const FilelistItem &file)
@@ -38,6 +40,8 @@ QString accessibleTextOf(const FilelistItem &file)
             .arg(file.prefixedPath(), file.failureReason());
     case FilelistRow::Waiting:
         return FilelistModel::tr("%1, waiting").arg(file.prefixedPath());
+    case FilelistRow::Reading:
+        return FilelistModel::tr("%1, being read").arg(file.prefixedPath());
     case FilelistRow::Ready:
         break;
     }
@@ -171,8 +175,9 @@ QVariant FilelistModel::data(const QModelIndex &index, int role) const
     case Qt::DecorationRole:
         if (file.isFailed())
             return themedIcon(QStringLiteral("dialog-warning"));
-        return file.isDone() ? _icons.iconFor(shown, file.quorvinData())
-                             : symbolIcon(QStringLiteral("icon-dashedbox"));
+        return _icons.pictureFor(shown, file.quorvinData()).icon;
+    case FilelistRow::CoverRole:
+        return !file.isFailed() && _icons.pictureFor(shown, file.quorvinData()).isCover;
     case Qt::ToolTipRole:
         return plainTip(toolTipOf(file));
     case Qt::AccessibleTextRole:

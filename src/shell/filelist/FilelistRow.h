@@ -13,11 +13,12 @@ struct FilelistRow {
         StateRole = Qt::UserRole, ///< a `State`
         PathRole, ///< full path
         ReasonRole, ///< why the file failed, else ""
+        CoverRole, ///< the picture is the file's own, not that of its kind
     };
-    enum State { Waiting, Ready, Failed };
+    enum State { Waiting, Reading, Ready, Failed };
 
     /// The side of the picture before the text, in device-independent pixels.
-    static constexpr int kPictureSide = 16;
+    static constexpr int kPictureSide = 24;
 };
 
 } // namespace quorvin

@@ -18,6 +18,12 @@
 
 namespace quorvin {
 
+namespace {
+
+constexpr int kSpinnerMilliseconds = 80;
+
+} // namespace
+
 FilelistTable::FilelistTable(QAbstractItemModel &model, QItemSelectionModel &selection, QWidget *parent)
     : QListView(parent)
 {
@@ -36,6 +42,9 @@ FilelistTable::FilelistTable(QAbstractItemModel &model, QItemSelectionModel &sel
     setAccessibleDescription(tr("The files of this window"));
     viewport()->setAcceptDrops(false);
     setAcceptDrops(false);
+    _readingTimer.setSingleShot(true);
+    _readingTimer.setInterval(kSpinnerMilliseconds);
+    connect(&_readingTimer, &QTimer::timeout, this, &FilelistTable::followReading);
 }
 
 void FilelistTable::copy() const
@@ -49,6 +58,29 @@ void FilelistTable::copy() const
     content->setData(QStringLiteral("text/uri-list"), uriListOf(paths));
     content->setText(paths.join(u'\n'));
     QGuiApplication::clipboard()->setMimeData(content);
+}
+
+void FilelistTable::paintEvent(QPaintEvent *event)
+{
+    QListView::paintEvent(event);
+    if (!_readingTimer.isActive())
+        _readingTimer.start();
+}
+
+void FilelistTable::followReading()
+{
+    bool isAwaited = false;
+    const QRect seen = viewport()->rect();
+    for (QModelIndex row = indexAt(seen.topLeft()); row.isValid() && visualRect(row).top() <= seen.bottom();
+         row = row.siblingAtRow(row.row() + 1)) {
+        const int state = row.data(FilelistRow::StateRole).toInt();
+        isAwaited = isAwaited || state == FilelistRow::Waiting;
+        if (state == FilelistRow::Reading)
+            update(row);
+    }
+    // What is painted starts it again.
+    if (isAwaited && isVisible())
+        _readingTimer.start();
 }
 
 void FilelistTable::contextMenuEvent(QContextMenuEvent *event)

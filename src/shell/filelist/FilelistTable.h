@@ -5,6 +5,7 @@
 
 #include <QListView>
 #include <QPersistentModelIndex>
+#include <QTimer>
 
 namespace quorvin {
 
@@ -28,14 +29,18 @@ Q_SIGNALS:
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
 private:
+    /// Turns the spinners of the rows in sight, for as long as one of them has no result.
+    void followReading();
     /// Selects from where the selection began to that row, which becomes the current one.
     void extendSelectionTo(const QModelIndex &row);
 
     QPersistentModelIndex _anchor; ///< where Shift extends the selection from
     bool _isExtending = false;
+    QTimer _readingTimer;
 };
 
 } // namespace quorvin
