@@ -6,6 +6,8 @@
 #include "intake/DataCacherShared.h"
 #include "intake/DataCacherThread.h"
 
+#include <QTimer>
+
 #include <algorithm>
 #include <array>
 #include <thread>
@@ -16,6 +18,7 @@ namespace {
 
 constexpr std::array kModes{1, 2, 4, 8, 256};
 constexpr std::size_t kFilesForOneThread = 10;
+constexpr int kMomentMilliseconds = 50;
 
 int cores()
 {
@@ -74,6 +77,17 @@ void DataCacher::processFiles(const std::vector<FilelistItemPtr> &files)
 {
     if (!files.empty())
         _shared->fileQueue.addFilesToEnd(files);
+    startThreadsForQueue();
+}
+
+void DataCacher::processFilesFirstly(const std::vector<FilelistItemPtr> &files)
+{
+    _shared->fileQueue.addFilesToStart(files);
+    startThreadsForQueue();
+}
+
+void DataCacher::startThreadsForQueue()
+{
     const std::size_t queued = _shared->fileQueue.count();
     if (queued == 0)
         return;
@@ -93,19 +107,30 @@ void DataCacher::removeFiles(const std::vector<FilelistItemPtr> &files)
 
 void DataCacher::processFileFirstly(const FilelistItemPtr &file)
 {
+    _shared->takeFromSlowFiles(file);
     _shared->fileQueue.addForcedFileToStart(file);
-    processFiles({});
+    startThreadsForQueue();
+    // A thread that only reads comes to it sooner than a new reader has started.
+    QTimer::singleShot(kMomentMilliseconds, _mailbox.get(),
+                       [shared = _shared, file] { startReaderOfItsOwn(shared, file); });
+}
+
+void DataCacher::skipFile(const FilelistItemPtr &file)
+{
+    _shared->skip(file, QStringLiteral("skipped"));
+}
+
+void DataCacher::stopReading()
+{
+    const auto threads = _shared->takeThreads();
+    _shared->forgetFiles();
+    for (auto [number, source] : threads)
+        source.request_stop();
 }
 
 void DataCacher::cancelThreads()
 {
-    std::map<int, std::stop_source> threads;
-    {
-        const std::lock_guard guard(_shared->safeLock);
-        threads.swap(_shared->threads);
-        _shared->slowThreads.clear();
-    }
-    for (auto &[number, source] : threads)
+    for (auto [number, source] : _shared->takeThreads())
         source.request_stop();
     _shared->dropSlowFiles();
 }

@@ -46,11 +46,20 @@ public:
     /// Queues the files behind the others. The number of threads is fixed when the first of them start. Where
     /// none can be started, all queued files fail with the reason.
     void processFiles(const std::vector<FilelistItemPtr> &files);
-    /// Queues the file in front of the others.
+    /// The same, in front of the others, in their order.
+    void processFilesFirstly(const std::vector<FilelistItemPtr> &files);
+    /// Queues the file in front of all others. Where every thread is held up by another file, this one gets a
+    /// reader of its own after a moment.
     void processFileFirstly(const FilelistItemPtr &file);
 
     /// Files that are only queued are never read, and nothing is delivered for them.
     void removeFiles(const std::vector<FilelistItemPtr> &files);
+    /// The file fails at once, as skipped, whether it is queued or in work. Does nothing for one that is
+    /// done.
+    void skipFile(const FilelistItemPtr &file);
+    /// Nothing more is read: files that are queued or in work stay as they are, not done, and nothing is
+    /// delivered for them. What comes next is read as ever.
+    void stopReading();
 
     /// The threads give up the file in hand and end; this does not wait for them. The file in hand stays done
     /// without a record and is not delivered.
@@ -63,6 +72,8 @@ public:
     static int numberOfThreadsToWorkWithFilesCount(std::size_t files, int mode, int cores);
 
 private:
+    void startThreadsForQueue();
+
     std::unique_ptr<DataCacherMailbox, DataCacherMailboxDisposer> _mailbox;
     std::shared_ptr<DataCacherShared> _shared;
     int _mode = 1;

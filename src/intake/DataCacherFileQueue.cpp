@@ -3,7 +3,9 @@
 
 #include "intake/DataCacherFileQueue.h"
 
+#include <iterator>
 #include <unordered_set>
+#include <utility>
 
 namespace quorvin {
 
@@ -11,35 +13,66 @@ void DataCacherFileQueue::addFilesToEnd(const std::vector<FilelistItemPtr> &file
 {
     const std::lock_guard guard(queueLock);
     std::vector<FilelistItemPtr> stack(files.rbegin(), files.rend());
-    stack.insert(stack.end(), fileQueue.begin(), fileQueue.end());
+    stack.insert(stack.end(), std::make_move_iterator(fileQueue.begin()),
+                 std::make_move_iterator(fileQueue.end()));
     fileQueue = std::move(stack);
-    _count = fileQueue.size();
+    keepCount();
+}
+
+void DataCacherFileQueue::addFilesToStart(const std::vector<FilelistItemPtr> &files)
+{
+    const std::lock_guard guard(queueLock);
+    fileQueue.insert(fileQueue.end(), files.rbegin(), files.rend());
+    keepCount();
 }
 
 void DataCacherFileQueue::addForcedFileToStart(const FilelistItemPtr &file)
 {
     const std::lock_guard guard(queueLock);
-    fileQueue.push_back(file);
-    _count = fileQueue.size();
+    forcedFiles.push_back(file);
+    keepCount();
 }
 
 void DataCacherFileQueue::removeFiles(const std::vector<FilelistItemPtr> &files)
 {
     const std::unordered_set<FilelistItemPtr> gone(files.begin(), files.end());
+    const auto isGone = [&](const FilelistItemPtr &file) { return gone.contains(file); };
     const std::lock_guard guard(queueLock);
-    std::erase_if(fileQueue, [&](const FilelistItemPtr &file) { return gone.contains(file); });
-    _count = fileQueue.size();
+    std::erase_if(fileQueue, isGone);
+    std::erase_if(forcedFiles, isGone);
+    keepCount();
 }
 
 FilelistItemPtr DataCacherFileQueue::nextItem()
 {
+    if (FilelistItemPtr forced = nextForcedItem())
+        return forced;
     const std::lock_guard guard(queueLock);
-    if (fileQueue.empty())
+    return takeLast(fileQueue);
+}
+
+FilelistItemPtr DataCacherFileQueue::nextForcedItem()
+{
+    const std::lock_guard guard(queueLock);
+    return takeLast(forcedFiles);
+}
+
+FilelistItemPtr DataCacherFileQueue::takeLast(std::vector<FilelistItemPtr> &files)
+{
+    if (files.empty())
         return nullptr;
-    FilelistItemPtr next = std::move(fileQueue.back());
-    fileQueue.pop_back();
-    _count = fileQueue.size();
-    return next;
+    FilelistItemPtr last = std::move(files.back());
+    files.pop_back();
+    keepCount();
+    return last;
+}
+
+void DataCacherFileQueue::clear()
+{
+    const std::lock_guard guard(queueLock);
+    fileQueue.clear();
+    forcedFiles.clear();
+    keepCount();
 }
 
 } // namespace quorvin

@@ -3,6 +3,7 @@
 
 #include "intake/DataCacherShared.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quorvin {
@@ -26,6 +27,24 @@ bool DataCacherShared::leave(int thread, const std::stop_token &stop)
     return true;
 }
 
+bool DataCacherShared::leaveOwn(int thread, const std::stop_token &stop)
+{
+    const std::lock_guard guard(safeLock);
+    if (ownThread == thread)
+        ownThread = 0;
+    // What it had to give up may be all that is left.
+    if (laneCount() == 1 && threads.contains(thread) && !stop.stop_requested() && fileQueue.count() > 0)
+        return false;
+    threads.erase(thread);
+    threadEnded.notify_all();
+    return true;
+}
+
+std::size_t DataCacherShared::laneCount() const
+{
+    return threads.size() - slowThreads.size() - (threads.contains(ownThread) ? 1 : 0);
+}
+
 bool DataCacherShared::becomeSlow(int thread)
 {
     const std::lock_guard guard(safeLock);
@@ -38,10 +57,13 @@ bool DataCacherShared::becomeSlow(int thread)
 bool DataCacherShared::setAside(int thread, const FilelistItemPtr &file)
 {
     const std::lock_guard guard(safeLock);
+    if (!isHeldBy(file, thread))
+        return true;
     if (slowThreads.size() < kMostSlowThreads) {
         slowThreads.insert(thread);
         return false;
     }
+    file->setIsInProcess(false);
     slowFiles.push_back(file);
     return true;
 }
@@ -55,7 +77,24 @@ FilelistItemPtr DataCacherShared::nextSlowFile(int thread)
     }
     FilelistItemPtr file = std::move(slowFiles.front());
     slowFiles.pop_front();
+    filesInProcess[file] = {thread, {}};
+    file->setIsInProcess(true);
     return file;
+}
+
+void DataCacherShared::takeFromSlowFiles(const FilelistItemPtr &file)
+{
+    const std::lock_guard guard(safeLock);
+    if (std::erase(slowFiles, file) > 0)
+        letGo(file);
+}
+
+std::map<int, std::stop_source> DataCacherShared::takeThreads()
+{
+    const std::lock_guard guard(safeLock);
+    slowThreads.clear();
+    ownThread = 0;
+    return std::exchange(threads, {});
 }
 
 void DataCacherShared::dropSlowFiles()
@@ -63,26 +102,74 @@ void DataCacherShared::dropSlowFiles()
     const std::lock_guard guard(safeLock);
     for (const FilelistItemPtr &file : std::exchange(slowFiles, {})) {
         file->setIsDone(true);
-        file->setIsInProcess(false);
-        filesInProcess.erase(file.get());
+        letGo(file);
     }
 }
 
-void DataCacherShared::giveFileBack(const FilelistItemPtr &file)
+void DataCacherShared::giveFileBack(const FilelistItemPtr &file, int thread)
 {
     {
         const std::lock_guard guard(safeLock);
-        file->setIsInProcess(false);
-        filesInProcess.erase(file.get());
+        if (!isHeldBy(file, thread))
+            return;
+        letGo(file);
     }
     fileQueue.addForcedFileToStart(file);
+}
+
+void DataCacherShared::makeOwnThreadFree()
+{
+    FilelistItemPtr file;
+    std::stop_source stop(std::nostopstate);
+    {
+        const std::lock_guard guard(safeLock);
+        const auto held = std::ranges::find_if(
+            filesInProcess, [this](const auto &entry) { return entry.second.thread == ownThread; });
+        if (held == filesInProcess.end())
+            return;
+        file = held->first;
+        stop = held->second.stop;
+        letGo(file);
+    }
+    fileQueue.addFilesToEnd({file});
+    stop.request_stop();
+}
+
+bool DataCacherShared::skip(const FilelistItemPtr &file, const QString &reason)
+{
+    fileQueue.removeFiles({file});
+    std::stop_source stop(std::nostopstate);
+    {
+        const std::lock_guard guard(safeLock);
+        if (file->isDone())
+            return false;
+        if (const auto held = filesInProcess.find(file); held != filesInProcess.end())
+            stop = held->second.stop;
+        std::erase(slowFiles, file);
+        letGo(file);
+        file->setIsDone(true);
+    }
+    dataReady(file, failure(reason));
+    stop.request_stop();
+    return true;
+}
+
+void DataCacherShared::forgetFiles()
+{
+    fileQueue.clear();
+    const std::lock_guard guard(safeLock);
+    for (const auto &[file, process] : filesInProcess)
+        file->setIsInProcess(false);
+    filesInProcess.clear();
+    filesWaitingForFinishProcessing.clear();
+    slowFiles.clear();
 }
 
 bool DataCacherShared::leaveToOthers(int thread, const std::stop_token &stop)
 {
     const std::lock_guard guard(safeLock);
     slowThreads.erase(thread);
-    const bool isOnlyLane = threads.contains(thread) && threads.size() - slowThreads.size() < 2;
+    const bool isOnlyLane = threads.contains(thread) && laneCount() < 2;
     if (isOnlyLane && !stop.stop_requested() && fileQueue.count() > 0)
         return false;
     threads.erase(thread);
@@ -94,23 +181,24 @@ bool DataCacherShared::leaveToOthers(int thread, const std::stop_token &stop)
 void DataCacherShared::failQueuedFiles(const QString &reason)
 {
     while (const FilelistItemPtr file = fileQueue.nextItem()) {
-        if (setFileIsInProcess(file, {}) == Claim::Done) {
+        const Claim claim = setFileIsInProcess(file, 0, {});
+        if (claim == Claim::Free && release(file, 0))
+            dataReady(file, failure(reason));
+        else if (claim == Claim::Done)
             answerRepeat(file);
-            continue;
-        }
-        setFileIsDone(file);
-        dataReady(file, failure(reason));
     }
 }
 
-Claim DataCacherShared::setFileIsInProcess(const FilelistItemPtr &file, const std::stop_token &stop)
+Claim DataCacherShared::setFileIsInProcess(const FilelistItemPtr &file, int thread,
+                                           const std::stop_token &stop)
 {
-    if (stop.stop_requested())
-        return Claim::Cancelled;
     const std::lock_guard guard(safeLock);
+    const bool isOut = thread != 0 && !threads.contains(thread);
+    if (isOut || stop.stop_requested())
+        return Claim::Cancelled;
     if (file->isDone())
         return Claim::Done;
-    if (!filesInProcess.insert(file.get()).second) {
+    if (!filesInProcess.try_emplace(file, FileInProcess{thread, {}}).second) {
         ++filesWaitingForFinishProcessing[file];
         return Claim::InProcess;
     }
@@ -118,12 +206,36 @@ Claim DataCacherShared::setFileIsInProcess(const FilelistItemPtr &file, const st
     return Claim::Free;
 }
 
-void DataCacherShared::setFileIsDone(const FilelistItemPtr &file)
+std::stop_source DataCacherShared::stopOf(const FilelistItemPtr &file, int thread)
 {
     const std::lock_guard guard(safeLock);
+    if (isHeldBy(file, thread))
+        return filesInProcess.find(file)->second.stop;
+    std::stop_source stopped;
+    stopped.request_stop();
+    return stopped;
+}
+
+bool DataCacherShared::release(const FilelistItemPtr &file, int thread)
+{
+    const std::lock_guard guard(safeLock);
+    if (!isHeldBy(file, thread))
+        return false;
     file->setIsDone(true);
+    letGo(file);
+    return true;
+}
+
+bool DataCacherShared::isHeldBy(const FilelistItemPtr &file, int thread) const
+{
+    const auto held = filesInProcess.find(file);
+    return held != filesInProcess.end() && held->second.thread == thread;
+}
+
+void DataCacherShared::letGo(const FilelistItemPtr &file)
+{
     file->setIsInProcess(false);
-    filesInProcess.erase(file.get());
+    filesInProcess.erase(file);
 }
 
 int DataCacherShared::takeRepeats(const FilelistItemPtr &file)

@@ -9,6 +9,7 @@
 
 #include <sys/prctl.h>
 
+#include <functional>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -17,11 +18,17 @@ namespace quorvin {
 
 namespace {
 
+/// Which files a thread takes.
+enum class Lane {
+    Any, ///< whatever is next
+    Own, ///< what was forced
+};
+
 /// Adds a thread to a pool, whose lock is held. "" when it runs, else why it does not.
-QString startThread(const std::shared_ptr<DataCacherShared> &shared);
+QString startThread(const std::shared_ptr<DataCacherShared> &shared, Lane lane);
 
 /// Takes files from the queue until there are none. A file that takes long is read to its end outside the
-/// lane, which a new thread takes over.
+/// lane, which a new thread takes over. A file may be taken away from it at any time.
 class Worker {
 public:
     enum End {
@@ -31,11 +38,13 @@ public:
     };
 
     /// The one that `isLast` answers for files that it can't read.
-    Worker(const std::shared_ptr<DataCacherShared> &pool, int thread, std::stop_token stop, bool isLast)
+    Worker(const std::shared_ptr<DataCacherShared> &pool, int thread, std::stop_token stop, Lane lane,
+           bool isLast)
         : _pool(pool),
           _shared(*pool),
           _thread(thread),
           _stop(std::move(stop)),
+          _lane(lane),
           _isLast(isLast),
           _setup(_shared.setup()),
           _runner(_setup.makeRunner())
@@ -48,11 +57,21 @@ public:
         if (_setup.logsDebug)
             log(QStringLiteral("started with number of files: %1").arg(_shared.fileQueue.count()));
         FilelistItemPtr file = begunInTime();
-        while (file && _runner->await(_stop)) {
-            // The reader works on the next file while the record of this one travels.
-            const bool isHeldBack = _isSlow || _isSetAside || _shared.mail->isFull();
-            FilelistItemPtr next = isHeldBack ? nullptr : begunNext();
-            const JobResult result = _runner->take(_stop);
+        while (file && !_stop.stop_requested()) {
+            const Waiting waiting(_shared.stopOf(file, _thread), _stop);
+            if (!_runner->await(waiting.token())) {
+                // Taken away, or a stop.
+                if (_stop.stop_requested())
+                    break;
+                _isSetAside = false;
+                const bool hasLane = !_isSlow;
+                file = hasLane ? begunInTime() : begunSlow();
+                if (!file && !hasLane)
+                    return NoLane;
+                continue;
+            }
+            FilelistItemPtr next = begunAhead();
+            const JobResult result = _runner->take(waiting.token());
             if (lacksReader(result)) {
                 giveBack(next);
                 giveBack(file);
@@ -74,14 +93,35 @@ public:
         answerRepeats();
         // What is left in hand here was given up: done without a record.
         if (file)
-            _shared.setFileIsDone(file);
+            _shared.release(file, _thread);
         if (_setup.logsDebug)
             log(_stop.stop_requested() ? QStringLiteral("cancelled") : QStringLiteral("normal end"));
         return NoFiles;
     }
 
 private:
+    /// Lets a file be given up by itself, and with all others when the thread is stopped.
+    class Waiting {
+    public:
+        Waiting(std::stop_source file, const std::stop_token &thread)
+            : _file(std::move(file)), _forward(thread, [this] { _file.request_stop(); })
+        {
+        }
+        std::stop_token token() const { return _file.get_token(); }
+
+    private:
+        std::stop_source _file;
+        std::stop_callback<std::function<void()>> _forward;
+    };
+
     FilelistItemPtr begunNext() { return begun(claimedNext()); }
+
+    /// The reader works on the next file while the record of the one in hand travels.
+    FilelistItemPtr begunAhead()
+    {
+        const bool isHeldBack = _isSlow || _isSetAside || _lane == Lane::Own || _shared.mail->isFull();
+        return isHeldBack ? nullptr : begunNext();
+    }
 
     /// Not before there is room for what comes of it.
     FilelistItemPtr begunInTime()
@@ -120,7 +160,7 @@ private:
     /// The reader asks whether to go on with the file in hand.
     bool goesOnSlowly()
     {
-        if (_isSlow)
+        if (_isSlow || _lane == Lane::Own)
             return true;
         _isSetAside = !_shared.becomeSlow(_thread);
         if (!_isSetAside)
@@ -135,22 +175,25 @@ private:
             return;
         const std::lock_guard guard(_shared.safeLock);
         if (_shared.threads.contains(_thread))
-            startThread(_pool);
+            startThread(_pool, Lane::Any);
     }
 
     FilelistItemPtr claimedNext()
     {
         while (!_stop.stop_requested()) {
-            FilelistItemPtr file = _shared.fileQueue.nextItem();
+            DataCacherFileQueue &queue = _shared.fileQueue;
+            FilelistItemPtr file = _lane == Lane::Own ? queue.nextForcedItem() : queue.nextItem();
             if (!file)
                 break;
-            const Claim claim = _shared.setFileIsInProcess(file, _stop);
+            const Claim claim = _shared.setFileIsInProcess(file, _thread, _stop);
             if (claim == Claim::Free)
                 return file;
             if (claim == Claim::Done)
                 _repeats.push_back(file);
-            if (claim == Claim::Cancelled)
-                _shared.fileQueue.addForcedFileToStart(file);
+            if (claim == Claim::Cancelled) {
+                queue.addForcedFileToStart(file);
+                break;
+            }
         }
         return nullptr;
     }
@@ -165,7 +208,7 @@ private:
     void giveBack(const FilelistItemPtr &file)
     {
         if (file)
-            _shared.giveFileBack(file);
+            _shared.giveFileBack(file, _thread);
     }
 
     /// After the result in hand, which was there before they were asked for again.
@@ -177,8 +220,7 @@ private:
 
     void finish(const FilelistItemPtr &file, const JobResult &result)
     {
-        _shared.setFileIsDone(file);
-        if (_stop.stop_requested())
+        if (!_shared.release(file, _thread) || _stop.stop_requested())
             return;
         _shared.dataReady(file, result.map([](const JobAnswer &answer) {
             return withPackedCover(std::get<QuorvinDataPtr>(answer));
@@ -194,6 +236,7 @@ private:
     DataCacherShared &_shared;
     int _thread;
     std::stop_token _stop;
+    Lane _lane;
     bool _isLast;
     AnalysisSetup _setup;
     std::unique_ptr<JobRunner> _runner;
@@ -203,27 +246,32 @@ private:
 };
 
 /// The life of one thread.
-void processFilesInThread(const std::shared_ptr<DataCacherShared> &shared, int thread,
+void processFilesInThread(const std::shared_ptr<DataCacherShared> &shared, int thread, Lane lane,
                           const std::stop_token &stop)
 {
     for (bool isLast = false;;) {
         // Ends, and its reader with it, before the thread counts as gone.
-        const Worker::End end = Worker(shared, thread, stop, isLast).run();
-        if (end == Worker::NoFiles ? shared->leave(thread, stop) : shared->leaveToOthers(thread, stop))
+        const Worker::End end = Worker(shared, thread, stop, lane, isLast).run();
+        const bool wasOwn = std::exchange(lane, Lane::Any) == Lane::Own;
+        if (wasOwn                       ? shared->leaveOwn(thread, stop)
+                : end == Worker::NoFiles ? shared->leave(thread, stop)
+                                         : shared->leaveToOthers(thread, stop))
             return;
         isLast = end == Worker::NoReader;
     }
 }
 
-QString startThread(const std::shared_ptr<DataCacherShared> &shared)
+QString startThread(const std::shared_ptr<DataCacherShared> &shared, Lane lane)
 {
     const int number = ++shared->lastThread;
     try {
-        std::jthread thread([shared, number](const std::stop_token &stop) {
+        std::jthread thread([shared, number, lane](const std::stop_token &stop) {
             ::prctl(PR_SET_NAME, "DataCacherThread");
-            processFilesInThread(shared, number, stop);
+            processFilesInThread(shared, number, lane, stop);
         });
         shared->threads.emplace(number, thread.get_stop_source());
+        if (lane == Lane::Own)
+            shared->ownThread = number;
         thread.detach();
         return {};
     } catch (const std::system_error &error) {
@@ -240,10 +288,23 @@ QString startThreads(const std::shared_ptr<DataCacherShared> &shared, int count)
     const std::lock_guard guard(shared->safeLock);
     QString problem;
     // The threads in the lanes take the new files.
-    const bool hasLanes = shared->threads.size() > shared->slowThreads.size();
-    for (int i = hasLanes ? count : 0; i < count; ++i)
-        problem = startThread(shared);
+    for (int i = shared->laneCount() > 0 ? count : 0; i < count; ++i)
+        problem = startThread(shared, Lane::Any);
     return shared->threads.empty() ? problem : QString();
+}
+
+void startReaderOfItsOwn(const std::shared_ptr<DataCacherShared> &shared, const FilelistItemPtr &file)
+{
+    {
+        const std::lock_guard guard(shared->safeLock);
+        if (file->isDone() || shared->filesInProcess.contains(file))
+            return;
+        if (shared->ownThread == 0) {
+            startThread(shared, Lane::Own);
+            return;
+        }
+    }
+    shared->makeOwnThreadFree();
 }
 
 } // namespace quorvin

@@ -23,7 +23,6 @@
 #include <QMimeData>
 #include <QPushButton>
 #include <QTextDocument>
-#include <QToolButton>
 #include <QUrl>
 
 #include <gtest/gtest.h>
@@ -324,63 +323,6 @@ TEST_F(Window, AttributesCanBeRemovedFromTheFile)
         return !record || record->generalInfo().fileTagNames;
     };
     EXPECT_TRUE(spinUntil([&] { return !tags(); }));
-}
-
-TEST(StatusLine, CountsInWordsAndSaysThingsOnce)
-{
-    StatusLine line;
-    const auto text = [&line] {
-        QStringList texts;
-        for (const QLabel *label : line.findChildren<QLabel *>()) {
-            if (label->isVisibleTo(&line))
-                texts.append(label->text());
-        }
-        return texts.join(u'|');
-    };
-    line.setTotals({1, 1, 0});
-    EXPECT_EQ(text(), QStringLiteral("00:00:00 in 1 file"));
-    line.setTotals({1204, 56'789, {}});
-    EXPECT_EQ(text(), QStringLiteral("1,204 files (of 56,789 total)"));
-    line.setTotals({});
-    EXPECT_EQ(text(), QString());
-
-    int shown = 0;
-    line.say(QStringLiteral("<b>.txt was written"), QStringLiteral("Show"), [&shown] { ++shown; });
-    EXPECT_EQ(line.saying(), QStringLiteral("<b>.txt was written"));
-    QToolButton *button = nullptr;
-    for (auto *found : line.findChildren<QToolButton *>())
-        button = found->text() == QStringLiteral("Show") ? found : button;
-    ASSERT_TRUE(button);
-    button->click();
-    EXPECT_EQ(shown, 1);
-    EXPECT_EQ(line.saying(), QString()) << "what was acted upon goes";
-    line.say(QStringLiteral("second"));
-    button->click();
-    EXPECT_EQ(shown, 1) << "the action of an older message";
-}
-
-TEST(FolderWalks, DeliverWhatWasAskedForLast)
-{
-    const test::TestFolder folder;
-    for (const char *name : {"a/1", "a/2", "b/3"})
-        folder.write(QLatin1String(name));
-    FolderWalks walks;
-    QStringList found;
-    QObject::connect(&walks, &FolderWalks::found,
-                     [&](const FolderWalks::Request &request, const std::vector<FilelistItemPtr> &files) {
-                         found.append(QStringLiteral("%1:%2").arg(request.index).arg(files.size()));
-                     });
-    using Request = FolderWalks::Request;
-    const QStringList a{folder / QStringLiteral("a")};
-    const QStringList b{folder / QStringLiteral("b")};
-    walks.start({a, Request::kReplace});
-    walks.cancel();
-    EXPECT_FALSE(walks.isUnderWay());
-    walks.start({a, Request::kReplace});
-    walks.start({b, Request::kReplace});
-    walks.start({a, 7});
-    ASSERT_TRUE(spinUntil([&] { return !walks.isUnderWay(); }));
-    EXPECT_EQ(found, (QStringList{QStringLiteral("-3:1"), QStringLiteral("7:2")}));
 }
 
 TEST(SidebarSplitView, KeepsBothSidesWideEnough)

@@ -50,6 +50,8 @@ FilelistController::FilelistController(const LiveSettings &settings, QObject *pa
             BackgroundRunBase::runOnThread("Disposal", giveFreeMemoryBack);
     });
     connect(&_walks, &FolderWalks::found, this, &FilelistController::takeFiles);
+    connect(&_wait, &CurrentFileWait::skipWanted, this,
+            [this](const FilelistItemPtr &file) { _worker.dataCacher()->skipFile(file); });
     connect(&_selection, &QItemSelectionModel::selectionChanged, this,
             &FilelistController::selectionDidChange);
     connect(&_selection, &QItemSelectionModel::currentChanged, this, &FilelistController::selectionDidChange);
@@ -115,6 +117,7 @@ void FilelistController::takeFiles(const FolderWalks::Request &request,
 void FilelistController::replaceContent(const std::vector<FilelistItemPtr> &files)
 {
     _worker.setCurrentFile(nullptr);
+    _wait.stop();
     _worker.setDataCacher(nullptr);
     _totals.clear();
     startPool();
@@ -170,6 +173,7 @@ void FilelistController::dataCacherNewObjectReady(const DataCacherDelivery &deli
         _totalsTimer.start();
     if (delivery.file != _worker.currentFile())
         return;
+    _wait.stop();
     Q_EMIT currentFileIsReady(delivery.status == DataCacherDelivery::Fresh);
     Q_EMIT stateDidChange();
 }
@@ -232,6 +236,7 @@ void FilelistController::showFileAtIndex(int row)
         return;
     const FilelistItemPtr file = _arranged.fileAt(row);
     _worker.setCurrentFile(file);
+    _wait.stop();
     if (!file)
         updateTotals();
     Q_EMIT currentFileDidChange();
@@ -244,7 +249,7 @@ void FilelistController::readFirstly(const FilelistItemPtr &file)
 {
     _worker.dataCacher()->processFileFirstly(file);
     if (file == _worker.currentFile())
-        Q_EMIT currentFileIsAwaited();
+        _wait.start(file);
 }
 
 void FilelistController::updateTotals()

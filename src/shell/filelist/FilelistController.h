@@ -8,6 +8,7 @@
 #include "intake/WindowWorker.h"
 #include "model/Error.h"
 #include "shell/filelist/ArrangedFilelist.h"
+#include "shell/filelist/CurrentFileWait.h"
 #include "shell/filelist/FilelistModel.h"
 #include "shell/filelist/FolderWalks.h"
 #include "shell/session/LiveSettings.h"
@@ -46,6 +47,8 @@ public:
     const WindowWorker &worker() const { return _worker; }
     FolderWalks &walks() { return _walks; }
     bool isWalking() const { return _walks.isUnderWay(); }
+    /// What the window waits for to show it.
+    CurrentFileWait &currentFileWait() { return _wait; }
     /// It has never been given files, or is empty again.
     bool isUntouched() const;
 
@@ -90,8 +93,6 @@ Q_SIGNALS:
     void totalsDidChange();
     /// The current file is another one, there is none any more, or it is read anew.
     void currentFileDidChange();
-    /// The current file has no result yet, and the pool was told to read it first.
-    void currentFileIsAwaited();
     /// The pool has answered for the current file; `isFresh`: with the result of a run that has just ended.
     void currentFileIsReady(bool isFresh);
     /// The change of a file has ended; "" when all went well.
@@ -119,6 +120,7 @@ private:
     QItemSelectionModel _selection{&_arranged};
     FilelistTotals _totals;
     FolderWalks _walks;
+    CurrentFileWait _wait;
     std::vector<FilelistItemPtr> _delivered; ///< their rows are not announced yet
     std::size_t _deliveredSinceRest = 0;
     QTimer _totalsTimer;

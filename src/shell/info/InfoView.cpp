@@ -35,12 +35,13 @@ InfoView::InfoView(const LiveSettings &settings, QWidget *parent)
       _pages(new QStackedWidget),
       _noFile(new EmptyPane(QStringLiteral("drop-files"))),
       _failure(new EmptyPane(QStringLiteral("dialog-warning"))),
+      _waiting(new EmptyPane(QStringLiteral("icon-dashedbox"))),
       _general(new GeneralPane),
       _extended(new ExtendedPane),
       _comparison(new EmptyPane(QStringLiteral("view-columns"))),
       _custom(new EmptyPane(QStringLiteral("view-report"))),
-      _panes{_noFile, _failure, _general, _extended, _comparison, _custom},
-      _progress(new QProgressBar(this))
+      _panes{_noFile, _failure, _waiting, _general, _extended, _comparison, _custom},
+      _skip(_waiting->addButton(tr("&Skip"), EmptyPane::UnderHint))
 {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
@@ -53,11 +54,6 @@ InfoView::InfoView(const LiveSettings &settings, QWidget *parent)
     _custom->setTexts(tr("No report"),
                       tr("This version shows no reports of the libraries in the window; “quorvin-cli raw” "
                          "prints them."));
-    _progress->setRange(0, 0);
-    _progress->setTextVisible(false);
-    _progress->setFixedSize(180, 8);
-    _progress->setAccessibleName(tr("Reading the file"));
-    _progress->hide();
     connectPanes();
     connect(&settings, &LiveSettings::changed, this, [this](Setting setting) {
         if (std::ranges::find(kFollowed, setting) != kFollowed.end())
@@ -73,6 +69,7 @@ void InfoView::connectPanes()
             &InfoView::openWanted);
     connect(_failure->addButton(tr("&Try Again"), EmptyPane::UnderHint), &QPushButton::clicked, this,
             &InfoView::retryWanted);
+    connect(_skip, &QPushButton::clicked, this, &InfoView::skipWanted);
     for (const Pane *pane : _panes)
         connect(pane, &Pane::selectionDidChange, this, &InfoView::selectionDidChange);
     connect(_extended, &ExtendedPane::menuWanted, this, &InfoView::menuWanted);
@@ -96,6 +93,8 @@ Pane *InfoView::wantedPane() const
         return _comparison;
     if (_tab == Tab::Custom)
         return _custom;
+    if (_isWaiting)
+        return _waiting;
     if (_hasFailed)
         return _failure;
     return _tab == Tab::Extended ? static_cast<Pane *>(_extended) : _general;
@@ -142,16 +141,18 @@ void InfoView::showFailure(const QString &reason)
     showPage();
 }
 
-void InfoView::startWorking()
+void InfoView::showWait(const QString &name, std::optional<int> seconds)
 {
-    _progress->move((width() - _progress->width()) / 2, height() / 2);
-    _progress->show();
-    _progress->raise();
+    _waiting->setTexts(tr("Reading %1…").arg(name), seconds ? tr("%1 s").arg(*seconds) : QString());
+    _skip->setVisible(seconds.has_value());
+    _isWaiting = true;
+    showPage();
 }
 
-void InfoView::stopWorking()
+void InfoView::stopWaiting()
 {
-    _progress->hide();
+    _isWaiting = false;
+    showPage();
 }
 
 void InfoView::applySettings()
@@ -188,12 +189,6 @@ bool InfoView::canCopy() const
 void InfoView::copy() const
 {
     wantedPane()->copy();
-}
-
-void InfoView::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    _progress->move((width() - _progress->width()) / 2, height() / 2);
 }
 
 } // namespace quorvin

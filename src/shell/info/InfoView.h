@@ -6,11 +6,13 @@
 #include "model/QuorvinData.h"
 #include "shell/commands/Tabs.h"
 
-#include <QProgressBar>
 #include <QStackedWidget>
 #include <QWidget>
 
 #include <array>
+#include <optional>
+
+class QPushButton;
 
 namespace quorvin {
 
@@ -40,9 +42,9 @@ public:
     void showRecord(const QuorvinDataPtr &record);
     void showFailure(const QString &reason);
 
-    /// The sign that the current file is being read.
-    void startWorking();
-    void stopWorking();
+    /// The file of that name is being read. From when it can be skipped on, `seconds` tells for how long.
+    void showWait(const QString &name, std::optional<int> seconds);
+    void stopWaiting();
 
     /// What the panes can do on command.
     void registerAt(CommandSet &commands) const;
@@ -55,13 +57,11 @@ public:
 Q_SIGNALS:
     void openWanted();
     void retryWanted();
+    void skipWanted();
     void selectionDidChange();
     void menuWanted(const QPoint &globalPosition);
     /// A stream line leads to its group on that tab.
     void tabWanted(quorvin::Tab tab);
-
-protected:
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void connectPanes();
@@ -75,15 +75,17 @@ private:
     QStackedWidget *_pages;
     EmptyPane *_noFile;
     EmptyPane *_failure;
+    EmptyPane *_waiting;
     GeneralPane *_general;
     ExtendedPane *_extended;
     EmptyPane *_comparison;
     EmptyPane *_custom;
-    const std::array<Pane *, 6> _panes; ///< all of these
-    QProgressBar *_progress;
+    const std::array<Pane *, 7> _panes; ///< all of these
+    QPushButton *_skip;
     Tab _tab = Tab::General;
     bool _hasFile = false;
     bool _hasFailed = false;
+    bool _isWaiting = false;
 };
 
 } // namespace quorvin

@@ -3,6 +3,7 @@
 
 #include "shell/window/MainView.h"
 
+#include "platform/NativePath.h"
 #include "shell/desktop/Counts.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/filelist/FilelistTable.h"
@@ -15,12 +16,6 @@
 #include <QVBoxLayout>
 
 namespace quorvin {
-
-namespace {
-
-constexpr int kWorkingAnimationMilliseconds = 400;
-
-} // namespace
 
 MainView::MainView(const LiveSettings &settings, FilelistController &files, QWidget *parent)
     : QWidget(parent),
@@ -52,10 +47,9 @@ void MainView::layOut()
 void MainView::connectFiles()
 {
     connect(&_files, &FilelistController::currentFileDidChange, this, &MainView::showCurrentFile);
-    connect(&_files, &FilelistController::currentFileIsAwaited, this,
-            &MainView::startDelayedWorkingAnimation);
+    connect(&_files.currentFileWait(), &CurrentFileWait::changed, this, &MainView::showWait);
+    connect(_info, &InfoView::skipWanted, &_files.currentFileWait(), &CurrentFileWait::skip);
     connect(&_files, &FilelistController::currentFileIsReady, this, [this](bool isFresh) {
-        _info->stopWorking();
         if (isFresh)
             showCurrentResult();
     });
@@ -79,7 +73,6 @@ void MainView::connectWalks()
 void MainView::showCurrentFile()
 {
     const FilelistItemPtr &file = _files.worker().currentFile();
-    _info->stopWorking();
     if (!file)
         _info->showNoFile();
     else if (file->isFailed() || file->quorvinData())
@@ -97,12 +90,14 @@ void MainView::showCurrentResult()
         _info->showFailure(file->failureReason());
 }
 
-void MainView::startDelayedWorkingAnimation()
+void MainView::showWait()
 {
-    QTimer::singleShot(kWorkingAnimationMilliseconds, this, [this, file = _files.worker().currentFile()] {
-        if (!file->isDone() && file == _files.worker().currentFile())
-            _info->startWorking();
-    });
+    const CurrentFileWait &wait = _files.currentFileWait();
+    if (wait.stage() == CurrentFileWait::None)
+        return _info->stopWaiting();
+    const bool isLong = wait.stage() == CurrentFileWait::Long;
+    _info->showWait(lastPathComponent(wait.file()->filename()),
+                    isLong ? std::optional(wait.seconds()) : std::nullopt);
 }
 
 void MainView::showTotals()

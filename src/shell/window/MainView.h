@@ -33,7 +33,7 @@ private:
     void connectWalks();
     void showCurrentFile();
     void showCurrentResult();
-    void startDelayedWorkingAnimation();
+    void showWait();
     void showTotals();
 
     FilelistController &_files;
