@@ -22,7 +22,7 @@ constexpr qsizetype kMostWaitingBytes = qsizetype{32} << 20; ///< of records beh
 
 FileRun::FileRun(const Context &context)
     : _context(context),
-      _setup(analysisSetupFrom(context.settings)),
+      _setup(analysisSetupFrom(context.settings, std::make_shared<RootSet>(context.paths))),
       _filler(FilelistFiller::fillerWithSourceArray(context.paths)),
       _results(filelist())
 {

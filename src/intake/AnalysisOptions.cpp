@@ -20,7 +20,7 @@ RecordOptions recordOptionsFrom(const Settings &settings)
     return options;
 }
 
-AnalysisSetup analysisSetupFrom(const Settings &settings)
+AnalysisSetup analysisSetupFrom(const Settings &settings, const std::shared_ptr<RootSet> &roots)
 {
     AnalysisSetup setup;
     setup.options = recordOptionsFrom(settings);
@@ -28,7 +28,7 @@ AnalysisSetup analysisSetupFrom(const Settings &settings)
     setup.limits = {settings.integer(Setting::readerCpuSeconds), settings.integer(Setting::readerWallSeconds),
                     settings.integer(Setting::readerMemoryMiB)};
     if (settings.boolean(Setting::readerProcesses))
-        setup.makeRunner = [] { return makeReaderRunner(); };
+        setup.makeRunner = [roots] { return makeReaderRunner(roots); };
     else
         setup.makeRunner = makeInProcessRunner;
     return setup;

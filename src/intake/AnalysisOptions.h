@@ -6,6 +6,7 @@
 #include "model/RecordOptions.h"
 #include "platform/Settings.h"
 #include "process/JobRunner.h"
+#include "process/RootSet.h"
 
 #include <functional>
 #include <memory>
@@ -28,6 +29,7 @@ struct AnalysisSetup {
 
 /// By the settings as they stand now. Any thread.
 RecordOptions recordOptionsFrom(const Settings &settings);
-AnalysisSetup analysisSetupFrom(const Settings &settings);
+/// With readers that may read what is in `roots`.
+AnalysisSetup analysisSetupFrom(const Settings &settings, const std::shared_ptr<RootSet> &roots);
 
 } // namespace quorvin

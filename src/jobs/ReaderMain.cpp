@@ -3,14 +3,17 @@
 
 #include "jobs/Jobs.h"
 #include "model/Log.h"
+#include "platform/NativePath.h"
 #include "platform/UserLocale.h"
 #include "process/Frames.h"
 #include "process/Guard.h"
 #include "process/JobCounter.h"
 #include "process/RecordBytes.h"
+#include "process/RootOpener.h"
 #include "readers/RecordBuilder.h"
 
 #include <QCoreApplication>
+#include <QStandardPaths>
 
 #include <fcntl.h>
 #include <sys/prctl.h>
@@ -23,6 +26,8 @@
 #include <cstdlib>
 #include <mutex>
 #include <new>
+#include <utility>
+#include <vector>
 
 // The resident reader: takes jobs from its socket, one after the other, and answers them. Started by
 // ReaderProcess as "quorvin-reader PARENT LOG", with the parent's process number and the parts of the log
@@ -65,13 +70,15 @@ bool writeAll(QByteArrayView bytes)
     return true;
 }
 
-std::optional<JobOrder> nextOrder()
+/// What the parent says next, in the form that `meaning` gives it; absent when it says no more.
+template <typename Meaning>
+auto nextOf(Meaning meaning) -> decltype(meaning(QByteArrayView()))
 {
     quint32 length = 0;
     if (!readAll(reinterpret_cast<char *>(&length), sizeof length) || length > kMostOrderBytes)
         return std::nullopt;
     QByteArray content(static_cast<qsizetype>(length), Qt::Uninitialized);
-    return readAll(content.data(), length) ? orderOf(content) : std::nullopt;
+    return readAll(content.data(), length) ? meaning(content) : std::nullopt;
 }
 
 /// The message that carries the result of a job, one form a kind.
@@ -133,9 +140,23 @@ void setUpLog(quint32 parts)
     qInstallMessageHandler(sendToLog);
 }
 
-bool answer(const JobOrder &order, AnswerMaker &answers)
+/// Whether it is the guard that keeps this process from the file: the file's own rights would not.
+bool liesOutside(const QString &path)
+{
+    const QByteArray bytes = encodePath(path);
+    const int file = ::open(bytes.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    const bool isRefused = file < 0 && errno == EACCES;
+    ::close(file);
+    return isRefused && ::faccessat(AT_FDCWD, bytes.constData(), R_OK, AT_EACCESS) == 0;
+}
+
+/// A file that the parent knows to be `through` links is not sent back.
+bool answer(const JobOrder &order, const QString &through, AnswerMaker &answers)
 {
     const JobResult result = doJob(order.request);
+    const QString &path = pathOf(order.request);
+    if (!result && path != through && liesOutside(path))
+        return writeAll(frameOf(JobOutside{order.number}));
     return writeAll(frameOf(JobDone{order.number}))
         && writeAll(frameOf(answers.messageOf(order.number, result)));
 }
@@ -173,15 +194,28 @@ bool isShortOfMemory()
     std::_Exit(kOutOfMemoryStatus);
 }
 
-void work()
+void work(const QString &through)
 {
     JobCounter counter(kReaderCounter);
     AnswerMaker answers;
-    for (int jobs = 1; const auto order = nextOrder(); ++jobs) {
+    for (int jobs = 1; const auto order = nextOf(orderOf); ++jobs) {
         counter.take();
         // One that earlier files have left short of memory makes way for a fresh one.
-        if (!answer(*order, answers) || (jobs % kJobsBetweenMemoryChecks == 0 && isShortOfMemory()))
+        if (!answer(*order, through, answers) || (jobs % kJobsBetweenMemoryChecks == 0 && isShortOfMemory()))
             break;
+    }
+}
+
+/// What the libraries read in the places of this user.
+void openOwnFolders(std::vector<int> &descriptors)
+{
+    QStringList paths{qEnvironmentVariable("TZDIR")};
+    for (const QString &folder : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation))
+        paths.append(folder + QStringLiteral("/mime"));
+    for (const QString &path : paths) {
+        const int descriptor = ::open(encodePath(path).constData(), O_PATH | O_CLOEXEC);
+        if (descriptor >= 0)
+            descriptors.push_back(descriptor);
     }
 }
 
@@ -193,13 +227,20 @@ try {
         return EXIT_FAILURE;
     tieTo(static_cast<pid_t>(std::strtol(argv[1], nullptr, 10)));
     std::set_new_handler(endWithoutMemory);
+    const auto roots = nextOf(rootsOf);
+    if (!roots)
+        return EXIT_FAILURE;
+    RootOpener opener(*roots);
     setUpLog(static_cast<quint32>(std::strtoul(argv[2], nullptr, 10)));
     const QCoreApplication application(argc, argv);
     useUtf8CharacterType();
     RecordBuilder::setupLibraries();
-    if (!writeAll(frameOf(Greeting{.guardParts = raiseGuard(Guard())})))
+    RootOpener::Opened opened = opener.take();
+    openOwnFolders(opened.folders);
+    const quint32 parts = raiseGuard({.readable = std::move(opened.folders)});
+    if (!writeAll(frameOf(Greeting{.guardParts = parts, .reached = std::move(opened.reached)})))
         return EXIT_FAILURE;
-    work();
+    work(roots->through);
     std::_Exit(EXIT_SUCCESS);
 } catch (...) {
     // The parent sees a reader that does not greet.

@@ -57,19 +57,29 @@ struct Fields<ReportRequest> {
 };
 
 template <>
+struct Fields<ReaderRoots> {
+    static constexpr auto list = std::tuple(&ReaderRoots::paths, &ReaderRoots::through);
+};
+
+template <>
 struct Fields<JobOrder> {
     static constexpr auto list = std::tuple(&JobOrder::number, &JobOrder::request);
 };
 
 template <>
 struct Fields<Greeting> {
-    static constexpr auto list = std::tuple(&Greeting::magic, &Greeting::guardParts);
+    static constexpr auto list = std::tuple(&Greeting::magic, &Greeting::guardParts, &Greeting::reached);
     static bool isValid(const Greeting &greeting) { return greeting.magic == Greeting::kMagic; }
 };
 
 template <>
 struct Fields<JobDone> {
     static constexpr auto list = std::tuple(&JobDone::job);
+};
+
+template <>
+struct Fields<JobOutside> {
+    static constexpr auto list = std::tuple(&JobOutside::job);
 };
 
 template <>
@@ -114,6 +124,11 @@ quint32 mostBytesOfMessage(quint8 kind)
     return kind < kMostBytes.size() ? kMostBytes[kind] + 1 : 0;
 }
 
+QByteArray frameOf(const ReaderRoots &roots)
+{
+    return framed(bytesOf(roots));
+}
+
 QByteArray frameOf(const JobOrder &order)
 {
     return framed(bytesOf(order));
@@ -122,6 +137,11 @@ QByteArray frameOf(const JobOrder &order)
 QByteArray frameOf(const ReaderMessage &message)
 {
     return framed(bytesOf(message));
+}
+
+std::optional<ReaderRoots> rootsOf(QByteArrayView content)
+{
+    return valueOf<ReaderRoots>(content);
 }
 
 std::optional<JobOrder> orderOf(QByteArrayView content)

@@ -10,12 +10,14 @@
 
 #include <optional>
 #include <variant>
+#include <vector>
 
 namespace quorvin {
 
 /// What a reader and its parent say to each other: frames, each the length of its content in four bytes and
-/// the content, which is one message. For each job the parent sends an order; the reader says when it is done
-/// with it, and then what came of it: so the next order is on its way while the answer is still put together.
+/// the content, which is one message. The parent begins with what the reader may read. For each job it sends
+/// an order; the reader says when it is done with it, and then what came of it: so the next order is on its
+/// way while the answer is still put together.
 
 /// The descriptor under which a reader finds its end of the socket.
 inline constexpr int kReaderSocket = 3;
@@ -30,6 +32,12 @@ enum LogPart : quint32 {
     LogLibraries = 2, ///< what the libraries say
 };
 
+/// The first words of the parent.
+struct ReaderRoots {
+    std::vector<QString> paths; ///< of folders that the reader may read; a file stands for the one it is in
+    QString through; ///< a file that is to be read wherever links on its way lead; may be empty
+};
+
 struct JobOrder {
     quint32 number = 0; ///< counted from 1 for each reader
     JobRequest request;
@@ -37,17 +45,25 @@ struct JobOrder {
 
 /// The first words of a reader.
 struct Greeting {
-    static constexpr quint32 kMostBytes = 64;
+    static constexpr quint32 kMostBytes = 256 << 10;
     static constexpr quint32 kMagic = 0x51564e32;
 
     quint32 magic = kMagic;
     quint32 guardParts = 0; ///< as `raiseGuard` gives them
+    std::vector<QString> reached = {}; ///< the folders that the way `through` needs beside the roots
 };
 
 struct JobDone {
     static constexpr quint32 kMostBytes = 64;
 
     quint32 job = 0; ///< number of its order, as in those below
+};
+
+/// The reader may not read the file of the job, since a link leads to it from its roots.
+struct JobOutside {
+    static constexpr quint32 kMostBytes = 64;
+
+    quint32 job = 0;
 };
 
 struct JobFailed {
@@ -82,16 +98,19 @@ struct LogLine {
     QString text; ///< at most `kMostCharacters`
 };
 
-using ReaderMessage = std::variant<Greeting, JobDone, JobFailed, EncodedRecord, EncodedReport, LogLine>;
+using ReaderMessage
+    = std::variant<Greeting, JobDone, JobOutside, JobFailed, EncodedRecord, EncodedReport, LogLine>;
 
 inline constexpr quint32 kMostOrderBytes = 1 << 20;
 
 /// How long the content of a message may be that begins with this byte; 0 when none does.
 quint32 mostBytesOfMessage(quint8 kind);
 
+QByteArray frameOf(const ReaderRoots &roots);
 QByteArray frameOf(const JobOrder &order);
 QByteArray frameOf(const ReaderMessage &message);
 /// Absent for what is no message; trusts nothing.
+std::optional<ReaderRoots> rootsOf(QByteArrayView content);
 std::optional<JobOrder> orderOf(QByteArrayView content);
 std::optional<ReaderMessage> messageOf(QByteArrayView content);
 

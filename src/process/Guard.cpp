@@ -11,6 +11,7 @@
 #include <seccomp.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/sysinfo.h>
 #include <unistd.h>
@@ -33,11 +34,16 @@ bool setLimit(__rlimit_resource resource, rlim_t value)
     return ::setrlimit(resource, &limit) == 0;
 }
 
-bool dropCapabilities()
+bool keepCapabilities(quint32 kept)
 {
     __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
-    const std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> none{};
-    return ::syscall(SYS_capset, &header, none.data()) == 0;
+    std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> sets{};
+    if (::syscall(SYS_capget, &header, sets.data()) != 0)
+        return false;
+    const quint32 held = sets[0].permitted & kept;
+    sets = {};
+    sets[0].effective = sets[0].permitted = held;
+    return ::syscall(SYS_capset, &header, sets.data()) == 0;
 }
 
 /// The one stack that grows by itself, and is no data.
@@ -62,7 +68,7 @@ bool raiseLimits(const GuardRules &profile)
     const bool sizes = profile.writesFiles || setLimit(RLIMIT_FSIZE, 0);
     // Of 1, not 0: a program that the system hands dumps to would get them at 0.
     return setLimit(RLIMIT_CORE, 1) && setLimit(RLIMIT_NOFILE, kOpenFiles) && limitTasks() && limitStack()
-        && sizes && dropCapabilities();
+        && sizes;
 }
 
 /// Every right that this Landlock knows to withhold.
@@ -76,12 +82,15 @@ quint64 landlockRights(long version)
     return rights;
 }
 
-/// What a rule set allows beneath a descriptor, which is closed. One that names nothing is left out: it is
-/// of no use then, and harms nobody.
+/// What a rule set allows beneath a descriptor, or of the file that it names. It is closed. One that names
+/// nothing is left out: it is of no use then, and harms nobody.
 bool allow(int rules, int descriptor, quint64 rights)
 {
+    struct stat facts { };
     if (descriptor < 0)
         return true;
+    if (::fstat(descriptor, &facts) == 0 && !S_ISDIR(facts.st_mode))
+        rights &= LANDLOCK_ACCESS_FS_EXECUTE | LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_WRITE_FILE;
     const landlock_path_beneath_attr beneath{.allowed_access = rights, .parent_fd = descriptor};
     const bool added = ::syscall(SYS_landlock_add_rule, rules, LANDLOCK_RULE_PATH_BENEATH, &beneath, 0) == 0;
     ::close(descriptor);
@@ -101,7 +110,12 @@ bool raiseLandlock(const Guard &guard, const GuardRules &profile)
     const landlock_ruleset_attr attributes{.handled_access_fs = landlockRights(version)};
     const int rules
         = static_cast<int>(::syscall(SYS_landlock_create_ruleset, &attributes, sizeof attributes, 0));
-    bool ok = allow(rules, pathOnly("/"), LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR);
+    constexpr quint64 kRead = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR;
+    bool ok = true;
+    for (const char *path : profile.readable)
+        ok = allow(rules, pathOnly(path), kRead) && ok;
+    for (const int descriptor : guard.readable)
+        ok = allow(rules, descriptor, kRead) && ok;
     if (profile.folderRights != 0)
         ok = ok
             && allow(rules, ::fcntl(guard.folder, F_DUPFD_CLOEXEC, 0),
@@ -150,10 +164,13 @@ quint32 raiseGuard(const Guard &guard)
     quint32 parts = 0;
     if (raiseLandlock(guard, rules))
         parts |= GuardLandlock;
-    if (raiseLimits(rules))
+    const bool isConfined = guard.profile == GuardProfile::Reader && (parts & GuardLandlock) != 0;
+    if (raiseLimits(rules) && keepCapabilities(isConfined ? 1U << CAP_DAC_READ_SEARCH : 0))
         parts |= GuardLimits;
     if (raiseSeccomp(rules))
         parts |= GuardSeccomp;
+    else
+        keepCapabilities(0); // which opens files by handle, past the folders that lead to them
     return parts;
 }
 

@@ -8,6 +8,7 @@
 #include <QString>
 
 #include <string>
+#include <vector>
 
 namespace quorvin {
 
@@ -21,14 +22,18 @@ enum GuardPart : quint32 {
 struct Guard {
     GuardProfile profile = GuardProfile::Reader;
     int folder = -1; ///< of a writer: an open descriptor, which may be closed once the guard stands
-    std::string program; ///< of exiftool: its path
+    std::string program = {}; ///< of exiftool: its path
+    std::vector<int> readable
+        = {}; ///< of a reader: open descriptors of what it may read, which the guard closes
 };
 
 /// Takes from this process, for good, all but what its profile needs. What is forbidden fails with an error,
 /// as a full disk or a missing right would. Call from the one thread of a process that is about to work on
 /// files of unknown origin; for exiftool, in the process that is going to become it. Without Landlock nothing
-/// keeps a writer to its folder, or exiftool from becoming another program.
-/// A process of root keeps its files, but none of root's powers over those of others.
+/// keeps a reader or a writer to its folders, or exiftool from becoming another program.
+/// A process of root keeps its files, but none of root's powers over those of others, with one exception: a
+/// reader that Landlock confines may read what is in its folders, whoever may else. For who runs this system
+/// as root hands it files of other users.
 /// Gives the parts that are in force.
 quint32 raiseGuard(const Guard &guard);
 

@@ -147,6 +147,14 @@ constexpr std::array kOpenToRead{
 /// The interpreter, and what the kernel loads it with.
 constexpr std::array kPerl{"/usr/bin/perl", "/lib64/ld-linux-x86-64.so.2", "/lib/ld-linux-aarch64.so.1"};
 
+constexpr std::array kEverything{"/"};
+
+/// What the libraries load as they go: further libraries, the kinds of files, time zones, texts; and what the
+/// process can see of itself.
+constexpr std::array kOfTheSystem{
+    "/usr/lib", "/usr/share", "/lib", "/lib64", "/etc/ld.so.cache", "/etc/localtime", "/proc/self",
+};
+
 constexpr quint64 kFolderRights = LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_MAKE_REG
     | LANDLOCK_ACCESS_FS_MAKE_DIR | LANDLOCK_ACCESS_FS_REMOVE_FILE | LANDLOCK_ACCESS_FS_REMOVE_DIR
     | kLandlockRefer | kLandlockTruncate;
@@ -159,16 +167,19 @@ const GuardRules &guardRules(GuardProfile profile)
                                    .conditionals = {kThreadsAndDescriptors, kOpenToRead},
                                    .folderRights = 0,
                                    .writesFiles = false,
+                                   .readable = kOfTheSystem,
                                    .programs = {}};
     static const GuardRules exifTool{.calls = {kReading, kRunning},
                                      .conditionals = {kThreadsAndDescriptors, kOpenToRead},
                                      .folderRights = 0,
                                      .writesFiles = false,
+                                     .readable = kEverything,
                                      .programs = kPerl};
     static const GuardRules writer{.calls = {kReading, kWriting},
                                    .conditionals = {kThreadsAndDescriptors},
                                    .folderRights = kFolderRights,
                                    .writesFiles = true,
+                                   .readable = kEverything,
                                    .programs = {}};
     switch (profile) {
     case GuardProfile::ExifTool:

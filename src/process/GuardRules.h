@@ -10,10 +10,10 @@
 
 namespace quorvin {
 
-/// What a guarded process is for. All may read every file. None may change the mode, owner, times or extended
+/// What a guarded process is for. None may change the mode, owner, times or extended
 /// attributes of a file: no rule could tell the one folder from the rest.
 enum class GuardProfile {
-    Reader, ///< reads files and talks to its parent
+    Reader, ///< reads files in the folders that it is given, and talks to its parent
     ExifTool, ///< becomes exiftool, and runs nothing but this and its interpreter; writes into pipes only
     Writer, ///< makes, writes, renames and removes files in one folder and what is below it
 };
@@ -36,6 +36,7 @@ struct GuardRules {
     std::vector<std::span<const ConditionalCall>> conditionals;
     quint64 folderRights; ///< of Landlock, in the one folder of the guard, beside reading
     bool writesFiles; ///< else no file may grow
+    std::span<const char *const> readable; ///< paths that may be read beside the guard's own folders
     std::span<const char *const> programs; ///< paths that may be run beside the guard's own program
 };
 

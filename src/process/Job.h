@@ -45,6 +45,11 @@ using JobRequest = AllJobs::Request;
 using JobAnswer = AllJobs::Answer;
 using JobResult = Expected<JobAnswer>;
 
+inline const QString &pathOf(const JobRequest &request)
+{
+    return std::visit([](const auto &kind) -> const QString & { return kind.path; }, request);
+}
+
 /// The code of a job's error when no process could be started for it; its file has not been looked at.
 inline constexpr int kNoReader = 1;
 

@@ -69,19 +69,20 @@ quint32 jobOf(const ReaderMessage &message)
 
 } // namespace
 
-Expected<std::unique_ptr<ReaderConnection>> ReaderConnection::open(const std::string &program,
-                                                                   const std::stop_token &stop)
+Expected<std::unique_ptr<ReaderConnection>>
+ReaderConnection::open(const std::string &program, const ReaderRoots &roots, const std::stop_token &stop)
 {
     auto started = ReaderProcess::start(program);
     if (!started)
         return noReader();
     std::unique_ptr<ReaderConnection> connection(new ReaderConnection(std::move(*started)));
     connection->_deadline.setRemainingTime(kGreetingPatience);
+    connection->sendFrame(frameOf(roots));
     const auto first = connection->receive(stop);
     const auto *greeting = first ? std::get_if<Greeting>(&*first) : nullptr;
     if (!greeting)
         return stop.stop_requested() ? failure(kStopped) : noReader();
-    connection->_guardParts = greeting->guardParts;
+    connection->_greeting = *greeting;
     static std::once_flag once;
     if (const QString missing = missingGuardNames(greeting->guardParts); !missing.isEmpty())
         std::call_once(once, [&] { qCInfo(lcQuorvin).noquote() << "Readers run without" << missing; });
@@ -96,8 +97,12 @@ bool ReaderConnection::send(const Job &job)
     _reader->limitMemory(job.limits.memoryMiB);
     _deadline.setRemainingTime(qint64{job.limits.wallSeconds} * 1000);
     _cpuAtStart = _reader->cpuTime();
-    // An order always fits into the socket; a reader that lets it fill up is no reader.
-    const QByteArray frame = frameOf(JobOrder{_sent.number, job.request});
+    return sendFrame(frameOf(JobOrder{_sent.number, job.request}));
+}
+
+/// What a parent says always fits into the socket; a reader that lets it fill up is no reader.
+bool ReaderConnection::sendFrame(const QByteArray &frame)
+{
     return ::send(_reader->socket(), frame.constData(), static_cast<std::size_t>(frame.size()),
                   MSG_NOSIGNAL | MSG_DONTWAIT)
         == frame.size();
@@ -111,6 +116,11 @@ Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop, const st
     if (!message)
         return tl::unexpected(message.error());
     const bool isOfThisJob = jobOf(*message) == _sent.number;
+    if (isOfThisJob && std::holds_alternative<JobOutside>(*message)) {
+        _isLastJobInnocent = _isLastJobOutside = true;
+        _reader.reset();
+        return posixFailure(EACCES);
+    }
     if (!isOfThisJob || !std::holds_alternative<JobDone>(*message)) {
         _isLastJobInnocent = !isOfThisJob;
         return lose(kCrashed);

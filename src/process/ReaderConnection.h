@@ -22,15 +22,16 @@ namespace quorvin {
 /// ended, and the connection lost. One thread.
 class ReaderConnection {
 public:
-    /// Starts a reader and waits for its greeting. `program` as in `ReaderProcess`.
-    static Expected<std::unique_ptr<ReaderConnection>> open(const std::string &program,
-                                                            const std::stop_token &stop);
+    /// Starts a reader for files in `roots` and waits for its greeting. `program` as in `ReaderProcess`.
+    static Expected<std::unique_ptr<ReaderConnection>>
+    open(const std::string &program, const ReaderRoots &roots, const std::stop_token &stop);
 
     ReaderConnection(const ReaderConnection &) = delete;
     ReaderConnection &operator=(const ReaderConnection &) = delete;
     ~ReaderConnection() = default;
 
-    quint32 guardParts() const { return _guardParts; }
+    /// Its first words, from before it read any file.
+    const Greeting &greeting() const { return _greeting; }
     /// False when the reader takes no more. What it owes can still be taken.
     bool send(const Job &job);
     /// Waits until the last job sent has been worked on. `whenSlow` as `JobRunner` says it; it may be empty.
@@ -42,6 +43,8 @@ public:
     /// Whether the reader was lost by no fault of the last job sent: it had not begun with it, or spoke of
     /// another one.
     bool isLastJobInnocent() const { return _isLastJobInnocent; }
+    /// Whether the reader is given up as it may not read the file of the last job sent.
+    bool isLastJobOutside() const { return _isLastJobOutside; }
 
 private:
     struct Sent {
@@ -50,6 +53,8 @@ private:
     };
 
     explicit ReaderConnection(std::unique_ptr<ReaderProcess> reader) : _reader(std::move(reader)) { }
+
+    bool sendFrame(const QByteArray &frame);
 
     /// The next message that is none for the log.
     Expected<ReaderMessage> receive(const std::stop_token &stop);
@@ -73,10 +78,11 @@ private:
     std::unique_ptr<ReaderProcess> _reader; ///< null when lost
     RecordDecoder _decoder;
     QByteArray _received;
-    quint32 _guardParts = 0;
+    Greeting _greeting;
     Sent _sent; ///< the last one
     Sent _awaited; ///< the one whose result comes next
     bool _isLastJobInnocent = false;
+    bool _isLastJobOutside = false;
     QDeadlineTimer _deadline;
     qint64 _cpuAtStart = 0; ///< milliseconds
     std::function<bool()> _whenSlow; ///< of the job that is awaited; empty once it was asked

@@ -3,7 +3,10 @@
 
 #include "process/ReaderRunner.h"
 
+#include "platform/NativePath.h"
 #include "process/ReaderConnection.h"
+
+#include <utility>
 
 namespace quorvin {
 
@@ -16,7 +19,10 @@ constexpr int kTries = 3; ///< of a job whose reader is lost by no fault of its 
 /// is the connection's affair.
 class ReaderRunner final : public JobRunner {
 public:
-    explicit ReaderRunner(std::string program) : _program(std::move(program)) { }
+    ReaderRunner(std::shared_ptr<RootSet> roots, std::string program)
+        : _roots(std::move(roots)), _program(std::move(program))
+    {
+    }
 
     void begin(const Job &job) override;
     bool await(const std::stop_token &stop) override;
@@ -25,11 +31,14 @@ public:
 private:
     bool readerServes(const Job &job) const;
     Expected<void> handOver(const std::stop_token &stop);
-    Expected<void> startReader(const std::stop_token &stop);
+    Expected<void> startReader(const QString &through, const std::stop_token &stop);
+    ReaderRoots rootsWith(const QString &through);
 
+    std::shared_ptr<RootSet> _roots;
     std::string _program;
     std::unique_ptr<ReaderConnection> _reader;
     QString _libraryState; ///< of the reader
+    ReadableRoots _readable; ///< by the reader
     Job _job; ///< the last one begun
     bool _isSent = false; ///< to this reader
     int _failedStarts = 0; ///< since the last reader that greeted
@@ -65,7 +74,8 @@ JobResult ReaderRunner::take(const std::stop_token &stop)
 
 bool ReaderRunner::readerServes(const Job &job) const
 {
-    return _reader && !_reader->isLost() && _libraryState == libraryStateOf(job.request);
+    return _reader && !_reader->isLost() && _libraryState == libraryStateOf(job.request)
+        && _readable.cover(pathOf(job.request));
 }
 
 Expected<void> ReaderRunner::handOver(const std::stop_token &stop)
@@ -73,8 +83,9 @@ Expected<void> ReaderRunner::handOver(const std::stop_token &stop)
     // The reader may have been lost over the result of the job before; this one is innocent.
     if (_isSent && !_reader->isLost())
         return {};
+    const bool isOutside = _reader && _reader->isLastJobOutside();
     _reader.reset();
-    if (auto started = startReader(stop); !started)
+    if (auto started = startReader(isOutside ? pathOf(_job.request) : QString(), stop); !started)
         return started;
     _libraryState = libraryStateOf(_job.request);
     _isSent = _reader->send(_job);
@@ -82,12 +93,14 @@ Expected<void> ReaderRunner::handOver(const std::stop_token &stop)
 }
 
 /// What could not be started for one file is not tried again for each of the others.
-Expected<void> ReaderRunner::startReader(const std::stop_token &stop)
+Expected<void> ReaderRunner::startReader(const QString &through, const std::stop_token &stop)
 {
+    const ReaderRoots roots = rootsWith(through);
     for (; _failedStarts < kStarts; ++_failedStarts) {
-        auto opened = ReaderConnection::open(_program, stop);
+        auto opened = ReaderConnection::open(_program, roots, stop);
         if (opened) {
             _reader = std::move(*opened);
+            _roots->add({_reader->greeting().reached.begin(), _reader->greeting().reached.end()});
             _failedStarts = 0;
             return {};
         }
@@ -98,16 +111,27 @@ Expected<void> ReaderRunner::startReader(const std::stop_token &stop)
     return tl::unexpected(_startError);
 }
 
+ReaderRoots ReaderRunner::rootsWith(const QString &through)
+{
+    const QString path = pathOf(_job.request);
+    if (!_roots->roots().cover(path))
+        _roots->add({withoutLastPathComponent(path)});
+    _readable = _roots->roots();
+    return {{_readable.paths().begin(), _readable.paths().end()}, through};
+}
+
 } // namespace
 
-std::unique_ptr<JobRunner> makeReaderRunner(const std::string &program)
+std::unique_ptr<JobRunner> makeReaderRunner(std::shared_ptr<RootSet> roots, const std::string &program)
 {
-    return std::make_unique<ReaderRunner>(program);
+    return std::make_unique<ReaderRunner>(roots ? std::move(roots) : std::make_shared<RootSet>(), program);
 }
 
 Expected<quint32> guardPartsInForce()
 {
-    return ReaderConnection::open({}, {}).map([](const auto &reader) { return reader->guardParts(); });
+    return ReaderConnection::open({}, {}, {}).map([](const auto &reader) {
+        return reader->greeting().guardParts;
+    });
 }
 
 } // namespace quorvin

@@ -75,6 +75,30 @@ TEST(Jobs, ReaderReadsAsThisProcessDoes)
     EXPECT_EQ(none.error().description, QStringLiteral("No such file or directory"));
 }
 
+TEST(Jobs, LinksOutOfTheRootsAreFollowedAndNothingElse)
+{
+    const test::TestFolder list;
+    const test::TestFolder elsewhere;
+    const QByteArray sound = test::contentOf(test::sample(QStringLiteral("tone.wav")));
+    elsewhere.write(QStringLiteral("folder/sub/a.wav"), sound);
+    elsewhere.write(QStringLiteral("folder/b.wav"), sound);
+    const QString secret = elsewhere.write(QStringLiteral("secret.wav"), sound);
+    ASSERT_TRUE(QFile::link(elsewhere / QStringLiteral("folder"), list / QStringLiteral("linked")));
+    ASSERT_TRUE(QFile::link(list / QStringLiteral("linked"), list / QStringLiteral("again")));
+    ASSERT_TRUE(QFile::link(secret, list / QStringLiteral("c.wav")));
+    const auto roots = std::make_shared<RootSet>(QStringList{list.path()});
+    const auto reader = makeReaderRunner(roots);
+    const auto isRead = [&](const QString &path) { return bool(reader->run({RecordRequest{path, {}}, {}})); };
+    EXPECT_TRUE(isRead(list / QStringLiteral("again/sub/a.wav")));
+    // The link brings all that it leads to, so the rest needs no further reader; but not what is beside.
+    EXPECT_TRUE(roots->roots().cover(elsewhere / QStringLiteral("folder/b.wav")));
+    EXPECT_TRUE(roots->roots().paths().contains(elsewhere / QStringLiteral("folder")));
+    EXPECT_TRUE(isRead(list / QStringLiteral("linked/b.wav")));
+    EXPECT_FALSE(roots->roots().paths().contains(elsewhere.path()));
+    EXPECT_TRUE(isRead(list / QStringLiteral("c.wav")));
+    EXPECT_TRUE(isRead(test::sample(QStringLiteral("tone.wav"))));
+}
+
 TEST(Jobs, ReportLeavesTheNextOneAlone)
 {
     const auto reader = makeReaderRunner();

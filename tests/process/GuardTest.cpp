@@ -5,6 +5,7 @@
 
 #include "support/TestFolder.h"
 
+#include <QFile>
 #include <QStandardPaths>
 
 #include <fcntl.h>
@@ -48,10 +49,7 @@ Attempts changesOf(const QByteArray &path)
 {
     const QByteArray fresh = path + "-new";
     const pid_t parent = ::getpid();
-    const QByteArray closed = path + "-closed";
-    ::close(::open(closed.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0));
     return {
-        {"what root alone could read", [=] { return ::open(closed.constData(), O_RDONLY) >= 0; }},
         {"write", [=] { return ::open(path.constData(), O_WRONLY) >= 0; }},
         {"truncate",
          [=] {
@@ -76,25 +74,52 @@ Attempts changesOf(const QByteArray &path)
     };
 }
 
+/// Of one that may read in a folder. The descriptor is for the guarded process to close.
+Guard readerGuard(const test::TestFolder &folder)
+{
+    return {.readable = {::open(folder.path().toUtf8().constData(), O_PATH | O_CLOEXEC)}};
+}
+
 Guard exifToolGuard()
 {
-    return {GuardProfile::ExifTool, -1,
-            QStandardPaths::findExecutable(QStringLiteral("exiftool")).toStdString()};
+    return {.profile = GuardProfile::ExifTool,
+            .program = QStandardPaths::findExecutable(QStringLiteral("exiftool")).toStdString()};
 }
 
 /// Of one that may write nowhere, as it has no folder.
 Guard writerGuard(int folder = -1)
 {
-    return {GuardProfile::Writer, folder, {}};
+    return {.profile = GuardProfile::Writer, .folder = folder};
 }
 
 } // namespace
 
-TEST(Guard, ReadingIsAllowed)
+TEST(Guard, ReaderReadsInItsFoldersOnly)
 {
     const test::TestFolder folder;
-    const QByteArray path = folder.write(QStringLiteral("a")).toUtf8();
-    EXPECT_TRUE(goesWell([&] { return ::open(path.constData(), O_RDONLY | O_CLOEXEC) >= 0; }));
+    const test::TestFolder other;
+    const QString outside = other.write(QStringLiteral("a"));
+    const QString link = folder / QStringLiteral("link");
+    ASSERT_TRUE(QFile::link(outside, link));
+    const QString closed = folder.write(QStringLiteral("closed"));
+    const QString closedOutside = other.write(QStringLiteral("closed"));
+    for (const QString &path : {closed, closedOutside})
+        ASSERT_TRUE(QFile::setPermissions(path, {}));
+    const auto reads = [](const QString &path, const Guard &guard) {
+        return goesWell([&] { return ::open(path.toUtf8().constData(), O_RDONLY | O_CLOEXEC) >= 0; }, guard);
+    };
+    const Guard guard = readerGuard(folder);
+    EXPECT_TRUE(reads(folder.write(QStringLiteral("below/a")), guard));
+    EXPECT_TRUE(reads(QStringLiteral("/usr/share/mime/mime.cache"), guard));
+    for (const QString &path : {outside, link, QStringLiteral("/etc/passwd"), other.path(), closedOutside})
+        EXPECT_FALSE(reads(path, guard)) << path.toStdString();
+    // Root reads the files of others, but no guarded process does so elsewhere.
+    EXPECT_EQ(reads(closed, guard), ::geteuid() == 0);
+    EXPECT_FALSE(reads(closed, writerGuard()));
+}
+
+TEST(Guard, ThreadsAndMemoryAreAllowed)
+{
     EXPECT_TRUE(goesWell([&] {
         std::jthread([] {}).join();
         return !std::vector<char>(100 << 20).empty();
@@ -105,7 +130,7 @@ TEST(Guard, ChangingAnythingIsRefused)
 {
     const test::TestFolder folder;
     const QByteArray path = folder.write(QStringLiteral("a"), "old").toUtf8();
-    for (const Guard &guard : {Guard(), exifToolGuard(), writerGuard()}) {
+    for (const Guard &guard : {readerGuard(folder), exifToolGuard(), writerGuard()}) {
         for (const auto &[name, attempt] : changesOf(path))
             EXPECT_FALSE(goesWell(attempt, guard))
                 << name << " in profile " << static_cast<int>(guard.profile);

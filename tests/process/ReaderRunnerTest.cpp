@@ -22,7 +22,7 @@ namespace {
 
 std::unique_ptr<JobRunner> faultyRunner()
 {
-    return makeReaderRunner(test::faultyReaderProgram().toStdString());
+    return makeReaderRunner(nullptr, test::faultyReaderProgram().toStdString());
 }
 
 Job named(const QString &name, const JobLimits &limits = {})
@@ -156,6 +156,24 @@ TEST(ReaderRunner, ReaderThatDoesNotEndIsLeftBehind)
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
 }
 
+TEST(ReaderRunner, ReaderIsStartedAnewForWhatItMayNotRead)
+{
+    const auto roots = std::make_shared<RootSet>(QStringList{QStringLiteral("/a")});
+    const auto runner = makeReaderRunner(roots, test::faultyReaderProgram().toStdString());
+    const auto rootsFor = [&](const char *path) {
+        return outcome(runner->run({ReportRequest{QLatin1String(path), {}}, {}}));
+    };
+    EXPECT_EQ(rootsFor("/a/b/roots"), QStringLiteral("/a"));
+    // What is added meanwhile is for later readers.
+    roots->add({QStringLiteral("/c")});
+    EXPECT_EQ(rootsFor("/a/roots"), QStringLiteral("/a"));
+    EXPECT_EQ(rootsFor("/c/roots"), QStringLiteral("/a /c"));
+    EXPECT_EQ(rootsFor("/d/e/roots"), QStringLiteral("/a /c /d/e"));
+    EXPECT_EQ(rootsFor("/a/outside"), QStringLiteral("through /a/outside"));
+    EXPECT_EQ(rootsFor("/a/always outside"), QStringLiteral("Permission denied"));
+    EXPECT_EQ(rootsFor("/d/e/roots"), QStringLiteral("/a /c /d/e"));
+}
+
 TEST(ReaderRunner, RecordBearsTheNameOfItsJob)
 {
     const QString path = QStringLiteral("/says another name");
@@ -198,7 +216,7 @@ TEST(ReaderRunner, ReaderThatCanNotStartIsTriedAFewTimes)
         = folder.write(QStringLiteral("reader"), "#!/bin/sh\necho x >>" + starts.toUtf8() + "\n");
     QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
     const QString reason = QStringLiteral("the reader can not be started");
-    const auto runner = makeReaderRunner(program.toStdString());
+    const auto runner = makeReaderRunner(nullptr, program.toStdString());
     for (int i = 0; i < 5; ++i) {
         const auto result = runner->run(named(QStringLiteral("good")));
         ASSERT_FALSE(result);
@@ -206,7 +224,8 @@ TEST(ReaderRunner, ReaderThatCanNotStartIsTriedAFewTimes)
         EXPECT_EQ(result.error().code, kNoReader);
     }
     EXPECT_EQ(test::contentOf(starts), "x\nx\nx\n");
-    EXPECT_EQ(outcome(makeReaderRunner("/no/such/reader")->run(named(QStringLiteral("good")))), reason);
+    EXPECT_EQ(outcome(makeReaderRunner(nullptr, "/no/such/reader")->run(named(QStringLiteral("good")))),
+              reason);
 }
 
 } // namespace quorvin

@@ -31,6 +31,7 @@ void say(const QByteArray &bytes)
 }
 
 quint32 job = 0; ///< the number of the order in hand
+ReaderRoots roots;
 
 /// The answer to the job: that it is done, and what came of it.
 void answer(const QByteArray &frame)
@@ -160,26 +161,45 @@ const std::map<QString, std::function<void()>> &faults()
          }},
         {QStringLiteral("environment"), [] { answer(report(environment())); }},
         {QStringLiteral("traced"), getTraced},
+        {QStringLiteral("roots"),
+         [] {
+             QStringList all(roots.paths.begin(), roots.paths.end());
+             answer(report(all.join(u' ').toUtf8()));
+         }},
+        {QStringLiteral("outside"),
+         [] {
+             if (roots.through.isEmpty())
+                 say(frameOf(JobOutside{job}));
+             else
+                 answer(report("through " + roots.through.toUtf8()));
+         }},
+        {QStringLiteral("always outside"), [] { say(frameOf(JobOutside{job})); }},
         {QStringLiteral("greets again"), [] { answer(frameOf(Greeting())); }},
         {QStringLiteral("answers twice"), [] { answer(report("answers twice") + report("another")); }},
     };
     return table;
 }
 
-bool answerNext()
+/// The content of the next frame; "" at the end.
+QByteArray heard()
 {
     quint32 size = 0;
     if (::read(kReaderSocket, &size, sizeof size) != sizeof size)
-        return false;
+        return {};
     QByteArray content(static_cast<qsizetype>(size), Qt::Uninitialized);
-    if (::read(kReaderSocket, content.data(), size) != static_cast<ssize_t>(size))
+    return ::read(kReaderSocket, content.data(), size) == static_cast<ssize_t>(size) ? content : QByteArray();
+}
+
+bool answerNext()
+{
+    const QByteArray content = heard();
+    if (content.isEmpty())
         return false;
     static JobCounter counter(kReaderCounter);
     counter.take();
     const auto order = orderOf(content);
     job = order->number;
-    const QString name
-        = lastPathComponent(std::visit([](const auto &request) { return request.path; }, order->request));
+    const QString name = lastPathComponent(pathOf(order->request));
     if (const auto fault = faults().find(name); fault != faults().end())
         fault->second();
     else
@@ -192,6 +212,10 @@ bool answerNext()
 int main()
 {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    const auto first = rootsOf(heard());
+    if (!first)
+        return EXIT_FAILURE;
+    roots = *first;
     say(frameOf(Greeting()));
     while (answerNext()) { }
     return EXIT_SUCCESS;

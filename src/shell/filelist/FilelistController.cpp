@@ -104,9 +104,11 @@ void FilelistController::takeFiles(const FolderWalks::Request &request,
     if (_isWindowClosing)
         return;
     if (request.index == FolderWalks::Request::kReplace || filelist().empty()) {
+        _roots = std::make_shared<RootSet>(request.paths);
         replaceContent(files);
     } else {
         const int rows = _arranged.rowCount();
+        _roots->add(request.paths);
         insertFiles(request.index, files);
         if (request.index == FolderWalks::Request::kEndAndSelect && rows < _arranged.rowCount())
             selectRow(rows);
@@ -147,7 +149,7 @@ void FilelistController::insertFiles(int index, const std::vector<FilelistItemPt
 void FilelistController::startPool()
 {
     auto pool = std::make_unique<DataCacher>(
-        [&settings = _settings.values()] { return analysisSetupFrom(settings); });
+        [&settings = _settings.values(), roots = _roots] { return analysisSetupFrom(settings, roots); });
     pool->setMTMode(_settings.integer(Setting::MTMode));
     pool->setDelegate(this);
     _worker.setDataCacher(std::move(pool));

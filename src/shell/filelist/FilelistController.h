@@ -115,6 +115,7 @@ private:
 
     const LiveSettings &_settings;
     WindowWorker _worker;
+    std::shared_ptr<RootSet> _roots = std::make_shared<RootSet>(); ///< of this list
     FilelistModel _whole;
     ArrangedFilelist _arranged{_whole};
     QItemSelectionModel _selection{&_arranged};

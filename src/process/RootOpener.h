@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "process/Frames.h"
+
+#include <sys/types.h>
+
+#include <cstddef>
+#include <vector>
+
+namespace quorvin {
+
+/// Opens the folders that a reader may read, in a process beside it: a file system that does not answer keeps
+/// its own folders back, and nothing else. One thread, from its making to `take`.
+class RootOpener {
+public:
+    struct Opened {
+        std::vector<int> folders; ///< descriptors that only name them; the caller's
+        std::vector<QString> reached; ///< the real folders that the links on the way to `through` lead to
+    };
+
+    /// Begins. To be made while the calling process has one thread and has read no file of unknown origin.
+    explicit RootOpener(const ReaderRoots &roots);
+    ~RootOpener();
+    RootOpener(const RootOpener &) = delete;
+    RootOpener &operator=(const RootOpener &) = delete;
+
+    /// What has been opened; waits for the rest, but no longer than a second. Once.
+    Opened take();
+
+private:
+    std::size_t _threads; ///< of the helper, that have not come to their end
+    int _socket = -1;
+    pid_t _helper = -1;
+};
+
+} // namespace quorvin
