@@ -32,6 +32,8 @@ enum class Command {
     selectExtendedTab,
     selectComparisonTab,
     selectCustomTab,
+    selectPreviousTab,
+    selectNextTab,
     toggleSidebar,
     clickWrapLongLines,
     expandAll,
@@ -92,6 +94,7 @@ struct CommandRow {
     bool (*isEnabled)(const CommandState &) = nullptr; ///< nullptr: always
     bool (*isChecked)(const CommandState &) = nullptr; ///< nullptr: it is no switch
     bool isHiddenWhileDisabled = false; ///< for what only few rows offer
+    const char *tip = nullptr; ///< what it does, untranslated, where the text alone says little; or nullptr
 };
 
 } // namespace quorvin

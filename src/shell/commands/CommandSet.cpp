@@ -7,6 +7,7 @@
 #include "shell/desktop/Icons.h"
 
 #include <QAction>
+#include <QActionGroup>
 #include <QCoreApplication>
 #include <QKeySequence>
 #include <QMenu>
@@ -47,7 +48,8 @@ void append(QMenu *menu, const std::vector<QAction *> &actions,
 
 } // namespace
 
-CommandSet::CommandSet(QWidget *window, QWidget *listArea) : QObject(window), _handlers(commandTable().size())
+CommandSet::CommandSet(QWidget *window, QWidget *listArea)
+    : QObject(window), _tabs(new QActionGroup(this)), _handlers(commandTable().size())
 {
     for (const CommandRow &row : commandTable())
         _actions.push_back(makeAction(row, row.places.testFlag(CommandPlace::ListArea) ? listArea : window));
@@ -63,6 +65,13 @@ QAction *CommandSet::makeAction(const CommandRow &row, QWidget *area)
     action->setShortcutContext(row.places.testFlag(CommandPlace::ListArea) ? Qt::WidgetWithChildrenShortcut
                                                                            : Qt::WindowShortcut);
     action->setCheckable(row.isChecked != nullptr);
+    if (row.places.testFlag(CommandPlace::TabSelector))
+        _tabs->addAction(action);
+    if (row.tip) {
+        action->setStatusTip(translated(row.tip));
+        action->setToolTip(QStringLiteral("%1 (%2)").arg(
+            translated(row.tip), action->shortcut().toString(QKeySequence::NativeText)));
+    }
     connect(action, &QAction::triggered, this, [this, command = row.command] { run(command); });
     area->addAction(action);
     return action;

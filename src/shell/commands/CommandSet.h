@@ -11,6 +11,7 @@
 #include <vector>
 
 class QAction;
+class QActionGroup;
 class QMenu;
 class QMenuBar;
 class QWidget;
@@ -51,6 +52,7 @@ Q_SIGNALS:
 private:
     QAction *makeAction(const CommandRow &row, QWidget *area);
 
+    QActionGroup *_tabs; ///< of which one is chosen
     std::vector<QAction *> _actions; ///< by the command's number
     std::vector<std::function<void()>> _handlers; ///< as the actions
     std::vector<QMenu *> _menus;

@@ -16,4 +16,10 @@ constexpr Tab tabFrom(int number)
     return number >= 0 && number < kTabCount ? static_cast<Tab>(number) : Tab::General;
 }
 
+/// The tab so many steps on from this one; behind the last comes the first.
+constexpr Tab tabBeside(Tab tab, int steps)
+{
+    return static_cast<Tab>((static_cast<int>(tab) + steps + kTabCount) % kTabCount);
+}
+
 } // namespace quorvin

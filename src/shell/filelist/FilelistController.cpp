@@ -5,6 +5,7 @@
 
 #include "model/Log.h"
 #include "platform/HeapMemory.h"
+#include "platform/NativePath.h"
 #include "shell/desktop/BackgroundRun.h"
 
 #include <algorithm>
@@ -261,17 +262,21 @@ void FilelistController::updateTotals()
     Q_EMIT stateDidChange();
 }
 
-void FilelistController::changeCurrentFile(const std::function<Expected<void>(const QString &)> &change)
+void FilelistController::changeCurrentFile(const QString &command,
+                                           const std::function<Expected<void>(const QString &)> &change)
 {
     const FilelistItemPtr file = _worker.currentFile();
     if (!file)
         return;
     runInBackground(
         this, "FileChange", [change, path = file->filename()](const RunControl &) { return change(path); },
-        [this, file](const Expected<void> &changed) {
+        [this, file, command](const Expected<void> &changed) {
             if (_isWindowClosing)
                 return;
-            Q_EMIT currentFileWasChanged(changed ? QString() : changed.error().description);
+            Q_EMIT currentFileWasChanged(changed ? QString()
+                                                 : tr("%1 failed for “%2”: %3")
+                                                       .arg(command, lastPathComponent(file->filename()),
+                                                            changed.error().description));
             if (changed)
                 reprocess(file);
         });

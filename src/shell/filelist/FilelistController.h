@@ -64,8 +64,10 @@ public:
 
     /// Reads the selected files again.
     void refreshInfo();
-    /// Changes the current file elsewhere and reads it again. `change` is told its path.
-    void changeCurrentFile(const std::function<Expected<void>(const QString &)> &change);
+    /// Changes the current file elsewhere and reads it again. `command` says what is done, should it fail;
+    /// `change` is told the path.
+    void changeCurrentFile(const QString &command,
+                           const std::function<Expected<void>(const QString &)> &change);
     /// Takes the selected files out of the list; nothing on the disk is touched.
     void removeSelectedItems();
 
@@ -95,7 +97,7 @@ Q_SIGNALS:
     void currentFileDidChange();
     /// The pool has answered for the current file; `isFresh`: with the result of a run that has just ended.
     void currentFileIsReady(bool isFresh);
-    /// The change of a file has ended; "" when all went well.
+    /// The change of a file has ended; "" when all went well, else a sentence that names command and file.
     void currentFileWasChanged(const QString &problem);
     /// What commands go by may have changed.
     void stateDidChange();

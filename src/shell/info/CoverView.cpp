@@ -3,6 +3,8 @@
 
 #include "shell/info/CoverView.h"
 
+#include "shell/desktop/AccessibleRole.h"
+
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -19,6 +21,7 @@ constexpr int kIconSide = 128;
 
 CoverView::CoverView(QWidget *parent) : QWidget(parent)
 {
+    setAccessibleRole(this, QAccessible::Graphic);
     setAccessibleName(tr("Cover"));
 }
 

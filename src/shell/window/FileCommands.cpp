@@ -77,7 +77,7 @@ void FileCommands::removeExtendedAttribute()
     question->setDefaultButton(QMessageBox::Cancel);
     question->setEscapeButton(QMessageBox::Cancel);
     connect(remove, &QPushButton::clicked, this, [this, attribute] {
-        _files.changeCurrentFile([attribute](const QString &path) {
+        _files.changeCurrentFile(tr("Remove from the File"), [attribute](const QString &path) {
             return Utilities::removeExtendedAtrribute(*attribute, path);
         });
     });
@@ -87,8 +87,9 @@ void FileCommands::removeExtendedAttribute()
 void FileCommands::touchDate()
 {
     if (const ExtTreeItem *row = selectedRow())
-        _files.changeCurrentFile(
-            [date = row->stringValue()](const QString &path) { return Utilities::touchDate(date, path); });
+        _files.changeCurrentFile(tr("Set the File's Date"), [date = row->stringValue()](const QString &path) {
+            return Utilities::touchDate(date, path);
+        });
 }
 
 } // namespace quorvin

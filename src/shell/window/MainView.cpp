@@ -4,6 +4,7 @@
 #include "shell/window/MainView.h"
 
 #include "platform/NativePath.h"
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Counts.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/filelist/FilelistTable.h"
@@ -40,6 +41,7 @@ void MainView::layOut()
     auto *line = new QFrame;
     line->setFrameShape(QFrame::HLine);
     line->setForegroundRole(QPalette::Mid);
+    setAccessibleRole(line, QAccessible::Separator);
     column->addWidget(line);
     column->addWidget(_status);
 }

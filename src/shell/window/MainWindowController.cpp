@@ -16,7 +16,7 @@
 #include "shell/window/OpenPanels.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
-#include "shell/window/TabSelector.h"
+#include "shell/window/ToolBar.h"
 
 #include <QAction>
 #include <QApplication>
@@ -30,7 +30,6 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QTimer>
-#include <QToolBar>
 
 namespace quorvin {
 
@@ -40,13 +39,6 @@ constexpr QSize kFirstSize(1000, 680);
 constexpr int kMinimumHeight = 360;
 constexpr int kDropMilliseconds = 100; ///< so that the drag ends first
 constexpr QLatin1String kFilelistType("QuorvinFilelistPBoardType");
-
-QWidget *expandingSpace()
-{
-    auto *space = new QWidget;
-    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    return space;
-}
 
 } // namespace
 
@@ -62,15 +54,12 @@ MainWindowController::MainWindowController(Session &session)
     setAcceptDrops(true);
     setCentralWidget(_view);
     setUpCommands();
-    setUpToolBar();
+    addToolBar(new ToolBar(*_commands));
+    // Readers go by this order: menus and tool bar come before the content.
+    _view->raise();
     connectView();
     connectExport();
-    connect(new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this), &QShortcut::activated, this, [] {
-        if (QWidget *focus = QApplication::focusWidget()) {
-            QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), focus->mapToGlobal(QPoint()));
-            QApplication::sendEvent(focus, &event);
-        }
-    });
+    setUpMenuKeys();
     setMinimumHeight(kMinimumHeight);
     restoreFrame();
     const LiveSettings &settings = _session.settings;
@@ -115,28 +104,25 @@ void MainWindowController::registerCommands()
     on(Command::selectExtendedTab, [this] { setCurrentTab(Tab::Extended); });
     on(Command::selectComparisonTab, [this] { setCurrentTab(Tab::Comparison); });
     on(Command::selectCustomTab, [this] { setCurrentTab(Tab::Custom); });
+    on(Command::selectPreviousTab, [this] { setCurrentTab(tabBeside(currentTab(), -1)); });
+    on(Command::selectNextTab, [this] { setCurrentTab(tabBeside(currentTab(), 1)); });
     on(Command::toggleSidebar, [this] { toggleSidebar(); });
     on(Command::clickWrapLongLines, [this] { _session.settings.toggle(Setting::wrapLongLines); });
     on(Command::toggleFullScreen, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
 }
 
-void MainWindowController::setUpToolBar()
+void MainWindowController::setUpMenuKeys()
 {
-    QToolBar *bar = addToolBar(tr("Tool Bar"));
-    bar->setObjectName(QStringLiteral("toolbar"));
-    bar->setMovable(false);
-    bar->setContextMenuPolicy(Qt::PreventContextMenu);
-    bar->setToolButtonStyle(Qt::ToolButtonIconOnly);
-    bar->setIconSize(QSize(18, 18));
-    const auto actions = _commands->actionsAt(CommandPlace::ToolBar);
-    bar->addAction(_commands->action(Command::toggleSidebar));
-    for (QAction *action : actions) {
-        if (action != _commands->action(Command::toggleSidebar))
-            bar->addAction(action);
-    }
-    bar->addWidget(expandingSpace());
-    bar->addWidget(new TabSelector(_commands->actionsAt(CommandPlace::TabSelector)));
-    bar->addWidget(expandingSpace());
+    connect(new QShortcut(QKeySequence(Qt::Key_F10), this), &QShortcut::activated, this, [this] {
+        menuBar()->setFocus(Qt::MenuBarFocusReason);
+        menuBar()->setActiveAction(menuBar()->actions().constFirst());
+    });
+    connect(new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this), &QShortcut::activated, this, [] {
+        if (QWidget *focus = QApplication::focusWidget()) {
+            QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), focus->mapToGlobal(QPoint()));
+            QApplication::sendEvent(focus, &event);
+        }
+    });
 }
 
 void MainWindowController::connectView()

@@ -65,7 +65,7 @@ private:
     };
 
     void setUpCommands();
-    void setUpToolBar();
+    void setUpMenuKeys();
     void connectView();
     void connectExport();
     void restoreFrame();

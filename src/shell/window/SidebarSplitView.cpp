@@ -3,6 +3,8 @@
 
 #include "shell/window/SidebarSplitView.h"
 
+#include "shell/desktop/AccessibleRole.h"
+
 #include <QMouseEvent>
 #include <QResizeEvent>
 #include <QStyle>
@@ -20,6 +22,7 @@ class Handle final : public QSplitterHandle {
 public:
     explicit Handle(SidebarSplitView *view) : QSplitterHandle(view->orientation(), view), _view(view)
     {
+        setAccessibleRole(this, QAccessible::Splitter);
         setAccessibleName(SidebarSplitView::tr("Divider of the file list"));
     }
 
@@ -39,6 +42,7 @@ private:
 SidebarSplitView::SidebarSplitView(QWidget *sidebar, QWidget *content, QWidget *parent)
     : QSplitter(Qt::Horizontal, parent), _sidebar(sidebar), _content(content)
 {
+    setAccessibleRole(this, QAccessible::Grouping);
     addWidget(sidebar);
     addWidget(content);
     // Readers go by this order.

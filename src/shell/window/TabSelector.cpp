@@ -3,29 +3,73 @@
 
 #include "shell/window/TabSelector.h"
 
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/PlainText.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QHBoxLayout>
 #include <QPainter>
-#include <QToolButton>
+
+#include <algorithm>
 
 namespace quorvin {
 
 namespace {
 
-/// Shows the keyboard on any style; a flat button alone hardly does.
-class TabButton final : public QToolButton {
-protected:
-    void paintEvent(QPaintEvent *event) override
+constexpr int kHeight = 28;
+constexpr int kPadding = 14; ///< beside the text
+constexpr double kRadius = 5;
+
+QColor between(const QColor &from, const QColor &to, double share)
+{
+    const auto mix = [share](double a, double b) { return static_cast<float>(a + (b - a) * share); };
+    return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
+                            mix(from.blueF(), to.blueF()));
+}
+
+class TabButton final : public QAbstractButton {
+public:
+    explicit TabButton(QAction *tab)
     {
-        QToolButton::paintEvent(event);
-        if (!hasFocus())
-            return;
+        setAccessibleRole(this, QAccessible::PageTab);
+        setText(tab->text().remove(u'&'));
+        setAccessibleName(text());
+        const QString keys = tab->shortcut().toString(QKeySequence::NativeText);
+        setToolTip(plainTip(keys));
+        setCheckable(true);
+        setFocusPolicy(Qt::TabFocus);
+        connect(this, &QAbstractButton::clicked, tab, &QAction::trigger);
+        connect(tab, &QAction::changed, this, [this, tab] { setChecked(tab->isChecked()); });
+        setChecked(tab->isChecked());
+    }
+    QSize sizeHint() const override
+    {
+        return {fontMetrics().horizontalAdvance(text()) + 2 * kPadding,
+                std::max(kHeight, fontMetrics().height() + kPadding)};
+    }
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-        painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 3, 3);
+        // Chosen is chosen, also while another window has the keyboard.
+        const auto color
+            = [this](QPalette::ColorRole role) { return palette().color(QPalette::Active, role); };
+        const QRectF room = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
+        if (isChecked()) {
+            painter.setPen(Qt::NoPen);
+            painter.setBrush(color(QPalette::Highlight));
+            painter.drawRoundedRect(room, kRadius - 1, kRadius - 1);
+        }
+        const QColor ink = color(isChecked() ? QPalette::HighlightedText : QPalette::WindowText);
+        painter.setPen(ink);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawText(room, Qt::AlignCenter, text());
+        if (hasFocus())
+            painter.drawRoundedRect(room.adjusted(2, 2, -2, -2), kRadius - 2, kRadius - 2);
     }
 };
 
@@ -33,28 +77,28 @@ protected:
 
 TabSelector::TabSelector(const std::vector<QAction *> &tabs, QWidget *parent) : QWidget(parent)
 {
+    setAccessibleRole(this, QAccessible::PageTabList);
     setAccessibleName(tr("Tabs"));
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(2);
+    row->setSpacing(0);
     for (QAction *tab : tabs) {
-        auto *button = new TabButton;
-        const QString name = tab->text().remove(u'&');
-        button->setText(name);
-        button->setAccessibleName(name);
-        const QString keys = tab->shortcut().toString(QKeySequence::NativeText);
-        button->setToolTip(plainTip(QStringLiteral("%1 (%2)").arg(name, keys)));
-        button->setCheckable(true);
-        button->setAutoRaise(true);
-        button->setFocusPolicy(Qt::TabFocus);
-        button->setToolButtonStyle(Qt::ToolButtonTextOnly);
-        button->setMinimumHeight(28);
-        button->setMinimumWidth(button->fontMetrics().horizontalAdvance(name) + 24);
+        auto *button = new TabButton(tab);
         _buttons.addButton(button);
         row->addWidget(button);
-        connect(button, &QToolButton::clicked, tab, &QAction::trigger);
-        connect(tab, &QAction::changed, button, [button, tab] { button->setChecked(tab->isChecked()); });
     }
+}
+
+void TabSelector::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor text = palette().color(QPalette::WindowText);
+    const QColor ground = palette().color(QPalette::Window);
+    painter.setBrush(between(ground, text, 0.05));
+    painter.setPen(between(ground, text, 0.25));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
 }
 
 } // namespace quorvin

@@ -12,12 +12,15 @@ class QAction;
 
 namespace quorvin {
 
-/// The tabs of a window as one row of buttons, of which one is down.
+/// The tabs of a window, as one row of which one is chosen; arrow keys go from one to the next.
 class TabSelector : public QWidget {
     Q_OBJECT
 public:
-    /// A button for each action; the actions say which is down.
+    /// A tab for each action; the actions say which is chosen.
     explicit TabSelector(const std::vector<QAction *> &tabs, QWidget *parent = nullptr);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     QButtonGroup _buttons;
