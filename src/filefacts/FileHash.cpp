@@ -7,8 +7,10 @@
 
 #include <fcntl.h>
 #include <openssl/evp.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <memory>
@@ -61,8 +63,11 @@ private:
 
 } // namespace
 
-Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests)
+Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests,
+                                   const DigestWatch &watch)
 {
+    struct stat facts { };
+    const quint64 size = ::fstat(descriptor, &facts) == 0 ? static_cast<quint64>(facts.st_size) : 0;
     std::vector<Hasher> hashers(digests.begin(), digests.end());
     std::vector<char> chunk(kChunk);
     ::posix_fadvise(descriptor, 0, 0, POSIX_FADV_SEQUENTIAL);
@@ -77,6 +82,9 @@ Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest>
         for (Hasher &hasher : hashers)
             hasher.update(chunk.data(), static_cast<std::size_t>(count));
         offset += count;
+        const auto done = static_cast<quint64>(offset);
+        if (watch && !watch({done, std::max(done, size)}))
+            return failure(QStringLiteral("stopped"));
     }
     QStringList hashes;
     for (Hasher &hasher : hashers)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/Error.h"
 
 #include <QString>
@@ -15,9 +16,10 @@ namespace quorvin::FileHash {
 enum class Digest { MD5, SHA1, SHA512 };
 
 /// The digests of a whole file in lower-case hex, in the order asked for, in one pass over the file with
-/// memory that does not grow with it. Fails when the file cannot be read to its end. Reads from the start of
-/// the descriptor without moving its position. Any thread.
-Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests);
+/// memory that does not grow with it. Fails when the file cannot be read to its end, or `watch` gives it up.
+/// Reads from the start of the descriptor without moving its position. Any thread.
+Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests,
+                                   const DigestWatch &watch = {});
 
 /// The same for a path; fails also for what is no regular file.
 Expected<QString> hashOfFileAtPath(const QString &path, Digest digest);

@@ -141,17 +141,18 @@ void takeAttributes(const AttributeFacts &attributes, FileFacts &facts)
         facts.fileTagNames = attributes.tags.join(QLatin1String(", "));
 }
 
-void readHashes(const RegularFile &file, FileFacts &facts)
+void readHashes(const RegularFile &file, const DigestWatch &watch, FileFacts &facts)
 {
     const auto hashes
-        = FileHash::hashesOfFile(file.descriptor(), {FileHash::Digest::MD5, FileHash::Digest::SHA1});
+        = FileHash::hashesOfFile(file.descriptor(), {FileHash::Digest::MD5, FileHash::Digest::SHA1}, watch);
     if (!hashes)
         return;
     facts.md5 = hashes->at(0);
     facts.sha1 = hashes->at(1);
 }
 
-FileFacts collect(const RegularFile &file, const RecordOptions &options, bool listsOnly)
+FileFacts collect(const RegularFile &file, const RecordOptions &options, const DigestWatch &watch,
+                  bool listsOnly)
 {
     FileFacts facts;
     const QString resolvedPath = file.resolvedPath();
@@ -166,15 +167,15 @@ FileFacts collect(const RegularFile &file, const RecordOptions &options, bool li
         takeAttributes(attributes, facts);
     }
     if (options.computeFileHashes)
-        readHashes(file, facts);
+        readHashes(file, watch, facts);
     return facts;
 }
 
 } // namespace
 
-FileFacts getFileInfo(const RegularFile &file, const RecordOptions &options)
+FileFacts getFileInfo(const RegularFile &file, const RecordOptions &options, const DigestWatch &watch)
 {
-    return collect(file, options, false);
+    return collect(file, options, watch, false);
 }
 
 void prepareFileStream(const QString &filename, const FileFacts &facts, PrivateFacts privacy,
@@ -200,9 +201,10 @@ void prepareFileStream(const QString &filename, const FileFacts &facts, PrivateF
     }
 }
 
-FlatInfo prepareFileInfo(const QString &filename, const RegularFile &file, const RecordOptions &options)
+FlatInfo prepareFileInfo(const QString &filename, const RegularFile &file, const RecordOptions &options,
+                         const DigestWatch &watch)
 {
-    FileFacts facts = collect(file, options, true);
+    FileFacts facts = collect(file, options, watch, true);
     FlatInfo info;
     for (const QLatin1String key : kFlatOrder) {
         const Row &row = *std::ranges::find(kRows, key, &Row::key);

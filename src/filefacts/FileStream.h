@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/FlatInfo.h"
 #include "model/GeneralFacts.h"
 #include "model/ParameterGroups.h"
@@ -13,8 +14,8 @@ namespace quorvin {
 
 /// The facts of an open file. Size, dates, kind and attributes are those of the file that symbolic links lead
 /// to. `options` decides on the size rule, the extended attributes and the hashes; hashing reads the whole
-/// file once. Any thread.
-FileFacts getFileInfo(const RegularFile &file, const RecordOptions &options);
+/// file once, and tells `watch`; hashes that fail or are given up are left out. Any thread.
+FileFacts getFileInfo(const RegularFile &file, const RecordOptions &options, const DigestWatch &watch = {});
 
 /// Where the private facts of a file count as private.
 enum class PrivateFacts {
@@ -29,6 +30,7 @@ void prepareFileStream(const QString &filename, const FileFacts &facts, PrivateF
 
 /// The same facts as a flat list, in an order of its own. Here "FileSizeAndBytes" has the bare number of
 /// bytes, and origin, authors and download date count only when the attribute holds a list.
-FlatInfo prepareFileInfo(const QString &filename, const RegularFile &file, const RecordOptions &options);
+FlatInfo prepareFileInfo(const QString &filename, const RegularFile &file, const RecordOptions &options,
+                         const DigestWatch &watch = {});
 
 } // namespace quorvin

@@ -49,7 +49,9 @@ public:
           _setup(_shared.setup()),
           _runner(_setup.makeRunner())
     {
-        _runner->setWhenSlow([this] { return goesOnSlowly(); });
+        _runner->setWhenSlow([this](bool advances) { return goesOnSlowly(advances); });
+        _runner->setWhenAdvanced(
+            [this](const DigestProgress &progress) { _awaited->setDigestProgress(progress); });
     }
 
     End run()
@@ -59,7 +61,7 @@ public:
         FilelistItemPtr file = begunInTime();
         while (file && !_stop.stop_requested()) {
             const Waiting waiting(_shared.stopOf(file, _thread), _stop);
-            if (!_runner->await(waiting.token())) {
+            if (!await(file, waiting.token())) {
                 // Taken away, or a stop.
                 if (_stop.stop_requested())
                     break;
@@ -114,6 +116,12 @@ private:
         std::stop_callback<std::function<void()>> _forward;
     };
 
+    bool await(const FilelistItemPtr &file, const std::stop_token &stop)
+    {
+        _awaited = file;
+        return _runner->await(stop);
+    }
+
     FilelistItemPtr begunNext() { return begun(claimedNext()); }
 
     /// The reader works on the next file while the record of the one in hand travels.
@@ -157,15 +165,18 @@ private:
         return begun(file);
     }
 
-    /// The reader asks whether to go on with the file in hand.
-    bool goesOnSlowly()
+    /// The reader asks whether to go on with the file in hand. One whose digests advance is not begun again:
+    /// where there is no room for one more, it keeps its lane.
+    bool goesOnSlowly(bool advances)
     {
         if (_isSlow || _lane == Lane::Own)
             return true;
-        _isSetAside = !_shared.becomeSlow(_thread);
-        if (!_isSetAside)
+        if (_shared.becomeSlow(_thread)) {
             leaveLane();
-        return !_isSetAside;
+            return true;
+        }
+        _isSetAside = !advances;
+        return advances;
     }
 
     void leaveLane()
@@ -240,6 +251,7 @@ private:
     bool _isLast;
     AnalysisSetup _setup;
     std::unique_ptr<JobRunner> _runner;
+    FilelistItemPtr _awaited; ///< the last file in hand
     bool _isSlow = false; ///< its lane is another thread's
     bool _isSetAside = false; ///< the file in hand is to wait
     std::vector<FilelistItemPtr> _repeats; ///< met in the queue and found done

@@ -33,6 +33,18 @@ QString FilelistItem::failureReason() const
     return _failureReason;
 }
 
+std::optional<DigestProgress> FilelistItem::digestProgress() const
+{
+    const std::lock_guard guard(_lock);
+    return _isDone ? std::nullopt : _digestProgress;
+}
+
+void FilelistItem::setDigestProgress(const DigestProgress &progress)
+{
+    const std::lock_guard guard(_lock);
+    _digestProgress = progress;
+}
+
 std::optional<MapLocationInfo> FilelistItem::mapLocationInfo() const
 {
     const QuorvinDataPtr data = quorvinData();
@@ -45,6 +57,7 @@ void FilelistItem::setResult(const Expected<QuorvinDataPtr> &result)
 {
     const std::lock_guard guard(_lock);
     _quorvinData = result.value_or(nullptr);
+    _digestProgress.reset();
     _isFailed = !result;
     _failureReason = result ? QString() : result.error().description;
 }
@@ -60,6 +73,7 @@ void FilelistItem::resetQuorvinData()
     _isDone = false;
     const std::lock_guard guard(_lock);
     _quorvinData = nullptr;
+    _digestProgress.reset();
     _isFailed = false;
     _failureReason.clear();
 }

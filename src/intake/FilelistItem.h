@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/Error.h"
 #include "model/QuorvinData.h"
 
@@ -45,11 +46,14 @@ public:
     bool isFailed() const;
     /// Why the last analysis gave no record; "" when it did not fail.
     QString failureReason() const;
+    /// While its digests are computed, and take some time; absent else.
+    std::optional<DigestProgress> digestProgress() const;
     /// Absent without a record, or when the record has no location.
     std::optional<MapLocationInfo> mapLocationInfo() const;
 
     void setIsDone(bool done) { _isDone = done; }
     void setIsInProcess(bool inProcess) { _isInProcess = inProcess; }
+    void setDigestProgress(const DigestProgress &progress);
     /// What an analysis gave.
     void setResult(const Expected<QuorvinDataPtr> &result);
     /// Drops the record of a file that nobody will ask again.
@@ -70,6 +74,7 @@ private:
     QuorvinDataPtr _quorvinData;
     bool _isFailed = false;
     QString _failureReason;
+    std::optional<DigestProgress> _digestProgress; ///< of the last analysis
 };
 
 using FilelistItemPtr = std::shared_ptr<FilelistItem>;

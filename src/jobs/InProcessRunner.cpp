@@ -18,7 +18,11 @@ public:
         if (stop.stop_requested())
             return false;
         // The next job may be handed over before this result is taken.
-        _result = doJob(_request);
+        _result = doJob(_request, [&](const DigestProgress &progress) {
+            if (watch().whenAdvanced)
+                watch().whenAdvanced(progress);
+            return !stop.stop_requested();
+        });
         return !stop.stop_requested();
     }
     JobResult take(const std::stop_token &) override { return std::move(_result); }

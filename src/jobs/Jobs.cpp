@@ -8,19 +8,19 @@
 
 namespace quorvin {
 
-Expected<QuorvinDataPtr> doJob(const RecordRequest &request)
+Expected<QuorvinDataPtr> doJob(const RecordRequest &request, const DigestWatch &watch)
 {
-    return RecordBuilder(request.options).dataAboutFile(request.path);
+    return RecordBuilder(request.options, watch).dataAboutFile(request.path);
 }
 
-Expected<Report> doJob(const ReportRequest &request)
+Expected<Report> doJob(const ReportRequest &request, const DigestWatch &)
 {
     return rawReport(request.source, request.path).map([](QString text) { return Report{std::move(text)}; });
 }
 
-JobResult doJob(const JobRequest &request)
+JobResult doJob(const JobRequest &request, const DigestWatch &watch)
 {
-    return std::visit([](const auto &kind) { return JobResult(doJob(kind)); }, request);
+    return std::visit([&](const auto &kind) { return JobResult(doJob(kind, watch)); }, request);
 }
 
 } // namespace quorvin

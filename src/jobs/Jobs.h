@@ -3,16 +3,17 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "process/Job.h"
 
 namespace quorvin {
 
 /// Does a job here and now, with the libraries of this process: one form a kind. Any thread, once the
-/// libraries are set up.
-Expected<QuorvinDataPtr> doJob(const RecordRequest &request);
-Expected<Report> doJob(const ReportRequest &request);
+/// libraries are set up. `watch` follows the digests of a record.
+Expected<QuorvinDataPtr> doJob(const RecordRequest &request, const DigestWatch &watch = {});
+Expected<Report> doJob(const ReportRequest &request, const DigestWatch &watch = {});
 
 /// The one of the request's kind.
-JobResult doJob(const JobRequest &request);
+JobResult doJob(const JobRequest &request, const DigestWatch &watch = {});
 
 } // namespace quorvin

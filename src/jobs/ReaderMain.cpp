@@ -22,6 +22,7 @@
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstdlib>
 #include <mutex>
@@ -140,6 +141,28 @@ void setUpLog(quint32 parts)
     qInstallMessageHandler(sendToLog);
 }
 
+/// Tells the parent how far the digests of a job have come, so that it waits on; not more often than a
+/// person can read it.
+class ProgressTeller {
+public:
+    explicit ProgressTeller(quint32 job) : _job(job) { }
+
+    bool operator()(const DigestProgress &progress)
+    {
+        const auto now = std::chrono::steady_clock::now();
+        if (now - _told < kBetween)
+            return true;
+        _told = now;
+        return writeAll(frameOf(JobProgress{_job, progress}));
+    }
+
+private:
+    static constexpr std::chrono::milliseconds kBetween{500};
+
+    quint32 _job;
+    std::chrono::steady_clock::time_point _told = std::chrono::steady_clock::now();
+};
+
 /// Whether it is the guard that keeps this process from the file: the file's own rights would not.
 bool liesOutside(const QString &path)
 {
@@ -153,7 +176,7 @@ bool liesOutside(const QString &path)
 /// A file that the parent knows to be `through` links is not sent back.
 bool answer(const JobOrder &order, const QString &through, AnswerMaker &answers)
 {
-    const JobResult result = doJob(order.request);
+    const JobResult result = doJob(order.request, ProgressTeller(order.number));
     const QString &path = pathOf(order.request);
     if (!result && path != through && liesOutside(path))
         return writeAll(frameOf(JobOutside{order.number}));

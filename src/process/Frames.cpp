@@ -107,6 +107,17 @@ struct Fields<LogLine> {
     static constexpr auto list = std::tuple(&LogLine::isOfLibrary, &LogLine::text);
 };
 
+template <>
+struct Fields<DigestProgress> {
+    static constexpr auto list = std::tuple(&DigestProgress::done, &DigestProgress::total);
+    static bool isValid(const DigestProgress &progress) { return progress.done <= progress.total; }
+};
+
+template <>
+struct Fields<JobProgress> {
+    static constexpr auto list = std::tuple(&JobProgress::job, &JobProgress::progress);
+};
+
 namespace {
 
 QByteArray framed(const QByteArray &content)

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "process/Job.h"
 #include "process/Values.h"
 
@@ -89,6 +90,14 @@ struct EncodedReport {
     QByteArray text; ///< UTF-8; at most `kMostReport`
 };
 
+/// Digests of the job's file have come so far: each time further. The job's limits count anew from then on.
+struct JobProgress {
+    static constexpr quint32 kMostBytes = 64;
+
+    quint32 job = 0;
+    DigestProgress progress;
+};
+
 /// A line for the parent's log. May come at any time.
 struct LogLine {
     static constexpr quint32 kMostBytes = 4096;
@@ -98,8 +107,8 @@ struct LogLine {
     QString text; ///< at most `kMostCharacters`
 };
 
-using ReaderMessage
-    = std::variant<Greeting, JobDone, JobOutside, JobFailed, EncodedRecord, EncodedReport, LogLine>;
+using ReaderMessage = std::variant<Greeting, JobDone, JobOutside, JobFailed, EncodedRecord, EncodedReport,
+                                   LogLine, JobProgress>;
 
 inline constexpr quint32 kMostOrderBytes = 1 << 20;
 

@@ -5,7 +5,6 @@
 
 #include "model/Log.h"
 #include "process/Guard.h"
-#include "process/JobRunner.h"
 
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -67,6 +66,14 @@ quint32 jobOf(const ReaderMessage &message)
         message);
 }
 
+void log(const LogLine &line)
+{
+    if (line.isOfLibrary)
+        qCDebug(lcLibraries).noquote() << line.text;
+    else
+        qCInfo(lcQuorvin).noquote() << line.text;
+}
+
 } // namespace
 
 Expected<std::unique_ptr<ReaderConnection>>
@@ -95,8 +102,9 @@ bool ReaderConnection::send(const Job &job)
         return false;
     _sent = {_sent.number + 1, job};
     _reader->limitMemory(job.limits.memoryMiB);
-    _deadline.setRemainingTime(qint64{job.limits.wallSeconds} * 1000);
-    _cpuAtStart = _reader->cpuTime();
+    startLimits();
+    _cpuAtStart = _cpuAtStep;
+    _digested = 0;
     return sendFrame(frameOf(JobOrder{_sent.number, job.request}));
 }
 
@@ -108,11 +116,37 @@ bool ReaderConnection::sendFrame(const QByteArray &frame)
         == frame.size();
 }
 
-Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop, const std::function<bool()> &whenSlow)
+void ReaderConnection::startLimits()
 {
-    _whenSlow = whenSlow;
+    _deadline.setRemainingTime(qint64{_sent.job.limits.wallSeconds} * 1000);
+    _cpuAtStep = _reader->cpuTime();
+}
+
+bool ReaderConnection::advance(const JobProgress &step)
+{
+    const auto *request = std::get_if<RecordRequest>(&_sent.job.request);
+    if (!request || !request->options.computeFileHashes || step.job != _sent.number
+        || step.progress.done <= _digested)
+        return false;
+    _digested = step.progress.done;
+    startLimits();
+    if (_watch.whenAdvanced)
+        _watch.whenAdvanced(step.progress);
+    return true;
+}
+
+bool ReaderConnection::mayGoOn()
+{
+    if (!_watch.whenSlow || _reader->cpuTime() - _cpuAtStart <= kSlowJob.count())
+        return true;
+    return std::exchange(_watch.whenSlow, {})(_digested > 0);
+}
+
+Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop, const JobWatch &watch)
+{
+    _watch = watch;
     const auto message = receive(stop);
-    _whenSlow = {};
+    _watch = {};
     if (!message)
         return tl::unexpected(message.error());
     const bool isOfThisJob = jobOf(*message) == _sent.number;
@@ -164,13 +198,18 @@ Expected<ReaderMessage> ReaderConnection::receive(const std::stop_token &stop)
 {
     for (;;) {
         auto message = receiveAny(stop);
-        const auto *line = message ? std::get_if<LogLine>(&*message) : nullptr;
-        if (!line)
+        if (!message)
             return message;
-        if (line->isOfLibrary)
-            qCDebug(lcLibraries).noquote() << line->text;
-        else
-            qCInfo(lcQuorvin).noquote() << line->text;
+        if (const auto *line = std::get_if<LogLine>(&*message)) {
+            log(*line);
+        } else if (const auto *step = std::get_if<JobProgress>(&*message)) {
+            if (!advance(*step))
+                return lose(kCrashed);
+            if (!mayGoOn())
+                return lose(kSetAside);
+        } else {
+            return message;
+        }
     }
 }
 
@@ -224,10 +263,9 @@ Expected<void> ReaderConnection::waitReadable(int stopSignal)
             return lose(kStopped);
         if (ends[0].revents != 0)
             return {};
-        const qint64 cpu = _reader->cpuTime() - _cpuAtStart;
-        if (cpu > mostCpu)
+        if (_reader->cpuTime() - _cpuAtStep > mostCpu)
             break;
-        if (_whenSlow && cpu > kSlowJob.count() && !std::exchange(_whenSlow, {})())
+        if (!mayGoOn())
             return lose(kSetAside);
     }
     return lose(kTookTooLong);

@@ -4,12 +4,12 @@
 #pragma once
 
 #include "process/Frames.h"
+#include "process/JobRunner.h"
 #include "process/ReaderProcess.h"
 #include "process/RecordBytes.h"
 
 #include <QDeadlineTimer>
 
-#include <functional>
 #include <memory>
 #include <stop_token>
 #include <string>
@@ -34,8 +34,8 @@ public:
     const Greeting &greeting() const { return _greeting; }
     /// False when the reader takes no more. What it owes can still be taken.
     bool send(const Job &job);
-    /// Waits until the last job sent has been worked on. `whenSlow` as `JobRunner` says it; it may be empty.
-    Expected<void> awaitDone(const std::stop_token &stop, const std::function<bool()> &whenSlow = {});
+    /// Waits until the last job sent has been worked on. `watch` as `JobRunner` says it.
+    Expected<void> awaitDone(const std::stop_token &stop, const JobWatch &watch = {});
     /// What came of the job that was waited for last. Once for each.
     JobResult takeResult(const std::stop_token &stop);
 
@@ -56,7 +56,12 @@ private:
 
     bool sendFrame(const QByteArray &frame);
 
-    /// The next message that is none for the log.
+    void startLimits();
+    /// False for a step that leads nowhere.
+    bool advance(const JobProgress &step);
+    /// Asks, once in a job that takes long.
+    bool mayGoOn();
+    /// The next message that is neither progress nor for the log.
     Expected<ReaderMessage> receive(const std::stop_token &stop);
     Expected<ReaderMessage> receiveAny(const std::stop_token &stop);
     /// Waits until so many bytes have come.
@@ -84,8 +89,10 @@ private:
     bool _isLastJobInnocent = false;
     bool _isLastJobOutside = false;
     QDeadlineTimer _deadline;
-    qint64 _cpuAtStart = 0; ///< milliseconds
-    std::function<bool()> _whenSlow; ///< of the job that is awaited; empty once it was asked
+    qint64 _cpuAtStart = 0; ///< of the last job, in milliseconds
+    qint64 _cpuAtStep = 0; ///< of it, or of the last time that it advanced
+    quint64 _digested = 0; ///< bytes of its file
+    JobWatch _watch; ///< of the job that is awaited; without `whenSlow` once it was asked
 };
 
 } // namespace quorvin

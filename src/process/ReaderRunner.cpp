@@ -56,7 +56,7 @@ void ReaderRunner::begin(const Job &job)
 bool ReaderRunner::await(const std::stop_token &stop)
 {
     for (int i = 0; i < kTries; ++i) {
-        _awaited = handOver(stop).and_then([&] { return _reader->awaitDone(stop, whenSlow()); });
+        _awaited = handOver(stop).and_then([&] { return _reader->awaitDone(stop, watch()); });
         if (_awaited || stop.stop_requested() || !_reader || !_reader->isLastJobInnocent())
             break;
     }

@@ -18,11 +18,11 @@ namespace quorvin {
 namespace {
 
 Expected<RecordContents> readByItsWays(const QString &filename, const RegularFile &file,
-                                       const RecordOptions &options)
+                                       const RecordOptions &options, const DigestWatch &watch)
 {
     Expected<RecordContents> contents = failure(QStringLiteral("Can not process the file"));
     for (const Way *way : waysFor(file.head(kBrandHeadLength), options)) {
-        contents = way->read(filename, file, options);
+        contents = way->read(filename, file, options, watch);
         if (contents)
             break;
     }
@@ -54,7 +54,7 @@ Expected<QuorvinDataPtr> RecordBuilder::dataAboutFile(const QString &filename) c
         qCInfo(lcQuorvin).noquote() << "Failed to open" << filename << file.error().description;
         return tl::unexpected(file.error());
     }
-    return readByItsWays(filename, *file, _options).map(recordOf);
+    return readByItsWays(filename, *file, _options, _watch).map(recordOf);
 }
 
 } // namespace quorvin

@@ -3,11 +3,14 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/Error.h"
 #include "model/QuorvinData.h"
 #include "model/RecordOptions.h"
 
 #include <QString>
+
+#include <utility>
 
 namespace quorvin {
 
@@ -18,7 +21,11 @@ public:
     /// anything; the others wait for it. Any thread.
     static void setupLibraries();
 
-    explicit RecordBuilder(RecordOptions options) : _options(options) { }
+    /// `watch` follows the digests, where the options ask for them.
+    explicit RecordBuilder(RecordOptions options, DigestWatch watch = {})
+        : _options(options), _watch(std::move(watch))
+    {
+    }
 
     /// A finished record, or the reason why there is none. Bad files give a reason; nothing is thrown. Any
     /// thread.
@@ -26,6 +33,7 @@ public:
 
 private:
     RecordOptions _options;
+    DigestWatch _watch;
 };
 
 } // namespace quorvin

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/Error.h"
 #include "model/RecordContents.h"
 #include "model/RecordOptions.h"
@@ -23,7 +24,7 @@ struct Way {
     /// The contents of a record; an error when the file is none for this reader. `file` is open on
     /// `filename`.
     Expected<RecordContents> (*read)(const QString &filename, const RegularFile &file,
-                                     const RecordOptions &options);
+                                     const RecordOptions &options, const DigestWatch &watch);
     /// Readers of any file whatever are alternatives and never a chain: of several that take a file only the
     /// first has its try.
     bool takesAnything = false;

@@ -7,11 +7,13 @@
 #include "filefacts/Paths.h"
 #include "filefacts/Sizes.h"
 #include "platform/NativePath.h"
+#include "platform/RegularFile.h"
 #include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <vector>
 
 namespace quorvin {
 
@@ -86,6 +88,14 @@ TEST(FileHash, DigestsOfTheWholeFileInOnePass)
     EXPECT_EQ(FileHash::sha1HashOfFileAtPath(large),
               QStringLiteral("e8935af087fafce14bf157d50ab992c861688ffa"));
     EXPECT_FALSE(FileHash::sha512HashOfFileAtPath(folder.path()));
+    const auto file = RegularFile::open(large);
+    std::vector<DigestProgress> steps;
+    const auto untilHalf = [&](const DigestProgress &progress) {
+        steps.push_back(progress);
+        return progress.done * 2 < progress.total;
+    };
+    EXPECT_FALSE(FileHash::hashesOfFile(file->descriptor(), {FileHash::Digest::MD5}, untilHalf));
+    EXPECT_EQ(steps, (std::vector<DigestProgress>{{1 << 20, 3'000'000}, {2 << 20, 3'000'000}}));
     EXPECT_EQ(FileHash::sha1String(QStringLiteral("abc")),
               QStringLiteral("a9993e364706816aba3e25717850c26c9cd0d89d"));
     // Two bytes of UTF-8, but one character: only the first byte is hashed.

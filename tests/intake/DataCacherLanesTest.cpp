@@ -75,6 +75,17 @@ TEST(DataCacher, SlowFilesLeaveTheirLaneAndAThirdOneWaits)
     EXPECT_TRUE(bench.await(9));
 }
 
+TEST(DataCacher, DigestsThatAdvanceAreNotBegunAgain)
+{
+    PoolBench bench;
+    const auto list = filesNamed({"slow 1", "slow 2", "slow 3 advances", "a"});
+    bench.pool->processFiles(list);
+    bench.gate->awaitWaiting(3);
+    EXPECT_FALSE(list[3]->isDone()) << "there is no other lane";
+    bench.gate->open();
+    EXPECT_TRUE(bench.await(4));
+}
+
 TEST(DataCacher, CancelEndsSlowFilesToo)
 {
     PoolBench bench;

@@ -51,6 +51,7 @@ TEST(Frames, WhatIsNoMessageIsRefused)
     EXPECT_FALSE(orderOf(unknown));
 
     EXPECT_FALSE(messageOf(contentOf(Greeting{.magic = 1})));
+    EXPECT_FALSE(messageOf(contentOf(JobProgress{1, {2, 1}})));
     EXPECT_TRUE(messageOf(contentOf(JobFailed{1, Error{{}, 0, QStringLiteral("reason")}})));
     constexpr quint8 kKinds = std::variant_size_v<ReaderMessage>;
     EXPECT_GT(mostBytesOfMessage(kKinds - 1), 0U);

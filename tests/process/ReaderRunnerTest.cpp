@@ -85,6 +85,26 @@ TEST(ReaderRunner, LimitsEndTheJobWithTheirReason)
     }
 }
 
+TEST(ReaderRunner, DigestsHaveNoDeadlineWhileTheyAdvance)
+{
+    const auto outcomeOf = [](const char *name, bool asksForDigests) {
+        const auto runner = faultyRunner();
+        QStringList told;
+        runner->setWhenAdvanced([&](const DigestProgress &progress) {
+            told.append(QStringLiteral("%1/%2").arg(progress.done).arg(progress.total));
+        });
+        const RecordOptions options{.computeFileHashes = asksForDigests};
+        const JobLimits limits{.cpuSeconds = 1, .wallSeconds = 1};
+        const auto result = runner->run({RecordRequest{u'/' + QLatin1String(name), options}, limits});
+        return told.join(u' ') + (result ? QString() : u' ' + result.error().description);
+    };
+    const QString crashed = QStringLiteral(" stopped: the reader crashed");
+    EXPECT_EQ(outcomeOf("digests", true), QStringLiteral("1/5 2/5 3/5 4/5 5/5"));
+    EXPECT_EQ(outcomeOf("digests", false), crashed);
+    EXPECT_EQ(outcomeOf("no way on", true), QStringLiteral("1/5") + crashed);
+    EXPECT_EQ(outcomeOf("burns on", true), QStringLiteral("1/5 stopped: took too long"));
+}
+
 TEST(ReaderRunner, NextJobTravelsWithTheLastResult)
 {
     const auto runner = faultyRunner();

@@ -154,6 +154,25 @@ const std::map<QString, std::function<void()>> &faults()
              contents.filename = QStringLiteral("/another");
              answer(frameOf(EncodedRecord{job, RecordEncoder().encode(contents)}));
          }},
+        {QStringLiteral("digests"),
+         [] {
+             // Longer than its job may take.
+             for (quint64 done = 1; done <= 5; ++done) {
+                 ::usleep(400'000);
+                 say(frameOf(JobProgress{job, {done, 5}}));
+             }
+             answer(frameOf(EncodedRecord{job, RecordEncoder().encode({})}));
+         }},
+        {QStringLiteral("no way on"),
+         [] {
+             for (;; ::usleep(1000))
+                 say(frameOf(JobProgress{job, {1, 5}}));
+         }},
+        {QStringLiteral("burns on"),
+         [] {
+             say(frameOf(JobProgress{job, {1, 5}}));
+             for (const volatile bool on = true; on;) { }
+         }},
         {QStringLiteral("logs"),
          [] {
              say(frameOf(LogLine{false, QStringLiteral("a phrase")}));

@@ -60,7 +60,7 @@ public:
         if (!_hasReader)
             return !stop.stop_requested();
         const bool isSlow = _done.startsWith(QStringLiteral("slow"));
-        _isGivenUp = isSlow && !whenSlow()();
+        _isGivenUp = isSlow && !watch().whenSlow(_done.endsWith(QStringLiteral("advances")));
         if ((isSlow && !_isGivenUp) || _done.startsWith(QStringLiteral("gate")))
             _gate.pass(stop);
         return !stop.stop_requested();

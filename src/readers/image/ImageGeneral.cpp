@@ -147,10 +147,10 @@ void addLines(const ImageMetadata &metadata, GeneralFacts &general)
 } // namespace
 
 GeneralFacts prepareExiv2General(const ImageMetadata &metadata, const RegularFile &file,
-                                 const RecordOptions &options)
+                                 const RecordOptions &options, const DigestWatch &watch)
 {
     GeneralFacts general;
-    static_cast<FileFacts &>(general) = getFileInfo(file, options);
+    static_cast<FileFacts &>(general) = getFileInfo(file, options, watch);
     general.format = metadata.imageType ? *metadata.imageType : pathExtension(file.resolvedPath()).toUpper();
     if (metadata.imageWidth && metadata.imageHeight)
         setImageSize(*metadata.imageWidth, *metadata.imageHeight, general);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/GeneralFacts.h"
 #include "model/RecordOptions.h"
 
@@ -14,7 +15,7 @@ class RegularFile;
 /// The General facts of an image: its file facts, format, size and cover, and a line for each fact that a
 /// photographer asks for first. Nothing here fails: a missing source leaves its line out. Any thread.
 GeneralFacts prepareExiv2General(const ImageMetadata &metadata, const RegularFile &file,
-                                 const RecordOptions &options);
+                                 const RecordOptions &options, const DigestWatch &watch);
 
 /// Size and size with megapixels, from pixels; the latter counts them only above 0.3.
 void setImageSize(const QString &width, const QString &height, GeneralFacts &general);

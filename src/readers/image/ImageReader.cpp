@@ -12,7 +12,7 @@
 namespace quorvin {
 
 Expected<RecordContents> readImage(const QString &filename, const RegularFile &file,
-                                   const RecordOptions &options)
+                                   const RecordOptions &options, const DigestWatch &watch)
 {
     auto image = oEXIV2::initWithFile(file, filename, options.keepCover);
     if (image && isHeifType(image->data().mimeType.value_or(QString())))
@@ -22,7 +22,7 @@ Expected<RecordContents> readImage(const QString &filename, const RegularFile &f
     RecordContents record;
     record.filename = filename;
     record.isImage = true;
-    record.general = prepareExiv2General(image->data(), file, options);
+    record.general = prepareExiv2General(image->data(), file, options, watch);
     prepareFileStream(filename, record.general, PrivateFacts::InTreeOnly, record.groups);
     prepareExiv2Data(image->data(), record.general, record.groups);
     return record;

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/Error.h"
 #include "model/RecordContents.h"
 #include "model/RecordOptions.h"
@@ -14,6 +15,6 @@ namespace quorvin {
 /// list shows it, `file` that file, open. An error says that the file is no image for them; nobody needs to
 /// hear of it. Any thread, after the set-up of the library.
 Expected<RecordContents> readImage(const QString &filename, const RegularFile &file,
-                                   const RecordOptions &options);
+                                   const RecordOptions &options, const DigestWatch &watch);
 
 } // namespace quorvin

@@ -131,7 +131,7 @@ void prepareImageioExtended(const FlatInfo &info, const FlatInfo &fileInfo, Para
 }
 
 Expected<RecordContents> readSystemImage(const QString &filename, const RegularFile &file,
-                                         const RecordOptions &options)
+                                         const RecordOptions &options, const DigestWatch &watch)
 {
     const auto info = imageioInfoFromFile(filename);
     if (!info)
@@ -139,8 +139,15 @@ Expected<RecordContents> readSystemImage(const QString &filename, const RegularF
     RecordContents record;
     record.filename = filename;
     record.isImage = true;
-    record.general = prepareImageioGeneral(*info, file, options);
-    prepareImageioExtended(*info, prepareFileInfo(filename, file, options), record.groups);
+    RecordOptions withoutHashes = options;
+    withoutHashes.computeFileHashes = false;
+    record.general = prepareImageioGeneral(*info, file, withoutHashes);
+    const FlatInfo fileInfo = prepareFileInfo(filename, file, options, watch);
+    if (const auto md5 = fileInfo[u"MD5Hash"_s])
+        record.general.md5 = md5->value;
+    if (const auto sha1 = fileInfo[u"SHA1Hash"_s])
+        record.general.sha1 = sha1->value;
+    prepareImageioExtended(*info, fileInfo, record.groups);
     return record;
 }
 

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/Error.h"
 #include "model/FlatInfo.h"
 #include "model/RecordContents.h"
@@ -28,7 +29,7 @@ void prepareImageioExtended(const FlatInfo &info, const FlatInfo &fileInfo, Para
 
 /// The record of such a file; the error says that no image reader opens it.
 Expected<RecordContents> readSystemImage(const QString &filename, const RegularFile &file,
-                                         const RecordOptions &options);
+                                         const RecordOptions &options, const DigestWatch &watch);
 
 /// Path and properties of a file as text, for diagnostics; fails for a file that no image reader opens.
 Expected<QString> imageioReport(const QString &path);

@@ -166,7 +166,7 @@ Cover firstCover(const oMediaInfo &info)
 } // namespace
 
 void prepareMediainfoGeneral(const oMediaInfo &info, const RegularFile &file, const RecordOptions &options,
-                             RecordContents &record)
+                             const DigestWatch &watch, RecordContents &record)
 {
     const qint64 duration = Utilities::leadingInteger(info.GetGeneral(0, u"Duration"_s));
     record.duration = saturated(duration);
@@ -174,7 +174,7 @@ void prepareMediainfoGeneral(const oMediaInfo &info, const RegularFile &file, co
     record.isAudio = info.numberOfStreams(StreamKind::Audio) > 0;
 
     GeneralFacts &general = record.general;
-    static_cast<FileFacts &>(general) = getFileInfo(file, options);
+    static_cast<FileFacts &>(general) = getFileInfo(file, options, watch);
     general.format = firstNotEmpty({info.GetGeneral(0, u"Format"_s), u"Unknown Format"_s});
     general.formatProfile = info.GetGeneral(0, u"Format_Profile"_s);
     general.duration = Utilities::formatDurationUpToSeconds(duration);

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/QuorvinData.h"
 #include "model/RecordOptions.h"
 
@@ -15,6 +16,6 @@ class RegularFile;
 /// each stream. Sets duration, `general`, `isVideo` and `isAudio` of the record. Nothing here fails: a
 /// missing parameter reads "" and its piece is left out. On the thread of `info`.
 void prepareMediainfoGeneral(const oMediaInfo &info, const RegularFile &file, const RecordOptions &options,
-                             RecordContents &record);
+                             const DigestWatch &watch, RecordContents &record);
 
 } // namespace quorvin

@@ -12,7 +12,7 @@
 namespace quorvin {
 
 Expected<RecordContents> readMedia(const QString &filename, const RegularFile &file,
-                                   const RecordOptions &options)
+                                   const RecordOptions &options, const DigestWatch &watch)
 {
     oMediaInfo info;
     if (!info.Open(filename)) {
@@ -21,7 +21,7 @@ Expected<RecordContents> readMedia(const QString &filename, const RegularFile &f
     }
     RecordContents record;
     record.filename = filename;
-    prepareMediainfoGeneral(info, file, options, record);
+    prepareMediainfoGeneral(info, file, options, watch, record);
     prepareFileStream(filename, record.general, PrivateFacts::Everywhere, record.groups);
     prepareMediainfoData(info, options, record.groups);
     return record;

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/Error.h"
 #include "model/RecordContents.h"
 #include "model/RecordOptions.h"
@@ -14,6 +15,6 @@ namespace quorvin {
 /// open. The error is the reason, for a person to read; it is logged too. Any thread, after the set-up of the
 /// library.
 Expected<RecordContents> readMedia(const QString &filename, const RegularFile &file,
-                                   const RecordOptions &options);
+                                   const RecordOptions &options, const DigestWatch &watch);
 
 } // namespace quorvin
