@@ -84,7 +84,7 @@ TEST(Exporting, SheetStartsFromTheLastExportAndKeepsTheNext)
     settings.set(Setting::lastExportFormat, u"xml"_s);
     settings.set(Setting::lastExportType, 0);
     settings.set(Setting::lastExportWithoutFilePrivate, true);
-    ExportSheet sheet(settings, 2, nullptr);
+    ExportSheet sheet(settings, 2, 2, nullptr);
     EXPECT_EQ(sheet.format(), u"xml"_s);
     EXPECT_FALSE(sheet.compound());
     EXPECT_TRUE(sheet.skipFilePrivate());
@@ -105,7 +105,8 @@ TEST(Exporting, PlaceStartsWithThePresetName)
     const auto preset = [&](std::vector<ExportEntry> entries) {
         QWidget window;
         ExportController controller(settings, &window);
-        controller.menuExportNew(std::move(entries));
+        const std::size_t count = entries.size();
+        controller.menuExportNew(std::move(entries), count);
         window.findChild<ExportSheet *>()->accept();
         const auto *dialog = window.findChild<QFileDialog *>();
         return dialog ? dialog->selectedFiles().value(0).section(u'/', -1) : QString();
@@ -114,7 +115,7 @@ TEST(Exporting, PlaceStartsWithThePresetName)
     EXPECT_EQ(preset({test::movieEntry(), test::movieEntry()}), u"Quorvin Export.txt"_s);
 
     QWidget window;
-    ExportController(settings, &window).menuExportNew({});
+    ExportController(settings, &window).menuExportNew({}, 0);
     EXPECT_FALSE(window.findChild<QMessageBox *>()->informativeText().isEmpty());
 }
 

@@ -19,11 +19,13 @@ enum class Command {
     refreshInfo,
     revealInFinder,
     menuExportNew,
+    exportSelection,
     closeWindow,
     quit,
 
     copy,
     copyGeneralInfo,
+    paste,
     selectAll,
     removeSelectedItems,
     openPreferences,
@@ -55,6 +57,7 @@ struct CommandState {
     bool hasCurrentFile = false;
     bool hasRecord = false; ///< of the current file
     bool canExportAll = false; ///< all files are done, and no export is under way
+    bool canExportSelection = false; ///< the current file has a record, and no export is under way
     bool canCopy = false; ///< what has the keyboard has something to copy
     bool listHasKeyboard = false;
     bool sidebarIsCollapsed = false;

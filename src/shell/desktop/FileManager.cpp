@@ -18,7 +18,7 @@ namespace {
 
 void openFolderOf(const QString &path)
 {
-    QDesktopServices::openUrl(QUrl::fromEncoded(fileUri(withoutLastPathComponent(path))));
+    openWithDesktop(withoutLastPathComponent(path));
 }
 
 } // namespace
@@ -38,6 +38,11 @@ void revealInFileManager(const QString &path)
         if (watcher->isError())
             openFolderOf(path);
     });
+}
+
+bool openWithDesktop(const QString &path)
+{
+    return QDesktopServices::openUrl(QUrl::fromEncoded(fileUri(path)));
 }
 
 } // namespace quorvin

@@ -11,4 +11,8 @@ namespace quorvin {
 /// can. Returns at once. Main thread.
 void revealInFileManager(const QString &path);
 
+/// Opens the file or folder with what the desktop has for it; false when it has nothing. Returns at once.
+/// Main thread.
+bool openWithDesktop(const QString &path);
+
 } // namespace quorvin

@@ -10,6 +10,7 @@
 
 #include <QFileDialog>
 
+#include <memory>
 #include <utility>
 
 namespace quorvin {
@@ -39,12 +40,12 @@ ExportController::ExportController(LiveSettings &settings, QWidget *window)
 {
 }
 
-void ExportController::menuExportNew(std::vector<ExportEntry> entries)
+void ExportController::menuExportNew(std::vector<ExportEntry> entries, std::size_t asked)
 {
     if (entries.empty())
         return tellFailures({tr("None of the files could be read, so there is nothing to export.")});
     _entries = std::move(entries);
-    auto *sheet = new ExportSheet(_settings, _entries.size(), _window);
+    auto *sheet = new ExportSheet(_settings, _entries.size(), asked, _window);
     sheet->setAttribute(Qt::WA_DeleteOnClose);
     connect(sheet, &ExportSheet::accepted, this, [this, sheet] { choosePlace(*sheet); });
     connect(sheet, &ExportSheet::rejected, this, [this] { _entries.clear(); });
@@ -99,15 +100,19 @@ void ExportController::start(ExportTask task)
 {
     if (_run.isUnderWay())
         return;
+    const auto shared = std::make_shared<const ExportTask>(std::move(task));
     _run.start(
-        "Export", [task = std::move(task)](const RunControl &control) { return writeExport(task, control); },
-        [this](const QStringList &failures) { tellFailures(failures); });
+        "Export", [shared](const RunControl &control) { return writeExport(*shared, control); },
+        [this, shared](const QStringList &failures) {
+            if (failures.isEmpty())
+                Q_EMIT exported(*shared);
+            else
+                tellFailures(failures);
+        });
 }
 
 void ExportController::tellFailures(const QStringList &failures)
 {
-    if (failures.isEmpty())
-        return;
     QStringList told = failures.mid(0, kMostFailures);
     if (const qsizetype more = failures.size() - told.size(); more > 0)
         told.append(tr("and %1 more").arg(groupedCount(more)));

@@ -22,10 +22,15 @@ public:
     /// Both must outlive this object.
     ExportController(LiveSettings &settings, QWidget *window);
 
-    /// Shows the sheet for these files.
-    void menuExportNew(std::vector<ExportEntry> entries);
+    /// Shows the sheet for these files; `asked` is how many were meant, of which those without a record are
+    /// left out.
+    void menuExportNew(std::vector<ExportEntry> entries, std::size_t asked);
     /// The export that is under way, which ends with the window.
     BackgroundRunBase &run() { return _run; }
+
+Q_SIGNALS:
+    /// All of it is written.
+    void exported(const quorvin::ExportTask &task);
 
 private:
     void choosePlace(const ExportSheet &sheet);

@@ -3,6 +3,7 @@
 
 #include "shell/exporting/ExportSheet.h"
 
+#include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/session/LiveSettings.h"
 
@@ -39,9 +40,18 @@ constexpr std::array kFormatNames{
     FormatName{"plist", QT_TRANSLATE_NOOP("ExportSheet", "Property List (binary)")},
 };
 
+QString countText(std::size_t fileCount, std::size_t asked)
+{
+    const QString count = groupedCount(static_cast<qint64>(fileCount));
+    if (fileCount == asked)
+        return count;
+    return ExportSheet::tr("%1 of %2; nothing is known of the others")
+        .arg(count, groupedCount(static_cast<qint64>(asked)));
+}
+
 } // namespace
 
-ExportSheet::ExportSheet(LiveSettings &settings, std::size_t fileCount, QWidget *parent)
+ExportSheet::ExportSheet(LiveSettings &settings, std::size_t fileCount, std::size_t asked, QWidget *parent)
     : QDialog(parent),
       _settings(settings),
       _format(new QComboBox),
@@ -64,7 +74,7 @@ ExportSheet::ExportSheet(LiveSettings &settings, std::size_t fileCount, QWidget 
 
     auto *form = new QFormLayout;
     form->addRow(tr("&Format:"), _format);
-    form->addRow(tr("Files:"), plainLabel(QString::number(fileCount)));
+    form->addRow(tr("Files:"), plainLabel(countText(fileCount, asked)));
     form->addRow(tr("Write:"), _compound);
     form->addRow(QString(), _separate);
     form->addRow(QString(), _skipFilePrivate);

@@ -18,8 +18,9 @@ class LiveSettings;
 class ExportSheet : public QDialog {
     Q_OBJECT
 public:
-    /// `settings` must outlive the sheet. With one file there is one document whatever is chosen.
-    ExportSheet(LiveSettings &settings, std::size_t fileCount, QWidget *parent);
+    /// `settings` must outlive the sheet. With one file there is one document whatever is chosen. `asked` is
+    /// how many files were meant, of which only `fileCount` can be written.
+    ExportSheet(LiveSettings &settings, std::size_t fileCount, std::size_t asked, QWidget *parent);
 
     QString format() const;
     bool compound() const;

@@ -335,12 +335,7 @@ void FilelistController::removeSelectedItems()
 
 std::vector<ExportEntry> FilelistController::arrayWithDataForExport() const
 {
-    std::vector<ExportEntry> entries;
-    for (const FilelistItemPtr &file : _arranged.files()) {
-        if (const QuorvinDataPtr record = file->quorvinData())
-            entries.push_back({file->filename(), file->prefixedPath(), record});
-    }
-    return entries;
+    return exportEntriesOf(_arranged.files());
 }
 
 bool FilelistController::canExport() const
@@ -384,6 +379,16 @@ void FilelistController::setWindowIsClosing()
     if (_worker.dataCacher())
         _worker.dataCacher()->cancelThreadsAndWait(kLongestClose);
     _isWindowClosing = true;
+}
+
+std::vector<ExportEntry> exportEntriesOf(const std::vector<FilelistItemPtr> &files)
+{
+    std::vector<ExportEntry> entries;
+    for (const FilelistItemPtr &file : files) {
+        if (const QuorvinDataPtr record = file->quorvinData())
+            entries.push_back({file->filename(), file->prefixedPath(), record});
+    }
+    return entries;
 }
 
 } // namespace quorvin

@@ -71,7 +71,7 @@ public:
     /// Takes the selected files out of the list; nothing on the disk is touched.
     void removeSelectedItems();
 
-    /// An entry for each file that has a record.
+    /// Those of all arranged files.
     std::vector<ExportEntry> arrayWithDataForExport() const;
     /// The current file has a record.
     bool canExport() const;
@@ -130,5 +130,8 @@ private:
     QTimer _restTimer;
     bool _isWindowClosing = false;
 };
+
+/// An entry for each of these files that has a record.
+std::vector<ExportEntry> exportEntriesOf(const std::vector<FilelistItemPtr> &files);
 
 } // namespace quorvin

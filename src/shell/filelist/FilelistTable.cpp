@@ -4,12 +4,13 @@
 #include "shell/filelist/FilelistTable.h"
 
 #include "platform/FileUri.h"
+#include "platform/NativePath.h"
 #include "shell/filelist/FilelistDelegate.h"
 #include "shell/filelist/FilelistRow.h"
 
+#include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMimeData>
 
@@ -42,6 +43,9 @@ FilelistTable::FilelistTable(QAbstractItemModel &model, QItemSelectionModel &sel
     setAccessibleDescription(tr("The files of this window"));
     viewport()->setAcceptDrops(false);
     setAcceptDrops(false);
+    connect(this, &QListView::doubleClicked, this, [this](const QModelIndex &row) {
+        Q_EMIT openWanted(row.data(FilelistRow::PathRole).toString());
+    });
     _readingTimer.setSingleShot(true);
     _readingTimer.setInterval(kSpinnerMilliseconds);
     connect(&_readingTimer, &QTimer::timeout, this, &FilelistTable::followReading);
@@ -83,6 +87,28 @@ void FilelistTable::followReading()
         _readingTimer.start();
 }
 
+void FilelistTable::keyboardSearch(const QString &search)
+{
+    if (!_sinceTyped.isValid() || _sinceTyped.elapsed() > QApplication::keyboardInputInterval())
+        _typed.clear();
+    _sinceTyped.start();
+    if (_typed.isEmpty() && search.trimmed().isEmpty())
+        return;
+    _typed += search;
+    // The same letter again and again goes from one of its names to the next.
+    const bool isOneLetter = _typed.count(_typed.front(), Qt::CaseInsensitive) == _typed.size();
+    const QString wanted = isOneLetter ? _typed.left(1) : _typed;
+    const int first = std::max(currentIndex().row() + (isOneLetter ? 1 : 0), 0);
+    const int count = model()->rowCount();
+    for (int i = 0; i < count; ++i) {
+        const QModelIndex row = model()->index((first + i) % count, 0);
+        if (!lastPathComponent(row.data().toString()).startsWith(wanted, Qt::CaseInsensitive))
+            continue;
+        selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect);
+        return;
+    }
+}
+
 void FilelistTable::contextMenuEvent(QContextMenuEvent *event)
 {
     if (event->reason() == QContextMenuEvent::Mouse) {
@@ -115,9 +141,13 @@ void FilelistTable::keyPressEvent(QKeyEvent *event)
         Move{Qt::Key_Up, MoveUp},   Move{Qt::Key_Down, MoveDown},     Move{Qt::Key_Home, MoveHome},
         Move{Qt::Key_End, MoveEnd}, Move{Qt::Key_PageUp, MovePageUp}, Move{Qt::Key_PageDown, MovePageDown}};
     const auto *const move = std::ranges::find(kMoves, event->key(), &Move::key);
-    if (move == kMoves.end() || event->modifiers() != Qt::ShiftModifier)
-        return QListView::keyPressEvent(event);
-    extendSelectionTo(moveCursor(move->action, event->modifiers()));
+    const bool isReturn = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isReturn && currentIndex().isValid())
+        Q_EMIT openWanted(currentIndex().data(FilelistRow::PathRole).toString());
+    else if (move == kMoves.end() || event->modifiers() != Qt::ShiftModifier)
+        QListView::keyPressEvent(event);
+    else
+        extendSelectionTo(moveCursor(move->action, event->modifiers()));
 }
 
 void FilelistTable::extendSelectionTo(const QModelIndex &row)

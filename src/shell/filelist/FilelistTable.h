@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QElapsedTimer>
 #include <QListView>
 #include <QPersistentModelIndex>
 #include <QTimer>
@@ -23,8 +24,13 @@ public:
     /// The paths of the selected rows, as addresses and as text.
     void copy() const;
 
+    /// Goes to the next file whose name, without its folder, begins with what is typed in one go.
+    void keyboardSearch(const QString &search) override;
+
 Q_SIGNALS:
     void menuWanted(const QPoint &globalPosition);
+    /// The file is to be opened: a double click, or Return.
+    void openWanted(const QString &path);
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -41,6 +47,8 @@ private:
     QPersistentModelIndex _anchor; ///< where Shift extends the selection from
     bool _isExtending = false;
     QTimer _readingTimer;
+    QString _typed;
+    QElapsedTimer _sinceTyped;
 };
 
 } // namespace quorvin

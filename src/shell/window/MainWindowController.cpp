@@ -12,6 +12,7 @@
 #include "shell/info/InfoView.h"
 #include "shell/session/Session.h"
 #include "shell/window/FileCommands.h"
+#include "shell/window/ListCommands.h"
 #include "shell/window/MainView.h"
 #include "shell/window/OpenPanels.h"
 #include "shell/window/SidebarSplitView.h"
@@ -48,7 +49,8 @@ MainWindowController::MainWindowController(Session &session)
       _view(new MainView(session.settings, _files)),
       _commands(new CommandSet(this, &_view->table())),
       _fileCommands(new FileCommands(*_view, _files, this)),
-      _export(new ExportController(session.settings, this))
+      _export(new ExportController(session.settings, this)),
+      _listCommands(new ListCommands(*_view, _files, *_export, this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptDrops(true);
@@ -88,6 +90,7 @@ void MainWindowController::setUpCommands()
     panels->registerAt(*_commands);
     _view->info().registerAt(*_commands);
     _fileCommands->registerAt(*_commands);
+    _listCommands->registerAt(*_commands);
     registerCommands();
     connect(_commands, &CommandSet::didRun, this, &MainWindowController::validateCommands);
 }
@@ -97,7 +100,6 @@ void MainWindowController::registerCommands()
     const auto on = [this](Command command, auto handler) { _commands->on(command, std::move(handler)); };
     on(Command::refreshInfo, [this] { _files.refreshInfo(); });
     on(Command::removeSelectedItems, [this] { _files.removeSelectedItems(); });
-    on(Command::menuExportNew, [this] { _export->menuExportNew(_files.arrayWithDataForExport()); });
     on(Command::closeWindow, [this] { close(); });
     on(Command::copy, [this] { copy(); });
     on(Command::selectGeneralTab, [this] { setCurrentTab(Tab::General); });
@@ -211,7 +213,6 @@ CommandState MainWindowController::commandState() const
     state.hasFiles = _files.arranged().rowCount() > 0;
     state.hasCurrentFile = worker().currentFile() != nullptr;
     state.hasRecord = _files.canExport();
-    state.canExportAll = _files.canExportAll() && !_export->run().isUnderWay();
     state.canCopy = _keyboard.canCopy;
     state.listHasKeyboard = _keyboard.isInList;
     state.sidebarIsCollapsed = _view->sidebar().isCollapsed();
@@ -219,6 +220,7 @@ CommandState MainWindowController::commandState() const
     state.isFullScreen = isFullScreen();
     state.currentTab = info.currentTab();
     _fileCommands->describe(state);
+    _listCommands->describe(state);
     return state;
 }
 

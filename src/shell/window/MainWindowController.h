@@ -16,6 +16,7 @@ namespace quorvin {
 class CommandSet;
 class ExportController;
 class FileCommands;
+class ListCommands;
 class MainView;
 struct Session;
 
@@ -85,6 +86,7 @@ private:
     CommandSet *_commands;
     FileCommands *_fileCommands;
     ExportController *_export;
+    ListCommands *_listCommands;
     Keyboard _keyboard;
     bool _openSidebar = true; ///< wanted on all tabs but Comparison
     bool _openSidebarForComparison = false;

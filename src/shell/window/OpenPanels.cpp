@@ -12,7 +12,27 @@
 #include <QFileDialog>
 #include <QMenu>
 
+#include <algorithm>
+
 namespace quorvin {
+
+namespace {
+
+constexpr int kFolderWidth = 320; ///< of a menu's entry, in device-independent pixels
+
+/// The name, and behind it the folder where another entry has the same name.
+QString recentText(const QString &path, const QStringList &all, const QFontMetrics &metrics)
+{
+    const QString name = lastPathComponent(path);
+    const auto hasSameName = [&](const QString &other) { return lastPathComponent(other) == name; };
+    QString text = name;
+    if (std::ranges::count_if(all, hasSameName) > 1)
+        text += QStringLiteral(" — ")
+            + metrics.elidedText(withoutLastPathComponent(path), Qt::ElideLeft, kFolderWidth);
+    return text.replace(u'&', QLatin1String("&&"));
+}
+
+} // namespace
 
 OpenPanels::OpenPanels(RecentFiles &recentFiles, QWidget *window)
     : QObject(window), _recentFiles(recentFiles), _window(window)
@@ -53,8 +73,9 @@ void OpenPanels::chooseFolder()
 void OpenPanels::fillRecentMenu(QMenu *menu)
 {
     menu->clear();
-    for (const QString &path : _recentFiles.paths()) {
-        QAction *action = menu->addAction(lastPathComponent(path).replace(u'&', QLatin1String("&&")));
+    const QStringList paths = _recentFiles.paths();
+    for (const QString &path : paths) {
+        QAction *action = menu->addAction(recentText(path, paths, menu->fontMetrics()));
         action->setToolTip(plainTip(path));
         connect(action, &QAction::triggered, this, [this, path] { Q_EMIT chosen({path}); });
     }

@@ -1,18 +1,10 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "shell/app/AppController.h"
-#include "shell/commands/CommandSet.h"
-#include "shell/filelist/FilelistTable.h"
-#include "shell/info/InfoView.h"
 #include "shell/outline/ExtendedOutline.h"
-#include "shell/window/MainView.h"
-#include "shell/window/MainWindowController.h"
+#include "shell/window/SampleWindow.h"
 #include "shell/window/StatusLine.h"
-#include "support/Events.h"
-#include "support/TestFolder.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QLabel>
 #include <QMenuBar>
@@ -29,40 +21,8 @@ using test::spinUntil;
 
 namespace {
 
-/// A window of samples that has the keyboard.
-struct Keyboard : testing::Test {
-    test::TestFolder folder;
-    Settings settings{folder / QStringLiteral("settings.ini")};
-    AppController application{settings};
-    MainWindowController *window = application.openEmptyWindow();
-    FilelistTable *table = &window->myView().table();
+struct Keyboard : test::SampleWindow {
     ExtendedOutline *tree = &window->myView().info().outline();
-
-    void SetUp() override
-    {
-        window->activateWindow();
-        ASSERT_TRUE(spinUntil([this] { return window->isActiveWindow(); }));
-        show({"movie.mp4", "matroska.mkv", "tone.wav"});
-    }
-    void show(std::initializer_list<const char *> names) const
-    {
-        QStringList paths;
-        for (const char *name : names)
-            paths.append(test::sample(QLatin1String(name)));
-        window->files().processFiles(paths);
-        ASSERT_TRUE(spinUntil([&] {
-            return window->files().filelist().size() == names.size() && window->worker().processingIsDone();
-        }));
-    }
-    void run(Command command) const { window->commands().run(command); }
-    bool canRun(Command command) const { return window->commands().action(command)->isEnabled(); }
-    QString selected() const
-    {
-        QStringList rows;
-        for (const int row : window->files().selectedRows())
-            rows.append(QString::number(row));
-        return rows.join(u' ');
-    }
 };
 
 } // namespace
