@@ -74,6 +74,7 @@ constexpr std::array kTable{
     row<Setting::mainWindowFrame>(String, ""),
     row<Setting::recentFiles>(String, ""),
     row<Setting::debugStalls>(Boolean, "false"),
+    row<Setting::lastFolder>(String, ""),
 };
 static_assert(hasRowOfEach(kTable, &SettingRow::setting));
 static_assert(std::ranges::all_of(kTable, [](const SettingRow &row) {

@@ -61,6 +61,7 @@ enum class Setting {
     mainWindowFrame,
     recentFiles,
     debugStalls,
+    lastFolder,
 };
 
 enum class SettingType { Boolean, Integer, Float, String };

@@ -58,13 +58,8 @@ int runWindows(Settings &settings, const QStringList &paths)
     return QApplication::exec();
 }
 
-int run(const StartArguments &arguments)
+int run(Settings &settings, const StartArguments &arguments)
 {
-    Settings settings(Settings::userPath());
-    for (const QString &assignment : arguments.overrides) {
-        if (const auto set = settings.overrideFrom(assignment); !set)
-            return wrongCall(set.error().description);
-    }
     takeStandardStreams();
     useUtf8CharacterType();
     if (!settings.boolean(Setting::readerProcesses))
@@ -91,11 +86,17 @@ int main(int argc, char **argv)
         std::fputs(arguments->answer->toUtf8().constData(), stdout);
         return 0;
     }
+    Settings settings(Settings::userPath());
+    for (const QString &assignment : arguments->overrides) {
+        if (const auto set = settings.overrideFrom(assignment); !set)
+            return wrongCall(set.error().description);
+    }
     // The words are all ours; the toolkit looks at none of them.
     int noWords = 1;
     const Application application(noWords, argv);
     nameApplication();
-    if (ApplicationService::handOver(QDBusConnection::sessionBus(), arguments->paths, arguments->newWindow))
+    if (ApplicationService::handOver(QDBusConnection::sessionBus(),
+                                     {arguments->paths, arguments->newWindow, arguments->overrides}))
         return 0;
-    return run(*arguments);
+    return run(settings, *arguments);
 }

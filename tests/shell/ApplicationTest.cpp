@@ -54,15 +54,21 @@ struct Requests : OpenRequests {
     {
         log.append(QStringLiteral("new:") + paths.join(u','));
     }
+    void overrideSettings(const QStringList &assignments) override
+    {
+        log.append(QStringLiteral("set:") + assignments.join(u','));
+    }
 };
 
 /// Hands over as another start of the program would, while this thread answers.
-bool handOverFromElsewhere(const QString &address, const QStringList &paths, bool newWindow)
+bool handOverFromElsewhere(const QString &address, const QStringList &paths, bool newWindow,
+                           const QStringList &overrides = {})
 {
     std::atomic<int> result = -1;
     std::thread other([&] {
         const QString name = QStringLiteral("other");
-        result = ApplicationService::handOver(QDBusConnection::connectToBus(address, name), paths, newWindow);
+        result = ApplicationService::handOver(QDBusConnection::connectToBus(address, name),
+                                              {paths, newWindow, overrides});
         QDBusConnection::disconnectFromBus(name);
     });
     while (result < 0)
@@ -90,11 +96,16 @@ TEST(OpenRequest, ReachesTheRunningInstance)
     EXPECT_TRUE(handOverFromElsewhere(bus.address, {QStringLiteral("/f/\u00fc.mov"), odd}, false));
     EXPECT_TRUE(handOverFromElsewhere(bus.address, {QStringLiteral("/f/1"), QStringLiteral("/f/2")}, true));
     EXPECT_TRUE(handOverFromElsewhere(bus.address, {}, true));
+    const QStringList settings{QStringLiteral("a=b,c"), QStringLiteral("d=")};
+    EXPECT_TRUE(handOverFromElsewhere(bus.address, {QStringLiteral("/f/3")}, false, settings));
+    EXPECT_EQ(requests.log.mid(5), (QStringList{QStringLiteral("set:a=b,c,d="), QStringLiteral("/f/3")}))
+        << "before the files, which are read with them";
+    requests.log.resize(5);
     EXPECT_EQ(requests.log,
               (QStringList{QStringLiteral("activate"), QStringLiteral("/f/\u00fc.mov"), odd,
                            QStringLiteral("new:/f/1,/f/2"), QStringLiteral("new:")}));
     QDBusConnection::disconnectFromBus(name);
-    EXPECT_FALSE(ApplicationService::handOver(QDBusConnection(QStringLiteral("none")), {}, false));
+    EXPECT_FALSE(ApplicationService::handOver(QDBusConnection(QStringLiteral("none")), {}));
 }
 
 TEST(StartArguments, AreTakenApart)

@@ -2,13 +2,19 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "shell/preferences/PreferencesWindowController.h"
+#include "shell/session/LastFolder.h"
 #include "shell/session/LiveSettings.h"
 #include "shell/session/RecentFiles.h"
 #include "support/TestFolder.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFileDialog>
+#include <QPushButton>
 #include <QSpinBox>
+#include <QTabWidget>
 
 #include <gtest/gtest.h>
 
@@ -93,8 +99,76 @@ TEST_F(LiveSettingsTest, PreferencesSetThemAndFollowThem)
     EXPECT_EQ(values.integer(Setting::extFontSize), 9) << "no setting goes beyond its most";
 }
 
+TEST_F(LiveSettingsTest, OverridesCountForThisRunAlone)
+{
+    EXPECT_TRUE(settings.overrideFrom(QStringLiteral("MTMode=8")));
+    EXPECT_FALSE(settings.overrideFrom(QStringLiteral("MTMode=many")));
+    EXPECT_EQ(changes, std::vector{Setting::MTMode});
+    EXPECT_EQ(Settings(path).integer(Setting::MTMode), 0);
+}
+
+TEST_F(LiveSettingsTest, DialogsBeginWhereTheLastOneEnded)
+{
+    const QString films = folder / QStringLiteral("films");
+    QDir().mkpath(films);
+    QFileDialog first;
+    startInLastFolder(first, settings);
+    EXPECT_EQ(first.directory().absolutePath(), QDir::homePath());
+    first.setDirectory(films);
+    Q_EMIT first.accepted();
+    QFileDialog second;
+    startInLastFolder(second, settings);
+    EXPECT_EQ(second.directory().absolutePath(), films);
+    QDir(films).removeRecursively();
+    QFileDialog third;
+    startInLastFolder(third, settings);
+    EXPECT_EQ(third.directory().absolutePath(), QDir::homePath()) << "it has gone";
+}
+
+TEST_F(LiveSettingsTest, PreferencesOfferToReadAgainWhatSettingsOfReadingChange)
+{
+    PreferencesWindowController window(settings);
+    int wanted = 0;
+    QObject::connect(&window, &PreferencesWindowController::readAgainWanted, [&wanted] { ++wanted; });
+    QPushButton *again = nullptr;
+    for (auto *button : window.findChildren<QPushButton *>()) {
+        if (button->text() == QStringLiteral("Read Again"))
+            again = button;
+    }
+    ASSERT_TRUE(again);
+    window.findChild<QCheckBox *>(QStringLiteral("wrapLongLines"))->click();
+    EXPECT_FALSE(again->isVisibleTo(&window)) << "seen at once";
+    window.findChild<QComboBox *>(QStringLiteral("useSIUnits"))->setCurrentIndex(1);
+    Q_EMIT window.findChild<QComboBox *>(QStringLiteral("useSIUnits"))->activated(1);
+    EXPECT_FALSE(values.boolean(Setting::useSIUnits));
+    EXPECT_TRUE(again->isVisibleTo(&window));
+    again->click();
+    EXPECT_EQ(wanted, 1);
+    EXPECT_FALSE(again->isVisibleTo(&window));
+}
+
+TEST_F(LiveSettingsTest, PreferencesResetTheTabThatIsShown)
+{
+    settings.set(Setting::enableExperimentalPreferences, true);
+    settings.set(Setting::extFontSize, 20);
+    settings.set(Setting::readerCpuSeconds, 7);
+    PreferencesWindowController window(settings);
+    auto *tabs = window.findChild<QTabWidget *>();
+    ASSERT_EQ(tabs->count(), 2);
+    auto *reset = window.findChild<QDialogButtonBox *>()->button(QDialogButtonBox::RestoreDefaults);
+    tabs->setCurrentIndex(1);
+    reset->click();
+    EXPECT_EQ(settings.integer(Setting::readerCpuSeconds), 20);
+    EXPECT_EQ(settings.integer(Setting::extFontSize), 20) << "stands on the other tab";
+    tabs->setCurrentIndex(0);
+    reset->click();
+    EXPECT_EQ(settings.integer(Setting::extFontSize), 12);
+    EXPECT_EQ(tabs->count(), 1) << "a new user has no advanced preferences";
+}
+
 TEST_F(LiveSettingsTest, PreferencesOfferWhatTheSettingsTake)
 {
+    settings.set(Setting::enableExperimentalPreferences, true);
     const PreferencesWindowController window(settings);
     for (const SettingRow &row : settingsTable()) {
         const QString name = row.key;

@@ -9,6 +9,7 @@
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/preferences/PreferencesWindowController.h"
+#include "shell/session/LastFolder.h"
 #include "shell/window/MainWindowController.h"
 
 #include <QDesktopServices>
@@ -21,8 +22,6 @@
 namespace quorvin {
 
 namespace {
-
-constexpr int kCascade = 28;
 
 void bringToFront(QWidget &window)
 {
@@ -57,9 +56,8 @@ MainWindowController *AppController::openEmptyWindow()
     auto *window = new MainWindowController(_session);
     connect(window, &MainWindowController::closed, this, &AppController::windowClosed);
     registerCommands(*window);
-    // A further window does not hide the one before.
-    if (!_windows.empty() && !window->isMaximized() && !window->isFullScreen())
-        window->move(_windows.back()->pos() + QPoint(kCascade, kCascade));
+    if (!_windows.empty())
+        window->placeBeside(*_windows.back());
     _windows.push_back(window);
     window->setCurrentTab(tabFrom(openTab != 0 ? openTab - 1 : settings.integer(Setting::lastTab)));
     window->show();
@@ -74,7 +72,7 @@ void AppController::registerCommands(MainWindowController &window)
     commands.on(Command::openFileInNewWindow, [this] { openFileInNewWindow(); });
     commands.on(Command::quit, [this] { quit(); });
     commands.on(Command::openPreferences, [this] { openPreferences(); });
-    commands.on(Command::openAcknowledgments, [this] { openAcknowledgments(); });
+    commands.on(Command::openAcknowledgments, [this, &window] { openAcknowledgments(&window); });
     commands.on(Command::openAboutPanel, [this, &window] { openAboutPanel(&window); });
 }
 
@@ -118,25 +116,42 @@ void AppController::doWorkInNewWindow(const QStringList &paths)
         window->processUrls(paths);
 }
 
+void AppController::overrideSettings(const QStringList &assignments)
+{
+    for (const QString &assignment : assignments) {
+        if (const auto set = _session.settings.overrideFrom(assignment); !set)
+            qCInfo(lcQuorvin).noquote() << "Failed to take a setting:" << set.error().description;
+    }
+}
+
+void AppController::readAgain()
+{
+    for (MainWindowController *window : _windows)
+        window->files().refreshAll();
+}
+
 void AppController::processTemporaryFilesInNewWindow(const QStringList &paths, const QString &fromFolder)
 {
     _session.temporaryFolders.add(fromFolder);
     doWorkInNewWindow(paths);
 }
 
-void AppController::openFileInNewWindow() const
+void AppController::openFileInNewWindow()
 {
     auto *dialog = new QFileDialog(nullptr, tr("Open in New Window"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFiles);
+    startInLastFolder(*dialog, _session.settings);
     connect(dialog, &QFileDialog::filesSelected, this, &AppController::doWorkInNewWindow);
     dialog->open();
 }
 
 void AppController::openPreferences()
 {
-    if (!_preferences)
+    if (!_preferences) {
         _preferences = new PreferencesWindowController(_session.settings);
+        connect(_preferences, &PreferencesWindowController::readAgainWanted, this, &AppController::readAgain);
+    }
     bringToFront(*_preferences);
 }
 
@@ -151,16 +166,18 @@ void AppController::openAboutPanel(QWidget *parent)
     panel->open();
 }
 
-void AppController::openAcknowledgments()
+void AppController::openAcknowledgments(QWidget *parent)
 {
     const auto folder = _session.temporaryFolders.makeFolder(QStringLiteral("Acknowledgments"));
-    if (!folder) {
-        qCInfo(lcQuorvin).noquote() << "Failed to make a temporary folder:" << folder.error().description;
+    const QString path = folder ? *folder + QLatin1String("/Acknowledgments.html") : QString();
+    if (folder && QFile::copy(QStringLiteral(":/Acknowledgments.html"), path)
+        && QDesktopServices::openUrl(QUrl::fromLocalFile(path)))
         return;
-    }
-    const QString path = *folder + QLatin1String("/Acknowledgments.html");
-    if (QFile::copy(QStringLiteral(":/Acknowledgments.html"), path))
-        QDesktopServices::openUrl(QUrl::fromLocalFile(path));
+    const QString problem = folder ? tr("Nothing could be found that opens %1.").arg(path)
+                                   : tr("The page could not be written: %1").arg(folder.error().description);
+    plainMessage(parent, tr("Acknowledgments"), tr("The acknowledgments cannot be shown."), problem,
+                 QMessageBox::Close)
+        ->open();
 }
 
 void AppController::quit()

@@ -33,19 +33,20 @@ public:
     /// Oldest first.
     const std::vector<MainWindowController *> &windows() const { return _windows; }
     MainWindowController *openEmptyWindow();
-    void openFileInNewWindow() const;
+    void openFileInNewWindow();
 
     void activate() override;
     /// The front window takes them if it has never been given files, else a new one. While another program is
     /// in front, so does the newest window that is untouched.
     void applicationOpenFiles(const QStringList &paths) override;
     void doWorkInNewWindow(const QStringList &paths) override;
+    void overrideSettings(const QStringList &assignments) override;
     void processTemporaryFilesInNewWindow(const QStringList &paths, const QString &fromFolder);
 
     void openPreferences();
     void openAboutPanel(QWidget *parent);
     /// What Quorvin is built upon, in the desktop's browser.
-    void openAcknowledgments();
+    void openAcknowledgments(QWidget *parent);
     void quit();
 
     /// Whether a later start can reach this run; without, the last window takes the run with it.
@@ -57,6 +58,7 @@ private:
     void registerCommands(MainWindowController &window);
     /// The tab of a window that closes is that of the next one.
     void windowClosed(MainWindowController *window);
+    void readAgain();
     void settingDidChange(Setting setting);
 
     Session _session;

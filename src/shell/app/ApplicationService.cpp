@@ -14,7 +14,9 @@ namespace {
 
 constexpr QLatin1String kObjectPath("/org/quorvin/Quorvin");
 constexpr QLatin1String kInterface("org.freedesktop.Application");
+constexpr QLatin1String kActivateAction("ActivateAction");
 constexpr QLatin1String kNewWindow("new-window");
+constexpr QLatin1String kSet("set");
 constexpr int kAnswerMilliseconds = 5000;
 
 QStringList urisOf(const QStringList &paths)
@@ -48,24 +50,28 @@ bool ApplicationService::claim(QDBusConnection bus)
         && bus.registerService(kApplicationId);
 }
 
-bool ApplicationService::handOver(const QDBusConnection &bus, const QStringList &paths, bool newWindow)
+bool ApplicationService::handOver(const QDBusConnection &bus, const Request &request)
 {
     if (!bus.isConnected() || !bus.interface()->isServiceRegistered(kApplicationId))
         return false;
-    const QStringList uris = urisOf(paths);
-    const auto method = newWindow ? QLatin1String("ActivateAction")
-        : paths.isEmpty()         ? QLatin1String("Activate")
-                                  : QLatin1String("Open");
-    QDBusMessage call = QDBusMessage::createMethodCall(kApplicationId, kObjectPath, kInterface, method);
     QVariantMap platformData;
     if (const QString token = qEnvironmentVariable("XDG_ACTIVATION_TOKEN"); !token.isEmpty())
         platformData.insert(QStringLiteral("activation-token"), token);
-    if (newWindow)
-        call << QString(kNewWindow) << QVariantList(uris.begin(), uris.end());
-    else if (!paths.isEmpty())
-        call << uris;
-    call << platformData;
-    return bus.call(call, QDBus::Block, kAnswerMilliseconds).type() == QDBusMessage::ReplyMessage;
+    const auto ask = [&](QLatin1String method, const QVariantList &words) {
+        QDBusMessage call = QDBusMessage::createMethodCall(kApplicationId, kObjectPath, kInterface, method);
+        call.setArguments(words + QVariantList{platformData});
+        return bus.call(call, QDBus::Block, kAnswerMilliseconds).type() == QDBusMessage::ReplyMessage;
+    };
+    const auto act = [&](QLatin1String action, const QStringList &words) {
+        const QVariantList parameters(words.begin(), words.end());
+        return ask(kActivateAction, {QString(action), QVariant(parameters)});
+    };
+    if (!request.overrides.isEmpty() && !act(kSet, request.overrides))
+        return false;
+    const QStringList uris = urisOf(request.paths);
+    if (request.newWindow)
+        return act(kNewWindow, uris);
+    return uris.isEmpty() ? ask(QLatin1String("Activate"), {}) : ask(QLatin1String("Open"), {uris});
 }
 
 void ApplicationService::Activate(const QVariantMap &)
@@ -81,14 +87,15 @@ void ApplicationService::Open(const QStringList &uris, const QVariantMap &)
 void ApplicationService::ActivateAction(const QString &name, const QVariantList &parameters,
                                         const QVariantMap &)
 {
-    if (name != kNewWindow)
-        return;
-    QStringList uris;
+    QStringList words;
     for (const QVariant &parameter : parameters)
-        uris.append(parameter.canConvert<QDBusVariant>()
-                        ? parameter.value<QDBusVariant>().variant().toString()
-                        : parameter.toString());
-    _requests.doWorkInNewWindow(pathsOf(uris));
+        words.append(parameter.canConvert<QDBusVariant>()
+                         ? parameter.value<QDBusVariant>().variant().toString()
+                         : parameter.toString());
+    if (name == kNewWindow)
+        _requests.doWorkInNewWindow(pathsOf(words));
+    else if (name == kSet)
+        _requests.overrideSettings(words);
 }
 
 } // namespace quorvin

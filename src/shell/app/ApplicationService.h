@@ -22,6 +22,8 @@ public:
     virtual void applicationOpenFiles(const QStringList &paths) = 0;
     /// No paths: an empty window.
     virtual void doWorkInNewWindow(const QStringList &paths) = 0;
+    /// KEY=VALUE each, for the run that is asked.
+    virtual void overrideSettings(const QStringList &assignments) = 0;
 };
 
 /// The freedesktop application interface of the running instance.
@@ -35,13 +37,19 @@ public:
     /// Takes the name. False when there is no bus, or when another instance has it.
     bool claim(QDBusConnection bus);
 
+    /// What a start of the program asks for.
+    struct Request {
+        QStringList paths; ///< absolute
+        bool newWindow = false;
+        QStringList overrides; ///< KEY=VALUE, to be in force before the files are read
+    };
     /// Hands the request over to the instance that runs. False when there is none, or no bus. Waits for the
     /// answer, for a start of the program that has nothing else to do.
-    static bool handOver(const QDBusConnection &bus, const QStringList &paths, bool newWindow);
+    static bool handOver(const QDBusConnection &bus, const Request &request);
 
     Q_SLOT void Activate(const QVariantMap &platformData);
     Q_SLOT void Open(const QStringList &uris, const QVariantMap &platformData);
-    /// "new-window" is the one action; its parameters are addresses of files.
+    /// "new-window" with addresses of files, and "set" with KEY=VALUE.
     Q_SLOT void ActivateAction(const QString &name, const QVariantList &parameters,
                                const QVariantMap &platformData);
 

@@ -16,27 +16,28 @@ namespace quorvin {
 
 namespace {
 
-void openFolderOf(const QString &path)
+void openFolderOf(const QString &path, const std::function<void()> &whenFailed)
 {
-    openWithDesktop(withoutLastPathComponent(path));
+    if (!openWithDesktop(withoutLastPathComponent(path)) && whenFailed)
+        whenFailed();
 }
 
 } // namespace
 
-void revealInFileManager(const QString &path)
+void revealInFileManager(const QString &path, QObject *context, const std::function<void()> &whenFailed)
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
-        return openFolderOf(path);
+        return openFolderOf(path, whenFailed);
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
         QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowItems"));
     call << QStringList{QString::fromLatin1(fileUri(path))} << QString();
-    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(call));
-    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, path] {
+    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), context);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, watcher, [watcher, path, whenFailed] {
         watcher->deleteLater();
         if (watcher->isError())
-            openFolderOf(path);
+            openFolderOf(path, whenFailed);
     });
 }
 

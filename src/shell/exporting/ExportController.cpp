@@ -7,6 +7,7 @@
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/exporting/ExportSheet.h"
+#include "shell/session/LastFolder.h"
 
 #include <QFileDialog>
 
@@ -25,11 +26,12 @@ QString presetName(const std::vector<ExportEntry> &entries)
     return entries.size() == 1 ? pathStem(entries.front().filename) : QStringLiteral("Quorvin Export");
 }
 
-QFileDialog *makeDialog(QWidget *window, const QString &title)
+QFileDialog *makeDialog(QWidget *window, const QString &title, LiveSettings &settings)
 {
     auto *dialog = new QFileDialog(window, title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setWindowModality(Qt::WindowModal);
+    startInLastFolder(*dialog, settings);
     return dialog;
 }
 
@@ -67,7 +69,7 @@ void ExportController::choosePlace(const ExportSheet &sheet)
 
 void ExportController::chooseFile(ExportTask task)
 {
-    QFileDialog *dialog = makeDialog(_window, tr("Export"));
+    QFileDialog *dialog = makeDialog(_window, tr("Export"), _settings);
     const QString extension = QuorvinExporter::extensionForExportFormat(task.exporter.format());
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(extension);
@@ -84,7 +86,7 @@ void ExportController::chooseFile(ExportTask task)
 
 void ExportController::chooseFolder(ExportTask task)
 {
-    QFileDialog *dialog = makeDialog(_window, tr("Select folder to save the files"));
+    QFileDialog *dialog = makeDialog(_window, tr("Select folder to save the files"), _settings);
     dialog->setFileMode(QFileDialog::Directory);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     dialog->setLabelText(QFileDialog::Accept, tr("Select"));

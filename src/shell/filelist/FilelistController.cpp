@@ -294,6 +294,16 @@ void FilelistController::refreshInfo()
     std::vector<FilelistItemPtr> files;
     for (const int row : selectedRows())
         files.push_back(_arranged.fileAt(row));
+    readAgain(files);
+}
+
+void FilelistController::refreshAll()
+{
+    readAgain(filelist());
+}
+
+void FilelistController::readAgain(const std::vector<FilelistItemPtr> &files)
+{
     std::vector<QuorvinDataPtr> old;
     for (const FilelistItemPtr &file : files) {
         old.push_back(file->quorvinData());

@@ -64,6 +64,7 @@ public:
 
     /// Reads the selected files again.
     void refreshInfo();
+    void refreshAll();
     /// Changes the current file elsewhere and reads it again. `command` says what is done, should it fail;
     /// `change` is told the path.
     void changeCurrentFile(const QString &command,
@@ -112,6 +113,7 @@ private:
     void arrangedObjectsDidChange();
     void selectionDidChange();
     void readFirstly(const FilelistItemPtr &file);
+    void readAgain(const std::vector<FilelistItemPtr> &files);
     void reprocess(const FilelistItemPtr &file);
     void updateTotals();
 

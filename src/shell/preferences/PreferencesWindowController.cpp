@@ -3,8 +3,9 @@
 
 #include "shell/preferences/PreferencesWindowController.h"
 
-#include "readers/mediainfo/oMediaInfo.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/preferences/LibraryVersions.h"
+#include "shell/preferences/PreferencesTable.h"
 #include "shell/session/LiveSettings.h"
 
 #include <QCheckBox>
@@ -13,131 +14,156 @@
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
-#include <QProcess>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QSpinBox>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
-#include <array>
-#include <span>
+#include <algorithm>
 
 namespace quorvin {
 
-struct PreferenceChoice {
-    const char *label;
-    const char *value; ///< as the setting is written
-};
-
-struct PreferenceRow {
-    Setting setting;
-    int page;
-    const char *label;
-    std::span<const PreferenceChoice> choices; ///< none: a box to tick, or a number within the setting's ends
-};
-
 namespace {
 
-constexpr int kGeneral = 0;
-constexpr int kAdvanced = 1;
-
-#define TEXT(text) QT_TRANSLATE_NOOP("Preferences", text)
-
-constexpr std::array kSchemes{
-    PreferenceChoice{TEXT("As the desktop"), "system"},
-    PreferenceChoice{TEXT("Light"), "light"},
-    PreferenceChoice{TEXT("Dark"), "dark"},
-};
-constexpr std::array kTabs{
-    PreferenceChoice{TEXT("The last one"), "0"}, PreferenceChoice{TEXT("General"), "1"},
-    PreferenceChoice{TEXT("Extended"), "2"},     PreferenceChoice{TEXT("Comparison"), "3"},
-    PreferenceChoice{TEXT("Custom"), "4"},
-};
-constexpr std::array kSides{
-    PreferenceChoice{TEXT("At the start of the line"), "0"},
-    PreferenceChoice{TEXT("At the end of the line"), "1"},
-};
-constexpr std::array kReaders{
-    PreferenceChoice{"MediaInfo", "mediainfo"},
-    PreferenceChoice{"ExifTool", "exiftool"},
-};
-constexpr std::array kThreads{
-    PreferenceChoice{TEXT("One file at a time"), "0"},
-    PreferenceChoice{TEXT("Two"), "2"},
-    PreferenceChoice{TEXT("Four"), "4"},
-    PreferenceChoice{TEXT("Eight"), "8"},
-    PreferenceChoice{TEXT("One for each core"), "256"},
-};
-
-constexpr std::array kRows{
-    PreferenceRow{Setting::colorScheme, kGeneral, TEXT("Colours:"), kSchemes},
-    PreferenceRow{Setting::openTab, kGeneral, TEXT("New windows show:"), kTabs},
-    PreferenceRow{Setting::sidebarPos, kGeneral, TEXT("File list:"), kSides},
-    PreferenceRow{Setting::extFontSize, kGeneral, TEXT("Size of text in trees:"), {}},
-    PreferenceRow{Setting::extRowHeight, kGeneral, TEXT("Height of rows in trees:"), {}},
-    PreferenceRow{Setting::wrapLongLines, kGeneral, TEXT("Wrap long lines"), {}},
-    PreferenceRow{Setting::extParameterRightAlign, kGeneral, TEXT("Put names next to their values"), {}},
-    PreferenceRow{Setting::useSIUnits, kGeneral, TEXT("Sizes in decimal units (1 KB is 1000 bytes)"), {}},
-    PreferenceRow{
-        Setting::displayOtherTracksInGeneral, kGeneral, TEXT("Other tracks on the General tab"), {}},
-    PreferenceRow{Setting::useSystemMetadata, kGeneral, TEXT("Tags, comments and origin of files"), {}},
-    PreferenceRow{Setting::computeFileHashes, kGeneral, TEXT("MD5 and SHA-1 of files (slow)"), {}},
-    PreferenceRow{Setting::terminateAppWhenAllWindowsClosed, kGeneral, TEXT("Quit with the last window"), {}},
-    PreferenceRow{Setting::MTMode, kAdvanced, TEXT("Files read at the same time:"), kThreads},
-    PreferenceRow{Setting::videoUtility, kAdvanced, TEXT("Audio and video are read by:"), kReaders},
-    PreferenceRow{Setting::useSlowThumbProcessing, kAdvanced, TEXT("Make covers from the whole picture"), {}},
-    PreferenceRow{Setting::readerProcesses, kAdvanced, TEXT("Read files in guarded processes"), {}},
-    PreferenceRow{Setting::readerCpuSeconds, kAdvanced, TEXT("Most seconds of work on a file:"), {}},
-    PreferenceRow{Setting::readerWallSeconds, kAdvanced, TEXT("Most seconds on a file:"), {}},
-    PreferenceRow{Setting::readerMemoryMiB, kAdvanced, TEXT("Most memory for a file (MiB):"), {}},
-    PreferenceRow{Setting::debugDataCacher, kAdvanced, TEXT("Log what the readers do"), {}},
-    PreferenceRow{Setting::debugStalls, kAdvanced, TEXT("Log what holds up the window"), {}},
-};
-
-#undef TEXT
+constexpr int kMargin = 16;
 
 QString translated(const char *text)
 {
-    return QCoreApplication::translate("Preferences", text);
+    return text ? QCoreApplication::translate("Preferences", text) : QString();
+}
+
+QLabel *headingLabel(const QString &text)
+{
+    QLabel *label = plainLabel(text);
+    QFont strong = label->font();
+    strong.setWeight(QFont::DemiBold);
+    label->setFont(strong);
+    label->setContentsMargins(0, kMargin / 2, 0, 0);
+    return label;
+}
+
+QPushButton *plainButton(QDialogButtonBox *buttons, QDialogButtonBox::StandardButton kind,
+                         const QString &text)
+{
+    QPushButton *button = buttons->button(kind);
+    button->setText(text);
+    button->setIcon({});
+    button->setAutoDefault(false);
+    return button;
+}
+
+bool concernsReading(Setting setting)
+{
+    return std::ranges::any_of(preferenceSections(), [setting](const PreferenceSection &section) {
+        // How many files are read at a time changes nothing in them.
+        return section.concernsReading && setting != Setting::MTMode
+            && std::ranges::find(section.rows, setting, &PreferenceRow::setting) != section.rows.end();
+    });
 }
 
 } // namespace
 
 PreferencesWindowController::PreferencesWindowController(LiveSettings &settings)
-    : _settings(settings), _tabs(new QTabWidget), _version(plainLabel())
+    : _settings(settings),
+      _tabs(new QTabWidget),
+      _advanced(nullptr),
+      _note(makeNote()),
+      _versions(new LibraryVersions)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Preferences"));
-    auto *column = new QVBoxLayout(this);
     // Pages as dark as the dialog.
     _tabs->setDocumentMode(true);
-    column->addWidget(_tabs);
-    addPage(tr("General"), kGeneral);
-    if (settings.boolean(Setting::enableExperimentalPreferences))
-        addPage(tr("Advanced"), kAdvanced);
-    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close);
-    buttons->button(QDialogButtonBox::Close)->setIcon({});
+    _tabs->addTab(makePage(PreferencePage::General), tr("General"));
+    _advanced = makePage(PreferencePage::Advanced);
+    _advanced->setParent(this);
+    _advanced->hide();
+    auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close | QDialogButtonBox::RestoreDefaults);
+    plainButton(buttons, QDialogButtonBox::Close, tr("Close"));
+    QPushButton *reset = plainButton(buttons, QDialogButtonBox::RestoreDefaults, tr("Reset This Tab"));
+    reset->setToolTip(plainTip(tr("Set all that this tab shows back to what it is for a new user")));
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::close);
+    connect(reset, &QPushButton::clicked, this, &PreferencesWindowController::resetPage);
+    auto *column = new QVBoxLayout(this);
+    column->addWidget(_tabs);
+    column->addWidget(_note);
     column->addWidget(buttons);
-    connect(_tabs, &QTabWidget::currentChanged, this, [this](int page) {
-        if (page == kAdvanced)
-            clickAdvanced();
+    connect(&_settings, &LiveSettings::changed, this, &PreferencesWindowController::settingDidChange);
+    connect(_tabs, &QTabWidget::currentChanged, this, [this](int index) {
+        if (_tabs->widget(index) == _advanced)
+            _versions->ask();
     });
+    showAdvanced();
 }
 
-void PreferencesWindowController::addPage(const QString &title, int page)
+QWidget *PreferencesWindowController::makePage(PreferencePage page)
 {
     auto *content = new QWidget;
     auto *form = new QFormLayout(content);
-    form->setContentsMargins(16, 16, 16, 16);
-    for (const PreferenceRow &row : kRows) {
-        if (row.page == page)
+    form->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    for (const PreferenceSection &section : preferenceSections()) {
+        if (section.page != page)
+            continue;
+        form->addRow(headingLabel(translated(section.heading)));
+        for (const PreferenceRow &row : section.rows)
             addRow(form, row);
     }
-    if (page == kAdvanced)
-        form->addRow(_version);
-    _tabs->addTab(content, title);
+    if (page == PreferencePage::Advanced) {
+        form->addRow(headingLabel(tr("Libraries")));
+        form->addRow(_versions);
+    }
+    return content;
+}
+
+QWidget *PreferencesWindowController::makeNote()
+{
+    auto *note = new QWidget;
+    auto *line = new QHBoxLayout(note);
+    line->setContentsMargins(kMargin, 0, kMargin, 0);
+    QLabel *text = plainLabel(tr("Files that were read before this change show what they showed."));
+    text->setWordWrap(true);
+    auto *again = new QPushButton(tr("Read Again"));
+    again->setAutoDefault(false);
+    again->setAccessibleDescription(tr("Read all files of all windows once more"));
+    line->addWidget(text, 1);
+    line->addWidget(again);
+    note->hide();
+    connect(again, &QPushButton::clicked, this, [this] {
+        _note->hide();
+        Q_EMIT readAgainWanted();
+    });
+    return note;
+}
+
+void PreferencesWindowController::showAdvanced()
+{
+    const bool isWanted = _settings.boolean(Setting::enableExperimentalPreferences);
+    const int index = _tabs->indexOf(_advanced);
+    if (isWanted && index < 0)
+        _tabs->addTab(_advanced, tr("Advanced"));
+    else if (!isWanted && index >= 0)
+        _tabs->removeTab(index);
+}
+
+void PreferencesWindowController::settingDidChange(Setting setting)
+{
+    if (setting == Setting::enableExperimentalPreferences)
+        showAdvanced();
+    else if (concernsReading(setting))
+        _note->show();
+}
+
+void PreferencesWindowController::resetPage()
+{
+    const auto page
+        = _tabs->currentWidget() == _advanced ? PreferencePage::Advanced : PreferencePage::General;
+    for (const PreferenceSection &section : preferenceSections()) {
+        if (section.page != page)
+            continue;
+        for (const PreferenceRow &row : section.rows)
+            _settings.reset(row.setting);
+    }
 }
 
 void PreferencesWindowController::addRow(QFormLayout *form, const PreferenceRow &row)
@@ -155,7 +181,7 @@ QWidget *PreferencesWindowController::choiceOf(const PreferenceRow &row)
     auto *box = new QComboBox;
     for (const PreferenceChoice &choice : row.choices)
         box->addItem(translated(choice.label), QString::fromLatin1(choice.value));
-    follow(row.setting, box, [this, box, setting = row.setting] {
+    follow(row, box, [this, box, setting = row.setting] {
         box->setCurrentIndex(std::max(box->findData(_settings.text(setting)), 0));
     });
     connect(box, &QComboBox::activated, this,
@@ -168,8 +194,11 @@ QWidget *PreferencesWindowController::numberOf(const PreferenceRow &row)
     auto *box = new QSpinBox;
     const SettingRow &limits = settingRow(row.setting);
     box->setRange(static_cast<int>(limits.least), static_cast<int>(limits.most));
-    follow(row.setting, box,
-           [this, box, setting = row.setting] { box->setValue(_settings.integer(setting)); });
+    box->setSuffix(translated(row.unit));
+    box->setGroupSeparatorShown(true);
+    // A number that is still being typed is none yet.
+    box->setKeyboardTracking(false);
+    follow(row, box, [this, box, setting = row.setting] { box->setValue(_settings.integer(setting)); });
     connect(box, &QSpinBox::valueChanged, this,
             [this, setting = row.setting](int value) { _settings.set(setting, value); });
     return box;
@@ -178,36 +207,26 @@ QWidget *PreferencesWindowController::numberOf(const PreferenceRow &row)
 QWidget *PreferencesWindowController::switchOf(const PreferenceRow &row)
 {
     auto *box = new QCheckBox(translated(row.label));
-    follow(row.setting, box,
-           [this, box, setting = row.setting] { box->setChecked(_settings.boolean(setting)); });
+    follow(row, box, [this, box, setting = row.setting] { box->setChecked(_settings.boolean(setting)); });
     connect(box, &QCheckBox::toggled, this,
             [this, setting = row.setting](bool on) { _settings.set(setting, on); });
     return box;
 }
 
-void PreferencesWindowController::follow(Setting setting, QWidget *control, const std::function<void()> &show)
+void PreferencesWindowController::follow(const PreferenceRow &row, QWidget *control,
+                                         const std::function<void()> &show)
 {
-    control->setObjectName(QString(settingsTable()[static_cast<std::size_t>(setting)].key));
+    control->setObjectName(QString(settingRow(row.setting).key));
+    control->setAccessibleName(translated(row.label).remove(u':'));
+    if (row.tip)
+        control->setToolTip(plainTip(translated(row.tip)));
     show();
-    connect(&_settings, &LiveSettings::changed, control, [control, setting, show](Setting changed) {
-        const QSignalBlocker silence(control);
-        if (changed == setting)
-            show();
-    });
-}
-
-void PreferencesWindowController::clickAdvanced()
-{
-    if (!_version->text().isEmpty())
-        return;
-    _version->setText(oMediaInfo::libVersion());
-    auto *exiftool = new QProcess(_version);
-    connect(exiftool, &QProcess::finished, _version, [label = _version, exiftool] {
-        const QString version = QString::fromUtf8(exiftool->readAllStandardOutput()).trimmed();
-        if (!version.isEmpty())
-            label->setText(QStringLiteral("%1, exiftool - v%2").arg(oMediaInfo::libVersion(), version));
-    });
-    exiftool->start(QStringLiteral("exiftool"), {QStringLiteral("-ver")});
+    connect(&_settings, &LiveSettings::changed, control,
+            [control, setting = row.setting, show](Setting changed) {
+                const QSignalBlocker silence(control);
+                if (changed == setting)
+                    show();
+            });
 }
 
 } // namespace quorvin

@@ -19,4 +19,18 @@ void LiveSettings::set(Setting setting, const QVariant &value)
         Q_EMIT changed(setting);
 }
 
+Expected<void> LiveSettings::overrideFrom(const QString &assignment)
+{
+    QStringList before;
+    for (const SettingRow &row : settingsTable())
+        before.append(text(row.setting));
+    if (auto problem = _settings.overrideFrom(assignment); !problem)
+        return problem;
+    for (const SettingRow &row : settingsTable()) {
+        if (text(row.setting) != before[static_cast<qsizetype>(row.setting)])
+            Q_EMIT changed(row.setting);
+    }
+    return {};
+}
+
 } // namespace quorvin

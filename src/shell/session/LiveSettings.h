@@ -29,6 +29,11 @@ public:
     /// Sets a value for this run and for those to come. `value` is of the setting's type, or its text; any
     /// other changes nothing.
     void set(Setting setting, const QVariant &value);
+    /// Back to the value that it has for a new user.
+    void reset(Setting setting) { set(setting, QString(settingRow(setting).defaultText)); }
+    bool isDefault(Setting setting) const { return text(setting) == settingRow(setting).defaultText; }
+    /// Sets a value from "KEY=VALUE" for this run alone; the error says what is wrong with that text.
+    Expected<void> overrideFrom(const QString &assignment);
     /// A boolean setting becomes what it is not.
     void toggle(Setting setting) { set(setting, !boolean(setting)); }
 

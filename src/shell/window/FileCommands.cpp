@@ -13,6 +13,7 @@
 #include "shell/info/InfoView.h"
 #include "shell/outline/ExtendedOutline.h"
 #include "shell/window/MainView.h"
+#include "shell/window/StatusLine.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -51,7 +52,9 @@ void FileCommands::describe(CommandState &state) const
 void FileCommands::revealInFinder()
 {
     if (const auto path = _files.worker().currentFilePath())
-        revealInFileManager(*path);
+        revealInFileManager(*path, this, [this, name = lastPathComponent(*path)] {
+            _view.statusLine().say(tr("Show in Folder failed for “%1”: there is no file manager").arg(name));
+        });
 }
 
 void FileCommands::copyGeneralInfo()

@@ -18,6 +18,7 @@
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
 #include "shell/window/ToolBar.h"
+#include "shell/window/WindowPlace.h"
 
 #include <QAction>
 #include <QApplication>
@@ -30,6 +31,7 @@
 #include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 #include <QTimer>
 
 namespace quorvin {
@@ -38,6 +40,7 @@ namespace {
 
 constexpr QSize kFirstSize(1000, 680);
 constexpr int kMinimumHeight = 360;
+constexpr int kDecorationMilliseconds = 200; ///< so that the window manager has given it
 constexpr int kDropMilliseconds = 100; ///< so that the drag ends first
 constexpr QLatin1String kFilelistType("QuorvinFilelistPBoardType");
 
@@ -84,7 +87,7 @@ MainWindowController::~MainWindowController()
 void MainWindowController::setUpCommands()
 {
     _commands->fillMenuBar(menuBar());
-    auto *panels = new OpenPanels(_session.recentFiles, this);
+    auto *panels = new OpenPanels(_session, this);
     connect(panels, &OpenPanels::chosen, this, &MainWindowController::processUrls);
     connect(panels, &OpenPanels::chosenToAdd, &_files, &FilelistController::processAdditionalFiles);
     panels->registerAt(*_commands);
@@ -164,11 +167,35 @@ void MainWindowController::connectExport()
 
 void MainWindowController::restoreFrame()
 {
-    resize(kFirstSize.boundedTo(screen()->availableSize()));
+    // What the decoration takes is known once the window stands.
+    const QSize decoration(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
+    resize(kFirstSize.boundedTo(screen()->availableSize() - decoration));
     const QByteArray frame
         = QByteArray::fromBase64(_session.settings.string(Setting::mainWindowFrame).toLatin1());
     if (!frame.isEmpty())
         restoreGeometry(frame);
+}
+
+void MainWindowController::placeBeside(const QWidget &before)
+{
+    if (isMaximized() || isFullScreen())
+        return;
+    const QSize decoration = before.frameGeometry().size() - before.size();
+    const QRect frame
+        = frameBeside(before.frameGeometry(), size() + decoration, before.screen()->availableGeometry());
+    move(frame.topLeft());
+    resize(frame.size() - decoration);
+}
+
+void MainWindowController::keepOnScreen()
+{
+    if (isMaximized() || isFullScreen())
+        return;
+    const QRect frame = frameWithin(frameGeometry(), screen()->availableGeometry());
+    if (frame == frameGeometry())
+        return;
+    resize(frame.size() - (frameGeometry().size() - size()));
+    move(frame.topLeft());
 }
 
 void MainWindowController::showEvent(QShowEvent *event)
@@ -179,6 +206,7 @@ void MainWindowController::showEvent(QShowEvent *event)
     layout()->activate();
     _view->layout()->activate();
     _view->sidebar().setSidebarWidth(_session.settings.real(Setting::sidebarWidth));
+    QTimer::singleShot(kDecorationMilliseconds, this, &MainWindowController::keepOnScreen);
 }
 
 Tab MainWindowController::currentTab() const

@@ -40,6 +40,8 @@ public:
     /// It has never been given files, or is empty again.
     bool isUntouched() const { return _files.isUntouched(); }
 
+    /// For a window that is not shown yet: beside that one, and on its screen.
+    void placeBeside(const QWidget &before);
     /// Replaces the content by these files and folders, once the caller has returned.
     void processUrls(const QStringList &paths);
 
@@ -70,6 +72,7 @@ private:
     void connectView();
     void connectExport();
     void restoreFrame();
+    void keepOnScreen();
     void validateCommands();
     void updateWindowTitle();
     void settingDidChange(Setting setting);

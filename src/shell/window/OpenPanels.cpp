@@ -6,7 +6,8 @@
 #include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/PlainText.h"
-#include "shell/session/RecentFiles.h"
+#include "shell/session/LastFolder.h"
+#include "shell/session/Session.h"
 
 #include <QAction>
 #include <QFileDialog>
@@ -34,8 +35,8 @@ QString recentText(const QString &path, const QStringList &all, const QFontMetri
 
 } // namespace
 
-OpenPanels::OpenPanels(RecentFiles &recentFiles, QWidget *window)
-    : QObject(window), _recentFiles(recentFiles), _window(window)
+OpenPanels::OpenPanels(Session &session, QWidget *window)
+    : QObject(window), _settings(session.settings), _recentFiles(session.recentFiles), _window(window)
 {
 }
 
@@ -55,6 +56,7 @@ void OpenPanels::chooseFiles(const QString &title, void (OpenPanels::*done)(cons
     auto *dialog = new QFileDialog(_window, title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFiles);
+    startInLastFolder(*dialog, _settings);
     dialog->setWindowModality(Qt::WindowModal);
     connect(dialog, &QFileDialog::filesSelected, this, done);
     dialog->open();
@@ -65,6 +67,7 @@ void OpenPanels::chooseFolder()
     auto *dialog = new QFileDialog(_window, tr("Open Folder"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::Directory);
+    startInLastFolder(*dialog, _settings);
     dialog->setOption(QFileDialog::ShowDirsOnly);
     connect(dialog, &QFileDialog::filesSelected, this, &OpenPanels::chosen);
     dialog->open();

@@ -12,14 +12,16 @@ class QWidget;
 namespace quorvin {
 
 class CommandSet;
+class LiveSettings;
 class RecentFiles;
+struct Session;
 
 /// The panels, and the menu of recent files, through which a user brings files to a window. Main thread.
 class OpenPanels : public QObject {
     Q_OBJECT
 public:
-    /// Belongs to the window. `recentFiles` must outlive this object.
-    OpenPanels(RecentFiles &recentFiles, QWidget *window);
+    /// Belongs to the window. `session` must outlive this object.
+    OpenPanels(Session &session, QWidget *window);
 
     /// The commands that open a panel, and the menu of recent files above the command that adds files.
     void registerAt(CommandSet &commands);
@@ -34,6 +36,7 @@ private:
     void chooseFolder();
     void fillRecentMenu(QMenu *menu);
 
+    LiveSettings &_settings;
     RecentFiles &_recentFiles;
     QWidget *_window;
 };

@@ -5,6 +5,7 @@
 #include "shell/commands/CommandSet.h"
 #include "shell/window/MainWindowController.h"
 #include "shell/window/TabSelector.h"
+#include "shell/window/WindowPlace.h"
 #include "support/TestFolder.h"
 
 #include <QAbstractButton>
@@ -75,6 +76,17 @@ TEST_F(Frame, TabsFollowTheirCommandsAndKeys)
     const QAction *general = window->commands().action(Command::selectGeneralTab);
     EXPECT_TRUE(general->isChecked() && general->actionGroup()->isExclusive());
     EXPECT_FALSE(window->commands().action(Command::selectComparisonTab)->isChecked());
+}
+
+TEST(WindowPlace, KeepsWindowsOnTheScreen)
+{
+    const QRect room(0, 30, 1280, 770);
+    EXPECT_EQ(frameWithin(QRect(100, 100, 800, 600), room), QRect(100, 100, 800, 600));
+    EXPECT_EQ(frameWithin(QRect(900, 500, 800, 600), room), QRect(480, 200, 800, 600));
+    EXPECT_EQ(frameWithin(QRect(-50, 0, 2000, 900), room), room);
+    EXPECT_EQ(frameBeside(QRect(100, 100, 800, 600), QSize(800, 600), room), QRect(128, 128, 800, 600));
+    EXPECT_EQ(frameBeside(QRect(470, 190, 800, 600), QSize(800, 600), room), QRect(0, 30, 800, 600))
+        << "a new row of windows begins";
 }
 
 TEST_F(Frame, TabsTellScreenReadersWhichIsChosen)
