@@ -3,10 +3,12 @@
 
 #include "model/QuorvinData.h"
 
+#include <QHash>
 #include <QStringList>
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 namespace quorvin {
 
@@ -19,13 +21,36 @@ QString textOfTree(const ExtTreeItems &tree, bool skipFilePrivate)
     return lines.join(u'\n');
 }
 
+/// The values of a record as texts. Long ones that lie in one place become one text, so that many parameters
+/// of one value cost no more than one.
+class ValueTexts {
+public:
+    explicit ValueTexts(const ParameterGroups &groups) : _groups(groups) { }
+
+    QString of(const ParameterGroups::Parameter &parameter)
+    {
+        if (parameter.length < kLongLength)
+            return _groups.value(parameter);
+        QString &text = _long[{parameter.offset, parameter.length}];
+        if (text.isEmpty())
+            text = _groups.value(parameter);
+        return text;
+    }
+
+private:
+    static constexpr quint32 kLongLength = 256;
+
+    const ParameterGroups &_groups;
+    QHash<std::pair<quint32, quint32>, QString> _long;
+};
+
 ExtTreeItems childrenOf(const ParameterGroups &groups, const ParameterGroups::Group &group,
-                        const ParameterGroups::Stream &stream)
+                        const ParameterGroups::Stream &stream, ValueTexts &values)
 {
     const auto shown = groups.shownParameters(stream);
     const auto leafOf = [&](const ParameterGroups::Parameter *parameter) {
-        return ExtTreeItem::itemWithKey(parameter->term->key, parameter->term->label,
-                                        groups.value(*parameter), parameter->flags);
+        return ExtTreeItem::itemWithKey(parameter->term->key, parameter->term->label, values.of(*parameter),
+                                        parameter->flags);
     };
     ExtTreeItems children;
     for (auto begin = shown.begin(); begin != shown.end();) {
@@ -49,11 +74,12 @@ ExtTreeItems childrenOf(const ParameterGroups &groups, const ParameterGroups::Gr
 
 ExtTreeItems QuorvinData::extendedContent() const
 {
+    ValueTexts values(groups());
     ExtTreeItems tree;
     for (const auto &group : groups().groups()) {
         for (const auto &stream : group.streams) {
-            tree.push_back(ExtTreeItem::groupTreeWithKey(group.key, group.nameOf(stream),
-                                                         childrenOf(groups(), group, stream), stream.number));
+            tree.push_back(ExtTreeItem::groupTreeWithKey(
+                group.key, group.nameOf(stream), childrenOf(groups(), group, stream, values), stream.number));
         }
     }
     return tree;

@@ -3,6 +3,8 @@
 
 #include "shell/desktop/ColorScheme.h"
 
+#include "shell/desktop/Contrast.h"
+
 #include <QApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -34,18 +36,17 @@ struct Shade {
 
 constexpr std::array kShades{
     Shade{QPalette::Window, 0xfff4f4f5, 0xff2a2b2e, 0, 0},
-    Shade{QPalette::WindowText, 0xff1b1c1e, 0xffe9eaec, 0xff8f9195, 0xff85878c},
+    Shade{QPalette::WindowText, 0xff1b1c1e, 0xffe9eaec, 0xff686a6e, 0xffa0a2a7},
     Shade{QPalette::Base, 0xffffffff, 0xff1e1f22, 0xfff4f4f5, 0xff2a2b2e},
     Shade{QPalette::AlternateBase, 0xfff0f1f3, 0xff26272a, 0, 0},
-    Shade{QPalette::Text, 0xff1b1c1e, 0xffe9eaec, 0xff8f9195, 0xff85878c},
-    Shade{QPalette::PlaceholderText, 0xff75777c, 0xff94969b, 0, 0},
+    Shade{QPalette::Text, 0xff1b1c1e, 0xffe9eaec, 0xff686a6e, 0xffa0a2a7},
     Shade{QPalette::Button, 0xfff0f0f2, 0xff35363a, 0, 0},
-    Shade{QPalette::ButtonText, 0xff1b1c1e, 0xffe9eaec, 0xff8f9195, 0xff85878c},
+    Shade{QPalette::ButtonText, 0xff1b1c1e, 0xffe9eaec, 0xff686a6e, 0xffa0a2a7},
     Shade{QPalette::BrightText, 0xffffffff, 0xffffffff, 0, 0},
     Shade{QPalette::ToolTipBase, 0xffffffff, 0xff3a3b40, 0, 0},
     Shade{QPalette::ToolTipText, 0xff1b1c1e, 0xffe9eaec, 0, 0},
     Shade{QPalette::Highlight, 0xff2f6fa7, 0xff3877ad, 0xffb9bbbf, 0xff55575c},
-    Shade{QPalette::HighlightedText, 0xffffffff, 0xffffffff, 0, 0},
+    Shade{QPalette::HighlightedText, 0xffffffff, 0xffffffff, 0xff1b1c1e, 0},
     Shade{QPalette::Link, 0xff1f5f99, 0xff7db7ea, 0, 0},
     Shade{QPalette::LinkVisited, 0xff6a4a8c, 0xffb79be0, 0, 0},
     Shade{QPalette::Light, 0xffffffff, 0xff45464b, 0, 0},
@@ -55,7 +56,9 @@ constexpr std::array kShades{
     Shade{QPalette::Shadow, 0xff5c5e63, 0xff0c0c0d, 0, 0},
 };
 
-QPalette ownPalette(bool dark)
+} // namespace
+
+QPalette ColorScheme::ownPalette(bool dark)
 {
     QPalette palette;
     for (const Shade &shade : kShades) {
@@ -65,10 +68,8 @@ QPalette ownPalette(bool dark)
         if (disabled != 0)
             palette.setColor(QPalette::Disabled, shade.role, QColor(disabled));
     }
-    return palette;
+    return withOwnRoles(palette);
 }
-
-} // namespace
 
 ColorScheme::ColorScheme(QObject *parent)
     : QObject(parent), _desktopPalette(QApplication::palette()), _desktopStyle(QApplication::style()->name())
@@ -136,7 +137,8 @@ void ColorScheme::apply()
     if (QApplication::style()->name() != style)
         QApplication::setStyle(QStyleFactory::create(style));
     const bool desktopIsPlain = desktopFits && _desktopStyle == QLatin1String("fusion");
-    QApplication::setPalette(desktopFits && !desktopIsPlain ? _desktopPalette : ownPalette(dark));
+    QApplication::setPalette(desktopFits && !desktopIsPlain ? withOwnRoles(_desktopPalette)
+                                                            : ownPalette(dark));
 }
 
 } // namespace quorvin

@@ -27,6 +27,8 @@ public:
     void follow(const QString &setting);
 
     static bool isDark(const QPalette &palette);
+    /// What is used where the desktop has no palette of that shade.
+    static QPalette ownPalette(bool dark);
 
 private:
     Q_SLOT void portalSettingChanged(const QString &group, const QString &key, const QDBusVariant &value);

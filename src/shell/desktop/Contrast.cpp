@@ -1,0 +1,69 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/desktop/Contrast.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quorvin {
+
+namespace {
+
+constexpr double kSecondaryShare = 0.68; ///< of the text's colour in what stands back
+constexpr double kRestingSelectionShare = 0.16; ///< of it in a selection without the keyboard
+constexpr double kShareStep = 0.02;
+
+double linear(double channel)
+{
+    return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double luminance(const QColor &color)
+{
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+QColor mixed(const QColor &text, const QColor &ground, double share)
+{
+    const auto channel = [share](int one, int other) {
+        return static_cast<int>(std::lround(one * share + other * (1 - share)));
+    };
+    return {channel(text.red(), ground.red()), channel(text.green(), ground.green()),
+            channel(text.blue(), ground.blue())};
+}
+
+/// The text's colour, drawn back towards the page as far as it stays readable.
+QColor secondaryColor(const QPalette &palette)
+{
+    const QColor text = palette.color(QPalette::Active, QPalette::Text);
+    const QColor page = palette.color(QPalette::Active, QPalette::Base);
+    const QColor window = palette.color(QPalette::Active, QPalette::Window);
+    QColor color = text;
+    for (double share = kSecondaryShare; share < 1; share += kShareStep) {
+        color = mixed(text, page, share);
+        if (std::min(contrastOf(color, page), contrastOf(color, window)) >= kReadableContrast)
+            break;
+    }
+    return color;
+}
+
+} // namespace
+
+double contrastOf(const QColor &one, const QColor &other)
+{
+    const auto [darker, brighter] = std::minmax({luminance(one), luminance(other)});
+    return (brighter + 0.05) / (darker + 0.05);
+}
+
+QPalette withOwnRoles(QPalette palette)
+{
+    palette.setColor(QPalette::All, QPalette::PlaceholderText, secondaryColor(palette));
+    const QColor text = palette.color(QPalette::Active, QPalette::Text);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight,
+                     mixed(text, palette.color(QPalette::Active, QPalette::Base), kRestingSelectionShare));
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
+    return palette;
+}
+
+} // namespace quorvin

@@ -1,0 +1,56 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/desktop/FocusRing.h"
+
+#include <QAbstractScrollArea>
+#include <QEvent>
+#include <QPainter>
+#include <QRegion>
+
+namespace quorvin {
+
+namespace {
+
+constexpr int kRingWidth = 2; ///< device-independent pixels
+
+} // namespace
+
+FocusRing::FocusRing(QAbstractScrollArea *view) : QWidget(view), _view(view)
+{
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+    view->installEventFilter(this);
+    follow();
+}
+
+bool FocusRing::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::FocusIn:
+    case QEvent::FocusOut:
+    case QEvent::Resize:
+    case QEvent::Show:
+        follow();
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void FocusRing::follow()
+{
+    setGeometry(_view->rect());
+    // The inside stays the view's, which scrolls faster under nothing.
+    setMask(QRegion(rect()).subtracted(rect().adjusted(kRingWidth, kRingWidth, -kRingWidth, -kRingWidth)));
+    setVisible(_view->hasFocus());
+    raise();
+}
+
+void FocusRing::paintEvent(QPaintEvent *)
+{
+    QPainter(this).fillRect(rect(), palette().color(QPalette::Active, QPalette::Highlight));
+}
+
+} // namespace quorvin

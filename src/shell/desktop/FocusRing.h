@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QWidget>
+
+class QAbstractScrollArea;
+
+namespace quorvin {
+
+/// A thin frame round a view while it has the keyboard, so that one sees where the keys go. Takes no room and
+/// no clicks. Main thread.
+class FocusRing final : public QWidget {
+    Q_OBJECT
+public:
+    /// Belongs to the view.
+    explicit FocusRing(QAbstractScrollArea *view);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    void follow();
+
+    QAbstractScrollArea *_view;
+};
+
+} // namespace quorvin
