@@ -5,6 +5,7 @@
 #include "shell/filelist/FilelistRow.h"
 #include "shell/outline/ExtTreeModel.h"
 #include "shell/outline/ExtendedOutline.h"
+#include "shell/outline/OutlineCopy.h"
 #include "support/TestFolder.h"
 
 #include <QAbstractItemModelTester>
@@ -171,8 +172,8 @@ TEST(ExtendedOutline, CopiesTextAndHtml)
     items.push_back(ExtTreeItem::itemWithName(QStringLiteral("A & B"), QStringLiteral("<1>\n2")));
     outline.setContent(items);
     const QModelIndex group = outline.content().index(0, 0);
-    const std::unique_ptr<QMimeData> copied(
-        outline.mimeDataOf({group, outline.content().index(0, 0, group), outline.content().index(1, 0)}));
+    const auto copied = mimeDataOf(
+        outline.content(), {group, outline.content().index(0, 0, group), outline.content().index(1, 0)});
     EXPECT_EQ(copied->text(), QStringLiteral("File\na: A\nA & B: <1>\n2"));
     EXPECT_EQ(copied->html(),
               QStringLiteral("<table cellspacing=0><tr><td><b>File</b></td><td></td></tr>\n"

@@ -19,11 +19,12 @@ std::optional<int> CellHeights::known(const Place &place) const
     return found == _heights.constEnd() ? std::nullopt : std::optional(*found);
 }
 
-bool CellHeights::mayMeasureAhead(int treeWidth)
+bool CellHeights::mayMeasureAhead(int treeWidth, qsizetype letters)
 {
     if (std::exchange(_treeWidth, treeWidth) != treeWidth)
         _ahead = 0;
-    return _ahead++ < kMostAhead;
+    _ahead += letters;
+    return _ahead <= kMostLettersAhead;
 }
 
 void CellHeights::learn(const Place &place, int height)

@@ -17,22 +17,23 @@ public:
         quintptr row = 0; ///< the internal id of its index
         int column = 0;
         int width = 0;
+        bool isOpen = false; ///< shows a long value as a whole
 
         bool operator==(const Place &) const = default;
         friend size_t qHash(const Place &place, size_t seed)
         {
-            return qHashMulti(seed, place.row, place.column, place.width);
+            return qHashMulti(seed, place.row, place.column, place.width, place.isOpen);
         }
     };
 
-    /// So many cells are measured before they are seen, in a tree of one width.
-    static constexpr int kMostAhead = 200;
+    /// Cells of so many letters are measured before they are seen, in a tree of one width.
+    static constexpr qsizetype kMostLettersAhead = 10'000;
 
     /// Absent for a cell that was not measured in that width.
     std::optional<int> known(const Place &place) const;
-    /// Whether one more cell may be measured that nobody sees yet; counts it. `treeWidth`: another one than
-    /// at the last call begins to count anew.
-    bool mayMeasureAhead(int treeWidth);
+    /// Whether a cell of so many letters may be measured that nobody sees yet; counts it. `treeWidth`:
+    /// another one than at the last call begins to count anew.
+    bool mayMeasureAhead(int treeWidth, qsizetype letters);
     void learn(const Place &place, int height);
     /// The cells have other texts, or another font.
     void forget();
@@ -40,7 +41,7 @@ public:
 private:
     QHash<Place, int> _heights;
     int _treeWidth = 0;
-    int _ahead = 0; ///< measured in that width
+    qsizetype _ahead = 0; ///< letters measured in that width
 };
 
 } // namespace quorvin

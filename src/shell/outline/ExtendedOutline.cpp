@@ -3,13 +3,14 @@
 
 #include "shell/outline/ExtendedOutline.h"
 
-#include "export/HtmlText.h"
+#include "shell/outline/OutlineCopy.h"
 #include "shell/outline/OutlineDelegate.h"
+#include "shell/outline/OutlineHeader.h"
+#include "shell/outline/StickyGroup.h"
 
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QMimeData>
 #include <QScopedValueRollback>
 #include <QScrollBar>
@@ -20,45 +21,97 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kFirstNameWidth = 220;
+constexpr int kIndentation = 18;
+constexpr int kStickyAir = 4; ///< above and below the name together
 
 } // namespace
 
 ExtendedOutline::ExtendedOutline(QWidget *parent)
-    : QTreeView(parent), _delegate(new OutlineDelegate(this, _content))
+    : QTreeView(parent),
+      _delegate(new OutlineDelegate(this, _content)),
+      _header(new OutlineHeader(this)),
+      _sticky(new StickyGroup(this))
 {
     setModel(&_content);
     setItemDelegate(_delegate);
+    setHeader(_header);
     setFrameShape(NoFrame);
     setSelectionMode(ExtendedSelection);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformRowHeights(false);
     setAllColumnsShowFocus(true);
-    setIndentation(18);
+    setIndentation(kIndentation);
     setAccessibleName(tr("All parameters"));
-    header()->setSectionsMovable(false);
-    header()->setStretchLastSection(true);
-    header()->resizeSection(ExtTreeModel::Name, kFirstNameWidth);
-    connect(header(), &QHeaderView::sectionResized, this, [this] { scheduleDelayedItemsLayout(); });
-    const auto noteToggle = [this](const QModelIndex &index, bool opens) {
-        const ExtTreeItem *item = _content.itemAt(index);
-        if (_isToggling || !item)
-            return;
+    _header->show();
+    // Nothing to be fitted to: values are as long as they like.
+    disconnect(_header, &QHeaderView::sectionHandleDoubleClicked, this, nullptr);
+    connect(_header, &OutlineHeader::namesWidthChosen, this, &ExtendedOutline::namesWidthChosen);
+    connect(_header, &QHeaderView::sectionResized, this, [this] { scheduleDelayedItemsLayout(); });
+    connect(this, &QTreeView::expanded, this, [this](const QModelIndex &i) { noteToggle(i, true); });
+    connect(this, &QTreeView::collapsed, this, [this](const QModelIndex &i) { noteToggle(i, false); });
+    connect(_sticky, &StickyGroup::clicked, this, [this] {
+        const QModelIndex group = groupOfFirstRow();
+        setCurrentIndex(group);
+        verticalScrollBar()->setValue(verticalScrollBar()->value() + nameTop(group));
+    });
+}
+
+void ExtendedOutline::noteToggle(const QModelIndex &index, bool opens)
+{
+    const ExtTreeItem *item = _content.itemAt(index);
+    if (!_isToggling && item) {
         if (opens)
             _groups.shouldExpandItem(*item, false);
         else
             _groups.shouldCollapseItem(*item);
-    };
-    connect(this, &QTreeView::expanded, this, [noteToggle](const QModelIndex &i) { noteToggle(i, true); });
-    connect(this, &QTreeView::collapsed, this, [noteToggle](const QModelIndex &i) { noteToggle(i, false); });
+    }
+    updateStickyGroup();
 }
 
 void ExtendedOutline::setContent(ExtTreeItems items)
 {
+    notePlaces();
     _content.setContent(std::move(items));
     expandAllItems();
-    scrollToTop();
+    restorePlaces();
+}
+
+void ExtendedOutline::notePlaces()
+{
+    if (_content.rowCount() == 0)
+        return;
+    const int scrolled = verticalScrollBar()->value();
+    if (std::exchange(_unplacedAt, -1) == scrolled)
+        return;
+    const QModelIndex current = currentIndex();
+    _currentRow = current.isValid() ? std::optional(RowPlace(_content, current)) : std::nullopt;
+    const QRect seen = current.isValid() ? visualRect(current) : QRect();
+    const bool isSeen = !seen.isEmpty() && viewport()->rect().intersects(seen);
+    const QModelIndex top
+        = isSeen ? current : indexAt({viewport()->width() / 2, _sticky->isHidden() ? 0 : _sticky->height()});
+    _topRow = scrolled > 0 && top.isValid() ? std::optional(RowPlace(_content, top)) : std::nullopt;
+    _topRowY = top.isValid() ? visualRect(top).top() : 0;
+}
+
+void ExtendedOutline::restorePlaces()
+{
+    if (_content.rowCount() == 0)
+        return;
+    executeDelayedItemsLayout();
+    if (const QModelIndex current = _currentRow ? _currentRow->exactIn(_content) : QModelIndex();
+        current.isValid())
+        selectionModel()->setCurrentIndex(current,
+                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    QScrollBar *bar = verticalScrollBar();
+    const QModelIndex top = _topRow ? _topRow->nearestIn(_content) : QModelIndex();
+    if (top.isValid() && !visualRect(top).isEmpty())
+        bar->setValue(bar->value() + visualRect(top).top() - _topRowY);
+    else
+        bar->setValue(0);
+    // The user may go on to a file that has the row, without having looked for another one.
+    _unplacedAt = _topRow && !_topRow->exactIn(_content).isValid() ? bar->value() : -1;
+    updateStickyGroup();
 }
 
 void ExtendedOutline::expandAllItems()
@@ -89,6 +142,7 @@ void ExtendedOutline::setAllExpanded(bool expanded)
         expandAll();
     else
         collapseAll();
+    updateStickyGroup();
 }
 
 void ExtendedOutline::expandAllIn()
@@ -125,6 +179,32 @@ void ExtendedOutline::scrollRowToTheTop(const QModelIndex &row)
         verticalScrollBar()->setValue(verticalScrollBar()->value() - rowHeight(row));
 }
 
+void ExtendedOutline::scrollTo(const QModelIndex &index, ScrollHint hint)
+{
+    QTreeView::scrollTo(index, hint);
+    if (hint != EnsureVisible || !index.parent().isValid())
+        return;
+    const int hidden = stickyHeight() - visualRect(index).top();
+    if (hidden > 0 && visualRect(index).height() < viewport()->height() / 2)
+        verticalScrollBar()->setValue(verticalScrollBar()->value() - hidden);
+}
+
+void ExtendedOutline::doItemsLayout()
+{
+    if (_isLayingOut)
+        return QTreeView::doItemsLayout();
+    {
+        const QScopedValueRollback layingOut(_isLayingOut, true);
+        // Rows above what is seen get other heights; what is seen is to stay.
+        const QModelIndex top = indexAt({viewport()->width() / 2, 0});
+        const int before = visualRect(top).top();
+        QTreeView::doItemsLayout();
+        if (top.isValid() && verticalScrollBar()->value() > 0)
+            verticalScrollBar()->setValue(verticalScrollBar()->value() + visualRect(top).top() - before);
+    }
+    updateStickyGroup();
+}
+
 const ExtTreeItem *ExtendedOutline::selectedItem() const
 {
     const QModelIndexList rows = selectionModel()->selectedRows();
@@ -141,6 +221,9 @@ void ExtendedOutline::setRightAlignsParameters(bool aligns)
 {
     _delegate->rightAlignsParameters = aligns;
     _content.setNamesAlignment(aligns ? Qt::AlignTrailing : Qt::AlignLeading);
+    constexpr int kMargin = OutlineDelegate::kMargin;
+    // Most names stand in a group, which stands below the root.
+    _header->setLeads(aligns ? kMargin : kMargin + 2 * kIndentation, kMargin);
     viewport()->update();
 }
 
@@ -150,51 +233,86 @@ void ExtendedOutline::setRowHeight(int height)
     scheduleDelayedItemsLayout();
 }
 
-QModelIndexList ExtendedOutline::selectedRowsInOrder() const
+void ExtendedOutline::setNamesWidth(int width)
 {
-    QModelIndexList rows = selectionModel()->selectedRows();
-    std::vector<std::pair<int, QModelIndex>> placed;
-    for (const QModelIndex &row : rows)
-        placed.emplace_back(visualRect(row).top(), row);
-    std::ranges::stable_sort(placed, {}, [](const auto &one) { return one.first; });
-    rows.clear();
-    for (const auto &[top, row] : placed)
-        rows.append(row);
-    return rows;
+    _header->setNamesWidth(width);
 }
 
 void ExtendedOutline::copy(const QModelIndex &clicked) const
 {
     const bool onlyClicked = clicked.isValid() && !selectionModel()->isSelected(clicked);
-    const QModelIndexList rows
-        = onlyClicked ? QModelIndexList{clicked.siblingAtColumn(ExtTreeModel::Name)} : selectedRowsInOrder();
+    const QModelIndexList rows = onlyClicked ? QModelIndexList{clicked.siblingAtColumn(ExtTreeModel::Name)}
+                                             : selectedRowsInOrder(*this);
     if (!rows.isEmpty())
-        QGuiApplication::clipboard()->setMimeData(mimeDataOf(rows));
+        QGuiApplication::clipboard()->setMimeData(mimeDataOf(_content, rows).release());
 }
 
-QMimeData *ExtendedOutline::mimeDataOf(const QModelIndexList &rows) const
+void ExtendedOutline::copyValues() const
 {
-    QStringList text;
-    QStringList html;
-    for (const QModelIndex &row : rows) {
-        const ExtTreeItem *item = _content.itemAt(row);
-        text.append(item->extValue());
-        html.append(pboardHtmlLineForItem(*item));
-    }
-    auto *content = new QMimeData;
-    content->setText(text.join(u'\n'));
-    content->setHtml(QStringLiteral("<table cellspacing=0>%1</table>").arg(html.join(u'\n')));
-    return content;
+    QGuiApplication::clipboard()->setText(valuesOf(_content, selectedRowsInOrder(*this)));
 }
 
-QString ExtendedOutline::pboardHtmlLineForItem(const ExtTreeItem &item)
+int ExtendedOutline::nameTop(const QModelIndex &group) const
 {
-    if (item.children())
-        return QStringLiteral("<tr><td><b>%1</b></td><td></td></tr>")
-            .arg(stringByEncodingHTMLEntities(item.extValue(), true));
-    return QStringLiteral("<tr><td>%1</td><td>%2</td></tr>")
-        .arg(stringByEncodingHTMLEntities(item.name(), true),
-             stringWithNewLinesAsBRs(stringByEncodingHTMLEntities(item.stringValue(), true)));
+    return visualRect(group).top() + _delegate->groupGap(group);
+}
+
+QModelIndex ExtendedOutline::groupOfFirstRow() const
+{
+    QModelIndex group = indexAt({viewport()->width() / 2, 0});
+    while (group.parent().isValid())
+        group = group.parent();
+    return group.siblingAtColumn(ExtTreeModel::Name);
+}
+
+int ExtendedOutline::stickyHeight() const
+{
+    return std::max(QFontMetrics(OutlineDelegate::groupFont(font())).height() + kStickyAir,
+                    _delegate->minimumRowHeight);
+}
+
+void ExtendedOutline::updateStickyGroup()
+{
+    // While the tree is laid out, its rows have no places.
+    if (_isLayingOut)
+        return;
+    const QModelIndex group = groupOfFirstRow();
+    const bool isNeeded = group.isValid() && isExpanded(group) && nameTop(group) < 0;
+    _sticky->setVisible(isNeeded);
+    if (!isNeeded)
+        return;
+    _sticky->setFont(OutlineDelegate::groupFont(font()));
+    const int height = stickyHeight();
+    const QModelIndex next = group.siblingAtRow(group.row() + 1);
+    // The next group pushes it out.
+    const int room = next.isValid() && !visualRect(next).isEmpty() ? nameTop(next) : height;
+    const QRect frame = viewport()->geometry();
+    _sticky->setGeometry(frame.left(), frame.top() + std::min(room - height, 0), frame.width(), height);
+    _sticky->setMask(QRect(0, std::max(height - room, 0), frame.width(), height));
+    const QRect text(kIndentation + OutlineDelegate::kMargin, 0,
+                     frame.width() - kIndentation - 2 * OutlineDelegate::kMargin, height);
+    const QRect sign(0, 0, kIndentation, height);
+    _sticky->setGroup(group.data().toString(), QStyle::visualRect(layoutDirection(), _sticky->rect(), text),
+                      QStyle::visualRect(layoutDirection(), _sticky->rect(), sign));
+}
+
+void ExtendedOutline::scrollContentsBy(int dx, int dy)
+{
+    QTreeView::scrollContentsBy(dx, dy);
+    updateStickyGroup();
+}
+
+void ExtendedOutline::updateGeometries()
+{
+    _header->placeBorder(viewport()->width());
+    QTreeView::updateGeometries();
+}
+
+void ExtendedOutline::changeEvent(QEvent *event)
+{
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::LayoutDirectionChange)
+        scheduleDelayedItemsLayout();
 }
 
 bool ExtendedOutline::isOnDisclosureSign(const QPoint &position, const QModelIndex &index) const
@@ -206,8 +324,7 @@ bool ExtendedOutline::isOnDisclosureSign(const QPoint &position, const QModelInd
 void ExtendedOutline::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const
 {
     // The sign stands beside the name, not in the middle of a row with a gap.
-    const int gap = _content.hasChildren(index) && !index.parent().isValid() ? OutlineDelegate::kGroupGap : 0;
-    QTreeView::drawBranches(painter, rect.adjusted(0, gap, 0, 0), index);
+    QTreeView::drawBranches(painter, rect.adjusted(0, _delegate->groupGap(index), 0, 0), index);
 }
 
 void ExtendedOutline::mousePressEvent(QMouseEvent *event)
@@ -230,7 +347,26 @@ void ExtendedOutline::keyPressEvent(QKeyEvent *event)
     // The commands have these keys, and validate them.
     if (event->matches(QKeySequence::Copy) || event->matches(QKeySequence::SelectAll))
         return event->ignore();
-    QTreeView::keyPressEvent(event);
+    if (!toggleLongValue(*event))
+        QTreeView::keyPressEvent(event);
+}
+
+bool ExtendedOutline::toggleLongValue(const QKeyEvent &event)
+{
+    const QModelIndex value = currentIndex().siblingAtColumn(ExtTreeModel::Value);
+    const bool isOpen = value.isValid() && _delegate->isOpen(value);
+    const int opening = isRightToLeft() ? Qt::Key_Left : Qt::Key_Right;
+    const int closing = isRightToLeft() ? Qt::Key_Right : Qt::Key_Left;
+    const bool isEnter = event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+    const bool isMeant = isEnter || event.key() == (isOpen ? closing : opening);
+    if (!isMeant || (event.modifiers() & ~(Qt::KeypadModifier | Qt::ControlModifier)) != 0 || !value.isValid()
+        || !_delegate->isLong(value))
+        return false;
+    if (event.modifiers().testFlag(Qt::ControlModifier))
+        _delegate->setAllOpen(!isOpen);
+    else
+        _delegate->setOpen(value, !isOpen);
+    return true;
 }
 
 void ExtendedOutline::contextMenuEvent(QContextMenuEvent *event)
@@ -241,13 +377,6 @@ void ExtendedOutline::contextMenuEvent(QContextMenuEvent *event)
         setCurrentIndex(clicked);
     const bool besideRow = !byMouse && clicked.isValid();
     Q_EMIT menuWanted(besideRow ? viewport()->mapToGlobal(visualRect(clicked).center()) : event->globalPos());
-}
-
-void ExtendedOutline::resizeEvent(QResizeEvent *event)
-{
-    QTreeView::resizeEvent(event);
-    if (_delegate->wrapsLongLines && event->oldSize().width() != event->size().width())
-        scheduleDelayedItemsLayout();
 }
 
 void ExtendedOutline::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)

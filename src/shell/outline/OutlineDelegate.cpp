@@ -9,29 +9,22 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QHelpEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTextLayout>
 #include <QTimer>
 #include <QToolTip>
 #include <QTreeView>
 
-#include <cmath>
+#include <algorithm>
 #include <utility>
 
 namespace quorvin {
 
 namespace {
 
-constexpr qsizetype kMostTipCharacters = 1'000; ///< a value can be a whole book
-constexpr int kMargin = 6; ///< beside a cell's text
-constexpr int kLead = 2; ///< above and below it
-
-QString shortened(const QString &text, qsizetype most)
-{
-    if (text.size() <= most)
-        return text;
-    return text.left(text[most - 1].isHighSurrogate() ? most - 1 : most) + QChar(0x2026);
-}
+constexpr qsizetype kMostTipLetters = 1'000;
+constexpr int kLead = 2; ///< above and below a text
 
 QString markupOf(const QString &text)
 {
@@ -51,76 +44,48 @@ QList<QTextLayout::FormatRange> formatsOf(const QModelIndex &index, qsizetype le
     return formats;
 }
 
+QPalette::ColorRole roleOf(const QModelIndex &index, bool selected)
+{
+    if (selected)
+        return QPalette::HighlightedText;
+    const bool isName = index.column() == ExtTreeModel::Name && !index.data(ExtTreeModel::GroupRole).toBool();
+    return isName ? QPalette::PlaceholderText : QPalette::Text;
+}
+
 } // namespace
-
-/// What a cell shows and how.
-struct OutlineDelegate::Cell {
-    QString text;
-    QList<QTextLayout::FormatRange> formats;
-    QFont font;
-    Qt::Alignment alignment;
-    bool wraps = true;
-    bool isTopGroup = false;
-
-    bool isSurelyOneLine(const QFontMetrics &metrics, int width) const
-    {
-        return text.size() * metrics.maxWidth() <= width && !text.contains(u'\n');
-    }
-
-    /// By the count of letters and lines alone.
-    int guessedHeight(const QFontMetrics &metrics, int width) const
-    {
-        const qsizetype lines = text.size() * metrics.averageCharWidth() / width + text.count(u'\n') + 1;
-        return static_cast<int>(lines) * metrics.lineSpacing();
-    }
-
-    /// Lays the text out in that width and gives its height.
-    int layOut(QTextLayout &layout, int width) const
-    {
-        QTextOption option(alignment);
-        // A value reads as its own script does, whatever the window's direction.
-        option.setTextDirection(Qt::LayoutDirectionAuto);
-        option.setWrapMode(wraps ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
-        QString shown = text;
-        shown.replace(u'\n', wraps ? QChar(QChar::LineSeparator) : QChar(u' '));
-        if (!wraps)
-            shown = QFontMetrics(font).elidedText(shown, Qt::ElideRight, width);
-        layout.setText(shown);
-        layout.setFont(font);
-        layout.setTextOption(option);
-        layout.setFormats(formats);
-        qreal height = 0;
-        layout.beginLayout();
-        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-            line.setLineWidth(width);
-            line.setPosition({0, height});
-            height += line.height();
-        }
-        layout.endLayout();
-        return static_cast<int>(std::ceil(height));
-    }
-};
 
 OutlineDelegate::OutlineDelegate(QTreeView *outline, const ExtTreeModel &model)
     : QStyledItemDelegate(outline), _outline(outline)
 {
-    connect(&model, &QAbstractItemModel::modelReset, this, [this] { _heights.forget(); });
+    connect(&model, &QAbstractItemModel::modelReset, this, [this] {
+        _heights.forget();
+        _toggled.clear();
+    });
 }
 
-OutlineDelegate::Cell OutlineDelegate::cellOf(const QStyleOptionViewItem &option,
-                                              const QModelIndex &index) const
+int OutlineDelegate::groupGap(const QModelIndex &index) const
+{
+    if (!index.data(ExtTreeModel::GroupRole).toBool())
+        return 0;
+    const bool isFirst = index.row() == 0 && !index.parent().isValid();
+    const int line = QFontMetrics(_outline->font()).height();
+    return isFirst || index.parent().isValid() ? line / 3 : line;
+}
+
+QFont OutlineDelegate::groupFont(QFont font)
+{
+    font.setWeight(QFont::DemiBold);
+    return font;
+}
+
+CellText OutlineDelegate::cellOf(const QFont &font, const QModelIndex &index) const
 {
     const bool isGroup = index.data(ExtTreeModel::GroupRole).toBool();
-    Cell cell;
-    cell.text = shortened(index.data().toString(), kMostCharacters);
-    cell.font = option.font;
-    if (isGroup)
-        cell.font.setBold(true);
-    cell.wraps = wrapsLongLines;
-    cell.isTopGroup = isGroup && !index.parent().isValid();
+    CellText cell(index.data().toString(), wrapsLongLines, isOpen(index));
+    cell.font = isGroup ? groupFont(font) : font;
     const bool toTheRight = index.column() == ExtTreeModel::Name && !isGroup && rightAlignsParameters;
     cell.alignment = toTheRight ? Qt::AlignTrailing : Qt::AlignLeading;
-    cell.formats = formatsOf(index, cell.text.size());
+    cell.formats = formatsOf(index, cell.length());
     return cell;
 }
 
@@ -140,18 +105,17 @@ int OutlineDelegate::textWidth(const QModelIndex &index) const
 
 QSize OutlineDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    const Cell cell = cellOf(option, index);
-    const int height = cell.wraps ? heightOf(cell, index) : QFontMetrics(cell.font).height();
-    const int lead = kLead + (cell.isTopGroup ? kGroupGap : 0);
-    return {0, std::max(height + lead + kLead, minimumRowHeight)};
+    const CellText cell = cellOf(option.font, index);
+    const int height = cell.wraps() ? heightOf(cell, index) : QFontMetrics(cell.font).height();
+    return {0, std::max(height + 2 * kLead, minimumRowHeight) + groupGap(index)};
 }
 
 CellHeights::Place OutlineDelegate::placeOf(const QModelIndex &index) const
 {
-    return {index.internalId(), index.column(), textWidth(index)};
+    return {index.internalId(), index.column(), textWidth(index), isOpen(index)};
 }
 
-int OutlineDelegate::heightOf(const Cell &cell, const QModelIndex &index) const
+int OutlineDelegate::heightOf(const CellText &cell, const QModelIndex &index) const
 {
     const QFontMetrics metrics(cell.font);
     const CellHeights::Place place = placeOf(index);
@@ -161,15 +125,15 @@ int OutlineDelegate::heightOf(const Cell &cell, const QModelIndex &index) const
         _heights.forget();
     if (const auto known = _heights.known(place))
         return *known;
-    if (!_heights.mayMeasureAhead(_outline->columnWidth(ExtTreeModel::Value)))
+    if (!_heights.mayMeasureAhead(_outline->columnWidth(ExtTreeModel::Value), cell.length()))
         return cell.guessedHeight(metrics, place.width);
     QTextLayout layout;
-    const int height = cell.layOut(layout, place.width);
+    const int height = cell.layOut(layout, place.width).height;
     _heights.learn(place, height);
     return height;
 }
 
-void OutlineDelegate::learnHeight(const Cell &cell, const QModelIndex &index, int height) const
+void OutlineDelegate::learnHeight(const CellText &cell, const QModelIndex &index, int height) const
 {
     const QFontMetrics metrics(cell.font);
     const CellHeights::Place place = placeOf(index);
@@ -192,6 +156,40 @@ void OutlineDelegate::layOutAnew()
     });
 }
 
+bool OutlineDelegate::isOpen(const QModelIndex &value) const
+{
+    return value.column() == ExtTreeModel::Value && _toggled.contains(value.internalId()) != _areAllOpen;
+}
+
+bool OutlineDelegate::isLong(const QModelIndex &value) const
+{
+    if (value.column() != ExtTreeModel::Value || !wrapsLongLines)
+        return false;
+    QTextLayout layout;
+    return cellOf(_outline->font(), value).layOut(layout, textWidth(value)).wordTop >= 0;
+}
+
+void OutlineDelegate::setOpen(const QModelIndex &value, bool open)
+{
+    if (open == _areAllOpen)
+        _toggled.remove(value.internalId());
+    else
+        _toggled.insert(value.internalId());
+    Q_EMIT sizeHintChanged(value);
+}
+
+void OutlineDelegate::setAllOpen(bool open)
+{
+    _areAllOpen = open;
+    _toggled.clear();
+    Q_EMIT sizeHintChanged({});
+}
+
+QRect OutlineDelegate::textRect(const QRect &cell, const QModelIndex &index) const
+{
+    return cell.adjusted(kMargin, kLead + groupGap(index), -kMargin, -kLead);
+}
+
 void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                             const QModelIndex &index) const
 {
@@ -201,24 +199,53 @@ void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     QStyle *style = own.widget ? own.widget->style() : QApplication::style();
     style->drawControl(QStyle::CE_ItemViewItem, &own, painter, own.widget);
 
-    Cell cell = cellOf(option, index);
+    CellText cell = cellOf(option.font, index);
     cell.alignment = QStyle::visualAlignment(option.direction, cell.alignment) | Qt::AlignAbsolute;
-    const int lead = kLead + (cell.isTopGroup ? kGroupGap : 0);
-    const QRect inner = option.rect.adjusted(kMargin, lead, -kMargin, -kLead);
+    const QRect inner = textRect(option.rect, index);
     QTextLayout layout;
-    const int height = cell.layOut(layout, std::max(inner.width(), 1));
-    if (cell.wraps)
-        learnHeight(cell, index, height);
-    // The first lines of name and value stand side by side, however many follow; one line alone is centred.
-    const int room = inner.height() - QFontMetrics(cell.font).height();
-    const int above = room > 0 && option.rect.height() <= minimumRowHeight ? room / 2 : 0;
+    const CellText::Extent extent = cell.layOut(layout, std::max(inner.width(), 1));
+    if (cell.wraps())
+        learnHeight(cell, index, extent.height);
+    // The first lines of name and value stand on one baseline, whatever their scripts and however many lines
+    // follow; one line alone is centred.
+    const QFontMetrics metrics(cell.font);
+    const int room = inner.height() - metrics.height();
+    const int above = room > 0 && option.rect.height() - groupGap(index) <= minimumRowHeight ? room / 2 : 0;
+    const qreal top = inner.top() + above + metrics.ascent() - extent.firstAscent;
     const bool selected = own.state.testFlag(QStyle::State_Selected);
     const auto group = own.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
     painter->save();
     painter->setClipRect(option.rect);
-    painter->setPen(own.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Text));
-    layout.draw(painter, QPointF(inner.left(), inner.top() + above));
+    painter->setPen(own.palette.color(group, roleOf(index, selected)));
+    layout.draw(painter, QPointF(inner.left(), top));
+    if (extent.wordTop >= 0) {
+        painter->setFont(cell.font);
+        painter->setPen(own.palette.color(group, selected ? QPalette::HighlightedText : QPalette::Link));
+        const QRect line(inner.left(), qRound(top) + extent.wordTop, inner.width(), metrics.height());
+        painter->drawText(line, static_cast<int>(cell.alignment) | Qt::AlignTop, cell.word());
+    }
     painter->restore();
+}
+
+bool OutlineDelegate::editorEvent(QEvent *event, QAbstractItemModel *model,
+                                  const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (event->type() != QEvent::MouseButtonRelease || index.column() != ExtTreeModel::Value)
+        return QStyledItemDelegate::editorEvent(event, model, option, index);
+    const auto *click = static_cast<QMouseEvent *>(event);
+    const CellText cell = cellOf(option.font, index);
+    const QRect inner = textRect(option.rect, index);
+    QTextLayout layout;
+    const CellText::Extent extent = cell.layOut(layout, std::max(inner.width(), 1));
+    if (click->button() != Qt::LeftButton || extent.wordTop < 0
+        || click->position().y() < inner.top() + extent.wordTop)
+        return false;
+    const bool opens = !isOpen(index);
+    if (click->modifiers().testFlag(Qt::ControlModifier))
+        setAllOpen(opens);
+    else
+        setOpen(index, opens);
+    return true;
 }
 
 bool OutlineDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
@@ -226,11 +253,11 @@ bool OutlineDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
 {
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const QString text = index.data().toString();
-    const Cell cell = cellOf(option, index);
-    const bool isShortened = text.size() > kMostCharacters
-        || (!wrapsLongLines && QFontMetrics(cell.font).horizontalAdvance(cell.text) > textWidth(index));
-    const QString tip = isShortened ? markupOf(shortened(text, kMostTipCharacters)) : QString();
+    const CellText cell = cellOf(option.font, index);
+    const bool isShortened
+        = cell.isShortened() || (!wrapsLongLines && cell.naturalWidth() > textWidth(index));
+    const QString tip
+        = isShortened ? markupOf(beginningOf(index.data().toString(), kMostTipLetters)) : QString();
     QToolTip::showText(event->globalPos(), tip, view);
     return true;
 }

@@ -4,8 +4,9 @@
 #pragma once
 
 #include "shell/outline/CellHeights.h"
+#include "shell/outline/CellText.h"
 
-#include <QFont>
+#include <QSet>
 #include <QStyledItemDelegate>
 
 class QTreeView;
@@ -14,8 +15,9 @@ namespace quorvin {
 
 class ExtTreeModel;
 
-/// Draws the cells of a tree of parameters: wrapped or shortened, titles and beginnings in their own fonts,
-/// groups bold. A row is as high as its highest cell. A tip shows what was shortened.
+/// Draws the cells of a tree of parameters: names stand back, groups are semibold, titles and beginnings have
+/// their own fonts, values are wrapped or shortened. A row is as high as its highest cell. A long value ends
+/// in a word that opens it; a tip shows what was shortened.
 ///
 /// The tree wants the height of every row at once. The first rows are measured, and from then on only those
 /// that come into sight; any other has a height that is guessed from the count of its letters.
@@ -25,37 +27,49 @@ public:
     /// The delegate of a tree of two columns, which shows `model`.
     OutlineDelegate(QTreeView *outline, const ExtTreeModel &model);
 
-    /// Of a value a cell shows so many letters; the tip shows more, and copies are whole.
-    static constexpr qsizetype kMostCharacters = 300;
-
-    /// Room above the name of a group at the top, beyond that of other rows.
-    static constexpr int kGroupGap = 6;
+    static constexpr int kMargin = 6; ///< beside a cell's text; device-independent pixels
 
     bool wrapsLongLines = true;
     bool rightAlignsParameters = true;
     int minimumRowHeight = 0; ///< device-independent pixels
+
+    /// Room above the name of a group, beyond that of other rows.
+    int groupGap(const QModelIndex &index) const;
+    static QFont groupFont(QFont font);
+
+    bool isOpen(const QModelIndex &value) const;
+    /// The value is so long that it can be opened, or it is open.
+    bool isLong(const QModelIndex &value) const;
+    /// Shows the whole of a long value, or its first lines.
+    void setOpen(const QModelIndex &value, bool open);
+    /// The same for all, also of the files to come.
+    void setAllOpen(bool open);
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
+    /// A click on the word of a long value; with Ctrl all change.
+    bool editorEvent(QEvent *event, QAbstractItemModel *model, const QStyleOptionViewItem &option,
+                     const QModelIndex &index) override;
 
 private:
-    struct Cell;
-
-    Cell cellOf(const QStyleOptionViewItem &option, const QModelIndex &index) const;
+    CellText cellOf(const QFont &font, const QModelIndex &index) const;
     int textWidth(const QModelIndex &index) const;
     CellHeights::Place placeOf(const QModelIndex &index) const;
+    QRect textRect(const QRect &cell, const QModelIndex &index) const;
     /// Of the wrapped text alone: as measured, or a guess.
-    int heightOf(const Cell &cell, const QModelIndex &index) const;
+    int heightOf(const CellText &cell, const QModelIndex &index) const;
     /// The cell was drawn, and its text is that high. A guess that was wrong lays the tree out anew.
-    void learnHeight(const Cell &cell, const QModelIndex &index, int height) const;
+    void learnHeight(const CellText &cell, const QModelIndex &index, int height) const;
     void layOutAnew();
 
     QTreeView *_outline;
     mutable CellHeights _heights;
     mutable QFont _measuredFont;
+    QSet<quintptr> _toggled; ///< internal ids of the values that differ from `_areAllOpen`
+    bool _areAllOpen = false;
     bool _isLayoutAsked = false;
 };
 
