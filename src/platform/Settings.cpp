@@ -75,6 +75,7 @@ constexpr std::array kTable{
     row<Setting::recentFiles>(String, ""),
     row<Setting::debugStalls>(Boolean, "false"),
     row<Setting::lastFolder>(String, ""),
+    row<Setting::extNamesWidth>(Integer, "0", 0, 10'000),
 };
 static_assert(hasRowOfEach(kTable, &SettingRow::setting));
 static_assert(std::ranges::all_of(kTable, [](const SettingRow &row) {

@@ -62,6 +62,7 @@ enum class Setting {
     recentFiles,
     debugStalls,
     lastFolder,
+    extNamesWidth,
 };
 
 enum class SettingType { Boolean, Integer, Float, String };

@@ -24,7 +24,9 @@ enum class Command {
     quit,
 
     copy,
+    copyValue,
     copyGeneralInfo,
+    copyCover,
     paste,
     selectAll,
     removeSelectedItems,
@@ -38,6 +40,10 @@ enum class Command {
     selectNextTab,
     toggleSidebar,
     clickWrapLongLines,
+    zoomIn,
+    zoomOut,
+    actualSize,
+    showStream,
     expandAll,
     collapseAll,
     toggleFullScreen,
@@ -60,6 +66,9 @@ struct CommandState {
     bool canExportSelection = false; ///< the current file has a record, and no export is under way
     bool canCopy = false; ///< what has the keyboard has something to copy
     bool listHasKeyboard = false;
+    bool canCopyValue = false; ///< it is a value with a name beside it
+    bool showsCover = false; ///< a picture that came out of the current file
+    bool selectsStream = false; ///< the selected line of General leads to a group of the Extended tree
     bool sidebarIsCollapsed = false;
     bool wrapLongLines = false;
     bool isFullScreen = false;
@@ -82,6 +91,9 @@ enum class CommandPlace {
     FileMenu = 4, ///< the context menu of a file in the list
     TreeMenu = 8, ///< the context menu of the Extended tree
     ListArea = 16, ///< its keys count while the list has the keyboard, and not elsewhere
+    StreamMenu = 32, ///< the context menu of a line of General
+    FactMenu = 64, ///< the context menu of a fact of General
+    CoverMenu = 128, ///< the context menu of the cover
 };
 Q_DECLARE_FLAGS(CommandPlaces, CommandPlace)
 Q_DECLARE_OPERATORS_FOR_FLAGS(CommandPlaces)

@@ -57,7 +57,7 @@ inline constexpr std::array kFileMenu{
                .keys = "Ctrl+Alt+O",
                .menu = CommandMenu::File,
                .section = 2,
-               .places = CommandPlace::FileMenu,
+               .places = CommandPlace::FileMenu | CommandPlace::FactMenu | CommandPlace::CoverMenu,
                .isEnabled = [](const CommandState &state) { return state.hasCurrentFile; }},
     CommandRow{.command = Command::menuExportNew,
                .text = QT_TRANSLATE_NOOP("Commands", "&Export…"),

@@ -34,14 +34,18 @@ void CoverView::setIcon(const QIcon &icon)
 {
     _icon = icon;
     _image = {};
+    setAccessibleName(tr("Picture of the file's kind"));
     update();
+    Q_EMIT coverDidChange();
 }
 
 void CoverView::setCoverImage(const QImage &image)
 {
     _icon = {};
     _image = image;
+    setAccessibleName(tr("Cover"));
     update();
+    Q_EMIT coverDidChange();
 }
 
 QSize CoverView::fittedSize(const QSize &image, const QSize &room)
@@ -59,8 +63,10 @@ void CoverView::paintEvent(QPaintEvent *)
                  _image.isNull() ? QSize(kIconSide, kIconSide).boundedTo(size())
                                  : fittedSize(_image.size(), size()));
     target.moveCenter(rect().center());
+    // What the program drew stands back, and the pictures of a theme have colours of their own.
+    const QIcon::Mode mode = _icon.name().isEmpty() ? QIcon::Disabled : QIcon::Normal;
     if (_image.isNull())
-        _icon.paint(&painter, target);
+        _icon.paint(&painter, target, Qt::AlignCenter, mode);
     else
         painter.drawImage(target, _image);
 }

@@ -22,6 +22,8 @@ public:
     void setIcon(const QIcon &icon);
     void setCoverImage(const QImage &image);
     bool isCoverFromFile() const { return !_image.isNull(); }
+    /// Null while there is none.
+    const QImage &coverImage() const { return _image; }
     /// The size at which an image of that size is drawn in a room of that size.
     static QSize fittedSize(const QSize &image, const QSize &room);
 
@@ -29,6 +31,8 @@ public:
 
 Q_SIGNALS:
     void doubleClicked();
+    /// There is a cover now, or there is none any more.
+    void coverDidChange();
 
 protected:
     void paintEvent(QPaintEvent *event) override;

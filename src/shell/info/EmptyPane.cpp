@@ -16,6 +16,7 @@ namespace quorvin {
 namespace {
 
 constexpr int kPictureSide = 96;
+constexpr double kSmallScale = 0.9;
 
 QLabel *centredLabel()
 {
@@ -38,7 +39,12 @@ EmptyPane::EmptyPane(QString iconName, QWidget *parent)
     QFont large = font();
     large.setPointSizeF(large.pointSizeF() * 1.3);
     _title->setFont(large);
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * kSmallScale);
+    _hint->setFont(small);
     _hint->setForegroundRole(QPalette::PlaceholderText);
+    setBackgroundRole(QPalette::Base);
+    setAutoFillBackground(true);
     _hint->setTextInteractionFlags(Qt::TextSelectableByMouse);
     _column->setSpacing(12);
     _column->setContentsMargins(32, 16, 32, 16);

@@ -4,6 +4,7 @@
 #include "shell/info/ExtendedPane.h"
 
 #include "shell/commands/CommandSet.h"
+#include "shell/desktop/FocusRing.h"
 #include "shell/outline/ExtendedOutline.h"
 
 #include <QVBoxLayout>
@@ -15,8 +16,10 @@ ExtendedPane::ExtendedPane(QWidget *parent) : Pane(parent), _outline(new Extende
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(_outline);
+    new FocusRing(_outline);
     connect(_outline, &ExtendedOutline::selectionDidChange, this, &Pane::selectionDidChange);
-    connect(_outline, &ExtendedOutline::menuWanted, this, &ExtendedPane::menuWanted);
+    connect(_outline, &ExtendedOutline::menuWanted, this,
+            [this](const QPoint &where) { Q_EMIT menuWanted(CommandPlace::TreeMenu, where); });
 }
 
 void ExtendedPane::showGroup(const QString &key, quint64 streamIndex)
@@ -35,6 +38,16 @@ void ExtendedPane::copy() const
     _outline->copy();
 }
 
+void ExtendedPane::copyValues() const
+{
+    _outline->copyValues();
+}
+
+void ExtendedPane::describe(CommandState &state) const
+{
+    state.canCopyValue = canCopy();
+}
+
 void ExtendedPane::registerAt(CommandSet &commands)
 {
     commands.on(Command::selectAll, [this] { _outline->selectAll(); });
@@ -48,6 +61,7 @@ void ExtendedPane::setLook(const RowLook &look)
     _outline->setRowHeight(look.height);
     _outline->setWrapLongLines(look.wrapsLongLines);
     _outline->setRightAlignsParameters(look.rightAlignsParameters);
+    _outline->setNamesWidth(look.namesWidth);
 }
 
 void ExtendedPane::fill(const QuorvinData *record)

@@ -21,11 +21,10 @@ public:
 
     bool canCopy() const override;
     void copy() const override;
+    void copyValues() const override;
+    void describe(CommandState &state) const override;
     void registerAt(CommandSet &commands) override;
     void setLook(const RowLook &look) override;
-
-Q_SIGNALS:
-    void menuWanted(const QPoint &globalPosition);
 
 protected:
     void fill(const QuorvinData *record) override;

@@ -4,129 +4,141 @@
 #include "shell/info/GeneralPane.h"
 
 #include "pictures/Images.h"
+#include "platform/NativePath.h"
+#include "shell/commands/CommandSet.h"
 #include "shell/desktop/Icons.h"
 #include "shell/desktop/PictureThread.h"
-#include "shell/desktop/PlainText.h"
 #include "shell/info/CoverView.h"
+#include "shell/info/ElidedLabel.h"
+#include "shell/info/FactList.h"
+#include "shell/info/StreamTable.h"
 #include "shell/outline/OutlineDelegate.h"
 
+#include <QBoxLayout>
 #include <QClipboard>
-#include <QGridLayout>
+#include <QDir>
+#include <QFrame>
 #include <QGuiApplication>
-#include <QHeaderView>
-#include <QLabel>
-#include <QStyle>
-#include <QTreeView>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <algorithm>
+#include <array>
 
 namespace quorvin {
 
 namespace {
 
 constexpr int kGrid = 8;
+constexpr int kMargin = 2 * kGrid;
+constexpr int kCoverGap = 3 * kGrid;
+constexpr int kValueGap = 2 * OutlineDelegate::kMargin; ///< between a label and its value
+constexpr int kNarrow = 560; ///< below this width of the pane the cover stands above the facts
+constexpr int kLeastCoverSide = 64;
 constexpr int kLargestScale = 3;
 
-/// The lines as nodes of a tree.
-ExtTreeItems treeOf(const std::vector<GeneralLine> &lines)
+/// The longest labels that readers give.
+constexpr std::array kLongLabels{QLatin1String("Exposure Program"), QLatin1String("Subtitles #10")};
+
+/// The folder of the file, the user's own as "~".
+QString shortFolder(const QString &path)
 {
-    ExtTreeItems items;
-    for (const GeneralLine &line : lines) {
-        if (line.isLocation)
-            items.push_back(ExtTreeItem::locationItemWithName(line.name, line.value.plain));
-        else if (line.isMediaStream())
-            items.push_back(
-                ExtTreeItem::mediaStreamItemWithKey(line.key, line.name, line.value, line.streamIndex));
-        else
-            items.push_back(ExtTreeItem::itemWithName(line.name, line.value.plain));
-    }
-    return items;
+    const QString folder = withoutLastPathComponent(path);
+    const QString home = QDir::homePath();
+    if (home.size() > 1 && (folder == home || folder.startsWith(home + u'/')))
+        return u'~' + folder.mid(home.size());
+    return folder;
 }
 
 } // namespace
 
-GeneralPane::GeneralPane(QWidget *parent) : Pane(parent), _cover(new CoverView(this))
+GeneralPane::GeneralPane(QWidget *parent)
+    : Pane(parent),
+      _scroll(new QScrollArea(this)),
+      _sheet(new QWidget),
+      _cover(new CoverView),
+      _headline(new ElidedLabel(Qt::ElideMiddle)),
+      _folder(new ElidedLabel(Qt::ElideMiddle)),
+      _facts(new FactList),
+      _line(new QFrame),
+      _streams(new StreamTable),
+      _top(new QBoxLayout(QBoxLayout::LeftToRight))
 {
-    auto *facts = new QGridLayout;
-    facts->setHorizontalSpacing(kGrid);
-    facts->setVerticalSpacing(kGrid / 2);
-    facts->setColumnStretch(1, 1);
-    _kind = addFact(facts, 1, tr("Kind:"));
-    _format = addFact(facts, 2, tr("Format:"));
-    _size = addFact(facts, 3, tr("Size:"));
-    _secondary = addFact(facts, 4, {});
-    facts->setRowStretch(0, 1);
-    facts->setRowStretch(5, 1);
-
-    auto *top = new QHBoxLayout;
-    top->setSpacing(3 * kGrid);
-    top->addWidget(_cover);
-    top->addLayout(facts, 1);
-
-    auto *all = new QVBoxLayout(this);
-    all->setContentsMargins(2 * kGrid, 2 * kGrid, 2 * kGrid, kGrid);
-    all->setSpacing(2 * kGrid);
-    all->addLayout(top);
-    setUpStreams();
-    all->addWidget(_streams, 1);
+    layOut();
+    connectParts();
     empty();
 }
 
-GeneralPane::Fact GeneralPane::addFact(QGridLayout *grid, int row, const QString &heading)
+void GeneralPane::layOut()
 {
-    const Fact fact{plainLabel(heading), plainLabel()};
-    fact.heading->setAlignment(Qt::AlignTrailing | Qt::AlignTop);
-    fact.heading->setForegroundRole(QPalette::PlaceholderText);
-    // Beside its heading, also where a value reads the other way.
-    fact.value->setAlignment(QStyle::visualAlignment(QGuiApplication::layoutDirection(), Qt::AlignLeading)
-                             | Qt::AlignAbsolute | Qt::AlignTop);
-    fact.value->setWordWrap(true);
-    fact.value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    fact.heading->setBuddy(fact.value);
-    grid->addWidget(fact.heading, row, 0);
-    grid->addWidget(fact.value, row, 1);
-    return fact;
+    _folder->setForegroundRole(QPalette::PlaceholderText);
+    _facts->setGap(kValueGap);
+    auto *line = static_cast<QFrame *>(_line);
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Plain);
+    line->setForegroundRole(QPalette::Mid);
+
+    auto *block = new QVBoxLayout;
+    block->setSpacing(0);
+    block->addWidget(_headline);
+    block->addSpacing(kGrid / 2);
+    block->addWidget(_folder);
+    block->addSpacing(kMargin);
+    block->addWidget(_facts);
+    block->addStretch();
+    _top->addWidget(_cover, 0, Qt::AlignTop | Qt::AlignLeading);
+    _top->addLayout(block, 1);
+
+    auto *all = new QVBoxLayout(_sheet);
+    all->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+    all->setSpacing(kMargin);
+    all->addLayout(_top);
+    all->addWidget(_line);
+    all->addWidget(_streams);
+    all->addStretch(1);
+
+    _sheet->setBackgroundRole(QPalette::Base);
+    _sheet->setAutoFillBackground(true);
+    _scroll->setBackgroundRole(QPalette::Base);
+    _scroll->setFrameShape(QFrame::NoFrame);
+    _scroll->setWidgetResizable(true);
+    _scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    _scroll->setFocusPolicy(Qt::NoFocus);
+    _scroll->setWidget(_sheet);
+    auto *column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(_scroll);
 }
 
-void GeneralPane::setFact(const Fact &fact, const QString &value)
+void GeneralPane::connectParts()
 {
-    fact.value->setText(value);
-    fact.heading->setVisible(!value.isEmpty() && !fact.heading->text().isEmpty());
-    fact.value->setVisible(!value.isEmpty());
-}
-
-void GeneralPane::setUpStreams()
-{
-    _streams = new QTreeView;
-    _delegate = new OutlineDelegate(_streams, _streamsTree);
-    _streams->setModel(&_streamsTree);
-    _streams->setItemDelegate(_delegate);
-    _streams->setHeaderHidden(true);
-    _streams->setRootIsDecorated(false);
-    _streams->setIndentation(0);
-    _streams->setFrameShape(QFrame::NoFrame);
-    _streams->setSelectionMode(QTreeView::ExtendedSelection);
-    _streams->setVerticalScrollMode(QTreeView::ScrollPerPixel);
-    _streams->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    _streams->setAllColumnsShowFocus(true);
-    _streams->setEditTriggers(QTreeView::NoEditTriggers);
-    _streams->setAccessibleName(tr("Streams"));
-    QPalette palette = _streams->palette();
-    palette.setBrush(QPalette::Base, Qt::transparent);
-    _streams->setPalette(palette);
-    connect(_streams, &QTreeView::activated, this, &GeneralPane::activate);
-    connect(_streams->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &Pane::selectionDidChange);
+    connect(_streams, &StreamTable::streamOpened, this, &GeneralPane::streamActivated);
+    connect(_streams, &StreamTable::locationOpened, this, &GeneralPane::locationActivated);
+    connect(_streams, &StreamTable::selectionDidChange, this, &Pane::selectionDidChange);
+    connect(_streams, &StreamTable::rowReached, this, [this](const QRect &row) {
+        const QPoint middle = _streams->mapTo(_sheet, row.center());
+        _scroll->ensureVisible(middle.x(), middle.y(), 0, row.height());
+    });
+    connect(_cover, &CoverView::coverDidChange, this, &Pane::selectionDidChange);
+    connect(_streams, &StreamTable::menuWanted, this,
+            [this](const QPoint &where) { Q_EMIT menuWanted(CommandPlace::StreamMenu, where); });
+    connect(_facts, &FactList::menuWanted, this,
+            [this](const QPoint &where) { Q_EMIT menuWanted(CommandPlace::FactMenu, where); });
+    _cover->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(_cover, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
+        Q_EMIT menuWanted(CommandPlace::CoverMenu, _cover->mapToGlobal(at));
+    });
 }
 
 void GeneralPane::empty()
 {
     ++_shown;
     _cover->clear();
-    _secondary.heading->setText({});
-    for (const Fact &fact : {_kind, _format, _size, _secondary})
-        setFact(fact, {});
-    _streamsTree.setContent({});
+    _headline->setWholeText({});
+    _folder->setWholeText({});
+    _facts->setFacts({});
+    _streams->setLines({});
+    _line->hide();
 }
 
 void GeneralPane::fill(const QuorvinData *record)
@@ -134,23 +146,32 @@ void GeneralPane::fill(const QuorvinData *record)
     empty();
     if (!record)
         return;
-    const GeneralFacts &general = record->generalInfo();
-    setFact(_kind, general.fileKind.value_or(QString()));
-    setFact(_format, general.format);
-    setFact(_size, general.filesize);
-    if (!general.duration.isEmpty()) {
-        _secondary.heading->setText(tr("Duration:"));
-        setFact(_secondary,
-                general.bitrate.isEmpty() ? general.duration
-                                          : QStringLiteral("%1 (%2)").arg(general.duration, general.bitrate));
-    } else if (general.imageSize != QString()) {
-        _secondary.heading->setText(tr("Image Size:"));
-        setFact(_secondary, general.imageSizeMP.value_or(QString()));
-        _secondary.heading->show();
-    }
+    _headline->setWholeText(lastPathComponent(record->filename()));
+    _folder->setWholeText(shortFolder(record->filename()));
+    showFacts(record->generalInfo());
     showCover(*record);
-    _streamsTree.setContent(treeOf(general.lines));
-    fitColumns();
+    _streams->setLines(record->generalInfo().lines);
+    _line->setVisible(!_streams->isEmpty());
+    _scroll->verticalScrollBar()->setValue(0);
+}
+
+void GeneralPane::showFacts(const GeneralFacts &general)
+{
+    std::vector<FactList::Fact> facts;
+    const auto add = [&facts](const QString &label, const QString &value) {
+        if (!value.isEmpty())
+            facts.push_back({label, value});
+    };
+    add(tr("Kind"), general.fileKind.value_or(QString()));
+    add(tr("Format"), general.format);
+    add(tr("Size"), general.filesize);
+    if (!general.duration.isEmpty())
+        add(tr("Duration"),
+            general.bitrate.isEmpty() ? general.duration
+                                      : QStringLiteral("%1 (%2)").arg(general.duration, general.bitrate));
+    else if (general.imageSize != QString())
+        facts.push_back({tr("Image Size"), general.imageSizeMP.value_or(QString())});
+    _facts->setFacts(facts);
 }
 
 void GeneralPane::showCover(const QuorvinData &record)
@@ -174,55 +195,83 @@ void GeneralPane::showCover(const QuorvinData &record)
 
 void GeneralPane::setLook(const RowLook &look)
 {
-    _delegate->wrapsLongLines = look.wrapsLongLines;
-    _streams->setFont(look.font);
-    fitColumns();
+    setFont(look.font);
+    _headline->setFont(look.headlineFont());
+    _streams->setLook(look);
+    _facts->setLabelsAlignment(look.rightAlignsParameters ? Qt::AlignTrailing : Qt::AlignLeading);
+    place();
 }
 
 bool GeneralPane::canCopy() const
 {
-    return _streams->hasFocus() && _streams->selectionModel()->hasSelection();
+    return _streams->canCopy() || _facts->canCopy();
 }
 
 void GeneralPane::copy() const
 {
-    QModelIndexList rows = _streams->selectionModel()->selectedRows();
-    std::ranges::sort(rows, {}, &QModelIndex::row);
-    QStringList lines;
-    for (const QModelIndex &row : std::as_const(rows))
-        lines.append(_streamsTree.itemAt(row)->extValue());
-    QGuiApplication::clipboard()->setText(lines.join(u'\n'));
+    if (_facts->canCopy())
+        _facts->copy();
+    else
+        _streams->copy();
 }
 
-void GeneralPane::activate(const QModelIndex &index)
+void GeneralPane::copyValues() const
 {
-    const ExtTreeItem *item = _streamsTree.itemAt(index);
-    if (item && item->isLocation())
-        Q_EMIT locationActivated();
-    else if (item && item->isMediaStream())
-        Q_EMIT streamActivated(*item->key(), item->mediaStreamIndex());
+    if (_facts->canCopy())
+        _facts->copyValue();
+    else
+        _streams->copyValues();
 }
 
-/// The names as wide as they are, up to a third; the values take the rest.
-void GeneralPane::fitColumns()
+void GeneralPane::describe(CommandState &state) const
+{
+    state.canCopyValue = canCopy();
+    state.showsCover = _cover->isCoverFromFile();
+    state.selectsStream = _streams->selectedStream() != nullptr;
+}
+
+void GeneralPane::registerAt(CommandSet &commands)
+{
+    commands.on(Command::copyCover, [this] { QGuiApplication::clipboard()->setImage(_cover->coverImage()); });
+    commands.on(Command::showStream, [this] { _streams->openCurrent(); });
+}
+
+int GeneralPane::widestLabel() const
 {
     const QFontMetrics metrics(_streams->font());
-    int names = 0;
-    for (const ExtTreeItemPtr &item : _streamsTree.content())
-        names = std::max(names, metrics.horizontalAdvance(item->name()));
-    const int wanted = std::clamp(names + 3 * kGrid, CoverView::kSide / 3,
-                                  std::max(width() / 3, 1 + CoverView::kSide / 3));
-    _streams->header()->resizeSection(ExtTreeModel::Name, wanted);
-    Q_EMIT _delegate->sizeHintChanged({});
+    int width = 0;
+    for (const QLatin1String label : kLongLabels)
+        width = std::max(width, metrics.horizontalAdvance(label));
+    return width;
+}
+
+void GeneralPane::place()
+{
+    // The same whether the sheet scrolls or not.
+    const int room = width() - _scroll->verticalScrollBar()->sizeHint().width();
+    const bool isNarrow = width() < kNarrow;
+    const QFontMetrics metrics(_streams->font());
+    int widestFact = 0;
+    for (const QString &label : {tr("Kind"), tr("Format"), tr("Size"), tr("Duration"), tr("Image Size")})
+        widestFact = std::max(widestFact, metrics.horizontalAdvance(label));
+
+    const int beside = isNarrow ? 0 : CoverView::kSide + kCoverGap;
+    const int wanted = kMargin + std::max(widestLabel(), beside + widestFact);
+    const int labelsEnd = std::min(wanted, room * 45 / 100);
+    int side = isNarrow ? std::min(room / 2, height() * 2 / 5) : labelsEnd - kMargin - kCoverGap - widestFact;
+    side = std::clamp(side, kLeastCoverSide, CoverView::kSide);
+    _cover->setFixedSize(side, side);
+    _top->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+    _top->setSpacing(isNarrow ? kMargin : kCoverGap);
+    const int blockStart = kMargin + (isNarrow ? 0 : side + kCoverGap);
+    _facts->setLabelsWidth(std::max(labelsEnd - blockStart, 0));
+    _streams->setNamesWidth(labelsEnd - kMargin + OutlineDelegate::kMargin);
 }
 
 void GeneralPane::resizeEvent(QResizeEvent *event)
 {
     Pane::resizeEvent(event);
-    // A narrow window keeps room for the facts.
-    const int side = std::clamp(std::min(width() * 2 / 5, height() * 1 / 2), 64, CoverView::kSide);
-    _cover->setFixedSize(side, side);
-    fitColumns();
+    place();
 }
 
 } // namespace quorvin

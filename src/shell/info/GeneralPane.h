@@ -4,26 +4,30 @@
 #pragma once
 
 #include "shell/info/Pane.h"
-#include "shell/outline/ExtTreeModel.h"
 
-class QGridLayout;
-class QLabel;
-class QTreeView;
+class QBoxLayout;
+class QScrollArea;
 
 namespace quorvin {
 
 class CoverView;
-class OutlineDelegate;
+class ElidedLabel;
+class FactList;
+class StreamTable;
 
-/// What the General tab says of a file: a cover, four labelled facts, and a line for each stream.
+/// What the General tab says of a file, on one sheet that scrolls as a whole: its cover, its name and folder,
+/// the facts, and a line for each stream. All labels end, and all values begin, at one place for all files.
 class GeneralPane final : public Pane {
     Q_OBJECT
 public:
     explicit GeneralPane(QWidget *parent = nullptr);
 
     bool canCopy() const override;
-    /// The stream lines that are selected, as text.
+    /// The lines that are selected, or the fact that has the keyboard, as text.
     void copy() const override;
+    void copyValues() const override;
+    void describe(CommandState &state) const override;
+    void registerAt(CommandSet &commands) override;
     void setLook(const RowLook &look) override;
 
 Q_SIGNALS:
@@ -35,27 +39,25 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    struct Fact {
-        QLabel *heading;
-        QLabel *value;
-    };
-
-    Fact addFact(QGridLayout *grid, int row, const QString &heading);
-    void setFact(const Fact &fact, const QString &value);
-    void setUpStreams();
+    void layOut();
+    void connectParts();
     void empty();
+    void showFacts(const GeneralFacts &general);
     void showCover(const QuorvinData &record);
-    void activate(const QModelIndex &index);
-    void fitColumns();
+    /// Where cover, labels and values stand in the width there is.
+    void place();
+    /// Of the labels that the program itself gives, in the font of the pane.
+    int widestLabel() const;
 
+    QScrollArea *_scroll;
+    QWidget *_sheet;
     CoverView *_cover;
-    Fact _kind;
-    Fact _format;
-    Fact _size;
-    Fact _secondary;
-    QTreeView *_streams;
-    ExtTreeModel _streamsTree;
-    OutlineDelegate *_delegate;
+    ElidedLabel *_headline;
+    ElidedLabel *_folder;
+    FactList *_facts;
+    QWidget *_line;
+    StreamTable *_streams;
+    QBoxLayout *_top; ///< the cover and what stands beside it, or below it
     int _shown = 0; ///< counts what was shown, so that a late cover is not shown for another file
 };
 

@@ -3,9 +3,16 @@
 
 #include "shell/info/InfoView.h"
 
+#include "intake/AnalysisOptions.h"
+#include "shell/commands/CommandSet.h"
+#include "shell/desktop/Counts.h"
 #include "shell/info/EmptyPane.h"
 #include "shell/info/ExtendedPane.h"
+#include "shell/info/FailureAdvice.h"
+#include "shell/info/FailurePane.h"
 #include "shell/info/GeneralPane.h"
+#include "shell/info/RawReportDialog.h"
+#include "shell/outline/ExtendedOutline.h"
 #include "shell/session/LiveSettings.h"
 
 #include <QApplication>
@@ -21,26 +28,28 @@ namespace {
 
 /// The sizes in the settings are those of a text of twelve points beside a row of sixteen; the desktop's own
 /// text size is taken for that.
-constexpr double kUsualFontSize = 12.0;
+constexpr int kUsualFontSize = 12;
 constexpr double kUsualRowHeight = 16.0;
+constexpr int kRowAir = 6; ///< device-independent pixels above and below the text of a row together
 
 constexpr std::array kFollowed{Setting::extFontSize, Setting::extRowHeight, Setting::wrapLongLines,
-                               Setting::extParameterRightAlign};
+                               Setting::extParameterRightAlign, Setting::extNamesWidth};
 
 } // namespace
 
-InfoView::InfoView(const LiveSettings &settings, QWidget *parent)
+InfoView::InfoView(LiveSettings &settings, QWidget *parent)
     : QWidget(parent),
       _settings(settings),
       _pages(new QStackedWidget),
       _noFile(new EmptyPane(QStringLiteral("drop-files"))),
-      _failure(new EmptyPane(QStringLiteral("dialog-warning"))),
+      _walk(new EmptyPane(QStringLiteral("drop-files"))),
+      _failure(new FailurePane),
       _waiting(new EmptyPane(QStringLiteral("icon-dashedbox"))),
       _general(new GeneralPane),
       _extended(new ExtendedPane),
       _comparison(new EmptyPane(QStringLiteral("view-columns"))),
       _custom(new EmptyPane(QStringLiteral("view-report"))),
-      _panes{_noFile, _failure, _waiting, _general, _extended, _comparison, _custom},
+      _panes{_noFile, _walk, _failure, _waiting, _general, _extended, _comparison, _custom},
       _skip(_waiting->addButton(tr("&Skip"), EmptyPane::UnderHint))
 {
     auto *column = new QVBoxLayout(this);
@@ -48,8 +57,9 @@ InfoView::InfoView(const LiveSettings &settings, QWidget *parent)
     column->addWidget(_pages);
     for (Pane *pane : _panes)
         _pages->addWidget(pane);
-    _noFile->setTexts(tr("Drop files or folders here"),
-                      tr("or press Ctrl+O for files, Ctrl+Shift+O for a folder"));
+    _noFile->setTexts(
+        tr("Drop files or folders here"),
+        tr("Ctrl+O opens files, Ctrl+Shift+O a folder\nWith Shift, what is dropped replaces the list"));
     _comparison->setTexts(tr("Nothing to compare"), tr("This version does not compare files."));
     _custom->setTexts(tr("No report"),
                       tr("This version shows no reports of the libraries in the window; “quorvin-cli raw” "
@@ -67,12 +77,20 @@ void InfoView::connectPanes()
 {
     connect(_noFile->addButton(tr("Open…"), EmptyPane::OverHint), &QPushButton::clicked, this,
             &InfoView::openWanted);
-    connect(_failure->addButton(tr("&Try Again"), EmptyPane::UnderHint), &QPushButton::clicked, this,
-            &InfoView::retryWanted);
+    connect(_walk->addButton(tr("&Cancel"), EmptyPane::UnderHint), &QPushButton::clicked, this,
+            &InfoView::cancelWalkWanted);
+    connect(_failure, &FailurePane::retryWanted, this, &InfoView::retryWanted);
+    connect(_failure, &FailurePane::preferencesWanted, this, &InfoView::preferencesWanted);
+    connect(_failure, &FailurePane::reportWanted, this, [this](const QString &path) {
+        (new RawReportDialog(_settings.values(), path, window()))->open();
+    });
     connect(_skip, &QPushButton::clicked, this, &InfoView::skipWanted);
-    for (const Pane *pane : _panes)
+    for (const Pane *pane : _panes) {
         connect(pane, &Pane::selectionDidChange, this, &InfoView::selectionDidChange);
-    connect(_extended, &ExtendedPane::menuWanted, this, &InfoView::menuWanted);
+        connect(pane, &Pane::menuWanted, this, &InfoView::menuWanted);
+    }
+    connect(&_extended->outline(), &ExtendedOutline::namesWidthChosen, this,
+            [this](int width) { _settings.set(Setting::extNamesWidth, width); });
     connect(_general, &GeneralPane::streamActivated, this, [this](const QString &key, quint64 streamIndex) {
         Q_EMIT tabWanted(Tab::Extended);
         _extended->showGroup(key, streamIndex);
@@ -88,7 +106,7 @@ void InfoView::setCurrentTab(Tab tab)
 Pane *InfoView::wantedPane() const
 {
     if (!_hasFile)
-        return _noFile;
+        return _isWalking ? _walk : _noFile;
     if (_tab == Tab::Comparison)
         return _comparison;
     if (_tab == Tab::Custom)
@@ -133,11 +151,24 @@ void InfoView::showRecord(const QuorvinDataPtr &record)
     showPage();
 }
 
-void InfoView::showFailure(const QString &reason)
+void InfoView::showFailure(const QString &path, const QString &reason)
 {
     clear();
     _hasFailed = true;
-    _failure->setTexts(tr("Can not process the file"), reason);
+    _failure->setFailure(path, adviceOn(reason, analysisSetupFrom(_settings.values(), nullptr).limits));
+    showPage();
+}
+
+void InfoView::showWalk(int found)
+{
+    _isWalking = true;
+    _walk->setTexts(tr("Looking for files: %1").arg(groupedCount(found)), {});
+    showPage();
+}
+
+void InfoView::stopWalk()
+{
+    _isWalking = false;
     showPage();
 }
 
@@ -160,14 +191,21 @@ void InfoView::applySettings()
     const QFont usual = QApplication::font();
     RowLook look;
     look.font = usual;
-    const double scale = _settings.integer(Setting::extFontSize) / kUsualFontSize;
+    const double scale = double(_settings.integer(Setting::extFontSize)) / kUsualFontSize;
     look.font.setPointSizeF(std::max(usual.pointSizeF() * scale, 4.0));
     const double rows = _settings.integer(Setting::extRowHeight) / kUsualRowHeight;
-    look.height = static_cast<int>((QFontMetrics(usual).height() + 4) * rows);
+    look.height = static_cast<int>((QFontMetrics(look.font).height() + kRowAir) * rows);
+    look.namesWidth = _settings.integer(Setting::extNamesWidth);
     look.wrapsLongLines = _settings.boolean(Setting::wrapLongLines);
     look.rightAlignsParameters = _settings.boolean(Setting::extParameterRightAlign);
     for (Pane *pane : _panes)
         pane->setLook(look);
+}
+
+void InfoView::zoom(int step)
+{
+    const int size = step == 0 ? kUsualFontSize : _settings.integer(Setting::extFontSize) + step;
+    _settings.set(Setting::extFontSize, size);
 }
 
 ExtendedOutline &InfoView::outline()
@@ -175,10 +213,19 @@ ExtendedOutline &InfoView::outline()
     return _extended->outline();
 }
 
-void InfoView::registerAt(CommandSet &commands) const
+void InfoView::registerAt(CommandSet &commands)
 {
+    commands.on(Command::copyValue, [this] { wantedPane()->copyValues(); });
+    commands.on(Command::zoomIn, [this] { zoom(1); });
+    commands.on(Command::zoomOut, [this] { zoom(-1); });
+    commands.on(Command::actualSize, [this] { zoom(0); });
     for (Pane *pane : _panes)
         pane->registerAt(commands);
+}
+
+void InfoView::describe(CommandState &state) const
+{
+    wantedPane()->describe(state);
 }
 
 bool InfoView::canCopy() const

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "model/QuorvinData.h"
-#include "shell/commands/Tabs.h"
+#include "shell/commands/Command.h"
 
 #include <QStackedWidget>
 #include <QWidget>
@@ -20,6 +20,7 @@ class CommandSet;
 class EmptyPane;
 class ExtendedOutline;
 class ExtendedPane;
+class FailurePane;
 class GeneralPane;
 class LiveSettings;
 class Pane;
@@ -30,7 +31,7 @@ class InfoView : public QWidget {
     Q_OBJECT
 public:
     /// `settings` must outlive the view.
-    explicit InfoView(const LiveSettings &settings, QWidget *parent = nullptr);
+    explicit InfoView(LiveSettings &settings, QWidget *parent = nullptr);
 
     Tab currentTab() const { return _tab; }
     void setCurrentTab(Tab tab);
@@ -40,14 +41,20 @@ public:
     /// A file of which nothing is known yet.
     void clear();
     void showRecord(const QuorvinDataPtr &record);
-    void showFailure(const QString &reason);
+    /// Of the file at that path.
+    void showFailure(const QString &path, const QString &reason);
+    /// Files are looked for, so many of which are found. A window with files shows nothing of it.
+    void showWalk(int found);
+    void stopWalk();
 
     /// The file of that name is being read. From when it can be skipped on, `seconds` tells for how long.
     void showWait(const QString &name, std::optional<int> seconds);
     void stopWaiting();
 
     /// What the panes can do on command.
-    void registerAt(CommandSet &commands) const;
+    void registerAt(CommandSet &commands);
+    /// Adds what the pane that is shown offers.
+    void describe(CommandState &state) const;
     /// The pane that is shown has something to copy.
     bool canCopy() const;
     void copy() const;
@@ -56,10 +63,12 @@ public:
 
 Q_SIGNALS:
     void openWanted();
+    void cancelWalkWanted();
     void retryWanted();
+    void preferencesWanted();
     void skipWanted();
     void selectionDidChange();
-    void menuWanted(const QPoint &globalPosition);
+    void menuWanted(quorvin::CommandPlace place, const QPoint &globalPosition);
     /// A stream line leads to its group on that tab.
     void tabWanted(quorvin::Tab tab);
 
@@ -67,24 +76,28 @@ private:
     void connectPanes();
     /// Fonts, row heights, wrapping and alignment.
     void applySettings();
+    /// Texts larger or smaller by that, from the size of the settings; 0 gives the usual size.
+    void zoom(int step);
     /// The pane to be looked at, as file and tab are.
     Pane *wantedPane() const;
     void showPage();
 
-    const LiveSettings &_settings;
+    LiveSettings &_settings;
     QStackedWidget *_pages;
     EmptyPane *_noFile;
-    EmptyPane *_failure;
+    EmptyPane *_walk;
+    FailurePane *_failure;
     EmptyPane *_waiting;
     GeneralPane *_general;
     ExtendedPane *_extended;
     EmptyPane *_comparison;
     EmptyPane *_custom;
-    const std::array<Pane *, 7> _panes; ///< all of these
+    const std::array<Pane *, 8> _panes; ///< all of these
     QPushButton *_skip;
     Tab _tab = Tab::General;
     bool _hasFile = false;
     bool _hasFailed = false;
+    bool _isWalking = false;
     bool _isWaiting = false;
 };
 

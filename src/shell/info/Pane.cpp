@@ -5,6 +5,15 @@
 
 namespace quorvin {
 
+QFont RowLook::headlineFont() const
+{
+    constexpr double kScale = 1.25;
+    QFont headline = font;
+    headline.setPointSizeF(headline.pointSizeF() * kScale);
+    headline.setWeight(QFont::DemiBold);
+    return headline;
+}
+
 void Pane::showRecord(const QuorvinDataPtr &record)
 {
     if (!record && !_record)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "model/QuorvinData.h"
+#include "shell/commands/Command.h"
 
 #include <QFont>
 #include <QWidget>
@@ -15,7 +16,10 @@ class CommandSet;
 /// How the rows of all panes look, as the settings say.
 struct RowLook {
     QFont font;
+    /// That of a file's name over what is said of it.
+    QFont headlineFont() const;
     int height = 0; ///< device-independent pixels, at least
+    int namesWidth = 0; ///< of the names in Extended, as the user dragged it; 0: not yet
     bool wrapsLongLines = true;
     bool rightAlignsParameters = true;
 };
@@ -38,6 +42,10 @@ public:
     virtual bool canCopy() const { return false; }
     /// What is selected, to the clipboard.
     virtual void copy() const { }
+    /// The values of what is selected, without their names.
+    virtual void copyValues() const { }
+    /// Adds what the pane offers while it is looked at.
+    virtual void describe(CommandState &) const { }
     /// The commands that this pane alone can do.
     virtual void registerAt(CommandSet &) { }
     virtual void setLook(const RowLook &) { }
@@ -45,6 +53,8 @@ public:
 Q_SIGNALS:
     /// There may be something to copy or not.
     void selectionDidChange();
+    /// A context menu of that place.
+    void menuWanted(quorvin::CommandPlace place, const QPoint &globalPosition);
 
 protected:
     /// Draws the record, or that there is none.

@@ -18,7 +18,13 @@
 
 namespace quorvin {
 
-MainView::MainView(const LiveSettings &settings, FilelistController &files, QWidget *parent)
+namespace {
+
+constexpr int kWalkMilliseconds = 400; ///< from then on a walk is worth a word
+
+} // namespace
+
+MainView::MainView(LiveSettings &settings, FilelistController &files, QWidget *parent)
     : QWidget(parent),
       _files(files),
       _table(new FilelistTable(files.arranged(), files.selection())),
@@ -70,6 +76,20 @@ void MainView::connectWalks()
                     {tr("Stop looking for files; the list stays as it is"),
                      [](int found, int) { return tr("Looking for files: %1").arg(groupedCount(found)); },
                      [&walks] { walks.cancel(); }});
+    const BackgroundRunBase &run = walks.run();
+    _walkDelay.setSingleShot(true);
+    _walkDelay.setInterval(kWalkMilliseconds);
+    connect(&_walkDelay, &QTimer::timeout, this, [this, &run] { _info->showWalk(run.done()); });
+    connect(&run, &BackgroundRunBase::started, &_walkDelay, qOverload<>(&QTimer::start));
+    connect(&run, &BackgroundRunBase::progressed, this, [this](int found) {
+        if (!_walkDelay.isActive())
+            _info->showWalk(found);
+    });
+    connect(&run, &BackgroundRunBase::ended, this, [this] {
+        _walkDelay.stop();
+        _info->stopWalk();
+    });
+    connect(_info, &InfoView::cancelWalkWanted, this, [&walks] { walks.cancel(); });
 }
 
 void MainView::showCurrentFile()
@@ -89,7 +109,7 @@ void MainView::showCurrentResult()
     if (const QuorvinDataPtr record = file->quorvinData())
         _info->showRecord(record);
     else
-        _info->showFailure(file->failureReason());
+        _info->showFailure(file->filename(), file->failureReason());
 }
 
 void MainView::showWait()

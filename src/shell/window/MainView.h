@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
 namespace quorvin {
@@ -20,7 +21,7 @@ class MainView : public QWidget {
     Q_OBJECT
 public:
     /// Both must outlive the view.
-    MainView(const LiveSettings &settings, FilelistController &files, QWidget *parent = nullptr);
+    MainView(LiveSettings &settings, FilelistController &files, QWidget *parent = nullptr);
 
     FilelistTable &table() { return *_table; }
     InfoView &info() { return *_info; }
@@ -41,6 +42,7 @@ private:
     InfoView *_info;
     SidebarSplitView *_sidebar;
     StatusLine *_status;
+    QTimer _walkDelay; ///< a short walk never flashes
 };
 
 } // namespace quorvin

@@ -142,11 +142,12 @@ void MainWindowController::connectView()
     connect(qApp, &QApplication::focusChanged, this, &MainWindowController::validateCommands);
     connect(&_session.settings, &LiveSettings::changed, this, &MainWindowController::settingDidChange);
     InfoView &info = _view->info();
+    connect(&info, &InfoView::preferencesWanted, this, [this] { _commands->run(Command::openPreferences); });
     connect(&info, &InfoView::selectionDidChange, this, &MainWindowController::validateCommands);
     connect(&info, &InfoView::openWanted, this, [this] { _commands->run(Command::openFile); });
     connect(&info, &InfoView::tabWanted, this, &MainWindowController::setCurrentTab);
     connect(&info, &InfoView::menuWanted, this,
-            [this](const QPoint &where) { showMenu(CommandPlace::TreeMenu, where); });
+            [this](CommandPlace place, const QPoint &where) { showMenu(place, where); });
     connect(&_view->table(), &FilelistTable::menuWanted, this,
             [this](const QPoint &where) { showMenu(CommandPlace::FileMenu, where); });
 }
@@ -247,6 +248,7 @@ CommandState MainWindowController::commandState() const
     state.wrapLongLines = _session.settings.boolean(Setting::wrapLongLines);
     state.isFullScreen = isFullScreen();
     state.currentTab = info.currentTab();
+    info.describe(state);
     _fileCommands->describe(state);
     _listCommands->describe(state);
     return state;

@@ -1,0 +1,106 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/info/FactList.h"
+
+#include "shell/desktop/PlainText.h"
+
+#include <QClipboard>
+#include <QGridLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QStyle>
+
+#include <algorithm>
+
+namespace quorvin {
+
+namespace {
+
+constexpr int kRowGap = 4; ///< device-independent pixels
+
+} // namespace
+
+FactList::FactList(QWidget *parent) : QWidget(parent), _grid(new QGridLayout(this))
+{
+    _grid->setContentsMargins(0, 0, 0, 0);
+    _grid->setVerticalSpacing(kRowGap);
+    _grid->setColumnStretch(1, 1);
+}
+
+void FactList::addRow()
+{
+    const Row row{plainLabel(), plainLabel()};
+    row.label->setForegroundRole(QPalette::PlaceholderText);
+    row.label->setAlignment(_labelsAlignment | Qt::AlignTop);
+    row.label->setBuddy(row.value);
+    // Beside its label, also where a value reads the other way.
+    row.value->setAlignment(QStyle::visualAlignment(QGuiApplication::layoutDirection(), Qt::AlignLeading)
+                            | Qt::AlignAbsolute | Qt::AlignTop);
+    row.value->setWordWrap(true);
+    row.value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    row.value->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(row.value, &QWidget::customContextMenuRequested, this,
+            [this, value = row.value](const QPoint &at) {
+                value->setFocus(Qt::MouseFocusReason);
+                Q_EMIT menuWanted(value->mapToGlobal(at));
+            });
+    const int place = static_cast<int>(_rows.size());
+    _grid->addWidget(row.label, place, 0);
+    _grid->addWidget(row.value, place, 1);
+    _rows.push_back(row);
+}
+
+void FactList::setFacts(const std::vector<Fact> &facts)
+{
+    while (_rows.size() < facts.size())
+        addRow();
+    for (std::size_t i = 0; i < _rows.size(); ++i) {
+        const bool isUsed = i < facts.size();
+        _rows[i].label->setText(isUsed ? facts[i].label : QString());
+        _rows[i].value->setText(isUsed ? facts[i].value : QString());
+        _rows[i].value->setAccessibleName(isUsed ? facts[i].label : QString());
+        _rows[i].label->setVisible(isUsed);
+        _rows[i].value->setVisible(isUsed);
+    }
+}
+
+void FactList::setLabelsAlignment(Qt::Alignment alignment)
+{
+    _labelsAlignment = alignment;
+    for (const Row &row : _rows)
+        row.label->setAlignment(alignment | Qt::AlignTop);
+}
+
+void FactList::setLabelsWidth(int width)
+{
+    _grid->setColumnMinimumWidth(0, width);
+}
+
+void FactList::setGap(int gap)
+{
+    _grid->setHorizontalSpacing(gap);
+}
+
+const FactList::Row *FactList::focusedRow() const
+{
+    const auto row = std::ranges::find_if(_rows, [](const Row &one) { return one.value->hasFocus(); });
+    return row == _rows.end() ? nullptr : &*row;
+}
+
+void FactList::copy() const
+{
+    if (const Row *row = focusedRow())
+        QGuiApplication::clipboard()->setText(
+            row->value->hasSelectedText()
+                ? row->value->selectedText()
+                : QStringLiteral("%1: %2").arg(row->label->text(), row->value->text()));
+}
+
+void FactList::copyValue() const
+{
+    if (const Row *row = focusedRow())
+        QGuiApplication::clipboard()->setText(row->value->text());
+}
+
+} // namespace quorvin
