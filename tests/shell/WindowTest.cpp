@@ -4,6 +4,7 @@
 #include "shell/app/AppController.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/commands/CommandTable.h"
+#include "shell/filelist/FilelistDrags.h"
 #include "shell/info/InfoView.h"
 #include "shell/outline/ExtendedOutline.h"
 #include "shell/window/MainView.h"
@@ -140,11 +141,8 @@ TEST_F(Window, DropsJoinTheListAndWithShiftReplaceIt)
     EXPECT_EQ(files(), QStringLiteral("c.txt"));
     ASSERT_TRUE(awaitDone());
 
-    QMimeData own;
-    own.setUrls({QUrl::fromLocalFile(folder / QStringLiteral("b.txt"))});
-    own.setData(QStringLiteral("QuorvinFilelistPBoardType"), {});
-    application.session().draggingSourceWindow = window;
-    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &own, Qt::LeftButton, Qt::NoModifier);
+    const auto own = window->drags().begin();
+    QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, own.get(), Qt::LeftButton, Qt::NoModifier);
     enter.setAccepted(true);
     QApplication::sendEvent(window, &enter);
     EXPECT_FALSE(enter.isAccepted()) << "a list is not dropped on its own window";

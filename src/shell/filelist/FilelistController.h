@@ -71,6 +71,8 @@ public:
                            const std::function<Expected<void>(const QString &)> &change);
     /// Takes the selected files out of the list; nothing on the disk is touched.
     void removeSelectedItems();
+    /// Puts the files at these rows of the whole list in front of another; what is selected stays so.
+    void moveFiles(const std::vector<int> &rows, int before) { _whole.moveFiles(rows, before); }
 
     /// Those of all arranged files.
     std::vector<ExportEntry> arrayWithDataForExport() const;

@@ -8,6 +8,8 @@
 #include "shell/filelist/FilelistRow.h"
 
 #include <algorithm>
+#include <functional>
+#include <numeric>
 #include <utility>
 
 namespace quorvin {
@@ -140,6 +142,38 @@ void FilelistModel::removeScattered(const std::vector<int> &rows)
     endResetModel();
 }
 
+void FilelistModel::moveFiles(const std::vector<int> &rows, int before)
+{
+    std::vector<bool> moves(_files.size());
+    for (const int row : rows)
+        moves[static_cast<std::size_t>(row)] = true;
+    std::vector<int> order(_files.size());
+    std::iota(order.begin(), order.end(), 0);
+    const auto place = order.begin() + before;
+    const auto isMoved = [&](int row) { return bool(moves[static_cast<std::size_t>(row)]); };
+    std::stable_partition(order.begin(), place, std::not_fn(isMoved));
+    std::stable_partition(place, order.end(), isMoved);
+    if (std::ranges::is_sorted(order))
+        return;
+
+    Q_EMIT layoutAboutToBeChanged();
+    std::vector<FilelistItemPtr> files(_files.size());
+    std::vector<int> newRows(_files.size());
+    for (std::size_t row = 0; row < order.size(); ++row) {
+        const auto old = static_cast<std::size_t>(order[row]);
+        files[row] = std::move(_files[old]);
+        newRows[old] = static_cast<int>(row);
+    }
+    _files = std::move(files);
+    _rows.clear();
+    const QModelIndexList kept = persistentIndexList();
+    QModelIndexList now;
+    for (const QModelIndex &index : kept)
+        now.append(this->index(newRows[static_cast<std::size_t>(index.row())]));
+    changePersistentIndexList(kept, now);
+    Q_EMIT layoutChanged();
+}
+
 void FilelistModel::filesChanged(const std::vector<FilelistItemPtr> &files)
 {
     std::vector<int> rows;
@@ -156,6 +190,11 @@ void FilelistModel::filesChanged(const std::vector<FilelistItemPtr> &files)
         Q_EMIT dataChanged(index(rows[first]), index(rows[last]));
         first = last + 1;
     }
+}
+
+Qt::ItemFlags FilelistModel::flags(const QModelIndex &index) const
+{
+    return QAbstractListModel::flags(index) | (index.isValid() ? Qt::ItemIsDragEnabled : Qt::NoItemFlags);
 }
 
 int FilelistModel::rowCount(const QModelIndex &parent) const

@@ -34,12 +34,17 @@ public:
     /// Takes the files at these rows out; rows are in no order, and none comes twice. With many of them here
     /// and there the model is reset.
     std::vector<FilelistItemPtr> removeFiles(std::vector<int> rows);
+    /// Puts the files at these rows, in the order of the list, in front of the row `before`, or behind all
+    /// with the number of rows.
+    void moveFiles(const std::vector<int> &rows, int before);
     /// What is known of these files has changed. Told with one signal for each run of neighbours; files that
     /// are not in the list count for nothing.
     void filesChanged(const std::vector<FilelistItemPtr> &files);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
+    /// Rows can be dragged.
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
     /// Whoever shows the rows follows each run by itself, in a time that grows with the list.

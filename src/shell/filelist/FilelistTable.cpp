@@ -6,22 +6,29 @@
 #include "platform/FileUri.h"
 #include "platform/NativePath.h"
 #include "shell/filelist/FilelistDelegate.h"
+#include "shell/filelist/FilelistDrags.h"
 #include "shell/filelist/FilelistRow.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QDrag>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPainter>
 
 #include <algorithm>
 #include <array>
+#include <memory>
+#include <utility>
 
 namespace quorvin {
 
 namespace {
 
 constexpr int kSpinnerMilliseconds = 80;
+constexpr int kLineWidth = 2; ///< of the mark where a drop goes
 
 } // namespace
 
@@ -67,6 +74,7 @@ void FilelistTable::copy() const
 void FilelistTable::paintEvent(QPaintEvent *event)
 {
     QListView::paintEvent(event);
+    paintDropLine();
     if (!_readingTimer.isActive())
         _readingTimer.start();
 }
@@ -85,6 +93,101 @@ void FilelistTable::followReading()
     // What is painted starts it again.
     if (isAwaited && isVisible())
         _readingTimer.start();
+}
+
+void FilelistTable::setDrags(FilelistDrags &drags)
+{
+    _drags = &drags;
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    viewport()->setAcceptDrops(true);
+}
+
+void FilelistTable::startDrag(Qt::DropActions)
+{
+    std::unique_ptr<QMimeData> content = _drags ? _drags->begin() : nullptr;
+    if (!content)
+        return;
+    auto *drag = new QDrag(this);
+    drag->setMimeData(content.release());
+    drag->setPixmap(viewport()->grab(visualRect(currentIndex())));
+    // Nobody is to take a file away because it was shown here; between windows the lists see to it
+    // themselves.
+    drag->exec(Qt::CopyAction);
+    _drags->end();
+}
+
+std::optional<int> FilelistTable::dropRowAt(const QPoint &position) const
+{
+    const QModelIndex index = indexAt(position);
+    if (!index.isValid())
+        return model()->rowCount();
+    const QRect row = visualRect(index);
+    const int third = row.height() / 3;
+    if (position.y() < row.top() + third)
+        return index.row();
+    if (position.y() > row.bottom() - third)
+        return index.row() + 1;
+    return std::nullopt;
+}
+
+void FilelistTable::dragEnterEvent(QDragEnterEvent *event)
+{
+    dragMoveEvent(event);
+    // What is over the middle of a row now may go between two in a moment.
+    event->setAccepted(_drags->planFor(*event->mimeData(), event->modifiers()).isAccepted);
+}
+
+void FilelistTable::dragMoveEvent(QDragMoveEvent *event)
+{
+    const DropPlan plan = _drags->planFor(*event->mimeData(), event->modifiers());
+    const QPoint position = event->position().toPoint();
+    const std::optional<int> row = plan.replaces ? kWholeList : dropRowAt(position);
+    setDropLine(plan.isAccepted ? row.value_or(kNoLine) : kNoLine);
+    Q_EMIT _drags->hintDidChange(FilelistDrags::hintFor(plan));
+    event->setDropAction(Qt::CopyAction);
+    event->setAccepted(plan.isAccepted && row && event->dropAction() == Qt::CopyAction);
+    const int margin = autoScrollMargin();
+    if (!viewport()->rect().adjusted(0, margin, 0, -margin).contains(position))
+        startAutoScroll();
+}
+
+void FilelistTable::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    setDropLine(kNoLine);
+    Q_EMIT _drags->hintDidChange({});
+    QListView::dragLeaveEvent(event);
+}
+
+void FilelistTable::dropEvent(QDropEvent *event)
+{
+    const DropPlan plan = _drags->planFor(*event->mimeData(), event->modifiers());
+    const std::optional<int> row = plan.replaces ? 0 : dropRowAt(event->position().toPoint());
+    event->setDropAction(Qt::CopyAction);
+    event->setAccepted(plan.isAccepted && row && event->dropAction() == Qt::CopyAction);
+    QDragLeaveEvent left;
+    dragLeaveEvent(&left);
+    if (event->isAccepted())
+        _drags->drop(*event->mimeData(), event->modifiers(), *row);
+}
+
+void FilelistTable::setDropLine(int row)
+{
+    if (std::exchange(_dropLine, row) != row)
+        viewport()->update();
+}
+
+void FilelistTable::paintDropLine()
+{
+    if (_dropLine == kNoLine)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), kLineWidth));
+    if (_dropLine == kWholeList)
+        return painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
+    const QModelIndex before = model()->index(_dropLine - 1, 0);
+    const int y = before.isValid() ? visualRect(before).bottom() : 1;
+    painter.drawLine(0, y, viewport()->width(), y);
 }
 
 void FilelistTable::keyboardSearch(const QString &search)

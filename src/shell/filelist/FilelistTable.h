@@ -8,7 +8,11 @@
 #include <QPersistentModelIndex>
 #include <QTimer>
 
+#include <optional>
+
 namespace quorvin {
+
+class FilelistDrags;
 
 /// The list of files at the side of a window. What is selected, and which file is the current one, is kept by
 /// whoever owns the selection.
@@ -17,6 +21,10 @@ class FilelistTable : public QListView {
 public:
     /// The rows are those of `FilelistRow`; `selection` is one over `model`. Both must outlive the table.
     FilelistTable(QAbstractItemModel &model, QItemSelectionModel &selection, QWidget *parent = nullptr);
+
+    /// From now on rows can be dragged, and something be dropped between them. `drags` must outlive the
+    /// table.
+    void setDrags(FilelistDrags &drags);
 
     /// Nothing: what acts on the selection is not to take all files by a slip.
     void selectAll() override { }
@@ -36,14 +44,29 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void startDrag(Qt::DropActions supported) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
 private:
+    static constexpr int kNoLine = -1;
+    static constexpr int kWholeList = -2;
+
+    /// The row in front of which a drop goes; absent on the middle of a row.
+    std::optional<int> dropRowAt(const QPoint &position) const;
+    /// Shows where a drop would go: the row behind the line, or one of the above.
+    void setDropLine(int row);
+    void paintDropLine();
     /// Turns the spinners of the rows in sight, for as long as one of them has no result.
     void followReading();
     /// Selects from where the selection began to that row, which becomes the current one.
     void extendSelectionTo(const QModelIndex &row);
 
+    FilelistDrags *_drags = nullptr;
+    int _dropLine = kNoLine;
     QPersistentModelIndex _anchor; ///< where Shift extends the selection from
     bool _isExtending = false;
     QTimer _readingTimer;

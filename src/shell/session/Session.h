@@ -8,7 +8,6 @@
 #include "shell/session/TemporaryFolders.h"
 
 #include <QPointer>
-#include <QWidget>
 
 namespace quorvin {
 
@@ -20,8 +19,8 @@ struct Session {
     LiveSettings settings;
     RecentFiles recentFiles{settings};
     TemporaryFolders temporaryFolders;
-    /// The window of a drag of list rows that is under way, or was interrupted; null when there is none.
-    QPointer<QWidget> draggingSourceWindow;
+    /// The list whose rows are dragged at the moment; null when there is none.
+    QPointer<QObject> draggingSource;
 };
 
 } // namespace quorvin

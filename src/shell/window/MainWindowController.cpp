@@ -3,14 +3,16 @@
 
 #include "shell/window/MainWindowController.h"
 
-#include "platform/FileUri.h"
 #include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/Counts.h"
 #include "shell/exporting/ExportController.h"
+#include "shell/filelist/FilelistDrags.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/session/Session.h"
+#include "shell/window/CopyDrops.h"
+#include "shell/window/DropHint.h"
 #include "shell/window/FileCommands.h"
 #include "shell/window/ListCommands.h"
 #include "shell/window/MainView.h"
@@ -28,7 +30,6 @@
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
 #include <QStyle>
@@ -41,8 +42,6 @@ namespace {
 constexpr QSize kFirstSize(1000, 680);
 constexpr int kMinimumHeight = 360;
 constexpr int kDecorationMilliseconds = 200; ///< so that the window manager has given it
-constexpr int kDropMilliseconds = 100; ///< so that the drag ends first
-constexpr QLatin1String kFilelistType("QuorvinFilelistPBoardType");
 
 } // namespace
 
@@ -53,10 +52,15 @@ MainWindowController::MainWindowController(Session &session)
       _commands(new CommandSet(this, &_view->table())),
       _fileCommands(new FileCommands(*_view, _files, this)),
       _export(new ExportController(session.settings, this)),
-      _listCommands(new ListCommands(*_view, _files, *_export, this))
+      _listCommands(new ListCommands(*_view, _files, *_export, this)),
+      _drags(new FilelistDrags(_files, session, this)),
+      _dropHint(new DropHint(_view))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptDrops(true);
+    new CopyDrops(this);
+    _view->table().setDrags(*_drags);
+    connect(_drags, &FilelistDrags::hintDidChange, _dropHint, &DropHint::tell);
     setCentralWidget(_view);
     setUpCommands();
     addToolBar(new ToolBar(*_commands));
@@ -314,30 +318,31 @@ void MainWindowController::dragEnterEvent(QDragEnterEvent *event)
 
 void MainWindowController::dragMoveEvent(QDragMoveEvent *event)
 {
-    const bool isOwnList
-        = event->mimeData()->hasFormat(kFilelistType) && _session.draggingSourceWindow == this;
-    if (isOwnList || !event->mimeData()->hasUrls())
-        return event->ignore();
+    answerDrop(*event);
+}
+
+void MainWindowController::answerDrop(QDropEvent &event) const
+{
+    const DropPlan plan = _drags->planFor(*event.mimeData(), event.modifiers());
+    // Beside the list there is no place between two of its rows.
+    const bool isAccepted = plan.isAccepted && !plan.reorders;
+    _dropHint->tell(isAccepted ? FilelistDrags::hintFor(plan) : QString());
     // Always a copy: nobody is to take a file away because it was shown here.
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(isAccepted && event.dropAction() == Qt::CopyAction);
+}
+
+void MainWindowController::dragLeaveEvent(QDragLeaveEvent *)
+{
+    _dropHint->tell({});
 }
 
 void MainWindowController::dropEvent(QDropEvent *event)
 {
-    const QStringList paths = pathsFromUriList(event->mimeData()->data(QStringLiteral("text/uri-list")));
-    const bool replaces = event->modifiers().testFlag(Qt::ShiftModifier);
-    event->setDropAction(Qt::CopyAction);
-    event->accept();
-    _session.draggingSourceWindow = nullptr;
-    if (paths.isEmpty())
-        return;
-    QTimer::singleShot(kDropMilliseconds, &_files, [this, paths, replaces] {
-        if (replaces)
-            _files.processFiles(paths);
-        else
-            _files.processAdditionalFilesAndSelectFirst(paths);
-    });
+    answerDrop(*event);
+    _dropHint->tell({});
+    if (event->isAccepted())
+        _drags->drop(*event->mimeData(), event->modifiers(), FilelistDrags::kNoRow);
 }
 
 void MainWindowController::changeEvent(QEvent *event)

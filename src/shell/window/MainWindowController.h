@@ -15,7 +15,9 @@ namespace quorvin {
 
 class CommandSet;
 class ExportController;
+class DropHint;
 class FileCommands;
+class FilelistDrags;
 class ListCommands;
 class MainView;
 struct Session;
@@ -35,6 +37,8 @@ public:
     MainView &myView() { return *_view; }
     FilelistController &files() { return _files; }
     const WindowWorker &worker() const { return _files.worker(); }
+    /// Rows that are dragged from this window, and what is dropped on it.
+    FilelistDrags &drags() { return *_drags; }
     CommandSet &commands() { return *_commands; }
     ExportController &exporting() { return *_export; }
     /// It has never been given files, or is empty again.
@@ -55,6 +59,7 @@ Q_SIGNALS:
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
@@ -75,6 +80,7 @@ private:
     void keepOnScreen();
     void validateCommands();
     void updateWindowTitle();
+    void answerDrop(QDropEvent &event) const;
     void settingDidChange(Setting setting);
     void windowWillClose();
 
@@ -90,6 +96,8 @@ private:
     FileCommands *_fileCommands;
     ExportController *_export;
     ListCommands *_listCommands;
+    FilelistDrags *_drags;
+    DropHint *_dropHint;
     Keyboard _keyboard;
     bool _openSidebar = true; ///< wanted on all tabs but Comparison
     bool _openSidebarForComparison = false;

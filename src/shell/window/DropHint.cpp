@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/window/DropHint.h"
+
+namespace quorvin {
+
+namespace {
+
+constexpr int kPadding = 8;
+constexpr int kAbove = 40; ///< clear of the status line
+
+} // namespace
+
+DropHint::DropHint(QWidget *over) : QLabel(over)
+{
+    setTextFormat(Qt::PlainText);
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::ToolTipBase);
+    setForegroundRole(QPalette::ToolTipText);
+    setFrameShape(QFrame::Box);
+    setWordWrap(true);
+    setAlignment(Qt::AlignCenter);
+    setMargin(kPadding);
+    hide();
+}
+
+void DropHint::tell(const QString &hint)
+{
+    if (hint.isEmpty())
+        return hide();
+    setText(hint);
+    const int room = parentWidget()->width() - 2 * kPadding;
+    const int width = std::min(fontMetrics().horizontalAdvance(hint) + 4 * kPadding, room);
+    resize(width, heightForWidth(width));
+    move((parentWidget()->width() - width) / 2, parentWidget()->height() - height() - kAbove);
+    raise();
+    show();
+}
+
+} // namespace quorvin
