@@ -19,7 +19,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kPatience = 1000; ///< milliseconds
+constexpr int kReapPatience = 1000; ///< milliseconds
 constexpr std::chrono::seconds kBetweenLooks{1};
 
 /// Children that would not end. The thread lives as long as there are any.
@@ -71,7 +71,7 @@ std::optional<int> endChild(pid_t pid, int handle)
 {
     ::kill(pid, SIGKILL);
     pollfd end{handle, POLLIN, 0};
-    ::poll(&end, 1, kPatience);
+    ::poll(&end, 1, kReapPatience);
     int status = 0;
     if (::waitpid(pid, &status, WNOHANG) == pid)
         return status;
