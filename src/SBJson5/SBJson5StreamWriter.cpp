@@ -141,18 +141,22 @@ bool SBJson5StreamWriter::writeArray(const QVariantList &list)
 
 bool SBJson5StreamWriter::writeString(const QString &text)
 {
-    if (const auto known = _cache.constFind(text); known != _cache.cend()) {
+    // Shared strings lie in one place, and that is found faster than a text; who lies there is looked at.
+    const auto known = _cache.constFind(text.constData());
+    if (known != _cache.cend() && known->text == text) {
         if (isInvalidState())
             return false;
         beginScalar();
-        appendBytes(*known);
+        appendBytes(known->json);
         transitionState();
         return true;
     }
     if (!writeUtf8String(text.toUtf8()))
         return false;
-    if (text.size() <= kMaxCachedLength && _cache.size() < kMaxCachedStrings)
-        _cache.insert(text, QByteArray(_quoted.constData(), _quoted.size()));
+    if (text.size() <= kMaxCachedLength && (known != _cache.cend() || _cache.size() < kMaxCachedStrings))
+        _cache.insert(
+            text.constData(),
+            {QString(text.constData(), text.size()), QByteArray(_quoted.constData(), _quoted.size())});
     return true;
 }
 

@@ -79,7 +79,11 @@ private:
     QString _error;
     State _state = State::Start;
     std::vector<State> _stateStack;
-    QHash<QString, QByteArray> _cache; ///< strings to their finished JSON, up to `kMaxCachedStrings`
+    struct Cached {
+        QString text;
+        QByteArray json;
+    };
+    QHash<const QChar *, Cached> _cache; ///< by where the text lies, up to `kMaxCachedStrings`
     QByteArray _quoted; ///< the string at hand, finished
     QByteArray _lineStart = QByteArrayLiteral(",\n"); ///< and the deepest indentation so far
 };

@@ -103,6 +103,11 @@ Expected<QVariant> extendedAttribute(const QString &name, const QString &path)
     return value;
 }
 
+bool hasExtendedAttributes(int descriptor)
+{
+    return ::flistxattr(descriptor, nullptr, 0) > 0;
+}
+
 Expected<QStringList> listExtendedAttributesOnFileAtPath(const QString &path)
 {
     const QByteArray file = encodePath(path);

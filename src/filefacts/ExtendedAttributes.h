@@ -21,6 +21,9 @@ Expected<QByteArray> extendedAttributeData(const QString &name, const QString &p
 /// logged.
 Expected<QVariant> extendedAttribute(const QString &name, const QString &path);
 
+/// Whether an open file has attributes of any kind. Cheaper than to ask for their names.
+bool hasExtendedAttributes(int descriptor);
+
 /// The names that are set, in the file system's order. Errors are of the POSIX domain.
 Expected<QStringList> listExtendedAttributesOnFileAtPath(const QString &path);
 

@@ -4,6 +4,7 @@
 #include "filefacts/FileStream.h"
 
 #include "filefacts/AttributeFacts.h"
+#include "filefacts/ExtendedAttributes.h"
 #include "filefacts/FileHash.h"
 #include "filefacts/Sizes.h"
 #include "platform/FileKinds.h"
@@ -158,7 +159,8 @@ FileFacts collect(const RegularFile &file, const RecordOptions &options, const D
     const QString resolvedPath = file.resolvedPath();
     readSizeAndDates(file, options.useSIUnits, facts);
     readKind(file, resolvedPath, facts);
-    if (!options.skipExtAttributes) {
+    // Most files have none, and the path through the descriptor is long.
+    if (!options.skipExtAttributes && Utilities::hasExtendedAttributes(file.descriptor())) {
         AttributeFacts attributes = readAttributeFacts(file.descriptorPath());
         for (auto *value : {&attributes.whereFroms, &attributes.authors, &attributes.downloadedDate}) {
             if (listsOnly && *value && (*value)->typeId() != QMetaType::QVariantList)

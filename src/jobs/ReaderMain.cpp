@@ -20,6 +20,7 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <chrono>
@@ -40,19 +41,39 @@ namespace {
 
 constexpr int kJobsBetweenMemoryChecks = 8;
 
-bool readAll(char *bytes, std::size_t length)
-{
-    while (length > 0) {
-        const ssize_t count = ::read(kReaderSocket, bytes, length);
-        if (count < 0 && errno == EINTR)
-            continue;
-        if (count <= 0)
-            return false;
-        bytes += count;
-        length -= static_cast<std::size_t>(count);
+/// What the parent says. A frame comes with one read, if it is no long one.
+class Incoming {
+public:
+    bool read(char *bytes, std::size_t length)
+    {
+        while (length > 0) {
+            if (_begin == _end && !fill())
+                return false;
+            const std::size_t count = std::min(length, _end - _begin);
+            bytes = std::copy_n(_piece.data() + _begin, count, bytes);
+            _begin += count;
+            length -= count;
+        }
+        return true;
     }
-    return true;
-}
+
+private:
+    bool fill()
+    {
+        ssize_t count = 0;
+        do {
+            count = ::read(kReaderSocket, _piece.data(), _piece.size());
+        } while (count < 0 && errno == EINTR);
+        _begin = 0;
+        _end = static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+        return _end > 0;
+    }
+
+    std::array<char, 4096> _piece{};
+    std::size_t _begin = 0;
+    std::size_t _end = 0;
+};
+Incoming incoming;
 
 /// A frame is written whole, though threads of the libraries may log.
 std::mutex writing;
@@ -76,10 +97,10 @@ template <typename Meaning>
 auto nextOf(Meaning meaning) -> decltype(meaning(QByteArrayView()))
 {
     quint32 length = 0;
-    if (!readAll(reinterpret_cast<char *>(&length), sizeof length) || length > kMostOrderBytes)
+    if (!incoming.read(reinterpret_cast<char *>(&length), sizeof length) || length > kMostOrderBytes)
         return std::nullopt;
     QByteArray content(static_cast<qsizetype>(length), Qt::Uninitialized);
-    return readAll(content.data(), length) ? meaning(content) : std::nullopt;
+    return incoming.read(content.data(), length) ? meaning(content) : std::nullopt;
 }
 
 /// The message that carries the result of a job, one form a kind.

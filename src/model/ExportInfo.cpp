@@ -3,7 +3,13 @@
 
 #include "model/ExportInfo.h"
 
-#include <QHash>
+#include <QHashSeed>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <span>
+#include <vector>
 
 namespace quorvin {
 
@@ -29,20 +35,63 @@ bool isForTreeAlone(const ParameterGroups &groups, const ParameterGroups::Group 
     return !isEmpty;
 }
 
+/// Of each key of a stream the last parameter: a table with open places, since a look-up by key is what an
+/// export does most.
+class NewestOfKeys {
+public:
+    explicit NewestOfKeys(std::span<const ParameterGroups::Parameter> parameters)
+        : _places(std::bit_ceil(2 * parameters.size() + 1))
+    {
+        for (const auto &parameter : parameters)
+            _places[placeOf(parameter.term->key)] = &parameter;
+    }
+
+    const ParameterGroups::Parameter &of(const ParameterGroups::Parameter &parameter) const
+    {
+        return *_places[placeOf(parameter.term->key)];
+    }
+
+private:
+    /// That of the key, or the free one where it belongs.
+    std::size_t placeOf(const QString &key) const
+    {
+        std::size_t place = mixed(key) & (_places.size() - 1);
+        while (_places[place] && _places[place]->term->key != key)
+            place = (place + 1) & (_places.size() - 1);
+        return place;
+    }
+    /// Four letters at a time, from a start that no file can know: keys may be made to meet.
+    static std::size_t mixed(QStringView key)
+    {
+        constexpr quint64 kFactor = 0x9e3779b97f4a7c15;
+        static const quint64 start = static_cast<quint64>(QHashSeed::globalSeed());
+        quint64 sum = start ^ static_cast<quint64>(key.size());
+        while (!key.isEmpty()) {
+            const auto *letters = reinterpret_cast<const char *>(key.utf16());
+            const qsizetype count = std::min<qsizetype>(key.size(), 4);
+            std::array<char, sizeof(quint64)> piece{};
+            std::copy_n(letters, count * qsizetype{sizeof(QChar)}, piece.begin());
+            sum = (sum ^ std::bit_cast<quint64>(piece)) * kFactor;
+            sum ^= sum >> 32U;
+            key = key.sliced(count);
+        }
+        return sum;
+    }
+
+    std::vector<const ParameterGroups::Parameter *> _places;
+};
+
 ExportStream rowsOf(const ParameterGroups &groups, const ParameterGroups::Stream &stream, bool skipPrivate)
 {
     const auto parameters = groups.parameters(stream);
-    QHash<QStringView, const ParameterGroups::Parameter *> newest;
-    newest.reserve(static_cast<qsizetype>(parameters.size()));
-    for (const auto &parameter : parameters)
-        newest.insert(parameter.term->key, &parameter);
+    const NewestOfKeys newest(parameters);
 
     ExportStream rows;
     rows.reserve(parameters.size());
     for (const auto &parameter : parameters) {
         if (parameter.flags.testFlag(ParameterFlag::SkipInExport))
             continue;
-        const auto &shown = *newest.value(parameter.term->key);
+        const auto &shown = newest.of(parameter);
         if (!skipPrivate || !isPrivateInExports(shown.flags))
             rows.push_back({shown.term.get(), groups.utf8Value(shown)});
     }

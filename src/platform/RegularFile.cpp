@@ -40,7 +40,11 @@ Expected<RegularFile> RegularFile::open(const QString &path)
 {
     const QByteArray bytes = encodePath(path);
     struct stat found { };
-    if (::stat(bytes.constData(), &found) != 0)
+    bool isThere = ::lstat(bytes.constData(), &found) == 0;
+    const bool isLink = isThere && S_ISLNK(found.st_mode);
+    if (isLink)
+        isThere = ::stat(bytes.constData(), &found) == 0;
+    if (!isThere)
         return posixFailure(errno);
     if (!S_ISREG(found.st_mode))
         return failure(nameOfKind(found.st_mode));
@@ -50,6 +54,8 @@ Expected<RegularFile> RegularFile::open(const QString &path)
     RegularFile file(::open(bytes.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
     if (file._descriptor < 0 || !file.readAttributes())
         return posixFailure(errno);
+    if (!isLink)
+        file._path = path;
     return file;
 }
 
@@ -71,6 +77,7 @@ bool RegularFile::readAttributes()
 
 RegularFile::RegularFile(RegularFile &&other) noexcept
     : _descriptor(std::exchange(other._descriptor, -1)),
+      _path(std::move(other._path)),
       _size(other._size),
       _modificationTime(other._modificationTime),
       _creationTime(other._creationTime)
@@ -80,6 +87,7 @@ RegularFile::RegularFile(RegularFile &&other) noexcept
 RegularFile &RegularFile::operator=(RegularFile &&other) noexcept
 {
     std::swap(_descriptor, other._descriptor);
+    _path = std::move(other._path);
     _size = other._size;
     _modificationTime = other._modificationTime;
     _creationTime = other._creationTime;
@@ -94,6 +102,8 @@ RegularFile::~RegularFile()
 
 QString RegularFile::resolvedPath() const
 {
+    if (!_path.isEmpty())
+        return _path;
     QByteArray target(PATH_MAX, Qt::Uninitialized);
     const ssize_t length = ::readlink(descriptorPath().toLatin1().constData(), target.data(), PATH_MAX);
     return length < 0 ? QString() : decodePath(target.first(length));

@@ -31,7 +31,7 @@ public:
     qint64 modificationTime() const { return _modificationTime; }
     /// Absent where the file system does not record it.
     std::optional<qint64> creationTime() const { return _creationTime; }
-    /// The path with all symbolic links resolved.
+    /// The path, or that of the file to which the path is a symbolic link.
     QString resolvedPath() const;
     /// A path that leads to this file for as long as it is open, whatever its name.
     QString descriptorPath() const;
@@ -43,6 +43,7 @@ private:
     bool readAttributes();
 
     int _descriptor = -1;
+    QString _path; ///< "" for a link
     quint64 _size = 0;
     qint64 _modificationTime = 0;
     std::optional<qint64> _creationTime;

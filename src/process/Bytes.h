@@ -17,19 +17,33 @@ class ByteWriter {
 public:
     template <typename Number>
     requires std::integral<Number> || std::floating_point<Number>
-    void number(Number value) { _bytes.append(reinterpret_cast<const char *>(&value), sizeof value); }
+    void number(Number value) { put(&value, sizeof value); }
     void bytes(QByteArrayView bytes)
     {
         number(static_cast<quint32>(bytes.size()));
-        _bytes.append(bytes);
+        put(bytes.data(), bytes.size());
     }
     void text(const QString &text) { bytes(text.toUtf8()); }
 
-    QByteArray take() { return std::move(_bytes); }
-    const QByteArray &result() const { return _bytes; }
+    QByteArray take()
+    {
+        _bytes.truncate(std::exchange(_used, 0));
+        return std::exchange(_bytes, {});
+    }
+    QByteArrayView result() const { return QByteArrayView(_bytes).first(_used); }
 
 private:
-    QByteArray _bytes;
+    /// Numbers come by the thousand: they are put where room was made before.
+    void put(const void *from, qsizetype length)
+    {
+        if (length > _bytes.size() - _used)
+            _bytes.resize(std::max(_used + length, 2 * _bytes.size() + 64));
+        std::copy_n(static_cast<const char *>(from), length, _bytes.data() + _used);
+        _used += length;
+    }
+
+    QByteArray _bytes; ///< with some room at the end
+    qsizetype _used = 0;
 };
 
 /// The way back. Trusts nothing: what reads past the end gives 0 or "", and from then on nothing is `ok`.

@@ -7,10 +7,8 @@
 #include "process/Guard.h"
 
 #include <poll.h>
-#include <sys/eventfd.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -37,21 +35,6 @@ tl::unexpected<Error> noReader()
 {
     return tl::unexpected(Error{kErrorDomain, kNoReader, QStringLiteral("the reader can not be started")});
 }
-
-/// A descriptor that becomes readable when a stop is asked for.
-class StopSignal {
-public:
-    StopSignal() : _descriptor(::eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) { }
-    ~StopSignal() { ::close(_descriptor); }
-    StopSignal(const StopSignal &) = delete;
-    StopSignal &operator=(const StopSignal &) = delete;
-
-    int descriptor() const { return _descriptor; }
-    void operator()() const { ::eventfd_write(_descriptor, 1); }
-
-private:
-    int _descriptor;
-};
 
 /// The number of the job that a message is about; 0 for none.
 quint32 jobOf(const ReaderMessage &message)
@@ -235,12 +218,20 @@ Expected<void> ReaderConnection::waitForBytes(qsizetype count, const std::stop_t
 {
     if (_received.size() >= count)
         return {};
-    const StopSignal signal;
-    const std::stop_callback tell(stop, std::cref(signal));
+    _stopSignal.clear();
+    const std::stop_callback tell(stop, [this] { _stopSignal.raise(); });
     while (_received.size() < count) {
-        if (auto readable = waitReadable(signal.descriptor()); !readable)
-            return readable;
-        if (!readSome()) {
+        if (stop.stop_requested())
+            return lose(kStopped);
+        // Also for a reader that always has one more byte to send.
+        if (_deadline.hasExpired())
+            return lose(kTookTooLong);
+        const ssize_t came = readSome();
+        if (came < 0) {
+            if (auto readable = waitReadable(); !readable)
+                return readable;
+        }
+        if (came == 0) {
             _isLastJobInnocent = !_reader->hasTaken(_sent.number);
             return lose(kCrashed);
         }
@@ -248,20 +239,18 @@ Expected<void> ReaderConnection::waitForBytes(qsizetype count, const std::stop_t
     return {};
 }
 
-Expected<void> ReaderConnection::waitReadable(int stopSignal)
+Expected<void> ReaderConnection::waitReadable()
 {
-    std::array<pollfd, 2> ends{pollfd{_reader->socket(), POLLIN, 0}, pollfd{stopSignal, POLLIN, 0}};
+    std::array<pollfd, 2> ends{pollfd{_reader->socket(), POLLIN, 0},
+                               pollfd{_stopSignal.descriptor(), POLLIN, 0}};
     const qint64 mostCpu = qint64{_sent.job.limits.cpuSeconds} * 1000;
-    // Also for a reader that always has one more byte to send.
     while (!_deadline.hasExpired()) {
         const auto patience
             = static_cast<int>(std::min<qint64>(_deadline.remainingTime(), kCpuCheckInterval));
         const int ready = ::poll(ends.data(), ends.size(), std::max(patience, 1));
         if (ready < 0 && errno != EINTR)
             break;
-        if (ends[1].revents != 0)
-            return lose(kStopped);
-        if (ends[0].revents != 0)
+        if (ready > 0)
             return {};
         if (_reader->cpuTime() - _cpuAtStep > mostCpu)
             break;
@@ -271,16 +260,14 @@ Expected<void> ReaderConnection::waitReadable(int stopSignal)
     return lose(kTookTooLong);
 }
 
-bool ReaderConnection::readSome()
+ssize_t ReaderConnection::readSome()
 {
     std::array<char, kReadChunk> chunk;
     const ssize_t count = ::recv(_reader->socket(), chunk.data(), chunk.size(), MSG_DONTWAIT);
-    if (count < 0 && (errno == EINTR || errno == EAGAIN))
-        return true;
-    if (count <= 0)
-        return false;
+    if (count < 0)
+        return errno == EINTR || errno == EAGAIN ? -1 : 0;
     _received.append(chunk.data(), count);
-    return true;
+    return count;
 }
 
 template <typename Number>

@@ -7,8 +7,11 @@
 #include "process/JobRunner.h"
 #include "process/ReaderProcess.h"
 #include "process/RecordBytes.h"
+#include "process/StopSignal.h"
 
 #include <QDeadlineTimer>
+
+#include <sys/types.h>
 
 #include <memory>
 #include <stop_token>
@@ -66,8 +69,10 @@ private:
     Expected<ReaderMessage> receiveAny(const std::stop_token &stop);
     /// Waits until so many bytes have come.
     Expected<void> waitForBytes(qsizetype count, const std::stop_token &stop);
-    Expected<void> waitReadable(int stopSignal);
-    bool readSome();
+    /// Waits until there is something to read, or a stop.
+    Expected<void> waitReadable();
+    /// Takes what is there: its bytes, 0 at the end, less when there is nothing yet.
+    ssize_t readSome();
     template <typename Number>
     Number peek(qsizetype offset) const;
     std::optional<JobAnswer> answerOf(const EncodedRecord &record);
@@ -81,6 +86,7 @@ private:
     tl::unexpected<Error> lose(const QString &reason);
 
     std::unique_ptr<ReaderProcess> _reader; ///< null when lost
+    StopSignal _stopSignal;
     RecordDecoder _decoder;
     QByteArray _received;
     Greeting _greeting;

@@ -138,6 +138,9 @@ ReaderProcess::ReaderProcess(pid_t pid, int socket, std::unique_ptr<JobCounter> 
       _socket(socket),
       _counter(std::move(counter))
 {
+    clockid_t clock{};
+    if (::clock_getcpuclockid(pid, &clock) == 0)
+        _clock = clock;
 }
 
 ReaderProcess::~ReaderProcess()
@@ -149,9 +152,8 @@ ReaderProcess::~ReaderProcess()
 
 qint64 ReaderProcess::cpuTime() const
 {
-    clockid_t clock{};
     timespec time{};
-    if (::clock_getcpuclockid(_pid, &clock) != 0 || ::clock_gettime(clock, &time) != 0)
+    if (!_clock || ::clock_gettime(*_clock, &time) != 0)
         return 0;
     return time.tv_sec * 1000 + time.tv_nsec / 1'000'000;
 }

@@ -10,6 +10,7 @@
 
 #include <sys/types.h>
 
+#include <ctime>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,6 +44,7 @@ private:
     ReaderProcess(pid_t pid, int socket, std::unique_ptr<JobCounter> counter);
 
     pid_t _pid;
+    std::optional<clockid_t> _clock; ///< of its processor time
     int _handle; ///< a descriptor of the process
     int _socket;
     int _memoryMiB = 0; ///< the limit that is set; 0 for none

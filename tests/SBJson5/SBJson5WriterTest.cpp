@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 #include <limits>
 
@@ -151,6 +152,20 @@ TEST(SBJson5StreamWriter, FailedWritesLeaveWhatIsOut)
     EXPECT_EQ(collector.bytes, "[\n  1,\n  ");
     EXPECT_FALSE(writer.writeArrayOpen());
     EXPECT_EQ(collector.bytes, "[\n  1,\n  ,\n  ");
+}
+
+TEST(SBJson5StreamWriter, TextIsWrittenAsItReadsNow)
+{
+    Collector collector;
+    SBJson5StreamWriter writer(collector, {});
+    std::array<QChar, 2> place{u'a', u'"'};
+    writer.writeArrayOpen();
+    for (const char16_t first : {u'a', u'a', u'b'}) {
+        place[0] = first;
+        for (const qsizetype length : {2, 1})
+            EXPECT_TRUE(writer.writeString(QString::fromRawData(place.data(), length)));
+    }
+    EXPECT_EQ(collector.bytes, R"(["a\"","a","a\"","a","b\"","b")");
 }
 
 } // namespace quorvin

@@ -87,6 +87,23 @@ TEST(RecordText, RepeatedKeyIsListedTwiceAndLooksUpAsTheLast)
     EXPECT_EQ(groups.group(u"Video"), nullptr);
 }
 
+TEST(RecordText, ExportsShowTheLastValueOfEachOfManyKeys)
+{
+    RecordContents record;
+    record.groups.beginGroup(QStringLiteral("Exif"));
+    record.groups.beginStream(0);
+    for (int i = 0; i < 3000; ++i) {
+        const QString key = QStringLiteral("key %1").arg(i % 1000);
+        record.groups.add(internTerm(key, QString::number(i)), QString::number(i));
+    }
+    const ExportInfo info = computeExportInfo(record, false);
+    ASSERT_EQ(info.sections.front().streams.front().size(), 3000U);
+    int wrong = 0;
+    for (const ExportRow &row : info.sections.front().streams.front())
+        wrong += row.term->key != QStringLiteral("key %1").arg(row.value.toByteArray().toInt() - 2000);
+    EXPECT_EQ(wrong, 0);
+}
+
 TEST(RecordText, ExportsKeepWhatIsPrivateInTheTreeOnlyAndNoGroupOfTheTreeAlone)
 {
     RecordContents record;

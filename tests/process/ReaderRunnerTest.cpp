@@ -3,6 +3,7 @@
 
 #include "process/ReaderRunner.h"
 
+#include "process/StopSignal.h"
 #include "support/TestFolder.h"
 
 #include <QDir>
@@ -10,6 +11,7 @@
 #include <QLoggingCategory>
 
 #include <gtest/gtest.h>
+#include <poll.h>
 #include <sys/wait.h>
 
 #include <chrono>
@@ -145,6 +147,21 @@ TEST(ReaderRunner, StopEndsAJobThatWouldNotEnd)
     EXPECT_TRUE(runner->await({}));
     EXPECT_EQ(outcome(runner->take(source.get_token())), QStringLiteral("stopped"));
     EXPECT_EQ(outcome(runner->run(named(QStringLiteral("good")))), QStringLiteral("good"));
+}
+
+TEST(ReaderRunner, StopThatCameTooLateIsForgotten)
+{
+    StopSignal signal;
+    const auto isReadable = [&] {
+        pollfd end{signal.descriptor(), POLLIN, 0};
+        return ::poll(&end, 1, 0) == 1;
+    };
+    for (int i = 0; i < 2; ++i) {
+        signal.clear();
+        EXPECT_FALSE(isReadable());
+        signal.raise();
+        EXPECT_TRUE(isReadable());
+    }
 }
 
 TEST(ReaderRunner, NothingIsLeftBehindByManyCrashes)
