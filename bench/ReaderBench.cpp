@@ -58,7 +58,8 @@ double secondsOfPool(const std::function<std::unique_ptr<JobRunner>()> &makeRunn
 /// about.
 void readersAgainstInProcess(benchmark::State &state)
 {
-    const auto readers = [] { return makeReaderRunner(); };
+    const auto roots = std::make_shared<RootSet>(QStringList(mediaFiles().begin(), mediaFiles().end()));
+    const auto readers = [roots] { return makeReaderRunner(roots); };
     double here1 = 0;
     double here2 = 0;
     double there1 = 0;

@@ -195,9 +195,18 @@ RootOpener::RootOpener(const ReaderRoots &roots) : _threads(roots.paths.size() +
 
 RootOpener::~RootOpener()
 {
-    ::close(_socket);
-    if (_helper > 0)
-        ::kill(_helper, SIGKILL);
+    endHelper();
+}
+
+void RootOpener::endHelper()
+{
+    ::close(std::exchange(_socket, -1));
+    const pid_t helper = std::exchange(_helper, -1);
+    if (helper <= 0)
+        return;
+    // One that waits for its file system stays behind.
+    ::kill(helper, SIGKILL);
+    ::waitpid(helper, nullptr, _threads == 0 ? 0 : WNOHANG);
 }
 
 RootOpener::Opened RootOpener::take()
@@ -215,9 +224,7 @@ RootOpener::Opened RootOpener::take()
         if (packet[0] == char(Word::Reached))
             opened.reached.push_back(decodePath(packet.sliced(1)));
     }
-    // One that waits for its file system stays behind.
-    if (_threads == 0 && _helper > 0)
-        ::waitpid(std::exchange(_helper, -1), nullptr, 0);
+    endHelper();
     return opened;
 }
 

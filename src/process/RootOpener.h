@@ -31,6 +31,8 @@ public:
     Opened take();
 
 private:
+    void endHelper();
+
     std::size_t _threads; ///< of the helper, that have not come to their end
     int _socket = -1;
     pid_t _helper = -1;

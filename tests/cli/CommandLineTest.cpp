@@ -18,6 +18,7 @@ using test::commandLineProgram;
 using test::contentOf;
 using test::Outcome;
 using test::runCommandLine;
+using test::runInShell;
 using test::sample;
 using test::TestFolder;
 
@@ -45,6 +46,28 @@ TEST(CommandLine, WrongCallsSayWhatAndWhereToLook)
     EXPECT_TRUE(runCommandLine({words("--help")}).output.startsWith("Usage: quorvin-cli COMMAND"));
     EXPECT_TRUE(runCommandLine({words("export"), words("--help")}).output.contains("--skip-private"));
     EXPECT_TRUE(runCommandLine({words("--version")}).output.contains("MediaInfoLib - v"));
+}
+
+TEST(CommandLine, ReaderOfTheCurrentFolderIsNeverRun)
+{
+    const TestFolder folder;
+    const QString mark = folder / words("mark");
+    const QString program
+        = folder.write(words("quorvin-reader"), "#!/bin/sh\ntouch '" + mark.toUtf8() + "'\n");
+    QFile::setPermissions(program, QFile::ReadOwner | QFile::ExeOwner);
+    // Where /proc shows nothing, a program does not know its own place.
+    const QString call
+        = QStringLiteral("cd '%1' && unshare %2 sh -c 'mount -t tmpfs none /proc && exec \"$@\"' - "
+                         "'%3' general '%4'")
+              .arg(folder.path(), QStringLiteral("%1"), commandLineProgram(), sample(words("tone.wav")));
+    Outcome outcome = runInShell(call.arg(words("-m")));
+    if (!outcome.errors.contains("quorvin-cli"))
+        outcome = runInShell(call.arg(words("-rm")));
+    if (!outcome.errors.contains("quorvin-cli"))
+        GTEST_SKIP() << "nothing may be mounted here";
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_TRUE(outcome.errors.endsWith("tone.wav: the reader can not be started\n"));
+    EXPECT_FALSE(QFile::exists(mark));
 }
 
 TEST(CommandLine, BadFilesCostTheirOwnLineOnly)

@@ -195,10 +195,13 @@ TEST(Output, StreamsThatWereClosedBecomeNobodysFile)
     const TestFolder folder;
     const QString tone = sample(u"tone.wav"_s);
     const QByteArray direct = runCommandLine({u"export"_s, tone}).output;
-    const QString call = u"cli export '%1' -o '%2'"_s.arg(tone, folder / u"a.txt"_s);
-    for (const QString &closed : {u" >&-"_s, u" 2>&-"_s, u" <&- >&- 2>&-"_s}) {
-        runInShell(call + closed);
+    const QString call = u"cli export '%1' '%1-none' -o '%2'"_s.arg(tone, folder / u"a.txt"_s);
+    for (unsigned streams = 1; streams < 8; ++streams) {
+        const QString closed = QString(streams & 1U ? u" <&-"_s : QString())
+            + (streams & 2U ? u" >&-"_s : QString()) + (streams & 4U ? u" 2>&-"_s : QString());
+        EXPECT_EQ(runInShell(call + closed).status, 1) << closed.toStdString();
         EXPECT_EQ(contentOf(folder / u"a.txt"_s), direct) << closed.toStdString();
+        EXPECT_TRUE(QFile::remove(folder / u"a.txt"_s));
     }
     const Outcome lost = runInShell(u"cli list '%1' >&-"_s.arg(tone));
     EXPECT_EQ(lost.status, 1);

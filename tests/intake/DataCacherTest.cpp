@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "intake/DataCacherShared.h"
 #include "support/PoolBench.h"
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
 #include <map>
 #include <random>
@@ -130,6 +132,26 @@ TEST(DataCacher, ReadsNotFarAheadOfItsDelegate)
     PoolBench large;
     EXPECT_LT(doneWhileNobodyTakes(large, QStringLiteral("large"), 32), 40U);
     large.pool->cancelThreadsAndWait();
+}
+
+TEST(DataCacher, ThreadThatGoesOnIsInReachOfACancelAllTheTime)
+{
+    DataCacherShared shared;
+    shared.fileQueue.addFilesToEnd(filesNamed({"a"}));
+    std::stop_source source;
+    shared.threads.emplace(1, source);
+    std::atomic<bool> isOver = false;
+    const std::jthread thread([&] {
+        for (int i = 0; i < 50'000; ++i)
+            EXPECT_FALSE(shared.leave(1, source.get_token()));
+        isOver = true;
+    });
+    int missed = 0;
+    while (!isOver) {
+        const std::lock_guard guard(shared.safeLock);
+        missed += shared.threads.contains(1) ? 0 : 1;
+    }
+    EXPECT_EQ(missed, 0);
 }
 
 TEST(DataCacher, RemovedFilesAreNotRead)

@@ -3,10 +3,13 @@
 
 #include "jobs/InProcessRunner.h"
 #include "process/ReaderRunner.h"
+#include "process/RecordBytes.h"
 #include "support/TestFolder.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QProcess>
 
 #include <gtest/gtest.h>
 
@@ -73,6 +76,18 @@ TEST(Jobs, ReaderReadsAsThisProcessDoes)
     const auto none = reader->run({RecordRequest{QStringLiteral("/none"), {}}, {}});
     ASSERT_FALSE(none);
     EXPECT_EQ(none.error().description, QStringLiteral("No such file or directory"));
+}
+
+TEST(Jobs, FirstRunOfAProcessFindsItsLibrariesSetUp)
+{
+    const QString path = test::sample(QStringLiteral("two-covers.mp3"));
+    const auto byReader = makeReaderRunner()->run({RecordRequest{path, {}}, {}});
+    ASSERT_TRUE(byReader);
+    QProcess fresh;
+    fresh.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--read"), path});
+    ASSERT_TRUE(fresh.waitForFinished());
+    EXPECT_EQ(fresh.readAllStandardOutput(),
+              RecordEncoder().encode(std::get<QuorvinDataPtr>(*byReader)->contents()));
 }
 
 TEST(Jobs, LinksOutOfTheRootsAreFollowedAndNothingElse)

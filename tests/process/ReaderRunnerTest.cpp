@@ -13,6 +13,7 @@
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <csignal>
@@ -243,6 +244,24 @@ TEST(ReaderRunner, EnvironmentIsShort)
     qunsetenv("QUORVIN_TEST_SECRET");
     EXPECT_TRUE(environment.contains(QStringLiteral("HOME=")));
     EXPECT_FALSE(environment.contains(QStringLiteral("SECRET")));
+}
+
+TEST(ReaderRunner, StreamsLeadNowhereWhateverThoseOfTheParentAre)
+{
+    for (unsigned closed = 0; closed < 8; ++closed) {
+        const pid_t child = ::fork();
+        if (child == 0) {
+            for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+                if ((closed >> static_cast<unsigned>(stream)) & 1U)
+                    ::close(stream);
+            }
+            const QString streams = outcome(faultyRunner()->run(named(QStringLiteral("streams"))));
+            ::_exit(streams == QStringLiteral("/dev/null /dev/null /dev/null ") ? 0 : 1);
+        }
+        int status = -1;
+        ::waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0) << closed;
+    }
 }
 
 TEST(ReaderRunner, ReaderThatCanNotStartIsTriedAFewTimes)

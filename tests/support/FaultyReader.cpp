@@ -91,6 +91,18 @@ QByteArray environment()
     return all;
 }
 
+/// Where the three standard streams lead.
+QByteArray streams()
+{
+    QByteArray all;
+    for (const char *stream : {"/proc/self/fd/0", "/proc/self/fd/1", "/proc/self/fd/2"}) {
+        std::array<char, 256> target{};
+        all += ::readlink(stream, target.data(), target.size() - 1) > 0 ? target.data() : "closed";
+        all += ' ';
+    }
+    return all;
+}
+
 const std::map<QString, std::function<void()>> &faults()
 {
     static const std::map<QString, std::function<void()>> table{
@@ -179,6 +191,7 @@ const std::map<QString, std::function<void()>> &faults()
              answer(frameOf(LogLine{true, QStringLiteral("a library")}) + report("logs"));
          }},
         {QStringLiteral("environment"), [] { answer(report(environment())); }},
+        {QStringLiteral("streams"), [] { answer(report(streams())); }},
         {QStringLiteral("traced"), getTraced},
         {QStringLiteral("roots"),
          [] {
