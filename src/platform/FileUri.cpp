@@ -5,7 +5,19 @@
 
 #include "platform/NativePath.h"
 
+#include <QSysInfo>
+
 namespace quorvin {
+
+namespace {
+
+bool isThisMachine(const QString &host)
+{
+    return host.isEmpty() || host.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0
+        || host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
 
 QByteArray fileUri(const QString &path)
 {
@@ -20,20 +32,20 @@ std::optional<QString> pathFromUri(const QString &uri)
     if (rest.startsWith(QLatin1String("//"))) {
         const qsizetype slash = rest.indexOf(u'/', 2);
         const QString host = slash < 0 ? rest.mid(2) : rest.mid(2, slash - 2);
-        if (slash < 0 || (!host.isEmpty() && host != QLatin1String("localhost")))
+        if (slash < 0 || !isThisMachine(host))
             return std::nullopt;
         rest = rest.mid(slash);
     }
     if (!rest.startsWith(u'/'))
         return std::nullopt;
-    return absolutePath(decodePath(QByteArray::fromPercentEncoding(rest.toUtf8())));
+    return absolutePath(decodePath(QByteArray::fromPercentEncoding(encodePath(rest))));
 }
 
 QStringList pathsFromUriList(const QByteArray &list)
 {
     QStringList paths;
     for (const QByteArray &line : list.split('\n')) {
-        if (const auto path = pathFromUri(QString::fromUtf8(line.trimmed())))
+        if (const auto path = pathFromUri(decodePath(line.trimmed())))
             paths.append(*path);
     }
     return paths;

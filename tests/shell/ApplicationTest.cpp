@@ -136,6 +136,9 @@ TEST(FileUri, LeadsBackToThePath)
     EXPECT_EQ(pathFromUri(QStringLiteral("file://localhost/a")), QStringLiteral("/a"));
     for (const char *other : {"/a", "http://host/a", "file://elsewhere/a", "file:a", "file://", ""})
         EXPECT_EQ(pathFromUri(QLatin1String(other)), std::nullopt) << other;
+    EXPECT_EQ(pathFromUri(QStringLiteral("file://%1/a").arg(QSysInfo::machineHostName().toUpper())),
+              QStringLiteral("/a"));
+    EXPECT_EQ(pathsFromUriList("file:///a\xff%ff"), QStringList{decodePath("/a\xff\xff")});
     EXPECT_EQ(pathsFromUriList("# comment\r\nfile:///a\r\nfile:///b\r\n"),
               (QStringList{QStringLiteral("/a"), QStringLiteral("/b")}));
 }

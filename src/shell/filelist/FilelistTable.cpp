@@ -5,6 +5,8 @@
 
 #include "platform/FileUri.h"
 #include "platform/NativePath.h"
+#include "shell/desktop/Counts.h"
+#include "shell/desktop/FocusRing.h"
 #include "shell/filelist/FilelistDelegate.h"
 #include "shell/filelist/FilelistDrags.h"
 #include "shell/filelist/FilelistRow.h"
@@ -50,6 +52,7 @@ FilelistTable::FilelistTable(QAbstractItemModel &model, QItemSelectionModel &sel
     setAccessibleDescription(tr("The files of this window"));
     viewport()->setAcceptDrops(false);
     setAcceptDrops(false);
+    new FocusRing(this);
     connect(this, &QListView::doubleClicked, this, [this](const QModelIndex &row) {
         Q_EMIT openWanted(row.data(FilelistRow::PathRole).toString());
     });
@@ -110,11 +113,28 @@ void FilelistTable::startDrag(Qt::DropActions)
         return;
     auto *drag = new QDrag(this);
     drag->setMimeData(content.release());
-    drag->setPixmap(viewport()->grab(visualRect(currentIndex())));
+    drag->setPixmap(dragPicture());
     // Nobody is to take a file away because it was shown here; between windows the lists see to it
     // themselves.
     drag->exec(Qt::CopyAction);
     _drags->end();
+}
+
+QPixmap FilelistTable::dragPicture() const
+{
+    QPixmap picture = viewport()->grab(visualRect(currentIndex()));
+    const qsizetype count = selectionModel()->selectedRows().size();
+    if (count < 2)
+        return picture;
+    const QString text = groupedCount(count);
+    const int height = static_cast<int>(picture.deviceIndependentSize().height());
+    QRect badge(0, 0, fontMetrics().horizontalAdvance(text) + height, height);
+    badge.moveRight(static_cast<int>(picture.deviceIndependentSize().width()) - 1);
+    QPainter painter(&picture);
+    painter.fillRect(badge, palette().color(QPalette::Active, QPalette::Highlight));
+    painter.setPen(palette().color(QPalette::Active, QPalette::HighlightedText));
+    painter.drawText(badge, Qt::AlignCenter, text);
+    return picture;
 }
 
 std::optional<int> FilelistTable::dropRowAt(const QPoint &position) const

@@ -55,6 +55,8 @@ private:
     static constexpr int kNoLine = -1;
     static constexpr int kWholeList = -2;
 
+    /// The current row, and how many are dragged with it.
+    QPixmap dragPicture() const;
     /// The row in front of which a drop goes; absent on the middle of a row.
     std::optional<int> dropRowAt(const QPoint &position) const;
     /// Shows where a drop would go: the row behind the line, or one of the above.
