@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QTextDocument>
+#include <QTextLayout>
 
 namespace quorvin {
 
@@ -15,6 +16,24 @@ QString plainTip(const QString &text)
     if (!Qt::mightBeRichText(text))
         return text;
     return QStringLiteral("<p>%1</p>").arg(stringWithNewLinesAsBRs(stringByEncodingHTMLEntities(text, true)));
+}
+
+QString plainTip(const QString &text, const QFont &font, int width)
+{
+    QStringList lines;
+    for (const QString &paragraph : text.split(u'\n')) {
+        QTextLayout layout(paragraph, font);
+        QTextOption option;
+        option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+        layout.setTextOption(option);
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+            line.setLineWidth(width);
+            lines.append(paragraph.mid(line.textStart(), line.textLength()));
+        }
+        layout.endLayout();
+    }
+    return plainTip(lines.join(u'\n'));
 }
 
 QLabel *plainLabel(const QString &text)

@@ -6,6 +6,7 @@
 #include <QMessageBox>
 #include <QString>
 
+class QFont;
 class QLabel;
 
 namespace quorvin {
@@ -17,6 +18,9 @@ namespace quorvin {
 /// The text for a place that may take it for markup: what looks like markup is escaped, with its line breaks,
 /// and anything else stays as it is. For tips and for the second text of a message.
 QString plainTip(const QString &text);
+
+/// The same for a tip in that font, in lines no wider than that: a path has no blanks to break it at.
+QString plainTip(const QString &text, const QFont &font, int width);
 
 /// A label that shows its texts letter by letter.
 QLabel *plainLabel(const QString &text = {});

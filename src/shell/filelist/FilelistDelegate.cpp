@@ -3,11 +3,16 @@
 
 #include "shell/filelist/FilelistDelegate.h"
 
+#include "shell/desktop/PlainText.h"
 #include "shell/filelist/FilelistRow.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QTime>
+#include <QToolTip>
 
 namespace quorvin {
 
@@ -18,6 +23,7 @@ constexpr int kBox = FilelistRow::kPictureSide + 2 * kFrame;
 constexpr int kMargin = 8; ///< before the picture, between it and the text, and behind that
 constexpr int kLead = 3; ///< above and below the picture
 constexpr double kDim = 0.4;
+constexpr int kBesideTip = 75; ///< of the screen, free of a long tip
 
 constexpr int kSpinnerSide = 16;
 constexpr int kTurnMilliseconds = 1000;
@@ -141,6 +147,20 @@ void FilelistDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
         row.widget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, row.widget);
     }
     painter->restore();
+}
+
+bool FilelistDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                                 const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    QString text = index.data(FilelistRow::PathRole).toString();
+    if (const QString reason = index.data(FilelistRow::ReasonRole).toString(); !reason.isEmpty())
+        text += u'\n' + reason;
+    const int width = view->screen()->availableGeometry().width() - kBesideTip;
+    QToolTip::showText(view->viewport()->mapToGlobal(placesOf(option).text.topLeft()),
+                       plainTip(text, QToolTip::font(), width), view->viewport(), option.rect);
+    return true;
 }
 
 } // namespace quorvin

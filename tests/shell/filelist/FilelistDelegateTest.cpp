@@ -3,12 +3,15 @@
 
 #include "shell/filelist/FilelistDelegate.h"
 
+#include "shell/desktop/PlainText.h"
 #include "shell/filelist/FilelistRow.h"
 #include "shell/filelist/FilelistTable.h"
 
 #include <QApplication>
 #include <QFontMetrics>
+#include <QHelpEvent>
 #include <QStandardItemModel>
+#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -69,6 +72,29 @@ TEST(FilelistDelegate, ShowsHowAFileStandsAndWhereTheKeyboardIs)
     EXPECT_EQ(row().pixelColor(corner), QColor(Qt::red));
     table.clearFocus();
     EXPECT_EQ(row().pixelColor(corner), QColor(Qt::gray));
+}
+
+TEST(FilelistDelegate, ALongPathOpensInATipThatFitsTheScreen)
+{
+    const QFont font = QToolTip::font();
+    const QString path = u'/' + QString(3000, u'w') + u"\nit is bad"_s;
+    const QStringList lines = plainTip(path, font, 500).split(u'\n');
+    EXPECT_EQ(lines.join(QString()), QString(path).remove(u'\n'));
+    EXPECT_EQ(lines.last(), u"it is bad"_s);
+    for (const QString &line : lines)
+        EXPECT_LE(QFontMetrics(font).horizontalAdvance(line), 500);
+
+    QStandardItemModel model(1, 1);
+    model.setData(model.index(0, 0), path.left(3001), FilelistRow::PathRole);
+    model.setData(model.index(0, 0), u"it is bad"_s, FilelistRow::ReasonRole);
+    QItemSelectionModel selection(&model);
+    FilelistTable table(model, selection);
+    table.show();
+    const QPoint over = table.visualRect(model.index(0, 0)).center();
+    QHelpEvent help(QEvent::ToolTip, over, table.viewport()->mapToGlobal(over));
+    QApplication::sendEvent(table.viewport(), &help);
+    EXPECT_TRUE(QToolTip::text().endsWith(u"\nit is bad"_s));
+    QToolTip::hideText();
 }
 
 } // namespace quorvin
