@@ -45,7 +45,7 @@ constexpr std::array kShades{
     Shade{QPalette::BrightText, 0xffffffff, 0xffffffff, 0, 0},
     Shade{QPalette::ToolTipBase, 0xffffffff, 0xff3a3b40, 0, 0},
     Shade{QPalette::ToolTipText, 0xff1b1c1e, 0xffe9eaec, 0, 0},
-    Shade{QPalette::Highlight, 0xff2f6fa7, 0xff3877ad, 0xffb9bbbf, 0xff55575c},
+    Shade{QPalette::Highlight, 0xff2f6fa7, 0xff3a79af, 0xffb9bbbf, 0xff55575c},
     Shade{QPalette::HighlightedText, 0xffffffff, 0xffffffff, 0xff1b1c1e, 0},
     Shade{QPalette::Link, 0xff1f5f99, 0xff7db7ea, 0, 0},
     Shade{QPalette::LinkVisited, 0xff6a4a8c, 0xffb79be0, 0, 0},

@@ -37,8 +37,9 @@ void ElidedLabel::fit()
 {
     QString line = _whole;
     line.replace(u'\n', u' ');
-    setText(fontMetrics().elidedText(line, _mode, width()));
-    setToolTip(plainTip(_whole));
+    const QString shown = fontMetrics().elidedText(line, _mode, width());
+    setText(shown);
+    setToolTip(shown == _whole ? QString() : plainTip(_whole));
 }
 
 void ElidedLabel::resizeEvent(QResizeEvent *event)

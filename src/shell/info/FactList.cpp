@@ -59,7 +59,6 @@ void FactList::setFacts(const std::vector<Fact> &facts)
         const bool isUsed = i < facts.size();
         _rows[i].label->setText(isUsed ? facts[i].label : QString());
         _rows[i].value->setText(isUsed ? facts[i].value : QString());
-        _rows[i].value->setAccessibleName(isUsed ? facts[i].label : QString());
         _rows[i].label->setVisible(isUsed);
         _rows[i].value->setVisible(isUsed);
     }

@@ -6,6 +6,7 @@
 #include "pictures/Images.h"
 #include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Icons.h"
 #include "shell/desktop/PictureThread.h"
 #include "shell/info/CoverView.h"
@@ -74,6 +75,7 @@ void GeneralPane::layOut()
     _folder->setForegroundRole(QPalette::PlaceholderText);
     _facts->setGap(kValueGap);
     auto *line = static_cast<QFrame *>(_line);
+    setAccessibleRole(line, QAccessible::Separator);
     line->setFrameShape(QFrame::HLine);
     line->setFrameShadow(QFrame::Plain);
     line->setForegroundRole(QPalette::Mid);

@@ -64,6 +64,15 @@ int ExtTreeModel::rowCount(const QModelIndex &parent) const
     return parent.column() == Name ? nodeOf(parent).childCount : 0;
 }
 
+QVariant ExtTreeModel::accessibleText(const QModelIndex &index, const ExtTreeItem &item) const
+{
+    if (index.column() == Name || item.value())
+        return {};
+    // A cell that is empty on the screen says nothing to those who hear it.
+    const int count = nodeOf(index).childCount;
+    return count == 1 ? tr("1 entry") : tr("%1 entries").arg(count);
+}
+
 QVariant ExtTreeModel::data(const QModelIndex &index, int role) const
 {
     const ExtTreeItem *item = itemAt(index);
@@ -75,6 +84,8 @@ QVariant ExtTreeModel::data(const QModelIndex &index, int role) const
         return index.column() == Name ? item->name() : item->stringValue();
     case GroupRole:
         return !item->value();
+    case Qt::AccessibleTextRole:
+        return accessibleText(index, *item);
     case ItalicRole:
         return styled ? static_cast<int>(styled->italicLength) : 0;
     case TitleRole:

@@ -49,6 +49,7 @@ private:
         int childCount = 0;
     };
 
+    QVariant accessibleText(const QModelIndex &index, const ExtTreeItem &item) const;
     void addNodes(const ExtTreeItems &items, int parent);
     const Node &nodeOf(const QModelIndex &index) const { return _nodes[index.internalId()]; }
 

@@ -3,6 +3,8 @@
 
 #include "shell/app/AppController.h"
 #include "shell/commands/CommandSet.h"
+#include "shell/desktop/ColorScheme.h"
+#include "shell/desktop/Contrast.h"
 #include "shell/window/MainWindowController.h"
 #include "shell/window/TabSelector.h"
 #include "shell/window/WindowPlace.h"
@@ -76,6 +78,20 @@ TEST_F(Frame, TabsFollowTheirCommandsAndKeys)
     const QAction *general = window->commands().action(Command::selectGeneralTab);
     EXPECT_TRUE(general->isChecked() && general->actionGroup()->isExclusive());
     EXPECT_FALSE(window->commands().action(Command::selectComparisonTab)->isChecked());
+}
+
+TEST_F(Frame, TheChosenTabStandsOutOfItsBar)
+{
+    constexpr double kLeast = 3;
+    for (const bool dark : {false, true}) {
+        window->setPalette(ColorScheme::ownPalette(dark));
+        QImage picture(tabs->size(), QImage::Format_RGB32);
+        tabs->window()->activateWindow();
+        tabs->parentWidget()->render(&picture, QPoint(), QRegion(tabs->geometry()));
+        const QPoint inside = tabButtons()[0]->geometry().topLeft() + QPoint(6, 6);
+        EXPECT_GE(contrastOf(picture.pixelColor(inside), window->palette().color(QPalette::Window)), kLeast)
+            << dark;
+    }
 }
 
 TEST(WindowPlace, KeepsWindowsOnTheScreen)
