@@ -82,4 +82,37 @@ void listPaint(benchmark::State &state)
 }
 BENCHMARK(listPaint)->Unit(benchmark::kMicrosecond);
 
+/// Every second row of a long list, all of them selected, dragged to its middle.
+void listReorder(benchmark::State &state)
+{
+    List shown;
+    shown.whole.setFiles(files(static_cast<std::size_t>(state.range(0))));
+    const int rows = shown.arranged.rowCount();
+    std::vector<int> dragged;
+    for (int row = 0; row < rows; row += 2)
+        dragged.push_back(row);
+    shown.selection.select(
+        {shown.arranged.index(0, 0), shown.arranged.index(state.range(1) ? rows - 1 : 3, 0)},
+        QItemSelectionModel::Select);
+    for ([[maybe_unused]] auto _ : state) {
+        shown.whole.moveFiles(dragged, rows / 2);
+        QApplication::processEvents();
+    }
+}
+BENCHMARK(listReorder)
+    ->Args({1'000, 0})
+    ->Args({100'000, 0})
+    ->Args({100'000, 1})
+    ->Unit(benchmark::kMillisecond);
+
+/// Typing a name that no file has.
+void listTypeAhead(benchmark::State &state)
+{
+    List shown;
+    shown.whole.setFiles(files(100'000));
+    for ([[maybe_unused]] auto _ : state)
+        shown.table.keyboardSearch(QStringLiteral("z"));
+}
+BENCHMARK(listTypeAhead)->Unit(benchmark::kMillisecond);
+
 } // namespace

@@ -127,15 +127,17 @@ void FilelistDrags::reorder(int row)
 
 void FilelistDrags::removeDraggedItems()
 {
-    QItemSelection dragged;
-    for (const int row : draggedRows()) {
-        const QModelIndex index = _files.arranged().index(row, 0);
-        dragged.select(index, index);
-    }
+    const std::vector<int> rows = draggedRows();
     _draggingItems.clear();
-    if (dragged.isEmpty())
+    if (rows.empty())
         return;
-    _files.selection().select(dragged, QItemSelectionModel::ClearAndSelect);
+    // As a rule it is so already, and thousands of single rows are slow to select.
+    if (rows != _files.selectedRows()) {
+        QItemSelection dragged;
+        for (const int row : rows)
+            dragged.select(_files.arranged().index(row, 0), _files.arranged().index(row, 0));
+        _files.selection().select(dragged, QItemSelectionModel::ClearAndSelect);
+    }
     _files.removeSelectedItems();
 }
 

@@ -240,7 +240,7 @@ void FilelistTable::contextMenuEvent(QContextMenuEvent *event)
             return;
         // What the menu acts on is what can be seen as selected.
         if (!selectionModel()->isSelected(clicked))
-            setCurrentIndex(clicked);
+            selectionModel()->setCurrentIndex(clicked, QItemSelectionModel::ClearAndSelect);
         Q_EMIT menuWanted(event->globalPos());
     } else if (currentIndex().isValid()) {
         Q_EMIT menuWanted(viewport()->mapToGlobal(visualRect(currentIndex()).center()));

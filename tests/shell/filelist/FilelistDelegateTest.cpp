@@ -67,6 +67,11 @@ TEST(FilelistDelegate, ShowsHowAFileStandsAndWhereTheKeyboardIs)
     EXPECT_TRUE(waiting.blue() > waiting.red() && waiting != QColor(Qt::blue)) << "a dim picture";
     EXPECT_EQ(centre(FilelistRow::Reading), palette.color(QPalette::Base)) << "a spinner is hollow";
 
+    set(FilelistRow::StateRole, FilelistRow::Ready);
+    table.setLayoutDirection(Qt::RightToLeft);
+    const QImage mirrored = row();
+    EXPECT_EQ(mirrored.pixelColor(mirrored.width() - 22, mirrored.height() / 2), QColor(Qt::blue));
+
     selection.select(model.index(0, 0), QItemSelectionModel::Select);
     const QPoint corner(2, 2);
     EXPECT_EQ(row().pixelColor(corner), QColor(Qt::red));

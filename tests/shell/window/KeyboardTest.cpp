@@ -6,6 +6,7 @@
 #include "shell/window/StatusLine.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
@@ -122,6 +123,10 @@ TEST_F(Keyboard, ADropWithControlHeldSelectsOneRow)
     run(Command::removeSelectedItems);
     QApplication::processEvents();
     EXPECT_EQ(drop("movie.mp4", 2), QStringLiteral("0")) << "into an empty list";
+    const QPoint second = table->visualRect(table->model()->index(1, 0)).center();
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, second, table->viewport()->mapToGlobal(second));
+    QApplication::sendEvent(table->viewport(), &menu);
+    EXPECT_EQ(selected(), QStringLiteral("1")) << "the row of the menu alone";
     QTest::keyRelease(window->windowHandle(), Qt::Key_Control, Qt::NoModifier);
 }
 
