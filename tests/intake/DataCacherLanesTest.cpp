@@ -82,8 +82,10 @@ TEST(DataCacher, DigestsThatAdvanceAreNotBegunAgain)
     bench.pool->processFiles(list);
     bench.gate->awaitWaiting(3);
     EXPECT_FALSE(list[3]->isDone()) << "there is no other lane";
+    EXPECT_EQ(list[2]->digestProgress(), (DigestProgress{1, 2}));
     bench.gate->open();
     EXPECT_TRUE(bench.await(4));
+    EXPECT_EQ(list[2]->digestProgress(), std::nullopt);
 }
 
 TEST(DataCacher, CancelEndsSlowFilesToo)

@@ -60,7 +60,10 @@ public:
         if (!_hasReader)
             return !stop.stop_requested();
         const bool isSlow = _done.startsWith(QStringLiteral("slow"));
-        _isGivenUp = isSlow && !watch().whenSlow(_done.endsWith(QStringLiteral("advances")));
+        const bool advances = _done.endsWith(QStringLiteral("advances"));
+        if (advances)
+            watch().whenAdvanced({1, 2});
+        _isGivenUp = isSlow && !watch().whenSlow(advances);
         if ((isSlow && !_isGivenUp) || _done.startsWith(QStringLiteral("gate")))
             _gate.pass(stop);
         return !stop.stop_requested();

@@ -3,6 +3,7 @@
 
 #include "shell/info/InfoView.h"
 
+#include "filefacts/Sizes.h"
 #include "intake/AnalysisOptions.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/Counts.h"
@@ -172,9 +173,19 @@ void InfoView::stopWalk()
     showPage();
 }
 
-void InfoView::showWait(const QString &name, std::optional<int> seconds)
+void InfoView::showWait(const QString &name, std::optional<int> seconds,
+                        const std::optional<DigestProgress> &digests)
 {
-    _waiting->setTexts(tr("Reading %1…").arg(name), seconds ? tr("%1 s").arg(*seconds) : QString());
+    const auto sizeText = _settings.boolean(Setting::useSIUnits) ? Utilities::filesizeToMacHumanString
+                                                                 : Utilities::filesizeToBase2HumanString;
+    QStringList hints;
+    if (digests)
+        hints.append(tr("Computing digests: %1 of %2")
+                         .arg(sizeText(static_cast<qint64>(digests->done)),
+                              sizeText(static_cast<qint64>(digests->total))));
+    if (seconds)
+        hints.append(tr("%1 s").arg(*seconds));
+    _waiting->setTexts(tr("Reading %1…").arg(name), hints.join(QStringLiteral(", ")));
     _skip->setVisible(seconds.has_value());
     _isWaiting = true;
     showPage();

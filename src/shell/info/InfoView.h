@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/DigestProgress.h"
 #include "model/QuorvinData.h"
 #include "shell/commands/Command.h"
 
@@ -48,7 +49,9 @@ public:
     void stopWalk();
 
     /// The file of that name is being read. From when it can be skipped on, `seconds` tells for how long.
-    void showWait(const QString &name, std::optional<int> seconds);
+    /// `digests` are computed at the time.
+    void showWait(const QString &name, std::optional<int> seconds,
+                  const std::optional<DigestProgress> &digests);
     void stopWaiting();
 
     /// What the panes can do on command.

@@ -119,7 +119,7 @@ void MainView::showWait()
         return _info->stopWaiting();
     const bool isLong = wait.stage() == CurrentFileWait::Long;
     _info->showWait(lastPathComponent(wait.file()->filename()),
-                    isLong ? std::optional(wait.seconds()) : std::nullopt);
+                    isLong ? std::optional(wait.seconds()) : std::nullopt, wait.file()->digestProgress());
 }
 
 void MainView::showTotals()
