@@ -5,6 +5,7 @@
 
 #include "shell/commands/CommandTable.h"
 #include "shell/desktop/Icons.h"
+#include "shell/desktop/PlainText.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -68,9 +69,9 @@ QAction *CommandSet::makeAction(const CommandRow &row, QWidget *area)
     if (row.places.testFlag(CommandPlace::TabSelector))
         _tabs->addAction(action);
     if (row.tip) {
-        action->setStatusTip(translated(row.tip));
-        action->setToolTip(QStringLiteral("%1 (%2)").arg(
-            translated(row.tip), action->shortcut().toString(QKeySequence::NativeText)));
+        const QString keys = action->shortcut().toString(QKeySequence::NativeText);
+        action->setStatusTip(plainTip(translated(row.tip)));
+        action->setToolTip(plainTip(QStringLiteral("%1 (%2)").arg(translated(row.tip), keys)));
     }
     connect(action, &QAction::triggered, this, [this, command = row.command] { run(command); });
     area->addAction(action);

@@ -158,8 +158,8 @@ bool FilelistDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     if (const QString reason = index.data(FilelistRow::ReasonRole).toString(); !reason.isEmpty())
         text += u'\n' + reason;
     const int width = view->screen()->availableGeometry().width() - kBesideTip;
-    QToolTip::showText(view->viewport()->mapToGlobal(placesOf(option).text.topLeft()),
-                       plainTip(text, QToolTip::font(), width), view->viewport(), option.rect);
+    const QPoint place = view->viewport()->mapToGlobal(placesOf(option).text.topLeft());
+    QToolTip::showText(place, plainTip(text, QToolTip::font(), width), view->viewport(), option.rect);
     return true;
 }
 
