@@ -25,6 +25,12 @@ int cores()
     return std::max(1, static_cast<int>(std::thread::hardware_concurrency()));
 }
 
+void setWanted(const std::vector<FilelistItemPtr> &files, bool wanted)
+{
+    for (const FilelistItemPtr &file : files)
+        file->setIsWanted(wanted);
+}
+
 } // namespace
 
 DataCacher::DataCacher(std::function<AnalysisSetup()> setup)
@@ -36,6 +42,7 @@ DataCacher::DataCacher(std::function<AnalysisSetup()> setup)
 
 DataCacher::~DataCacher()
 {
+    _shared->forgetSetup();
     cancelThreads();
 }
 
@@ -75,6 +82,7 @@ int DataCacher::numberOfThreadsToWorkWithFilesCount(std::size_t files, int mode,
 
 void DataCacher::processFiles(const std::vector<FilelistItemPtr> &files)
 {
+    setWanted(files, true);
     if (!files.empty())
         _shared->fileQueue.addFilesToEnd(files);
     startThreadsForQueue();
@@ -82,6 +90,7 @@ void DataCacher::processFiles(const std::vector<FilelistItemPtr> &files)
 
 void DataCacher::processFilesFirstly(const std::vector<FilelistItemPtr> &files)
 {
+    setWanted(files, true);
     _shared->fileQueue.addFilesToStart(files);
     startThreadsForQueue();
 }
@@ -102,11 +111,13 @@ void DataCacher::startThreadsForQueue()
 
 void DataCacher::removeFiles(const std::vector<FilelistItemPtr> &files)
 {
-    _shared->fileQueue.removeFiles(files);
+    // Whoever takes them from the queue drops them: to look for thousands there takes its time.
+    setWanted(files, false);
 }
 
 void DataCacher::processFileFirstly(const FilelistItemPtr &file)
 {
+    file->setIsWanted(true);
     _shared->takeFromSlowFiles(file);
     _shared->fileQueue.addForcedFileToStart(file);
     startThreadsForQueue();

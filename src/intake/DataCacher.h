@@ -26,7 +26,7 @@ struct DataCacherShared;
 /// outlive it.
 class DataCacher {
 public:
-    /// `setup` is asked by each thread when it starts; it must stay callable for as long as the threads run.
+    /// `setup` is asked by each thread when it starts; it must stay callable for as long as this object is.
     explicit DataCacher(std::function<AnalysisSetup()> setup);
     /// As `cancelThreads`.
     ~DataCacher();
@@ -52,7 +52,8 @@ public:
     /// reader of its own after a moment.
     void processFileFirstly(const FilelistItemPtr &file);
 
-    /// Files that are only queued are never read, and nothing is delivered for them.
+    /// Files that are only queued are never read, and nothing is delivered for them, until they are queued
+    /// again.
     void removeFiles(const std::vector<FilelistItemPtr> &files);
     /// The file fails at once, as skipped, whether it is queued or in work. Does nothing for one that is
     /// done.

@@ -70,8 +70,11 @@ FilelistItemPtr DataCacherFileQueue::takeLast(std::vector<FilelistItemPtr> &file
 void DataCacherFileQueue::clear()
 {
     const std::lock_guard guard(queueLock);
-    fileQueue.clear();
-    forcedFiles.clear();
+    for (auto *files : {&fileQueue, &forcedFiles}) {
+        for (const FilelistItemPtr &file : *files)
+            file->setIsWanted(file->isDone());
+        files->clear();
+    }
     keepCount();
 }
 

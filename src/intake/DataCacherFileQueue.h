@@ -28,6 +28,7 @@ public:
     FilelistItemPtr nextItem();
     /// The same, among those that were forced.
     FilelistItemPtr nextForcedItem();
+    /// Nobody waits any more for those that are not done.
     void clear();
     /// Read without the lock.
     std::size_t count() const { return _count; }

@@ -14,6 +14,18 @@ constexpr std::size_t kMostSlowThreads = 2;
 
 } // namespace
 
+std::optional<AnalysisSetup> DataCacherShared::askSetup()
+{
+    const std::lock_guard guard(setupLock);
+    return setup ? std::optional(setup()) : std::nullopt;
+}
+
+void DataCacherShared::forgetSetup()
+{
+    const std::lock_guard guard(setupLock);
+    setup = {};
+}
+
 bool DataCacherShared::leave(int thread, const std::stop_token &stop)
 {
     // In one go: a cancel finds the thread as long as it may still read something. Who adds files asks for
@@ -158,8 +170,10 @@ void DataCacherShared::forgetFiles()
 {
     fileQueue.clear();
     const std::lock_guard guard(safeLock);
-    for (const auto &[file, process] : filesInProcess)
+    for (const auto &[file, process] : filesInProcess) {
         file->setIsInProcess(false);
+        file->setIsWanted(false);
+    }
     filesInProcess.clear();
     filesWaitingForFinishProcessing.clear();
     slowFiles.clear();
@@ -196,6 +210,8 @@ Claim DataCacherShared::setFileIsInProcess(const FilelistItemPtr &file, int thre
     const bool isOut = thread != 0 && !threads.contains(thread);
     if (isOut || stop.stop_requested())
         return Claim::Cancelled;
+    if (!file->isWanted())
+        return Claim::Unwanted;
     if (file->isDone())
         return Claim::Done;
     if (!filesInProcess.try_emplace(file, FileInProcess{thread, {}}).second) {

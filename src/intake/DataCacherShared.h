@@ -11,6 +11,7 @@
 #include <deque>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <set>
 #include <stop_token>
 #include <unordered_map>
@@ -23,6 +24,7 @@ enum class Claim {
     Done = 1, ///< it is finished
     InProcess = 2, ///< another thread works on it, and will answer for this request too
     Cancelled = 3, ///< this thread has no more work to do
+    Unwanted = 4, ///< nobody waits for it any more
 };
 
 /// A thread and the file that it works on, which it can be made to give up.
@@ -34,7 +36,8 @@ struct FileInProcess {
 /// The state of a pool. Outlives the pool for as long as a thread runs. No two of its locks are ever held at
 /// once.
 struct DataCacherShared {
-    std::function<AnalysisSetup()> setup;
+    std::mutex setupLock; ///< guards `setup` while it is asked
+    std::function<AnalysisSetup()> setup; ///< empty once the pool is gone
     DataCacherFileQueue fileQueue;
 
     std::mutex safeLock; ///< for bookkeeping only; guards all below, and the items' record and flags
@@ -49,6 +52,10 @@ struct DataCacherShared {
     std::deque<FilelistItemPtr> slowFiles; ///< in process, and waiting for a slow thread
 
     std::shared_ptr<DataCacherMail> mail;
+
+    /// For a thread that starts. Absent when the pool is gone, and all that it leaned on may be.
+    std::optional<AnalysisSetup> askSetup();
+    void forgetSetup();
 
     /// The thread with that number has found nothing to do any more. False when there is something after all:
     /// it is to go on.

@@ -38,15 +38,15 @@ public:
     };
 
     /// The one that `isLast` answers for files that it can't read.
-    Worker(const std::shared_ptr<DataCacherShared> &pool, int thread, std::stop_token stop, Lane lane,
-           bool isLast)
+    Worker(const std::shared_ptr<DataCacherShared> &pool, AnalysisSetup setup, int thread,
+           std::stop_token stop, Lane lane, bool isLast)
         : _pool(pool),
           _shared(*pool),
           _thread(thread),
           _stop(std::move(stop)),
           _lane(lane),
           _isLast(isLast),
-          _setup(_shared.setup()),
+          _setup(std::move(setup)),
           _runner(_setup.makeRunner())
     {
         _runner->setWhenSlow([this](bool advances) { return goesOnSlowly(advances); });
@@ -262,8 +262,11 @@ void processFilesInThread(const std::shared_ptr<DataCacherShared> &shared, int t
                           const std::stop_token &stop)
 {
     for (bool isLast = false;;) {
+        auto setup = shared->askSetup();
+        if (!setup)
+            return;
         // Ends, and its reader with it, before the thread counts as gone.
-        const Worker::End end = Worker(shared, thread, stop, lane, isLast).run();
+        const Worker::End end = Worker(shared, *std::move(setup), thread, stop, lane, isLast).run();
         const bool wasOwn = std::exchange(lane, Lane::Any) == Lane::Own;
         if (wasOwn                       ? shared->leaveOwn(thread, stop)
                 : end == Worker::NoFiles ? shared->leave(thread, stop)

@@ -23,6 +23,8 @@ namespace quorvin {
 
 namespace {
 
+constexpr int kEntriesBetween = 500; ///< of a folder, between two reports
+
 /// A folder that is being walked, with the way up from it.
 struct Folder {
     dev_t device = 0;
@@ -86,8 +88,10 @@ bool isSymbolicLink(DIR *directory, const dirent &entry)
 /// One walk: a stack of folders and what came out of them.
 class Walk {
 public:
-    explicit Walk(std::vector<FilelistItemPtr> &files, std::vector<FilelistFiller::Problem> &problems)
-        : _files(files), _problems(problems)
+    /// `goesOn` is asked now and then, also within a folder, and told the number of files found so far.
+    Walk(std::vector<FilelistItemPtr> &files, std::vector<FilelistFiller::Problem> &problems,
+         std::function<bool(std::size_t)> goesOn)
+        : _files(files), _problems(problems), _goesOn(std::move(goesOn))
     {
     }
 
@@ -118,8 +122,11 @@ public:
             return;
 
         errno = 0;
+        int entries = 0;
         while (const dirent *entry = ::readdir(directory.get())) {
             take(directory.get(), *entry, next, folder);
+            if (++entries % kEntriesBetween == 0 && !_goesOn(_files.size()))
+                return;
             errno = 0;
         }
         if (errno != 0)
@@ -164,6 +171,7 @@ private:
 
     std::vector<FilelistItemPtr> &_files;
     std::vector<FilelistFiller::Problem> &_problems;
+    std::function<bool(std::size_t)> _goesOn;
     std::vector<Pending> _pending;
     std::map<QString, Pending> _links; ///< by their paths
     std::set<std::pair<dev_t, ino_t>> _entered;
@@ -175,13 +183,17 @@ FilelistFiller FilelistFiller::fillerWithSourceArray(const QStringList &paths, c
                                                      const std::function<void(std::size_t)> &progress)
 {
     FilelistFiller filler;
-    Walk walk(filler._filelist, filler._problems);
+    const auto goesOn = [&](std::size_t found) {
+        if (progress)
+            progress(found);
+        return !stop.stop_requested();
+    };
+    Walk walk(filler._filelist, filler._problems, goesOn);
     for (const QString &path : paths)
         walk.start(path, paths.size() < 2);
     while (!walk.isOver() && !stop.stop_requested()) {
         walk.listNextFolder();
-        if (progress)
-            progress(filler._filelist.size());
+        goesOn(filler._filelist.size());
     }
     filler.sortFilelistLikeFinder();
     return filler;

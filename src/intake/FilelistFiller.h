@@ -31,7 +31,8 @@ public:
 
     /// Walks at once, on the calling thread. `paths` are absolute. With two or more of them, the prefixed
     /// path of a file in a folder begins with the folder's own name. A stop ends the walk with what it has
-    /// found. `progress` is told the number of files found so far, once a folder.
+    /// found. `progress` is told the number of files found so far, at each folder and
+    /// within long ones.
     static FilelistFiller fillerWithSourceArray(const QStringList &paths, const std::stop_token &stop = {},
                                                 const std::function<void(std::size_t)> &progress = {});
 

@@ -42,6 +42,8 @@ public:
     bool isDone() const { return _isDone; }
     /// A thread has it in hand.
     bool isInProcess() const { return _isInProcess; }
+    /// Somebody waits for its analysis, or did when it ended.
+    bool isWanted() const { return _isWanted; }
     /// The last analysis gave no record.
     bool isFailed() const;
     /// Why the last analysis gave no record; "" when it did not fail.
@@ -52,6 +54,7 @@ public:
     std::optional<MapLocationInfo> mapLocationInfo() const;
 
     void setIsDone(bool done) { _isDone = done; }
+    void setIsWanted(bool wanted) { _isWanted = wanted; }
     void setIsInProcess(bool inProcess) { _isInProcess = inProcess; }
     void setDigestProgress(const DigestProgress &progress);
     /// What an analysis gave.
@@ -70,6 +73,7 @@ private:
     QString _prefixedPath;
     std::atomic<bool> _isDone = false;
     std::atomic<bool> _isInProcess = false;
+    std::atomic<bool> _isWanted = false;
     mutable std::mutex _lock; ///< guards all below
     QuorvinDataPtr _quorvinData;
     bool _isFailed = false;

@@ -22,7 +22,11 @@ qint64 durationOf(const std::vector<FilelistItemPtr> &files)
 ListTotals FilelistTotals::totals(WindowWorker &worker, const std::vector<FilelistItemPtr> &filelist,
                                   const std::vector<FilelistItemPtr> &arranged)
 {
-    ListTotals totals{static_cast<qint64>(arranged.size()), static_cast<qint64>(filelist.size()), {}};
+    ListTotals totals;
+    totals.shown = static_cast<qint64>(arranged.size());
+    totals.all = static_cast<qint64>(filelist.size());
+    totals.failed = worker.countFailed();
+    totals.unread = worker.countUnread();
     if (filelist.empty() || !worker.processingIsDone())
         return totals;
     if (worker.isTotalDurationChanged) {

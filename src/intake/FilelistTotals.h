@@ -10,11 +10,13 @@
 
 namespace quorvin {
 
-/// How many files a window's list has and how long they play in all.
+/// How many files a window's list has, how long they play in all, and how many of them have no record.
 struct ListTotals {
     qint64 shown = 0; ///< arranged files
     qint64 all = 0; ///< files of the whole list
-    std::optional<qint64> duration; ///< milliseconds; absent until all files are processed
+    std::optional<qint64> duration = {}; ///< milliseconds; absent until all files are processed
+    qint64 failed = 0; ///< of all
+    qint64 unread = 0; ///< of all, since reading was stopped
 
     bool operator==(const ListTotals &) const = default;
 };

@@ -3,7 +3,6 @@
 
 #include "intake/WindowWorker.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace quorvin {
@@ -27,22 +26,36 @@ void WindowWorker::startNewProcessingWithFiles(const std::vector<FilelistItemPtr
 {
     if (cleanStart) {
         _files.clear();
+        _failed.clear();
+        _unread.clear();
         _countToProcess = 0;
         _countProcessed = 0;
     }
-    _countToProcess += static_cast<qint64>(files.size()) - std::exchange(_countProcessed, 0);
-    _files.reserve(_files.size() + files.size());
-    for (const FilelistItemPtr &file : files)
-        ++_files[file].toBeDone;
+    ++_run;
+    _countToProcess -= std::exchange(_countProcessed, 0);
+    _files.reserve(_files.size() + static_cast<qsizetype>(files.size()));
+    for (const FilelistItemPtr &file : files) {
+        Progress &progress = _files[file.get()];
+        _countToProcess += !std::exchange(progress.isPending, true);
+        _failed.remove(file.get());
+        _unread.remove(file.get());
+    }
     _processingIsDone = false;
 }
 
 void WindowWorker::fileIsReady(const FilelistItemPtr &file)
 {
-    const auto found = _files.find(file);
-    if (found != _files.end() && found->second.done < found->second.toBeDone) {
-        ++found->second.done;
-        ++_countProcessed;
+    const auto found = _files.find(file.get());
+    if (found != _files.end()) {
+        if (std::exchange(found->isPending, false)) {
+            found->run = _run;
+            ++_countProcessed;
+        }
+        _unread.remove(file.get());
+        if (file->isFailed())
+            _failed.insert(file.get());
+        else
+            _failed.remove(file.get());
     }
     settle();
 }
@@ -55,19 +68,25 @@ void WindowWorker::settle()
 
 void WindowWorker::fileIsRemoved(const FilelistItemPtr &file)
 {
-    const auto found = _files.find(file);
-    const Counts counts = found == _files.end() ? Counts{} : found->second;
-    if (_countToProcess > 0)
+    const Progress progress = _files.take(file.get());
+    _failed.remove(file.get());
+    _unread.remove(file.get());
+    if (progress.isPending) {
         --_countToProcess;
-    if (counts.done >= counts.toBeDone && _countProcessed > 0)
+    } else if (progress.run == _run) {
+        --_countToProcess;
         --_countProcessed;
-    if (counts.toBeDone <= 1) {
-        if (found != _files.end())
-            _files.erase(found);
-        return;
     }
-    --found->second.toBeDone;
-    found->second.done = std::min(counts.done, counts.toBeDone - 1);
+}
+
+void WindowWorker::stopProcessing()
+{
+    for (auto [file, progress] : _files.asKeyValueRange()) {
+        if (std::exchange(progress.isPending, false))
+            _unread.insert(file);
+    }
+    _countToProcess = _countProcessed;
+    _processingIsDone = true;
 }
 
 } // namespace quorvin

@@ -6,9 +6,11 @@
 #include "intake/DataCacher.h"
 #include "intake/FilelistItem.h"
 
+#include <QHash>
+#include <QSet>
+
 #include <memory>
 #include <optional>
-#include <unordered_map>
 #include <vector>
 
 namespace quorvin {
@@ -30,12 +32,15 @@ public:
     DataCacher *dataCacher() const { return _cacher.get(); }
     void setDataCacher(std::unique_ptr<DataCacher> cacher) { _cacher = std::move(cacher); }
 
-    /// Call before the files go to the pool. A clean start forgets all other files. Without it the counts run
-    /// from 0 for what is left plus the new files.
+    /// Call before the files go to the pool, for new ones and for those that are to be read once more. A
+    /// clean start forgets all other files. Without it the counts run from 0 for what is left plus these
+    /// files.
     void startNewProcessingWithFiles(const std::vector<FilelistItemPtr> &files, bool cleanStart);
-    /// Counts a delivery, once for each time that the file was started with.
+    /// Counts a delivery, once for each start with the file.
     void fileIsReady(const FilelistItemPtr &file);
     void fileIsRemoved(const FilelistItemPtr &file);
+    /// Nothing more will come: what has not come is unread, and processing is done.
+    void stopProcessing();
     /// Nothing more is on its way but what was counted: with all of it processed, processing is done.
     void settle();
 
@@ -45,17 +50,26 @@ public:
     /// change it.
     bool processingIsDone() const { return _processingIsDone; }
 
+    qint64 countFailed() const { return _failed.size(); }
+    /// Files that `stopProcessing` gave up and nobody has started since.
+    qint64 countUnread() const { return _unread.size(); }
+    bool isUnread(const FilelistItemPtr &file) const { return _unread.contains(file.get()); }
+
     bool isTotalDurationChanged = false; ///< the sum of the durations must be made anew
 
 private:
-    struct Counts {
-        int toBeDone = 0;
-        int done = 0;
+    struct Progress {
+        bool isPending = false;
+        unsigned run = 0; ///< in which it was finished
     };
 
     FilelistItemPtr _currentFilelistItem;
     std::unique_ptr<DataCacher> _cacher;
-    std::unordered_map<FilelistItemPtr, Counts> _files;
+    // By their addresses: a file is gone from here before it is gone.
+    QHash<const FilelistItem *, Progress> _files;
+    QSet<const FilelistItem *> _failed;
+    QSet<const FilelistItem *> _unread;
+    unsigned _run = 0;
     qint64 _countToProcess = 0;
     qint64 _countProcessed = 0;
     bool _processingIsDone = false;

@@ -93,6 +93,42 @@ TEST(WindowWorker, RemovedFilesLeaveTheCounts)
     EXPECT_EQ(counts(worker), QStringLiteral("0/0!"));
 }
 
+TEST(WindowWorker, FilesReadOnceMoreCountOnceMore)
+{
+    WindowWorker worker;
+    const auto list = files(4);
+    worker.startNewProcessingWithFiles(list, true);
+    for (int i = 0; i < 3; ++i)
+        worker.fileIsReady(list[static_cast<std::size_t>(i)]);
+    worker.startNewProcessingWithFiles({list[1], list[3]}, false);
+    EXPECT_EQ(counts(worker), QStringLiteral("0/2")) << "one is on its way already";
+    worker.fileIsRemoved(list[0]);
+    EXPECT_EQ(counts(worker), QStringLiteral("0/2")) << "it was of the run before";
+    worker.fileIsReady(list[3]);
+    worker.fileIsReady(list[1]);
+    EXPECT_EQ(counts(worker), QStringLiteral("2/2!"));
+}
+
+TEST(WindowWorker, KnowsWhatFailedAndWhatWasLeftUnread)
+{
+    WindowWorker worker;
+    const auto list = files(4);
+    worker.startNewProcessingWithFiles(list, true);
+    list[0]->setResult(failure(QStringLiteral("it is bad")));
+    worker.fileIsReady(list[0]);
+    worker.stopProcessing();
+    EXPECT_EQ(counts(worker), QStringLiteral("1/1!"));
+    EXPECT_TRUE(worker.isUnread(list[1]) && !worker.isUnread(list[0]));
+    FilelistTotals totals;
+    EXPECT_EQ(totals.totals(worker, list, list).failed, 1);
+    EXPECT_EQ(totals.totals(worker, list, list).unread, 3);
+    worker.fileIsRemoved(list[2]);
+    worker.startNewProcessingWithFiles({list[0], list[1]}, false);
+    EXPECT_EQ(worker.countFailed(), 0);
+    EXPECT_EQ(worker.countUnread(), 1);
+    EXPECT_EQ(counts(worker), QStringLiteral("0/2"));
+}
+
 TEST(WindowWorker, KnowsTheCurrentFileAndWhereItWasRecorded)
 {
     WindowWorker worker;

@@ -89,6 +89,30 @@ TEST(FilelistModel, KeepsItsShapeWhileFilesComeAndGo)
     EXPECT_EQ(model.fileAt(-1), nullptr);
 }
 
+TEST(FilelistModel, FilesComeBackToTheirRows)
+{
+    std::vector<FilelistItemPtr> files;
+    for (int i = 0; i < 100; ++i)
+        files.push_back(file(QString::number(i)));
+    for (const int step : {2, 30}) {
+        FilelistModel model;
+        const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
+        model.setFiles(files);
+        std::vector<int> rows;
+        for (int row = 0; row < 100; ++row) {
+            if (row % step < step / 2)
+                rows.push_back(row);
+        }
+        const auto removed = model.removeFiles(rows);
+        model.insertFilesAt(rows, removed);
+        EXPECT_EQ(model.files(), files);
+    }
+    FilelistModel shorter;
+    shorter.setFiles({files[0]});
+    shorter.insertFilesAt({0, 7}, {files[1], files[2]});
+    EXPECT_EQ(names(shorter.files()), QStringLiteral("1 0 2")) << "at the end of a list that is shorter now";
+}
+
 TEST(FilelistModel, TellsHowAFileStands)
 {
     FilelistModel model;
@@ -97,6 +121,8 @@ TEST(FilelistModel, TellsHowAFileStands)
     failed->setIsDone(true);
     failed->setResult(failure(QStringLiteral("it is bad")));
     model.setFiles({waiting, failed});
+    EXPECT_EQ(model.index(0).data(FilelistRow::StateRole).toInt(), FilelistRow::Unread);
+    waiting->setIsWanted(true);
     EXPECT_EQ(model.index(0).data(FilelistRow::StateRole).toInt(), FilelistRow::Waiting);
     EXPECT_EQ(model.index(1).data(FilelistRow::StateRole).toInt(), FilelistRow::Failed);
     EXPECT_TRUE(model.index(1).data(Qt::ToolTipRole).toString().contains(QStringLiteral("it is bad")));

@@ -17,6 +17,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QDropEvent>
 #include <QLabel>
 #include <QMenu>
@@ -272,6 +273,17 @@ TEST_F(Window, OpenRequestsLeaveAWindowAloneThatShowsFiles)
     window->commands().run(Command::removeSelectedItems);
     window->commands().run(Command::removeSelectedItems);
     EXPECT_TRUE(window->isUntouched());
+}
+
+TEST_F(Window, TellsWhatAWalkCouldNotReadAndThatAFolderIsEmpty)
+{
+    StatusLine &line = view->statusLine();
+    list->processFiles({QString()});
+    ASSERT_TRUE(spinUntil([&] { return !line.saying().isEmpty(); }));
+    EXPECT_EQ(line.saying(), QStringLiteral("1 folder could not be read"));
+    ASSERT_TRUE(QDir().mkdir(folder / QStringLiteral("hollow")));
+    list->processFiles({folder / QStringLiteral("hollow")});
+    ASSERT_TRUE(spinUntil([&] { return line.saying().contains(QStringLiteral("“hollow”")); }));
 }
 
 TEST_F(Window, ClosesWhileFilesAreRead)

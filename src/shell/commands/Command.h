@@ -17,12 +17,16 @@ enum class Command {
     addFile,
     openFileInNewWindow,
     refreshInfo,
+    refreshAll,
+    stopReading,
+    cancelWalks,
     revealInFinder,
     menuExportNew,
     exportSelection,
     closeWindow,
     quit,
 
+    undoRemoval,
     copy,
     copyValue,
     copyGeneralInfo,
@@ -30,6 +34,7 @@ enum class Command {
     paste,
     selectAll,
     removeSelectedItems,
+    selectNextFailed,
     openPreferences,
 
     selectGeneralTab,
@@ -62,6 +67,10 @@ struct CommandState {
     bool hasFiles = false;
     bool hasCurrentFile = false;
     bool hasRecord = false; ///< of the current file
+    bool hasFailed = false; ///< some file could not be read
+    bool isReading = false; ///< files are on their way
+    bool isWalking = false; ///< folders are looked through
+    bool canUndoRemoval = false;
     bool canExportAll = false; ///< all files are done, and no export is under way
     bool canExportSelection = false; ///< the current file has a record, and no export is under way
     bool canCopy = false; ///< what has the keyboard has something to copy

@@ -4,55 +4,22 @@
 #include "shell/filelist/FilelistController.h"
 
 #include "model/Log.h"
-#include "platform/HeapMemory.h"
 #include "platform/NativePath.h"
 #include "shell/desktop/BackgroundRun.h"
+#include "shell/filelist/Disposal.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace quorvin {
 
-namespace {
-
-/// So often the totals follow a run.
-constexpr int kTotalsMilliseconds = 50;
-/// With nothing delivered for so long a run has come to rest.
-constexpr int kRestMilliseconds = 1000;
-/// What is freed of fewer is soon used again.
-constexpr std::size_t kManyRecords = 1000;
-/// A closing window stays no longer for threads that do not end.
-constexpr std::chrono::milliseconds kLongestClose{1000};
-
-/// Thousands of records take their time to go.
-template <typename Items>
-void disposeElsewhere(Items items)
-{
-    BackgroundRunBase::runOnThread("Disposal", [items = std::move(items)]() mutable {
-        const bool areMany = items.size() >= kManyRecords;
-        items.clear();
-        if (areMany)
-            giveFreeMemoryBack();
-    });
-}
-
-} // namespace
-
 FilelistController::FilelistController(const LiveSettings &settings, QObject *parent)
-    : QObject(parent), _settings(settings)
+    : QObject(parent), _reading(settings)
 {
-    _totalsTimer.setSingleShot(true);
-    _totalsTimer.setInterval(kTotalsMilliseconds);
-    connect(&_totalsTimer, &QTimer::timeout, this, &FilelistController::updateTotals);
-    _restTimer.setSingleShot(true);
-    _restTimer.setInterval(kRestMilliseconds);
-    connect(&_restTimer, &QTimer::timeout, this, [this] {
-        if (std::exchange(_deliveredSinceRest, 0) >= kManyRecords)
-            BackgroundRunBase::runOnThread("Disposal", giveFreeMemoryBack);
-    });
+    connect(&_reading, &FileReading::progressed, this, &FilelistController::updateTotals);
+    connect(&_reading, &FileReading::filesChanged, &_whole, &FilelistModel::filesChanged);
+    connect(&_reading, &FileReading::fileIsReady, this, &FilelistController::fileIsReady);
     connect(&_walks, &FolderWalks::found, this, &FilelistController::takeFiles);
-    connect(&_wait, &CurrentFileWait::skipWanted, this,
-            [this](const FilelistItemPtr &file) { _worker.dataCacher()->skipFile(file); });
     connect(&_selection, &QItemSelectionModel::selectionChanged, this,
             &FilelistController::selectionDidChange);
     connect(&_selection, &QItemSelectionModel::currentChanged, this, &FilelistController::selectionDidChange);
@@ -68,9 +35,9 @@ FilelistController::~FilelistController()
     disconnect(&_selection, nullptr, this, nullptr);
     disconnect(&_arranged, nullptr, this, nullptr);
     // Whoever lets go last has the work of it.
-    _worker.setDataCacher(nullptr);
-    _worker.setCurrentFile(nullptr);
-    _worker.startNewProcessingWithFiles({}, true);
+    _reading.worker().setDataCacher(nullptr);
+    _reading.worker().setCurrentFile(nullptr);
+    _removed.clear();
     disposeElsewhere(_whole.setFiles({}));
 }
 
@@ -105,11 +72,10 @@ void FilelistController::takeFiles(const FolderWalks::Request &request,
     if (_isWindowClosing)
         return;
     if (request.index == FolderWalks::Request::kReplace || filelist().empty()) {
-        _roots = std::make_shared<RootSet>(request.paths);
-        replaceContent(files);
+        replaceContent(files, request.paths);
     } else {
         const int rows = _arranged.rowCount();
-        _roots->add(request.paths);
+        _reading.addRoots(request.paths);
         insertFiles(request.index, files);
         if (request.index == FolderWalks::Request::kEndAndSelect && rows < _arranged.rowCount())
             selectRow(rows);
@@ -117,17 +83,11 @@ void FilelistController::takeFiles(const FolderWalks::Request &request,
     Q_EMIT filesTaken(request.paths);
 }
 
-void FilelistController::replaceContent(const std::vector<FilelistItemPtr> &files)
+void FilelistController::replaceContent(const std::vector<FilelistItemPtr> &files, const QStringList &roots)
 {
-    _worker.setCurrentFile(nullptr);
-    _wait.stop();
-    _worker.setDataCacher(nullptr);
     _totals.clear();
-    startPool();
-    _worker.startNewProcessingWithFiles(files, true);
-    _worker.dataCacher()->processFiles(files);
-    if (files.empty())
-        _worker.settle();
+    _removed.clear();
+    _reading.start(files, roots);
     disposeElsewhere(_whole.setFiles(files));
     updateTotals();
     if (_arranged.rowCount() == 0)
@@ -141,19 +101,9 @@ void FilelistController::insertFiles(int index, const std::vector<FilelistItemPt
     if (files.empty())
         return;
     const int count = _whole.rowCount();
-    _worker.startNewProcessingWithFiles(files, false);
-    _worker.dataCacher()->processFiles(files);
+    _reading.add(files);
     _whole.insertFiles(index < 0 || index >= count ? count : index, files);
     updateTotals();
-}
-
-void FilelistController::startPool()
-{
-    auto pool = std::make_unique<DataCacher>(
-        [&settings = _settings.values(), roots = _roots] { return analysisSetupFrom(settings, roots); });
-    pool->setMTMode(_settings.integer(Setting::MTMode));
-    pool->setDelegate(this);
-    _worker.setDataCacher(std::move(pool));
 }
 
 void FilelistController::arrangedObjectsDidChange()
@@ -164,28 +114,12 @@ void FilelistController::arrangedObjectsDidChange()
     Q_EMIT windowArrangedFilelistDidChange();
 }
 
-void FilelistController::dataCacherNewObjectReady(const DataCacherDelivery &delivery)
+void FilelistController::fileIsReady(const DataCacherDelivery &delivery)
 {
-    if (_isWindowClosing)
+    if (delivery.file != worker().currentFile())
         return;
-    if (delivery.data)
-        _worker.isTotalDurationChanged = true;
-    _worker.fileIsReady(delivery.file);
-    _delivered.push_back(delivery.file);
-    if (!_totalsTimer.isActive())
-        _totalsTimer.start();
-    if (delivery.file != _worker.currentFile())
-        return;
-    _wait.stop();
     Q_EMIT currentFileIsReady(delivery.status == DataCacherDelivery::Fresh);
     Q_EMIT stateDidChange();
-}
-
-void FilelistController::dataCacherDidDeliver()
-{
-    _deliveredSinceRest += _delivered.size();
-    _whole.filesChanged(std::exchange(_delivered, {}));
-    _restTimer.start();
 }
 
 int FilelistController::selectedRow() const
@@ -228,7 +162,7 @@ void FilelistController::selectionDidChange()
     const int row = selectedRow();
     if (row < 0 && _arranged.rowCount() > 0)
         return selectRow(0);
-    if (_arranged.fileAt(row) != _worker.currentFile())
+    if (_arranged.fileAt(row) != worker().currentFile())
         showFileAtIndex(row);
 }
 
@@ -238,26 +172,17 @@ void FilelistController::showFileAtIndex(int row)
     if (row >= count || (row < 0 && count > 0))
         return;
     const FilelistItemPtr file = _arranged.fileAt(row);
-    _worker.setCurrentFile(file);
-    _wait.stop();
+    _reading.setCurrentFile(file);
     if (!file)
         updateTotals();
     Q_EMIT currentFileDidChange();
     if (file && !file->isFailed() && !file->quorvinData())
-        readFirstly(file);
+        _reading.readFirstly(file);
     Q_EMIT stateDidChange();
-}
-
-void FilelistController::readFirstly(const FilelistItemPtr &file)
-{
-    _worker.dataCacher()->processFileFirstly(file);
-    if (file == _worker.currentFile())
-        _wait.start(file);
 }
 
 void FilelistController::updateTotals()
 {
-    _totalsTimer.stop();
     Q_EMIT totalsDidChange();
     Q_EMIT stateDidChange();
 }
@@ -265,7 +190,7 @@ void FilelistController::updateTotals()
 void FilelistController::changeCurrentFile(const QString &command,
                                            const std::function<Expected<void>(const QString &)> &change)
 {
-    const FilelistItemPtr file = _worker.currentFile();
+    const FilelistItemPtr file = worker().currentFile();
     if (!file)
         return;
     runInBackground(
@@ -286,7 +211,7 @@ void FilelistController::reprocess(const FilelistItemPtr &file)
 {
     file->setIsDone(false);
     file->releaseQuorvinData();
-    readFirstly(file);
+    _reading.readFirstly(file);
 }
 
 void FilelistController::refreshInfo()
@@ -295,26 +220,41 @@ void FilelistController::refreshInfo()
     for (const int row : selectedRows())
         files.push_back(_arranged.fileAt(row));
     readAgain(files);
+    goOn();
 }
 
 void FilelistController::refreshAll()
 {
-    readAgain(filelist());
+    const std::vector<FilelistItemPtr> &shown = _arranged.files();
+    readAgain(shown.size() == filelist().size() ? shown : filelist());
 }
 
 void FilelistController::readAgain(const std::vector<FilelistItemPtr> &files)
 {
-    std::vector<QuorvinDataPtr> old;
-    for (const FilelistItemPtr &file : files) {
-        old.push_back(file->quorvinData());
-        file->resetQuorvinData();
-        if (file == _worker.currentFile())
-            Q_EMIT currentFileDidChange();
-        readFirstly(file);
-    }
-    disposeElsewhere(std::move(old));
-    _whole.filesChanged(files);
+    _reading.readAgain(files);
+    const FilelistItemPtr &current = worker().currentFile();
+    if (!current || current->isDone())
+        return Q_EMIT stateDidChange();
+    Q_EMIT currentFileDidChange();
+    if (files.size() > 1)
+        _reading.readFirstly(current);
     Q_EMIT stateDidChange();
+}
+
+void FilelistController::stopReading()
+{
+    _reading.stop();
+    _whole.allFilesChanged();
+    if (const FilelistItemPtr &current = worker().currentFile(); current && !current->isDone())
+        Q_EMIT currentFileDidChange();
+    Q_EMIT readingDidStop();
+    Q_EMIT stateDidChange();
+}
+
+void FilelistController::goOn()
+{
+    _reading.goOn(filelist());
+    updateTotals();
 }
 
 void FilelistController::removeSelectedItems()
@@ -322,25 +262,52 @@ void FilelistController::removeSelectedItems()
     const std::vector<int> rows = selectedRows();
     if (rows.empty())
         return;
-    std::vector<int> wholeRows;
-    std::vector<FilelistItemPtr> removed;
-    for (const int row : rows) {
-        wholeRows.push_back(_arranged.rowInWholeList(row));
-        removed.push_back(_arranged.fileAt(row));
-        _worker.fileIsRemoved(removed.back());
-    }
-    _worker.isTotalDurationChanged = true;
-    _worker.dataCacher()->removeFiles(removed);
-    // No delivery comes for a file that was only queued.
-    _worker.settle();
+    RemovedFiles::Removal removal;
+    removal.rows.reserve(rows.size());
+    for (const int row : rows)
+        removal.rows.push_back(_arranged.rowInWholeList(row));
+    std::ranges::sort(removal.rows);
     // Without a word: a row is selected below, and no other is to be shown before.
     _selection.reset();
-    _whole.removeFiles(std::move(wholeRows));
-    disposeElsewhere(std::move(removed));
+    removal.files = _whole.removeFiles(removal.rows);
+    _reading.remove(removal.files);
+    _removed.keep(std::move(removal));
     if (_arranged.rowCount() > 0)
         selectRow(std::min(rows.front(), _arranged.rowCount() - 1));
     else
         showFileAtIndex(-1);
+    updateTotals();
+}
+
+void FilelistController::undoRemoval()
+{
+    if (_removed.isEmpty())
+        return;
+    const RemovedFiles::Removal back = _removed.takeLast();
+    _reading.add(back.files);
+    _selection.reset();
+    _whole.insertFilesAt(back.rows, back.files);
+    QItemSelection selection;
+    for (const FilelistItemPtr &file : back.files) {
+        if (const QModelIndex index = _arranged.index(_arranged.rowOf(file), 0); index.isValid())
+            selection.append(QItemSelectionRange(index));
+    }
+    _selection.select(selection, QItemSelectionModel::Select);
+    if (!selection.isEmpty())
+        _selection.setCurrentIndex(selection.front().topLeft(), QItemSelectionModel::NoUpdate);
+    updateTotals();
+}
+
+void FilelistController::selectNextFailed()
+{
+    const std::vector<FilelistItemPtr> &files = _arranged.files();
+    const auto after = files.begin() + (selectedRow() + 1);
+    const auto isFailed = [](const FilelistItemPtr &file) { return file->isFailed(); };
+    auto found = std::find_if(after, files.end(), isFailed);
+    if (found == files.end())
+        found = std::find_if(files.begin(), after, isFailed);
+    if (found != files.end() && *found != worker().currentFile())
+        selectRow(static_cast<int>(found - files.begin()));
 }
 
 std::vector<ExportEntry> FilelistController::arrayWithDataForExport() const
@@ -350,12 +317,12 @@ std::vector<ExportEntry> FilelistController::arrayWithDataForExport() const
 
 bool FilelistController::canExport() const
 {
-    return _worker.currentQuorvinData() != nullptr;
+    return worker().currentQuorvinData() != nullptr;
 }
 
 bool FilelistController::canExportAll() const
 {
-    return _worker.processingIsDone() && !filelist().empty();
+    return worker().processingIsDone() && !_reading.isUnderWay() && !filelist().empty();
 }
 
 std::vector<MapLocationInfo> FilelistController::allMapLocationInfo() const
@@ -386,8 +353,7 @@ void FilelistController::selectFileByMapLocationInfo(const MapLocationInfo &info
 void FilelistController::setWindowIsClosing()
 {
     _walks.cancel();
-    if (_worker.dataCacher())
-        _worker.dataCacher()->cancelThreadsAndWait(kLongestClose);
+    _reading.setWindowIsClosing();
     _isWindowClosing = true;
 }
 

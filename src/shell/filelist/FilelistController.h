@@ -5,16 +5,15 @@
 
 #include "export/ExportEntry.h"
 #include "intake/FilelistTotals.h"
-#include "intake/WindowWorker.h"
 #include "model/Error.h"
 #include "shell/filelist/ArrangedFilelist.h"
-#include "shell/filelist/CurrentFileWait.h"
+#include "shell/filelist/FileReading.h"
 #include "shell/filelist/FilelistModel.h"
 #include "shell/filelist/FolderWalks.h"
+#include "shell/filelist/RemovedFiles.h"
 #include "shell/session/LiveSettings.h"
 
 #include <QItemSelectionModel>
-#include <QTimer>
 
 #include <functional>
 #include <vector>
@@ -22,12 +21,12 @@
 namespace quorvin {
 
 /// The files of one window: the whole list and the arranged one, what is selected, the current file, the
-/// walks that bring files, and the pool that reads them. Files join and leave the whole list; all else goes
+/// walks that bring files, and what was removed. Files join and leave the whole list; all else goes
 /// by the arranged list, and so do rows. A list that is not empty always has a current file. Main thread.
-class FilelistController : public QObject, private DataCacherDelegate {
+class FilelistController : public QObject {
     Q_OBJECT
 public:
-    /// `settings` must outlive this object, and their values the threads of its pools.
+    /// As `FileReading`.
     explicit FilelistController(const LiveSettings &settings, QObject *parent = nullptr);
     /// Cancels the pool and the walks, without waiting.
     ~FilelistController() override;
@@ -44,11 +43,11 @@ public:
     ArrangedFilelist &arranged() { return _arranged; }
     const ArrangedFilelist &arranged() const { return _arranged; }
     QItemSelectionModel &selection() { return _selection; }
-    const WindowWorker &worker() const { return _worker; }
+    const WindowWorker &worker() const { return _reading.worker(); }
     FolderWalks &walks() { return _walks; }
     bool isWalking() const { return _walks.isUnderWay(); }
     /// What the window waits for to show it.
-    CurrentFileWait &currentFileWait() { return _wait; }
+    CurrentFileWait &currentFileWait() { return _reading.wait(); }
     /// It has never been given files, or is empty again.
     bool isUntouched() const;
 
@@ -62,9 +61,14 @@ public:
     /// Makes the file of that row the current one; with -1 and an empty list, none.
     void showFileAtIndex(int row);
 
-    /// Reads the selected files again.
+    /// Reads the selected files again, and those that were left unread.
     void refreshInfo();
     void refreshAll();
+    /// What is read stays, the rest is unread.
+    void stopReading();
+    /// Reads what was left unread.
+    void goOn();
+    bool isReading() const { return _reading.isUnderWay(); }
     /// Changes the current file elsewhere and reads it again. `command` says what is done, should it fail;
     /// `change` is told the path.
     void changeCurrentFile(const QString &command,
@@ -73,19 +77,24 @@ public:
     void removeSelectedItems();
     /// Puts the files at these rows of the whole list in front of another; what is selected stays so.
     void moveFiles(const std::vector<int> &rows, int before) { _whole.moveFiles(rows, before); }
+    /// The files that were removed last come back to their places, and are selected.
+    void undoRemoval();
+    bool canUndoRemoval() const { return !_removed.isEmpty(); }
+    /// Selects the next file that could not be read, behind the end from the beginning.
+    void selectNextFailed();
 
     /// Those of all arranged files.
     std::vector<ExportEntry> arrayWithDataForExport() const;
     /// The current file has a record.
     bool canExport() const;
-    /// All files are done, and there are some.
+    /// No file is on its way, and there are some.
     bool canExportAll() const;
     /// Where all files were recorded that tell.
     std::vector<MapLocationInfo> allMapLocationInfo() const;
     /// Selects the file if it still stands where it stood.
     void selectFileByMapLocationInfo(const MapLocationInfo &info);
 
-    ListTotals totals() { return _totals.totals(_worker, filelist(), _arranged.files()); }
+    ListTotals totals() { return _totals.totals(_reading.worker(), filelist(), _arranged.files()); }
 
     /// Cancels the pool and waits for its threads; nothing is told from now on.
     void setWindowIsClosing();
@@ -96,6 +105,8 @@ Q_SIGNALS:
     void windowArrangedFilelistDidChange();
     /// How many files there are, or how many of them are processed, has changed.
     void totalsDidChange();
+    /// `stopReading` has left files unread, or none.
+    void readingDidStop();
     /// The current file is another one, there is none any more, or it is read anew.
     void currentFileDidChange();
     /// The pool has answered for the current file; `isFresh`: with the result of a run that has just ended.
@@ -106,32 +117,23 @@ Q_SIGNALS:
     void stateDidChange();
 
 private:
-    void dataCacherNewObjectReady(const DataCacherDelivery &delivery) override;
-    void dataCacherDidDeliver() override;
     void takeFiles(const FolderWalks::Request &request, const std::vector<FilelistItemPtr> &files);
-    void replaceContent(const std::vector<FilelistItemPtr> &files);
+    void replaceContent(const std::vector<FilelistItemPtr> &files, const QStringList &roots);
     void insertFiles(int index, const std::vector<FilelistItemPtr> &files);
-    void startPool();
     void arrangedObjectsDidChange();
     void selectionDidChange();
-    void readFirstly(const FilelistItemPtr &file);
+    void fileIsReady(const DataCacherDelivery &delivery);
     void readAgain(const std::vector<FilelistItemPtr> &files);
     void reprocess(const FilelistItemPtr &file);
     void updateTotals();
 
-    const LiveSettings &_settings;
-    WindowWorker _worker;
-    std::shared_ptr<RootSet> _roots = std::make_shared<RootSet>(); ///< of this list
+    FileReading _reading;
     FilelistModel _whole;
     ArrangedFilelist _arranged{_whole};
     QItemSelectionModel _selection{&_arranged};
     FilelistTotals _totals;
     FolderWalks _walks;
-    CurrentFileWait _wait;
-    std::vector<FilelistItemPtr> _delivered; ///< their rows are not announced yet
-    std::size_t _deliveredSinceRest = 0;
-    QTimer _totalsTimer;
-    QTimer _restTimer;
+    RemovedFiles _removed;
     bool _isWindowClosing = false;
 };
 

@@ -71,7 +71,8 @@ void drawPicture(QPainter *painter, const QRect &box, const QStyleOptionViewItem
               .pixmap(most, ratio, isAccented && !isCover ? QIcon::Selected : QIcon::Normal);
     QRect place(QPoint(), picture.deviceIndependentSize().toSize());
     place.moveCenter(box.center());
-    if (index.data(FilelistRow::StateRole).toInt() == FilelistRow::Waiting)
+    const int state = index.data(FilelistRow::StateRole).toInt();
+    if (state == FilelistRow::Waiting || state == FilelistRow::Unread)
         painter->setOpacity(kDim);
     painter->drawPixmap(place, picture);
     painter->setOpacity(1);

@@ -25,7 +25,34 @@ FilelistRow::State stateOf(const FilelistItem &file)
         return FilelistRow::Failed;
     if (file.isDone())
         return FilelistRow::Ready;
-    return file.isInProcess() ? FilelistRow::Reading : FilelistRow::Waiting;
+    if (file.isInProcess())
+        return FilelistRow::Reading;
+    return file.isWanted() ? FilelistRow::Waiting : FilelistRow::Unread;
+}
+
+/// Of neighbours, in rows that ascend.
+int runsOf(const std::vector<int> &rows)
+{
+    int runs = 0;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        runs += i == 0 || rows[i] != rows[i - 1] + 1;
+    return runs;
+}
+
+/// With each of the new files at its row of the result.
+std::vector<FilelistItemPtr> merged(const std::vector<FilelistItemPtr> &old, const std::vector<int> &rows,
+                                    const std::vector<FilelistItemPtr> &files)
+{
+    std::vector<FilelistItemPtr> all;
+    all.reserve(old.size() + files.size());
+    auto next = old.begin();
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        while (next != old.end() && all.size() < static_cast<std::size_t>(rows[i]))
+            all.push_back(*next++);
+        all.push_back(files[i]);
+    }
+    all.insert(all.end(), next, old.end());
+    return all;
 }
 
 QString toolTipOf(const FilelistItem &file)
@@ -42,6 +69,8 @@ QString accessibleTextOf(const FilelistItem &file)
             .arg(file.prefixedPath(), file.failureReason());
     case FilelistRow::Waiting:
         return FilelistModel::tr("%1, waiting").arg(file.prefixedPath());
+    case FilelistRow::Unread:
+        return FilelistModel::tr("%1, not read").arg(file.prefixedPath());
     case FilelistRow::Reading:
         return FilelistModel::tr("%1, being read").arg(file.prefixedPath());
     case FilelistRow::Ready:
@@ -98,6 +127,25 @@ void FilelistModel::insertFiles(int row, const std::vector<FilelistItemPtr> &fil
     endInsertRows();
 }
 
+void FilelistModel::insertFilesAt(const std::vector<int> &rows, const std::vector<FilelistItemPtr> &files)
+{
+    if (runsOf(rows) > kMostRuns) {
+        beginResetModel();
+        _files = merged(_files, rows, files);
+        _rows.clear();
+        return endResetModel();
+    }
+    for (std::size_t first = 0; first < rows.size();) {
+        std::size_t last = first + 1;
+        while (last < rows.size() && rows[last] == rows[last - 1] + 1)
+            ++last;
+        const auto begin = files.begin() + static_cast<std::ptrdiff_t>(first);
+        const auto end = files.begin() + static_cast<std::ptrdiff_t>(last);
+        insertFiles(std::min(rows[first], rowCount()), {begin, end});
+        first = last;
+    }
+}
+
 std::vector<FilelistItemPtr> FilelistModel::removeFiles(std::vector<int> rows)
 {
     std::ranges::sort(rows);
@@ -105,10 +153,7 @@ std::vector<FilelistItemPtr> FilelistModel::removeFiles(std::vector<int> rows)
     removed.reserve(rows.size());
     for (const int row : rows)
         removed.push_back(fileAt(row));
-    int runs = 0;
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        runs += i == 0 || rows[i] != rows[i - 1] + 1;
-    if (runs > kMostRuns)
+    if (runsOf(rows) > kMostRuns)
         removeScattered(rows);
     else
         removeRuns(std::move(rows));
@@ -176,6 +221,8 @@ void FilelistModel::moveFiles(const std::vector<int> &rows, int before)
 
 void FilelistModel::filesChanged(const std::vector<FilelistItemPtr> &files)
 {
+    if (files.size() >= _files.size())
+        return allFilesChanged();
     std::vector<int> rows;
     rows.reserve(files.size());
     for (const FilelistItemPtr &file : files) {
@@ -190,6 +237,12 @@ void FilelistModel::filesChanged(const std::vector<FilelistItemPtr> &files)
         Q_EMIT dataChanged(index(rows[first]), index(rows[last]));
         first = last + 1;
     }
+}
+
+void FilelistModel::allFilesChanged()
+{
+    if (!_files.empty())
+        Q_EMIT dataChanged(index(0), index(rowCount() - 1));
 }
 
 Qt::ItemFlags FilelistModel::flags(const QModelIndex &index) const

@@ -31,6 +31,9 @@ public:
     std::vector<FilelistItemPtr> setFiles(std::vector<FilelistItemPtr> files);
     /// `row` is that of the first new file.
     void insertFiles(int row, const std::vector<FilelistItemPtr> &files);
+    /// Each file at its row, which is one of the list as it is then; rows ascend. With many of them here and
+    /// there the model is reset.
+    void insertFilesAt(const std::vector<int> &rows, const std::vector<FilelistItemPtr> &files);
     /// Takes the files at these rows out; rows are in no order, and none comes twice. With many of them here
     /// and there the model is reset.
     std::vector<FilelistItemPtr> removeFiles(std::vector<int> rows);
@@ -40,6 +43,7 @@ public:
     /// What is known of these files has changed. Told with one signal for each run of neighbours; files that
     /// are not in the list count for nothing.
     void filesChanged(const std::vector<FilelistItemPtr> &files);
+    void allFilesChanged();
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;

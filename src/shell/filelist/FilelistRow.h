@@ -15,7 +15,13 @@ struct FilelistRow {
         ReasonRole, ///< why the file failed, else ""
         CoverRole, ///< the picture is the file's own, not that of its kind
     };
-    enum State { Waiting, Reading, Ready, Failed };
+    enum State {
+        Waiting,
+        Reading,
+        Ready,
+        Failed,
+        Unread, ///< and nobody is about to read it
+    };
 
     /// The side of the picture before the text, in device-independent pixels.
     static constexpr int kPictureSide = 24;

@@ -26,19 +26,19 @@ void FolderWalks::walkNext()
         "FolderWalk",
         [paths = _requests.front().paths](const RunControl &run) {
             return FilelistFiller::fillerWithSourceArray(
-                       paths, run.stop(), [&](std::size_t files) { run.report(static_cast<int>(files)); })
-                .filelist();
+                paths, run.stop(), [&](std::size_t files) { run.report(static_cast<int>(files)); });
         },
-        [this](const Files &files) { finish(files); });
+        [this](const FilelistFiller &result) { finish(result); });
 }
 
-void FolderWalks::finish(const Files &files)
+void FolderWalks::finish(const FilelistFiller &result)
 {
     const Request done = _requests.front();
     _requests.pop_front();
     if (!_requests.empty())
         walkNext();
-    Q_EMIT found(done, files);
+    Q_EMIT found(done, result.filelist());
+    Q_EMIT walked(done.paths, result.filelist().size(), result.problems());
 }
 
 } // namespace quorvin

@@ -42,15 +42,16 @@ Q_SIGNALS:
     /// The files of one request, whole and sorted.
     void found(const quorvin::FolderWalks::Request &request,
                const std::vector<quorvin::FilelistItemPtr> &files);
+    /// After that: how many files were found, and which folders could not be listed.
+    void walked(const QStringList &paths, std::size_t files,
+                const std::vector<quorvin::FilelistFiller::Problem> &problems);
 
 private:
-    using Files = std::vector<FilelistItemPtr>;
-
     void walkNext();
-    void finish(const Files &files);
+    void finish(const FilelistFiller &result);
 
     std::deque<Request> _requests; ///< the first is under way
-    BackgroundRun<Files> _run;
+    BackgroundRun<FilelistFiller> _run;
 };
 
 } // namespace quorvin

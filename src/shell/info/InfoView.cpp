@@ -112,7 +112,7 @@ Pane *InfoView::wantedPane() const
         return _comparison;
     if (_tab == Tab::Custom)
         return _custom;
-    if (_isWaiting)
+    if (_isWaiting || _isUnread)
         return _waiting;
     if (_hasFailed)
         return _failure;
@@ -138,6 +138,7 @@ void InfoView::clear()
 {
     _hasFile = true;
     _hasFailed = false;
+    _isUnread = false;
     for (Pane *pane : _panes)
         pane->clear();
     showPage();
@@ -147,6 +148,7 @@ void InfoView::showRecord(const QuorvinDataPtr &record)
 {
     _hasFile = true;
     _hasFailed = false;
+    _isUnread = false;
     for (Pane *pane : _panes)
         pane->showRecord(record);
     showPage();
@@ -170,6 +172,15 @@ void InfoView::showWalk(int found)
 void InfoView::stopWalk()
 {
     _isWalking = false;
+    showPage();
+}
+
+void InfoView::showUnread()
+{
+    clear();
+    _isUnread = true;
+    _waiting->setTexts(tr("Not read"), tr("Reading was stopped; F5 goes on."));
+    _skip->hide();
     showPage();
 }
 

@@ -48,6 +48,8 @@ public:
     void showWalk(int found);
     void stopWalk();
 
+    /// A file that was left unread.
+    void showUnread();
     /// The file of that name is being read. From when it can be skipped on, `seconds` tells for how long.
     /// `digests` are computed at the time.
     void showWait(const QString &name, std::optional<int> seconds,
@@ -102,6 +104,7 @@ private:
     bool _hasFailed = false;
     bool _isWalking = false;
     bool _isWaiting = false;
+    bool _isUnread = false;
 };
 
 } // namespace quorvin

@@ -6,6 +6,7 @@
 #include "platform/NativePath.h"
 #include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Counts.h"
+#include "shell/desktop/PlainText.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
@@ -21,6 +22,7 @@ namespace quorvin {
 namespace {
 
 constexpr int kWalkMilliseconds = 400; ///< from then on a walk is worth a word
+constexpr int kMostLines = 30; ///< of a message
 
 } // namespace
 
@@ -66,6 +68,8 @@ void MainView::connectFiles()
     connect(&_files, &FilelistController::totalsDidChange, this, &MainView::showTotals);
     connect(&_files.selection(), &QItemSelectionModel::selectionChanged, this,
             [this] { _status->setSelectedCount(_files.selectedCount()); });
+    connect(_status, &StatusLine::stopWanted, &_files, &FilelistController::stopReading);
+    connect(&_files, &FilelistController::readingDidStop, this, &MainView::tellStop);
     connect(_info, &InfoView::retryWanted, &_files, &FilelistController::refreshInfo);
 }
 
@@ -90,6 +94,39 @@ void MainView::connectWalks()
         _info->stopWalk();
     });
     connect(_info, &InfoView::cancelWalkWanted, this, [&walks] { walks.cancel(); });
+    connect(&walks, &FolderWalks::walked, this, &MainView::tellWalk);
+}
+
+void MainView::tellWalk(const QStringList &paths, std::size_t files,
+                        const std::vector<FilelistFiller::Problem> &problems)
+{
+    if (!problems.empty()) {
+        const auto count = static_cast<qint64>(problems.size());
+        const QString text = count == 1 ? tr("1 folder could not be read")
+                                        : tr("%1 folders could not be read").arg(groupedCount(count));
+        QStringList lines;
+        for (const FilelistFiller::Problem &problem : problems) {
+            if (lines.size() < kMostLines)
+                lines.append(tr("%1: %2").arg(problem.path, problem.reason));
+        }
+        if (count > kMostLines)
+            lines.append(tr("and %1 more").arg(groupedCount(count - kMostLines)));
+        _status->say(text, tr("Show…"), [this, text, lines] {
+            plainMessage(window(), tr("Folders"), text, lines.join(u'\n'), QMessageBox::Close)->open();
+        });
+    } else if (files == 0 && paths.size() == 1) {
+        _status->say(tr("There are no files in “%1”").arg(lastPathComponent(paths.front())));
+    } else if (files == 0 && !paths.isEmpty()) {
+        _status->say(tr("There are no files in these folders"));
+    }
+}
+
+void MainView::tellStop()
+{
+    const qint64 unread = _files.worker().countUnread();
+    if (unread > 0)
+        _status->say(tr("Reading was stopped: %1 not read").arg(countOfFiles(unread)), tr("Go On"),
+                     [this] { _files.goOn(); });
 }
 
 void MainView::showCurrentFile()
@@ -99,6 +136,8 @@ void MainView::showCurrentFile()
         _info->showNoFile();
     else if (file->isFailed() || file->quorvinData())
         showCurrentResult();
+    else if (_files.worker().isUnread(file))
+        _info->showUnread();
     else
         _info->clear();
 }

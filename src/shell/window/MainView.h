@@ -3,8 +3,12 @@
 
 #pragma once
 
+#include "intake/FilelistFiller.h"
+
 #include <QTimer>
 #include <QWidget>
+
+#include <vector>
 
 namespace quorvin {
 
@@ -35,6 +39,9 @@ private:
     void showCurrentFile();
     void showCurrentResult();
     void showWait();
+    void tellWalk(const QStringList &paths, std::size_t files,
+                  const std::vector<FilelistFiller::Problem> &problems);
+    void tellStop();
     void showTotals();
 
     FilelistController &_files;

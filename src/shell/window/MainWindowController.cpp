@@ -106,6 +106,11 @@ void MainWindowController::registerCommands()
 {
     const auto on = [this](Command command, auto handler) { _commands->on(command, std::move(handler)); };
     on(Command::refreshInfo, [this] { _files.refreshInfo(); });
+    on(Command::refreshAll, [this] { _files.refreshAll(); });
+    on(Command::stopReading, [this] { _files.stopReading(); });
+    on(Command::cancelWalks, [this] { _files.walks().cancel(); });
+    on(Command::undoRemoval, [this] { _files.undoRemoval(); });
+    on(Command::selectNextFailed, [this] { _files.selectNextFailed(); });
     on(Command::removeSelectedItems, [this] { _files.removeSelectedItems(); });
     on(Command::closeWindow, [this] { close(); });
     on(Command::copy, [this] { copy(); });
@@ -139,6 +144,8 @@ void MainWindowController::connectView()
     connect(&_files, &FilelistController::currentFileDidChange, this,
             &MainWindowController::updateWindowTitle);
     connect(&_files, &FilelistController::stateDidChange, this, &MainWindowController::validateCommands);
+    for (const auto signal : {&BackgroundRunBase::started, &BackgroundRunBase::ended})
+        connect(&_files.walks().run(), signal, this, &MainWindowController::validateCommands);
     connect(&_files, &FilelistController::filesTaken, this,
             [this](const QStringList &paths) { _session.recentFiles.note(paths); });
     connect(&_view->sidebar(), &SidebarSplitView::collapsedChanged, this,
@@ -246,6 +253,10 @@ CommandState MainWindowController::commandState() const
     state.hasFiles = _files.arranged().rowCount() > 0;
     state.hasCurrentFile = worker().currentFile() != nullptr;
     state.hasRecord = _files.canExport();
+    state.hasFailed = worker().countFailed() > 0;
+    state.isReading = _files.isReading();
+    state.isWalking = _files.isWalking();
+    state.canUndoRemoval = _files.canUndoRemoval();
     state.canCopy = _keyboard.canCopy;
     state.listHasKeyboard = _keyboard.isInList;
     state.sidebarIsCollapsed = _view->sidebar().isCollapsed();

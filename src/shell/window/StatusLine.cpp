@@ -24,20 +24,27 @@ namespace {
 
 constexpr int kBarWidth = 160;
 
-/// "1 file", "5 files", "2 files (of 5 total)", and with a duration "00:01:30 in 5 files"; "" for an empty
-/// list.
+QString durationText(qint64 duration)
+{
+    return duration == 0 ? QStringLiteral("00:00:00") : Utilities::formatDurationUpToSeconds(duration);
+}
+
+/// "1 file", "5 files", "2 files (of 5 total)", with a duration "00:01:30 in 5 files", and behind that what
+/// has no record: "5 files · 1 failed"; "" for an empty list.
 QString textOf(const ListTotals &totals)
 {
     if (totals.all == 0)
         return {};
-    const QString count = totals.shown == totals.all
+    QString text = totals.shown == totals.all
         ? countOfFiles(totals.shown)
         : StatusLine::tr("%1 (of %2 total)").arg(countOfFiles(totals.shown), groupedCount(totals.all));
-    if (!totals.duration)
-        return count;
-    const QString duration = totals.duration == 0 ? QStringLiteral("00:00:00")
-                                                  : Utilities::formatDurationUpToSeconds(*totals.duration);
-    return StatusLine::tr("%1 in %2").arg(duration, count);
+    if (totals.duration)
+        text = StatusLine::tr("%1 in %2").arg(durationText(*totals.duration), text);
+    if (totals.failed > 0)
+        text += StatusLine::tr(" · %1 failed").arg(groupedCount(totals.failed));
+    if (totals.unread > 0)
+        text += StatusLine::tr(" · %1 not read").arg(groupedCount(totals.unread));
+    return text;
 }
 
 } // namespace
@@ -49,7 +56,8 @@ StatusLine::StatusLine(QWidget *parent)
       _selected(plainLabel()),
       _message(new StatusMessage),
       _bgProgress(new QProgressBar),
-      _count(plainLabel())
+      _count(plainLabel()),
+      _stop(new QToolButton)
 {
     _total->setTextInteractionFlags(Qt::TextSelectableByMouse);
     _bgProgress->setTextVisible(false);
@@ -63,10 +71,17 @@ StatusLine::StatusLine(QWidget *parent)
     _line->addStretch();
     _line->addWidget(_bgProgress);
     _line->addWidget(_count);
+    _line->addWidget(_stop);
+    _stop->setText(tr("Stop"));
+    const QString tip = tr("Stop reading; what is read stays, and F5 goes on with the rest");
+    _stop->setToolTip(plainTip(tip));
+    _stop->setAccessibleDescription(tip);
+    connect(_stop, &QToolButton::clicked, this, &StatusLine::stopWanted);
     setFixedHeight(std::max(fontMetrics().height() + 10, QToolButton().sizeHint().height() + 4));
     setSelectedCount(0);
     _bgProgress->hide();
     _count->hide();
+    _stop->hide();
 }
 
 void StatusLine::setTotals(const ListTotals &totals)
@@ -111,6 +126,7 @@ void StatusLine::setProgress(const WindowWorker &worker)
     if (worker.processingIsDone() || worker.countToProcess() >= 2) {
         _bgProgress->setVisible(!worker.processingIsDone());
         _count->setVisible(!worker.processingIsDone());
+        _stop->setVisible(!worker.processingIsDone());
     }
 }
 

@@ -12,6 +12,7 @@
 class QHBoxLayout;
 class QLabel;
 class QProgressBar;
+class QToolButton;
 
 namespace quorvin {
 
@@ -42,6 +43,10 @@ public:
     /// this object.
     void follow(BackgroundRunBase &run, const WorkWords &words);
 
+Q_SIGNALS:
+    /// Reading is to stop.
+    void stopWanted();
+
 private:
     QHBoxLayout *_line;
     QLabel *_total;
@@ -49,6 +54,7 @@ private:
     StatusMessage *_message;
     QProgressBar *_bgProgress;
     QLabel *_count;
+    QToolButton *_stop;
 };
 
 } // namespace quorvin

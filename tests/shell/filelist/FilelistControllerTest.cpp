@@ -178,6 +178,92 @@ TEST_F(Filelist, EverySecondRowGoesAtOnce)
     EXPECT_LT(changes, shownRows / 4);
 }
 
+TEST_F(Filelist, RefreshingManyIsCountedAndHoldsTheExportBack)
+{
+    list.processFiles(made(u"a b c d"_s));
+    ASSERT_TRUE(awaitDone());
+    list.refreshAll();
+    EXPECT_FALSE(list.canExportAll());
+    EXPECT_EQ(list.worker().countToProcess(), 4);
+    EXPECT_EQ(list.worker().countProcessed(), 0);
+    std::vector<FilelistItemPtr> order;
+    QObject::connect(&list.arranged(), &ArrangedFilelist::dataChanged, &list, [&] {
+        for (const FilelistItemPtr &file : list.filelist()) {
+            if (file->isDone() && std::ranges::find(order, file) == order.end())
+                order.push_back(file);
+        }
+    });
+    ASSERT_TRUE(awaitDone());
+    EXPECT_EQ(order, list.filelist()) << "the first one first";
+    EXPECT_TRUE(list.canExportAll());
+    list.refreshInfo();
+    EXPECT_FALSE(list.canExportAll()) << "nor may a document lack the one";
+    EXPECT_EQ(list.worker().countProcessed(), 4);
+    EXPECT_TRUE(test::spinUntil([this] { return list.canExportAll(); }));
+}
+
+TEST_F(Filelist, StoppedReadingGoesOn)
+{
+    QString names = u"d/0"_s;
+    for (int i = 1; i < 300; ++i)
+        names += u" d/%1"_s.arg(i);
+    made(names);
+    list.processFiles({folder / u"d"_s});
+    ASSERT_TRUE(test::spinUntil([this] { return list.worker().countProcessed() > 3; }));
+    list.stopReading();
+    EXPECT_FALSE(list.isReading());
+    const ListTotals stopped = list.totals();
+    EXPECT_GT(stopped.unread, 0);
+    EXPECT_EQ(list.arranged().index(299, 0).data(FilelistRow::StateRole).toInt(), FilelistRow::Unread);
+    EXPECT_FALSE(list.filelist().back()->isDone());
+    list.selectRow(299);
+    ASSERT_TRUE(test::spinUntil([this] { return list.filelist().back()->isDone(); }))
+        << "what is looked at is read all the same";
+    EXPECT_LT(list.totals().unread, stopped.unread);
+    list.refreshInfo();
+    ASSERT_TRUE(awaitDone());
+    EXPECT_EQ(list.totals().unread, 0);
+    EXPECT_TRUE(std::ranges::all_of(list.filelist(), &FilelistItem::isDone));
+}
+
+TEST_F(Filelist, RemovedFilesComeBack)
+{
+    list.processFiles(made(u"a b c d e"_s));
+    ASSERT_TRUE(awaitDone());
+    EXPECT_FALSE(list.canUndoRemoval());
+    select({2, 3});
+    list.removeSelectedItems();
+    EXPECT_EQ(shown(), u"[b] e|b"_s);
+    list.removeSelectedItems();
+    list.removeSelectedItems();
+    EXPECT_EQ(shown(), u"|"_s);
+    list.undoRemoval();
+    EXPECT_EQ(shown(), u"[e]|e"_s);
+    list.undoRemoval();
+    list.undoRemoval();
+    EXPECT_EQ(shown(), u"[a] b [c] [d] e|a"_s);
+    EXPECT_EQ(list.totals().all, 5);
+    EXPECT_TRUE(list.canExportAll());
+    EXPECT_FALSE(list.canUndoRemoval());
+    list.removeSelectedItems();
+    list.processFiles(made(u"n"_s));
+    ASSERT_TRUE(test::spinUntil([this] { return whole() == u"n"_s; }));
+    EXPECT_FALSE(list.canUndoRemoval()) << "the list is another one";
+}
+
+TEST_F(Filelist, NextFailedFileIsFoundFromBothSides)
+{
+    QStringList paths = made(u"a c d"_s);
+    paths += {folder / u"b"_s, folder / u"e"_s};
+    list.processFiles(paths);
+    ASSERT_TRUE(awaitDone());
+    EXPECT_EQ(list.totals().failed, 2);
+    for (const char *wanted : {"b", "e", "b"}) {
+        list.selectNextFailed();
+        EXPECT_EQ(list.worker().currentFile()->prefixedPath(), QLatin1String(wanted));
+    }
+}
+
 TEST_F(Filelist, PlacesOnTheMapAreThoseOfTheArrangedList)
 {
     list.processFiles(made(u"a1 b1 b2"_s));

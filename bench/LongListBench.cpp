@@ -1,0 +1,124 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "BenchFiles.h"
+#include "shell/app/AppController.h"
+#include "shell/window/MainView.h"
+#include "shell/window/MainWindowController.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <functional>
+
+namespace {
+
+using namespace quorvin;
+
+constexpr int kFiles = 100'000;
+constexpr int kFolders = 100;
+constexpr std::size_t kFew = 20; ///< a file has at most some ten thousand links
+constexpr double kMilliseconds = 1e3;
+
+/// The turns of the event loop of a window, the longest of them in milliseconds.
+double longestTurnUntil(const std::function<bool()> &isOver)
+{
+    double longest = 0;
+    while (!isOver()) {
+        longest = std::max(longest, bench::secondsOf([] { QApplication::processEvents(); }));
+        // Leaves the processors to the readers.
+        QThread::usleep(500);
+    }
+    return longest * kMilliseconds;
+}
+
+double longestTurnFor(int milliseconds)
+{
+    QElapsedTimer clock;
+    clock.start();
+    return longestTurnUntil([&] { return clock.elapsed() > milliseconds; });
+}
+
+double millisecondsOf(const std::function<void()> &work)
+{
+    return bench::secondsOf(work) * kMilliseconds;
+}
+
+/// Many files in a hundred folders, all links to a few in `seeds`, on the same disk.
+void fill(const QString &folder, const QString &seeds)
+{
+    const auto &files = bench::mediaFiles();
+    std::vector<QByteArray> few;
+    for (std::size_t i = 0; i < std::min(files.size(), kFew); ++i) {
+        const QString seed = QStringLiteral("%1/%2").arg(seeds).arg(i);
+        QFile::copy(files[i], seed);
+        few.push_back(QFile::encodeName(seed));
+    }
+    for (int i = 0; i < kFolders; ++i)
+        QDir(folder).mkdir(QString::number(i));
+    for (int i = 0; i < kFiles; ++i) {
+        const QString name = QStringLiteral("%1/%2/IMG_%3").arg(folder).arg(i % kFolders).arg(i);
+        if (::link(few[static_cast<std::size_t>(i) % few.size()].constData(),
+                   QFile::encodeName(name).constData())
+            != 0)
+            qFatal("no more links");
+    }
+}
+
+/// The longest turn of the event loop in each of the things that one does with a very long list; from the
+/// drop to the first row, and to the first record.
+void longList(benchmark::State &state)
+{
+    const QTemporaryDir folder;
+    const QTemporaryDir seeds;
+    fill(folder.path(), seeds.path());
+    for ([[maybe_unused]] auto _ : state) {
+        Settings settings{QString()};
+        settings.set(Setting::MTMode, 256);
+        AppController application(settings);
+        MainWindowController *window = application.openEmptyWindow();
+        FilelistController &files = window->files();
+        QItemSelectionModel &selection = files.selection();
+        longestTurnFor(500);
+
+        QElapsedTimer clock;
+        clock.start();
+        files.processFiles({folder.path()});
+        const double add = longestTurnUntil([&] { return !files.filelist().empty(); });
+        state.counters["first_row_ms"] = static_cast<double>(clock.elapsed());
+        const double first = longestTurnUntil([&] { return files.canExport(); });
+        state.counters["first_record_ms"] = static_cast<double>(clock.elapsed());
+        state.counters["add_turn_ms"] = std::max(add, first);
+        state.counters["read_turn_ms"] = longestTurnFor(5000);
+
+        const double refresh = millisecondsOf([&] { files.refreshAll(); });
+        state.counters["refresh_turn_ms"] = std::max(refresh, longestTurnFor(3000));
+        const double stop = millisecondsOf([&] { files.stopReading(); });
+        state.counters["stop_turn_ms"] = std::max(stop, longestTurnFor(300));
+        const double goOn = millisecondsOf([&] { files.goOn(); });
+        state.counters["go_on_turn_ms"] = std::max(goOn, longestTurnFor(300));
+
+        QItemSelection everySecond;
+        for (int row = 1; row < kFiles; row += 2)
+            everySecond.append(QItemSelectionRange(files.arranged().index(row, 0)));
+        selection.select(everySecond, QItemSelectionModel::ClearAndSelect);
+        longestTurnFor(300);
+        const double remove = millisecondsOf([&] { files.removeSelectedItems(); });
+        state.counters["remove_turn_ms"] = std::max(remove, longestTurnFor(300));
+        const double undo = millisecondsOf([&] { files.undoRemoval(); });
+        state.counters["undo_turn_ms"] = std::max(undo, longestTurnFor(300));
+        state.counters["export_turn_ms"] = millisecondsOf([&] { files.arrayWithDataForExport(); });
+        state.counters["close_turn_ms"] = millisecondsOf([&] { window->close(); });
+    }
+}
+BENCHMARK(longList)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+} // namespace
