@@ -17,6 +17,7 @@
 #include "shell/window/ListCommands.h"
 #include "shell/window/MainView.h"
 #include "shell/window/OpenPanels.h"
+#include "shell/window/OpenWithMenu.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
 #include "shell/window/ToolBar.h"
@@ -97,6 +98,8 @@ void MainWindowController::setUpCommands()
     panels->registerAt(*_commands);
     _view->info().registerAt(*_commands);
     _fileCommands->registerAt(*_commands);
+    _openWith = new OpenWithMenu(_view->statusLine(), this);
+    _commands->menu(CommandMenu::File)->insertMenu(_commands->action(Command::revealInFinder), _openWith);
     _listCommands->registerAt(*_commands);
     registerCommands();
     connect(_commands, &CommandSet::didRun, this, &MainWindowController::validateCommands);
@@ -278,6 +281,7 @@ void MainWindowController::validateCommands()
         _keyboard.isInList = _view->table().hasFocus();
         _keyboard.canCopy = _keyboard.isInList ? _files.arranged().rowCount() > 0 : _view->info().canCopy();
     }
+    _openWith->setFile(worker().currentFilePath());
     _commands->validate(commandState());
 }
 
@@ -304,6 +308,8 @@ void MainWindowController::showMenu(CommandPlace place, const QPoint &globalPosi
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     _commands->fillMenu(menu, place);
+    if (place == CommandPlace::FileMenu)
+        menu->insertMenu(_commands->action(Command::revealInFinder), _openWith);
     menu->popup(globalPosition);
 }
 

@@ -20,6 +20,7 @@ class FileCommands;
 class FilelistDrags;
 class ListCommands;
 class MainView;
+class OpenWithMenu;
 struct Session;
 
 /// One window: its tabs, tool bar, drop target, commands, title and closing. Main thread.
@@ -94,6 +95,7 @@ private:
     MainView *_view;
     CommandSet *_commands;
     FileCommands *_fileCommands;
+    OpenWithMenu *_openWith = nullptr;
     ExportController *_export;
     ListCommands *_listCommands;
     FilelistDrags *_drags;
