@@ -81,7 +81,7 @@ bool isFolder(const QByteArray &path)
 /// The folder that a path leads to, or in which the file lies that it leads to; "" when it leads nowhere.
 QByteArray realFolder(const QByteArray &path)
 {
-    const QByteArray real = realPath(path);
+    QByteArray real = realPath(path);
     if (real.isEmpty() || isFolder(real))
         return real;
     return real.left(std::max<qsizetype>(real.lastIndexOf('/'), 1));

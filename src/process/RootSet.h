@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <mutex>
+#include <utility>
 
 namespace quorvin {
 
@@ -38,7 +39,7 @@ private:
 class RootSet {
 public:
     RootSet() = default;
-    explicit RootSet(const QStringList &paths) : _added(paths) { }
+    explicit RootSet(QStringList paths) : _added(std::move(paths)) { }
     RootSet(const RootSet &) = delete;
     RootSet &operator=(const RootSet &) = delete;
     ~RootSet() = default;
