@@ -95,6 +95,8 @@ int main(int argc, char **argv)
     int noWords = 1;
     const Application application(noWords, argv);
     nameApplication();
+    if (qEnvironmentVariable("QUORVIN_LAYOUT_DIRECTION") == QLatin1String("rtl"))
+        QGuiApplication::setLayoutDirection(Qt::RightToLeft);
     if (ApplicationService::handOver(QDBusConnection::sessionBus(),
                                      {arguments->paths, arguments->newWindow, arguments->overrides}))
         return 0;

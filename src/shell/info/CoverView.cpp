@@ -7,6 +7,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -62,7 +63,11 @@ void CoverView::paintEvent(QPaintEvent *)
     QRect target(QPoint(),
                  _image.isNull() ? QSize(kIconSide, kIconSide).boundedTo(size())
                                  : fittedSize(_image.size(), size()));
-    target.moveCenter(rect().center());
+    // Beside the headline; a drawn sign is smaller than the room of a cover.
+    if (_image.isNull())
+        target.moveLeft(rect().center().x() - target.width() / 2);
+    else
+        target = QStyle::visualRect(layoutDirection(), rect(), target);
     // What the program drew stands back, and the pictures of a theme have colours of their own.
     const QIcon::Mode mode = _icon.name().isEmpty() ? QIcon::Disabled : QIcon::Normal;
     if (_image.isNull())

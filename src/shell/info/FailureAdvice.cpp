@@ -16,6 +16,11 @@ QString said(const char *text)
     return QCoreApplication::translate("FailureAdvice", text);
 }
 
+QString secondsOf(int count)
+{
+    return count == 1 ? said("1 second") : said("%1 seconds").arg(count);
+}
+
 QString sentenceOf(QString reason)
 {
     if (reason.isEmpty())
@@ -30,10 +35,8 @@ FailureAdvice adviceOn(const QString &reason, const JobLimits &limits)
 {
     if (reason == QLatin1String("stopped: took too long"))
         return {said("Reading it took too long and was stopped."),
-                said("A file may take %1 seconds, and %2 seconds of work. Both can be changed in the "
-                     "preferences.")
-                    .arg(limits.wallSeconds)
-                    .arg(limits.cpuSeconds)};
+                said("A file may take %1, and %2 of work. Both can be changed in the preferences.")
+                    .arg(secondsOf(limits.wallSeconds), secondsOf(limits.cpuSeconds))};
     if (reason == QLatin1String("stopped: used too much memory"))
         return {
             said("Reading it took too much memory and was stopped."),

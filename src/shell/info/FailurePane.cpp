@@ -53,7 +53,7 @@ FailurePane::FailurePane(QWidget *parent)
     drawPicture();
     connect(_retry, &QPushButton::clicked, this, &FailurePane::retryWanted);
     connect(_preferences, &QPushButton::clicked, this, &FailurePane::preferencesWanted);
-    connect(_report, &QPushButton::clicked, this, [this] { Q_EMIT reportWanted(_path); });
+    connect(_report, &QPushButton::clicked, this, &FailurePane::reportWanted);
 }
 
 void FailurePane::layOut()
@@ -89,7 +89,6 @@ void FailurePane::layOut()
 
 void FailurePane::setFailure(const QString &path, const FailureAdvice &advice)
 {
-    _path = path;
     _name->setWholeText(lastPathComponent(path));
     _folder->setWholeText(withoutLastPathComponent(path));
     _sentence->setText(advice.sentence);

@@ -25,7 +25,7 @@ public:
 Q_SIGNALS:
     void retryWanted();
     void preferencesWanted();
-    void reportWanted(const QString &path);
+    void reportWanted();
 
 protected:
     void fill(const QuorvinData *) override { }
@@ -35,7 +35,6 @@ private:
     void layOut();
     void drawPicture();
 
-    QString _path;
     QLabel *_picture;
     ElidedLabel *_name;
     ElidedLabel *_folder;

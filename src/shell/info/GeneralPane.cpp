@@ -18,8 +18,8 @@
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QDir>
-#include <QFrame>
 #include <QGuiApplication>
+#include <QPainter>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -37,9 +37,24 @@ constexpr int kValueGap = 2 * OutlineDelegate::kMargin; ///< between a label and
 constexpr int kNarrow = 560; ///< below this width of the pane the cover stands above the facts
 constexpr int kLeastCoverSide = 64;
 constexpr int kLargestScale = 3;
+constexpr int kLineAlpha = 90; ///< of 255
 
 /// The longest labels that readers give.
 constexpr std::array kLongLabels{QLatin1String("Exposure Program"), QLatin1String("Subtitles #10")};
+
+/// A line between parts of the sheet, as quiet as its labels.
+class Hairline final : public QWidget {
+public:
+    Hairline() { setFixedHeight(1); }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QColor color = palette().color(QPalette::PlaceholderText);
+        color.setAlpha(kLineAlpha);
+        QPainter(this).fillRect(rect(), color);
+    }
+};
 
 /// The folder of the file, the user's own as "~".
 QString shortFolder(const QString &path)
@@ -61,7 +76,7 @@ GeneralPane::GeneralPane(QWidget *parent)
       _headline(new ElidedLabel(Qt::ElideMiddle)),
       _folder(new ElidedLabel(Qt::ElideMiddle)),
       _facts(new FactList),
-      _line(new QFrame),
+      _line(new Hairline),
       _streams(new StreamTable),
       _top(new QBoxLayout(QBoxLayout::LeftToRight))
 {
@@ -74,11 +89,7 @@ void GeneralPane::layOut()
 {
     _folder->setForegroundRole(QPalette::PlaceholderText);
     _facts->setGap(kValueGap);
-    auto *line = static_cast<QFrame *>(_line);
-    setAccessibleRole(line, QAccessible::Separator);
-    line->setFrameShape(QFrame::HLine);
-    line->setFrameShadow(QFrame::Plain);
-    line->setForegroundRole(QPalette::Mid);
+    setAccessibleRole(_line, QAccessible::Separator);
 
     auto *block = new QVBoxLayout;
     block->setSpacing(0);

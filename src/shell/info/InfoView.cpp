@@ -61,10 +61,11 @@ InfoView::InfoView(LiveSettings &settings, QWidget *parent)
     _noFile->setTexts(
         tr("Drop files or folders here"),
         tr("Ctrl+O opens files, Ctrl+Shift+O a folder\nWith Shift, what is dropped replaces the list"));
-    _comparison->setTexts(tr("Nothing to compare"), tr("This version does not compare files."));
-    _custom->setTexts(tr("No report"),
-                      tr("This version shows no reports of the libraries in the window; “quorvin-cli raw” "
-                         "prints them."));
+    _comparison->setTexts(tr("Nothing to compare"),
+                          tr("This version does not compare files. Exported as CSV (Ctrl+E), they can be "
+                             "compared in a spreadsheet."));
+    _custom->setTexts(tr("Reports of the libraries"),
+                      tr("They open in a window of their own, and “quorvin-cli raw” prints them."));
     connectPanes();
     connect(&settings, &LiveSettings::changed, this, [this](Setting setting) {
         if (std::ranges::find(kFollowed, setting) != kFollowed.end())
@@ -82,9 +83,9 @@ void InfoView::connectPanes()
             &InfoView::cancelWalkWanted);
     connect(_failure, &FailurePane::retryWanted, this, &InfoView::retryWanted);
     connect(_failure, &FailurePane::preferencesWanted, this, &InfoView::preferencesWanted);
-    connect(_failure, &FailurePane::reportWanted, this, [this](const QString &path) {
-        (new RawReportDialog(_settings.values(), path, window()))->open();
-    });
+    _report = _custom->addButton(tr("&Raw Report…"), EmptyPane::UnderHint);
+    connect(_report, &QPushButton::clicked, this, &InfoView::showReport);
+    connect(_failure, &FailurePane::reportWanted, this, &InfoView::showReport);
     connect(_skip, &QPushButton::clicked, this, &InfoView::skipWanted);
     for (const Pane *pane : _panes) {
         connect(pane, &Pane::selectionDidChange, this, &InfoView::selectionDidChange);
@@ -134,11 +135,23 @@ void InfoView::showNoFile()
     showPage();
 }
 
+void InfoView::showReport()
+{
+    (new RawReportDialog(_settings.values(), _path, window()))->open();
+}
+
+void InfoView::setPath(const QString &path)
+{
+    _path = path;
+    _report->setEnabled(!path.isEmpty());
+}
+
 void InfoView::clear()
 {
     _hasFile = true;
     _hasFailed = false;
     _isUnread = false;
+    setPath({});
     for (Pane *pane : _panes)
         pane->clear();
     showPage();
@@ -149,6 +162,7 @@ void InfoView::showRecord(const QuorvinDataPtr &record)
     _hasFile = true;
     _hasFailed = false;
     _isUnread = false;
+    setPath(record->filename());
     for (Pane *pane : _panes)
         pane->showRecord(record);
     showPage();
@@ -158,6 +172,7 @@ void InfoView::showFailure(const QString &path, const QString &reason)
 {
     clear();
     _hasFailed = true;
+    setPath(path);
     _failure->setFailure(path, adviceOn(reason, analysisSetupFrom(_settings.values(), nullptr).limits));
     showPage();
 }

@@ -83,6 +83,9 @@ private:
     void applySettings();
     /// Texts larger or smaller by that, from the size of the settings; 0 gives the usual size.
     void zoom(int step);
+    void showReport();
+    /// Of the file that is shown; "" while nothing is known of it.
+    void setPath(const QString &path);
     /// The pane to be looked at, as file and tab are.
     Pane *wantedPane() const;
     void showPage();
@@ -99,6 +102,8 @@ private:
     EmptyPane *_custom;
     const std::array<Pane *, 8> _panes; ///< all of these
     QPushButton *_skip;
+    QPushButton *_report = nullptr;
+    QString _path;
     Tab _tab = Tab::General;
     bool _hasFile = false;
     bool _hasFailed = false;

@@ -321,10 +321,13 @@ bool ExtendedOutline::isOnDisclosureSign(const QPoint &position, const QModelInd
     return isRightToLeft() ? position.x() > item.right() : position.x() < item.left();
 }
 
-void ExtendedOutline::drawBranches(QPainter *painter, const QRect &rect, const QModelIndex &index) const
+void ExtendedOutline::drawRow(QPainter *painter, const QStyleOptionViewItem &options,
+                              const QModelIndex &index) const
 {
-    // The sign stands beside the name, not in the middle of a row with a gap.
-    QTreeView::drawBranches(painter, rect.adjusted(0, _delegate->groupGap(index), 0, 0), index);
+    // The air above a group is no part of it, and no selection covers it.
+    QStyleOptionViewItem own = options;
+    own.rect.setTop(own.rect.top() + _delegate->groupGap(index));
+    QTreeView::drawRow(painter, own, index);
 }
 
 void ExtendedOutline::mousePressEvent(QMouseEvent *event)

@@ -44,6 +44,12 @@ QList<QTextLayout::FormatRange> formatsOf(const QModelIndex &index, qsizetype le
     return formats;
 }
 
+QRect textRect(const QRect &cell)
+{
+    constexpr int kMargin = OutlineDelegate::kMargin;
+    return cell.adjusted(kMargin, kLead, -kMargin, -kLead);
+}
+
 QPalette::ColorRole roleOf(const QModelIndex &index, bool selected)
 {
     if (selected)
@@ -185,11 +191,6 @@ void OutlineDelegate::setAllOpen(bool open)
     Q_EMIT sizeHintChanged({});
 }
 
-QRect OutlineDelegate::textRect(const QRect &cell, const QModelIndex &index) const
-{
-    return cell.adjusted(kMargin, kLead + groupGap(index), -kMargin, -kLead);
-}
-
 void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                             const QModelIndex &index) const
 {
@@ -201,7 +202,7 @@ void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
 
     CellText cell = cellOf(option.font, index);
     cell.alignment = QStyle::visualAlignment(option.direction, cell.alignment) | Qt::AlignAbsolute;
-    const QRect inner = textRect(option.rect, index);
+    const QRect inner = textRect(option.rect);
     QTextLayout layout;
     const CellText::Extent extent = cell.layOut(layout, std::max(inner.width(), 1));
     if (cell.wraps())
@@ -210,7 +211,7 @@ void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     // follow; one line alone is centred.
     const QFontMetrics metrics(cell.font);
     const int room = inner.height() - metrics.height();
-    const int above = room > 0 && option.rect.height() - groupGap(index) <= minimumRowHeight ? room / 2 : 0;
+    const int above = room > 0 && option.rect.height() <= minimumRowHeight ? room / 2 : 0;
     const qreal top = inner.top() + above + metrics.ascent() - extent.firstAscent;
     const bool selected = own.state.testFlag(QStyle::State_Selected);
     const auto group = own.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
@@ -234,7 +235,7 @@ bool OutlineDelegate::editorEvent(QEvent *event, QAbstractItemModel *model,
         return QStyledItemDelegate::editorEvent(event, model, option, index);
     const auto *click = static_cast<QMouseEvent *>(event);
     const CellText cell = cellOf(option.font, index);
-    const QRect inner = textRect(option.rect, index);
+    const QRect inner = textRect(option.rect);
     QTextLayout layout;
     const CellText::Extent extent = cell.layOut(layout, std::max(inner.width(), 1));
     if (click->button() != Qt::LeftButton || extent.wordTop < 0

@@ -33,7 +33,8 @@ public:
     bool rightAlignsParameters = true;
     int minimumRowHeight = 0; ///< device-independent pixels
 
-    /// Room above the name of a group, beyond that of other rows.
+    /// Room above a group, beyond that of other rows. It is in the height of the row, and whoever draws the
+    /// row leaves it out.
     int groupGap(const QModelIndex &index) const;
     static QFont groupFont(QFont font);
 
@@ -58,7 +59,6 @@ private:
     CellText cellOf(const QFont &font, const QModelIndex &index) const;
     int textWidth(const QModelIndex &index) const;
     CellHeights::Place placeOf(const QModelIndex &index) const;
-    QRect textRect(const QRect &cell, const QModelIndex &index) const;
     /// Of the wrapped text alone: as measured, or a guess.
     int heightOf(const CellText &cell, const QModelIndex &index) const;
     /// The cell was drawn, and its text is that high. A guess that was wrong lays the tree out anew.
