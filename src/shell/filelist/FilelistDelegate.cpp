@@ -18,11 +18,11 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kFrame = 1; ///< round a cover
-constexpr int kBox = FilelistRow::kPictureSide + 2 * kFrame;
-constexpr int kMargin = 8; ///< before the picture, between it and the text, and behind that
-constexpr int kLead = 3; ///< above and below the picture
-constexpr double kDim = 0.4;
+constexpr int kCoverFrame = 1; ///< round a cover
+constexpr int kPictureBox = FilelistRow::kPictureSide + 2 * kCoverFrame;
+constexpr int kRowMargin = 8; ///< before the picture, between it and the text, and behind that
+constexpr int kRowLead = 3; ///< above and below the picture
+constexpr double kWaitingOpacity = 0.4;
 constexpr int kBesideTip = 75; ///< of the screen, free of a long tip
 
 constexpr int kSpinnerSide = 16;
@@ -37,9 +37,10 @@ struct RowPlaces {
 RowPlaces placesOf(const QStyleOptionViewItem &option)
 {
     const QRect &row = option.rect;
-    const QRect picture(row.x() + kMargin, row.y() + (row.height() - kBox) / 2, kBox, kBox);
-    const int left = picture.right() + 1 + kMargin;
-    const QRect text(left, row.y(), std::max(row.right() + 1 - kMargin - left, 0), row.height());
+    const QRect picture(row.x() + kRowMargin, row.y() + (row.height() - kPictureBox) / 2, kPictureBox,
+                        kPictureBox);
+    const int left = picture.right() + 1 + kRowMargin;
+    const QRect text(left, row.y(), std::max(row.right() + 1 - kRowMargin - left, 0), row.height());
     return {QStyle::visualRect(option.direction, row, picture),
             QStyle::visualRect(option.direction, row, text)};
 }
@@ -73,12 +74,12 @@ void drawPicture(QPainter *painter, const QRect &box, const QStyleOptionViewItem
     place.moveCenter(box.center());
     const int state = index.data(FilelistRow::StateRole).toInt();
     if (state == FilelistRow::Waiting || state == FilelistRow::Unread)
-        painter->setOpacity(kDim);
+        painter->setOpacity(kWaitingOpacity);
     painter->drawPixmap(place, picture);
     painter->setOpacity(1);
     if (isCover) {
         painter->setPen(option.palette.color(QPalette::Mid));
-        painter->drawRect(place.adjusted(-kFrame, -kFrame, 0, 0));
+        painter->drawRect(place.adjusted(-kCoverFrame, -kCoverFrame, 0, 0));
     }
 }
 
@@ -121,7 +122,7 @@ FilelistDelegate::Texts FilelistDelegate::fittingTexts(const QString &path, cons
 
 QSize FilelistDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
 {
-    return {0, std::max(option.fontMetrics.height(), kBox) + 2 * kLead};
+    return {0, std::max(option.fontMetrics.height(), kPictureBox) + 2 * kRowLead};
 }
 
 void FilelistDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,

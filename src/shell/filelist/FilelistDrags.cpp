@@ -11,7 +11,6 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <utility>
 
 namespace quorvin {
 
@@ -85,7 +84,8 @@ QString FilelistDrags::hintFor(const DropPlan &plan)
 void FilelistDrags::drop(const QMimeData &content, Qt::KeyboardModifiers modifiers, int row)
 {
     const DropPlan plan = planFor(content, modifiers);
-    const QPointer<QObject> source = std::exchange(_session.draggingSource, nullptr);
+    auto *source = qobject_cast<FilelistDrags *>(_session.draggingSource.data());
+    _session.draggingSource = nullptr;
     if (!plan.isAccepted)
         return;
     if (plan.reorders)
@@ -93,11 +93,9 @@ void FilelistDrags::drop(const QMimeData &content, Qt::KeyboardModifiers modifie
     const QStringList paths = pathsFromUriList(content.data(kUriListType));
     if (paths.isEmpty())
         return;
-    QTimer::singleShot(kDropMilliseconds, this, [this, paths, plan, row, source] {
-        take(paths, plan, row);
-        if (auto *list = qobject_cast<FilelistDrags *>(source.data()); list && plan.takesFromSource)
-            list->removeDraggedItems();
-    });
+    QTimer::singleShot(kDropMilliseconds, this, [this, paths, plan, row] { take(paths, plan, row); });
+    if (source && plan.takesFromSource)
+        QTimer::singleShot(kDropMilliseconds, source, [source] { source->removeDraggedItems(); });
 }
 
 void FilelistDrags::take(const QStringList &paths, const DropPlan &plan, int row)

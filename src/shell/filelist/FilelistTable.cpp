@@ -30,7 +30,7 @@ namespace quorvin {
 namespace {
 
 constexpr int kSpinnerMilliseconds = 80;
-constexpr int kLineWidth = 2; ///< of the mark where a drop goes
+constexpr int kDropLineWidth = 2; ///< of the mark where a drop goes
 
 } // namespace
 
@@ -202,7 +202,7 @@ void FilelistTable::paintDropLine()
     if (_dropLine == kNoLine)
         return;
     QPainter painter(viewport());
-    painter.setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), kLineWidth));
+    painter.setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), kDropLineWidth));
     if (_dropLine == kWholeList)
         return painter.drawRect(viewport()->rect().adjusted(1, 1, -1, -1));
     const QModelIndex before = model()->index(_dropLine - 1, 0);

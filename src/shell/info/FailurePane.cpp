@@ -19,7 +19,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kGrid = 8;
+constexpr int kSpace = 8;
 constexpr int kPictureSide = 48;
 constexpr int kMostWidth = 560; ///< of the text; a longer line is hard to read
 
@@ -59,19 +59,19 @@ FailurePane::FailurePane(QWidget *parent)
 void FailurePane::layOut()
 {
     auto *buttons = new QHBoxLayout;
-    buttons->setSpacing(kGrid);
+    buttons->setSpacing(kSpace);
     for (QPushButton *button : {_retry, _report, _preferences})
         buttons->addWidget(button);
     buttons->addStretch();
 
     auto *text = new QVBoxLayout;
-    text->setSpacing(kGrid / 2);
+    text->setSpacing(kSpace / 2);
     text->addWidget(_name);
     text->addWidget(_folder);
-    text->addSpacing(kGrid);
+    text->addSpacing(kSpace);
     text->addWidget(_sentence);
     text->addWidget(_limit);
-    text->addSpacing(2 * kGrid);
+    text->addSpacing(2 * kSpace);
     text->addLayout(buttons);
     text->addStretch();
     auto *column = new QWidget;
@@ -80,8 +80,8 @@ void FailurePane::layOut()
     text->setContentsMargins(0, 0, 0, 0);
 
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(2 * kGrid, 2 * kGrid, 2 * kGrid, 2 * kGrid);
-    row->setSpacing(2 * kGrid);
+    row->setContentsMargins(2 * kSpace, 2 * kSpace, 2 * kSpace, 2 * kSpace);
+    row->setSpacing(2 * kSpace);
     row->addWidget(_picture, 0, Qt::AlignTop);
     row->addWidget(column, 1);
     row->addStretch();

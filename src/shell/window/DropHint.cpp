@@ -7,8 +7,8 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kPadding = 8;
-constexpr int kAbove = 40; ///< clear of the status line
+constexpr int kHintPadding = 8;
+constexpr int kHintLift = 40; ///< clear of the status line
 
 } // namespace
 
@@ -22,7 +22,7 @@ DropHint::DropHint(QWidget *over) : QLabel(over)
     setFrameShape(QFrame::Box);
     setWordWrap(true);
     setAlignment(Qt::AlignCenter);
-    setMargin(kPadding);
+    setMargin(kHintPadding);
     hide();
 }
 
@@ -31,10 +31,10 @@ void DropHint::tell(const QString &hint)
     if (hint.isEmpty())
         return hide();
     setText(hint);
-    const int room = parentWidget()->width() - 2 * kPadding;
-    const int width = std::min(fontMetrics().horizontalAdvance(hint) + 4 * kPadding, room);
+    const int room = parentWidget()->width() - 2 * kHintPadding;
+    const int width = std::min(fontMetrics().horizontalAdvance(hint) + 4 * kHintPadding, room);
     resize(width, heightForWidth(width));
-    move((parentWidget()->width() - width) / 2, parentWidget()->height() - height() - kAbove);
+    move((parentWidget()->width() - width) / 2, parentWidget()->height() - height() - kHintLift);
     raise();
     show();
 }

@@ -19,7 +19,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kFolderWidth = 320; ///< of a menu's entry, in device-independent pixels
+constexpr int kRecentFolderWidth = 320; ///< of a menu's entry, in device-independent pixels
 
 /// The name, and behind it the folder where another entry has the same name.
 QString recentText(const QString &path, const QStringList &all, const QFontMetrics &metrics)
@@ -29,7 +29,7 @@ QString recentText(const QString &path, const QStringList &all, const QFontMetri
     QString text = name;
     if (std::ranges::count_if(all, hasSameName) > 1)
         text += QStringLiteral(" — ")
-            + metrics.elidedText(withoutLastPathComponent(path), Qt::ElideLeft, kFolderWidth);
+            + metrics.elidedText(withoutLastPathComponent(path), Qt::ElideLeft, kRecentFolderWidth);
     return text.replace(u'&', QLatin1String("&&"));
 }
 
