@@ -21,7 +21,7 @@ namespace {
 
 using namespace quorvin;
 
-constexpr int kFiles = 4'000;
+constexpr int kFiles = 20'000;
 constexpr int kRefreshes = 3;
 constexpr qint64 kRestMilliseconds = 3'000; ///< after which what is free has been given back
 

@@ -13,6 +13,13 @@
 
 namespace quorvin {
 
+namespace {
+
+/// Whoever shows a selection takes long for one of thousands of ranges.
+constexpr int kMostRanges = 1000;
+
+} // namespace
+
 FilelistController::FilelistController(const LiveSettings &settings, QObject *parent)
     : QObject(parent), _reading(settings)
 {
@@ -287,15 +294,31 @@ void FilelistController::undoRemoval()
     _reading.add(back.files);
     _selection.reset();
     _whole.insertFilesAt(back.rows, back.files);
-    QItemSelection selection;
-    for (const FilelistItemPtr &file : back.files) {
-        if (const QModelIndex index = _arranged.index(_arranged.rowOf(file), 0); index.isValid())
-            selection.append(QItemSelectionRange(index));
-    }
-    _selection.select(selection, QItemSelectionModel::Select);
-    if (!selection.isEmpty())
-        _selection.setCurrentIndex(selection.front().topLeft(), QItemSelectionModel::NoUpdate);
+    selectFiles(back.files);
     updateTotals();
+}
+
+void FilelistController::selectFiles(const std::vector<FilelistItemPtr> &files)
+{
+    std::vector<int> rows;
+    rows.reserve(files.size());
+    for (const FilelistItemPtr &file : files) {
+        if (const int row = _arranged.rowOf(file); row >= 0)
+            rows.push_back(row);
+    }
+    std::ranges::sort(rows);
+    QItemSelection selection;
+    for (std::size_t first = 0; first < rows.size() && selection.size() < kMostRanges;) {
+        std::size_t last = first;
+        while (last + 1 < rows.size() && rows[last + 1] == rows[last] + 1)
+            ++last;
+        selection.append({_arranged.index(rows[first], 0), _arranged.index(rows[last], 0)});
+        first = last + 1;
+    }
+    if (selection.isEmpty())
+        return;
+    _selection.select(selection, QItemSelectionModel::Select);
+    _selection.setCurrentIndex(selection.front().topLeft(), QItemSelectionModel::NoUpdate);
 }
 
 void FilelistController::selectNextFailed()

@@ -125,6 +125,8 @@ private:
     void fileIsReady(const DataCacherDelivery &delivery);
     void readAgain(const std::vector<FilelistItemPtr> &files);
     void reprocess(const FilelistItemPtr &file);
+    /// Those that are shown, in addition; the first of them is the keyboard's place.
+    void selectFiles(const std::vector<FilelistItemPtr> &files);
     void updateTotals();
 
     FileReading _reading;
