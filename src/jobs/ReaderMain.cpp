@@ -251,7 +251,7 @@ void work(const QString &through)
 }
 
 /// What the libraries read in the places of this user.
-void openOwnFolders(std::vector<int> &descriptors)
+void openOwnPaths(std::vector<int> &descriptors)
 {
     QStringList paths{qEnvironmentVariable("TZDIR")};
     for (const QString &folder : QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation))
@@ -280,8 +280,8 @@ try {
     useUtf8CharacterType();
     RecordBuilder::setupLibraries();
     RootOpener::Opened opened = opener.take();
-    openOwnFolders(opened.folders);
-    const quint32 parts = raiseGuard({.readable = std::move(opened.folders)});
+    openOwnPaths(opened.descriptors);
+    const quint32 parts = raiseGuard({.readable = std::move(opened.descriptors)});
     if (!writeAll(frameOf(Greeting{.guardParts = parts, .reached = std::move(opened.reached)})))
         return EXIT_FAILURE;
     work(roots->through);

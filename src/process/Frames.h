@@ -35,7 +35,7 @@ enum LogPart : quint32 {
 
 /// The first words of the parent.
 struct ReaderRoots {
-    std::vector<QString> paths; ///< of folders that the reader may read; a file stands for the one it is in
+    std::vector<QString> paths; ///< of files and folders that the reader may read
     QString through; ///< a file that is to be read wherever links on its way lead; may be empty
 };
 
@@ -51,7 +51,7 @@ struct Greeting {
 
     quint32 magic = kMagic;
     quint32 guardParts = 0; ///< as `raiseGuard` gives them
-    std::vector<QString> reached = {}; ///< the folders that the way `through` needs beside the roots
+    std::vector<QString> reached = {}; ///< what the way `through` needs beside the roots
 };
 
 struct JobDone {

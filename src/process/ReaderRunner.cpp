@@ -3,7 +3,6 @@
 
 #include "process/ReaderRunner.h"
 
-#include "platform/NativePath.h"
 #include "process/ReaderConnection.h"
 
 #include <utility>
@@ -115,7 +114,7 @@ ReaderRoots ReaderRunner::rootsWith(const QString &through)
 {
     const QString path = pathOf(_job.request);
     if (!_roots->roots().cover(path))
-        _roots->add({withoutLastPathComponent(path)});
+        _roots->add({path});
     _readable = _roots->roots();
     return {{_readable.paths().begin(), _readable.paths().end()}, through};
 }

@@ -16,7 +16,7 @@ namespace quorvin {
 /// can be started, after a few tries, all jobs fail with `kNoReader`. A stop takes effect at once.
 ///
 /// A reader may read what is in `roots` when it starts. A job outside them is done all the same, by a fresh
-/// reader that may read its folder too; `roots` grows by that. Null stands for a set of the runner's own.
+/// reader that may read that too; `roots` grows by it. Null stands for a set of the runner's own.
 /// `program` is the path of the reader; "" is the one beside this program.
 std::unique_ptr<JobRunner> makeReaderRunner(std::shared_ptr<RootSet> roots = nullptr,
                                             const std::string &program = {});

@@ -36,7 +36,7 @@ constexpr std::size_t kMostReached = 16;
 
 /// What the helper says, each in a packet of its own.
 enum class Word : char {
-    Root, ///< a folder; comes with its descriptor
+    Root, ///< comes with its descriptor
     Reached, ///< the same, and its path
     End, ///< of one of the threads
 };
@@ -72,27 +72,12 @@ QByteArray realPath(const QByteArray &path)
     return ::realpath(path.constData(), real.data()) ? QByteArray(real.data()) : QByteArray();
 }
 
-bool isFolder(const QByteArray &path)
+void tell(int socket, Word word, const QByteArray &path)
 {
-    struct stat facts { };
-    return ::stat(path.constData(), &facts) == 0 && S_ISDIR(facts.st_mode);
-}
-
-/// The folder that a path leads to, or in which the file lies that it leads to; "" when it leads nowhere.
-QByteArray realFolder(const QByteArray &path)
-{
-    QByteArray real = realPath(path);
-    if (real.isEmpty() || isFolder(real))
-        return real;
-    return real.left(std::max<qsizetype>(real.lastIndexOf('/'), 1));
-}
-
-void tell(int socket, Word word, const QByteArray &folder)
-{
-    const int descriptor = ::open(folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    const int descriptor = ::open(path.constData(), O_PATH | O_CLOEXEC);
     if (descriptor < 0)
         return;
-    sendPacket(socket, word, descriptor, word == Word::Reached ? folder : QByteArray());
+    sendPacket(socket, word, descriptor, word == Word::Reached ? path : QByteArray());
     ::close(descriptor);
 }
 
@@ -110,21 +95,21 @@ std::optional<qsizetype> endOfRoot(const ReaderRoots &roots, const QString &path
 }
 
 /// Those links count that lie below the root: what leads to the root itself, is the root.
-std::vector<QByteArray> foldersReached(const ReaderRoots &roots)
+std::vector<QByteArray> pathsReached(const ReaderRoots &roots)
 {
-    std::vector<QByteArray> folders;
+    std::vector<QByteArray> paths;
     const auto root = endOfRoot(roots, roots.through);
     for (qsizetype end = root.value_or(roots.through.size());
-         root && end >= 0 && folders.size() < kMostReached;) {
+         root && end >= 0 && paths.size() < kMostReached;) {
         end = roots.through.indexOf(u'/', end + 1);
         const QByteArray part = encodePath(roots.through.left(end));
         struct stat facts { };
         if (::lstat(part.constData(), &facts) == 0 && S_ISLNK(facts.st_mode))
-            folders.push_back(realFolder(part));
+            paths.push_back(realPath(part));
     }
-    if (folders.empty())
-        folders.push_back(realFolder(encodePath(roots.through)));
-    return folders;
+    if (paths.empty())
+        paths.push_back(realPath(encodePath(roots.through)));
+    return paths;
 }
 
 /// A thread for each path.
@@ -133,13 +118,13 @@ void openAll(int socket, const ReaderRoots &roots)
     std::vector<std::jthread> threads;
     for (const QString &root : roots.paths)
         threads.emplace_back([socket, path = encodePath(root)] {
-            tell(socket, Word::Root, isFolder(path) ? path : realFolder(path));
+            tell(socket, Word::Root, path);
             sendPacket(socket, Word::End, -1, {});
         });
     threads.emplace_back([socket, &roots] {
-        for (const QByteArray &folder :
-             roots.through.isEmpty() ? std::vector<QByteArray>() : foldersReached(roots))
-            tell(socket, Word::Reached, folder);
+        for (const QByteArray &path :
+             roots.through.isEmpty() ? std::vector<QByteArray>() : pathsReached(roots))
+            tell(socket, Word::Reached, path);
         sendPacket(socket, Word::End, -1, {});
     });
 }
@@ -217,7 +202,7 @@ RootOpener::Opened RootOpener::take()
         pollfd end{_socket, POLLIN, 0};
         if (::poll(&end, 1, static_cast<int>(deadline.remainingTime())) <= 0)
             break;
-        const QByteArray packet = receivePacket(_socket, opened.folders);
+        const QByteArray packet = receivePacket(_socket, opened.descriptors);
         if (packet.isEmpty())
             break;
         _threads -= packet[0] == char(Word::End) ? 1 : 0;

@@ -12,13 +12,13 @@
 
 namespace quorvin {
 
-/// Opens the folders that a reader may read, in a process beside it: a file system that does not answer keeps
-/// its own folders back, and nothing else. One thread, from its making to `take`.
+/// Opens what a reader may read, in a process beside it: a file system that does not answer keeps its own
+/// paths back, and nothing else. One thread, from its making to `take`.
 class RootOpener {
 public:
     struct Opened {
-        std::vector<int> folders; ///< descriptors that only name them; the caller's
-        std::vector<QString> reached; ///< the real folders that the links on the way to `through` lead to
+        std::vector<int> descriptors; ///< they only name what they are of; the caller's
+        std::vector<QString> reached; ///< the real paths that the links on the way to `through` lead to
     };
 
     /// Begins. To be made while the calling process has one thread and has read no file of unknown origin.

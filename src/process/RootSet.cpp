@@ -70,14 +70,12 @@ ReadableRoots::ReadableRoots(const QStringList &paths)
     for (const auto &[depth, path] : roots) {
         _paths.append(path);
         _roots.insert(path);
-        _foldersOfRoots.insert(withoutLastPathComponent(path));
     }
 }
 
 bool ReadableRoots::cover(const QString &path) const
 {
-    return _roots.contains(path) || _foldersOfRoots.contains(withoutLastPathComponent(path))
-        || hasAbove(_roots, path);
+    return _roots.contains(path) || hasAbove(_roots, path);
 }
 
 void RootSet::add(const QStringList &paths)

@@ -18,21 +18,19 @@ public:
     static constexpr std::size_t kMost = 64;
 
     ReadableRoots() = default;
-    /// Absolute paths of files and folders. A folder stands for all that is below it, a file for the folder
-    /// it is in. Where there are more than `kMost`, or they are too long together, the deepest give way to
-    /// the folders above them.
+    /// Absolute paths of files and folders. A folder stands for all that is below it. Where there are more
+    /// than `kMost`, or they are too long together, the deepest give way to the folders above them.
     explicit ReadableRoots(const QStringList &paths);
 
     /// Sorted by their depth; none is below another.
     const QStringList &paths() const { return _paths; }
     /// Whether a reader with these roots can be expected to read the file: by the text of its path alone,
-    /// which knows nothing of links. Of a root it isn't known either whether it is a file.
+    /// which knows nothing of links.
     bool cover(const QString &path) const;
 
 private:
     QStringList _paths;
     QSet<QString> _roots;
-    QSet<QString> _foldersOfRoots;
 };
 
 /// What the readers of one list may read, growing with the list. Any thread.

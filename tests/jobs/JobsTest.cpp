@@ -109,8 +109,10 @@ TEST(Jobs, LinksOutOfTheRootsAreFollowedAndNothingElse)
     EXPECT_TRUE(roots->roots().cover(elsewhere / QStringLiteral("folder/b.wav")));
     EXPECT_TRUE(roots->roots().paths().contains(elsewhere / QStringLiteral("folder")));
     EXPECT_TRUE(isRead(list / QStringLiteral("linked/b.wav")));
-    EXPECT_FALSE(roots->roots().paths().contains(elsewhere.path()));
+    EXPECT_FALSE(roots->roots().cover(secret));
     EXPECT_TRUE(isRead(list / QStringLiteral("c.wav")));
+    EXPECT_TRUE(roots->roots().paths().contains(secret));
+    EXPECT_FALSE(roots->roots().cover(elsewhere / QStringLiteral("x.wav")));
     EXPECT_TRUE(isRead(test::sample(QStringLiteral("tone.wav"))));
 }
 

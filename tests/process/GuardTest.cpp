@@ -113,6 +113,9 @@ TEST(Guard, ReaderReadsInItsFoldersOnly)
     EXPECT_TRUE(reads(QStringLiteral("/usr/share/mime/mime.cache"), guard));
     for (const QString &path : {outside, link, QStringLiteral("/etc/passwd"), other.path(), closedOutside})
         EXPECT_FALSE(reads(path, guard)) << path.toStdString();
+    const Guard ofOneFile{.readable = {::open(closed.toUtf8().constData(), O_PATH | O_CLOEXEC)}};
+    EXPECT_EQ(reads(closed, ofOneFile), ::geteuid() == 0);
+    EXPECT_FALSE(reads(folder / QStringLiteral("below/a"), ofOneFile)) << "beside the one file";
     // Root reads the files of others, but no guarded process does so elsewhere.
     EXPECT_EQ(reads(closed, guard), ::geteuid() == 0);
     EXPECT_FALSE(reads(closed, writerGuard()));

@@ -54,9 +54,9 @@ TEST(RootSet, DeepestGiveWayWhereThereAreTooMany)
 TEST(RootSet, CoverGoesByTheText)
 {
     const ReadableRoots roots({QStringLiteral("/a/b"), QStringLiteral("/f/one.wav")});
-    for (const char *path : {"/a/b/x.wav", "/a/b/c/d/x.wav", "/f/one.wav", "/f/two.wav"})
+    for (const char *path : {"/a/b/x.wav", "/a/b/c/d/x.wav", "/f/one.wav"})
         EXPECT_TRUE(roots.cover(QLatin1String(path))) << path;
-    for (const char *path : {"/a/bc/x.wav", "/f/sub/x.wav", "/x.wav", "/"})
+    for (const char *path : {"/a/bc/x.wav", "/f/two.wav", "/x.wav", "/"})
         EXPECT_FALSE(roots.cover(QLatin1String(path))) << path;
     EXPECT_TRUE(ReadableRoots({QStringLiteral("/")}).cover(QStringLiteral("/a/b")));
 }
