@@ -3,7 +3,7 @@
 
 #include "shell/desktop/FocusRing.h"
 
-#include <QAbstractScrollArea>
+#include <QAbstractItemView>
 #include <QEvent>
 #include <QPainter>
 #include <QRegion>
@@ -16,11 +16,15 @@ constexpr int kRingWidth = 2; ///< device-independent pixels
 
 } // namespace
 
-FocusRing::FocusRing(QAbstractScrollArea *view) : QWidget(view), _view(view)
+FocusRing::FocusRing(QAbstractItemView *view) : QWidget(view), _view(view)
 {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
     view->installEventFilter(this);
+    const QAbstractItemModel *model = view->model();
+    connect(model, &QAbstractItemModel::rowsInserted, this, &FocusRing::follow);
+    connect(model, &QAbstractItemModel::rowsRemoved, this, &FocusRing::follow);
+    connect(model, &QAbstractItemModel::modelReset, this, &FocusRing::follow);
     follow();
 }
 
@@ -44,7 +48,7 @@ void FocusRing::follow()
     setGeometry(_view->rect());
     // The inside stays the view's, which scrolls faster under nothing.
     setMask(QRegion(rect()).subtracted(rect().adjusted(kRingWidth, kRingWidth, -kRingWidth, -kRingWidth)));
-    setVisible(_view->hasFocus());
+    setVisible(_view->hasFocus() && _view->model()->rowCount(_view->rootIndex()) > 0);
     raise();
 }
 

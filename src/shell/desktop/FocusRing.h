@@ -5,17 +5,17 @@
 
 #include <QWidget>
 
-class QAbstractScrollArea;
+class QAbstractItemView;
 
 namespace quorvin {
 
-/// A thin frame round a view while it has the keyboard, so that one sees where the keys go. Takes no room and
-/// no clicks. Main thread.
+/// A thin frame round a view while it has the keyboard, so that one sees where the keys go; none round an empty
+/// one. Takes no room and no clicks. Main thread.
 class FocusRing final : public QWidget {
     Q_OBJECT
 public:
-    /// Belongs to the view.
-    explicit FocusRing(QAbstractScrollArea *view);
+    /// Belongs to the view, which has its model already.
+    explicit FocusRing(QAbstractItemView *view);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -24,7 +24,7 @@ protected:
 private:
     void follow();
 
-    QAbstractScrollArea *_view;
+    QAbstractItemView *_view;
 };
 
 } // namespace quorvin

@@ -32,7 +32,6 @@ ToolBar::ToolBar(const CommandSet &commands, QWidget *parent)
     setContextMenuPolicy(Qt::PreventContextMenu);
     setToolButtonStyle(Qt::ToolButtonIconOnly);
     setIconSize(QSize(kIconSide, kIconSide));
-    setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     QAction *sidebar = commands.action(Command::toggleSidebar);
     addAction(sidebar);
     for (QAction *action : commands.actionsAt(CommandPlace::ToolBar)) {
@@ -43,7 +42,7 @@ ToolBar::ToolBar(const CommandSet &commands, QWidget *parent)
         widgetForAction(action)->setAccessibleDescription(action->statusTip());
     setAccessibleRole(_room, QAccessible::Whitespace);
     _room->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-    _room->setMinimumSize(_tabs->sizeHint());
+    _room->setMinimumSize(_tabs->sizeHint() + QSize(0, 2 * kMargin));
     addWidget(_room);
     _tabs->raise();
 }
