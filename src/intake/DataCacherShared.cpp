@@ -140,7 +140,7 @@ void DataCacherShared::makeOwnThreadFree()
         if (held == filesInProcess.end())
             return;
         file = held->first;
-        stop = held->second.stop;
+        stop.swap(held->second.stop);
         letGo(file);
     }
     fileQueue.addFilesToEnd({file});
@@ -156,7 +156,7 @@ bool DataCacherShared::skip(const FilelistItemPtr &file, const QString &reason)
         if (file->isDone())
             return false;
         if (const auto held = filesInProcess.find(file); held != filesInProcess.end())
-            stop = held->second.stop;
+            stop.swap(held->second.stop);
         std::erase(slowFiles, file);
         letGo(file);
         file->setIsDone(true);

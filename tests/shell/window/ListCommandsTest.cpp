@@ -27,17 +27,17 @@ using test::spinUntil;
 namespace {
 
 /// Stands in for the desktop.
-struct Desktop {
+struct Opener {
     QStringList opened;
     QFileDialog relay; ///< an object that can be called with an address, and tells it
 
-    Desktop()
+    Opener()
     {
         QObject::connect(&relay, &QFileDialog::urlSelected,
                          [this](const QUrl &url) { opened.append(url.toLocalFile()); });
         QDesktopServices::setUrlHandler(u"file"_s, &relay, "urlSelected");
     }
-    ~Desktop() { QDesktopServices::unsetUrlHandler(u"file"_s); }
+    ~Opener() { QDesktopServices::unsetUrlHandler(u"file"_s); }
 };
 
 struct CommandsOfTheList : test::SampleWindow {
@@ -81,7 +81,7 @@ TEST_F(CommandsOfTheList, FilesAreFoundByTheirNames)
 
 TEST_F(CommandsOfTheList, ADoubleClickOrReturnOpensTheFile)
 {
-    const Desktop desktop;
+    const Opener desktop;
     const QRect row = table->visualRect(table->model()->index(1, 0));
     QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, row.center());
     EXPECT_TRUE(desktop.opened.isEmpty());
@@ -112,7 +112,7 @@ TEST_F(CommandsOfTheList, TheSelectionIsExportedAndTheDocumentShown)
     const QByteArray written = test::contentOf(path);
     EXPECT_TRUE(written.contains("movie.mp4") && !written.contains("tone.wav"));
 
-    const Desktop desktop;
+    const Opener desktop;
     for (QToolButton *button : status.findChildren<QToolButton *>()) {
         if (button->text() == u"Show"_s)
             button->click();

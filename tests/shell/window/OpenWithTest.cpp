@@ -17,7 +17,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 /// A desktop with these applications for WAV files. What it knows is read once for a process.
-struct Desktop : testing::Test {
+struct OpenWith : testing::Test {
     static inline test::TestFolder *folder = nullptr;
 
     static void SetUpTestSuite()
@@ -59,7 +59,7 @@ struct Desktop : testing::Test {
 
 } // namespace
 
-TEST_F(Desktop, MenuHasTheDefaultFirstAndTellsOthersApart)
+TEST_F(OpenWith, MenuHasTheDefaultFirstAndTellsOthersApart)
 {
     StatusLine status;
     OpenWithMenu menu(status);
@@ -75,7 +75,7 @@ TEST_F(Desktop, MenuHasTheDefaultFirstAndTellsOthersApart)
     EXPECT_FALSE(menu.actions().constFirst()->isEnabled());
 }
 
-TEST_F(Desktop, FilesAreOpenedInTheOneChosen)
+TEST_F(OpenWith, FilesAreOpenedInTheOneChosen)
 {
     const QString path = folder->write(u"odd #%41.wav"_s, "a tone");
     QFile::link(path, *folder / u"link.wav"_s);
