@@ -9,8 +9,8 @@ class QAbstractItemView;
 
 namespace quorvin {
 
-/// A thin frame round a view while it has the keyboard, so that one sees where the keys go; none round an empty
-/// one. Takes no room and no clicks. Main thread.
+/// A thin frame round a view while it has the keyboard, so that one sees where the keys go; none round an
+/// empty one. Takes no room and no clicks. Main thread.
 class FocusRing final : public QWidget {
     Q_OBJECT
 public:
