@@ -21,7 +21,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-constexpr int kPatience = 20'000; ///< milliseconds
+constexpr int kTreePatience = 20'000; ///< milliseconds
 constexpr int kDeepest = 40;
 constexpr QLatin1String kAccessible("org.a11y.atspi.Accessible");
 
@@ -72,7 +72,7 @@ AccessibleTree::~AccessibleTree()
     QDBusConnection::disconnectFromBus(kSessionBus);
     for (QProcess *process : {&_program, &_launcher, &_bus, &_display}) {
         process->terminate();
-        process->waitForFinished(kPatience);
+        process->waitForFinished(kTreePatience);
     }
 }
 
@@ -80,14 +80,14 @@ bool AccessibleTree::start(QProcess &process, const QString &program, const QStr
 {
     process.setProcessEnvironment(_environment);
     process.start(program, words);
-    if (!process.waitForStarted(kPatience))
+    if (!process.waitForStarted(kTreePatience))
         _problem = program + u": "_s + process.errorString();
     return _problem.isEmpty();
 }
 
 QString AccessibleTree::firstLineOf(QProcess &process)
 {
-    while (!process.canReadLine() && process.waitForReadyRead(kPatience)) { }
+    while (!process.canReadLine() && process.waitForReadyRead(kTreePatience)) { }
     const QString line = QString::fromUtf8(process.readLine()).trimmed();
     if (line.isEmpty())
         _problem = process.program() + u" says nothing"_s;

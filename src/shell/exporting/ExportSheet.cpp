@@ -42,7 +42,7 @@ constexpr std::array kFormatNames{
 
 QString countText(std::size_t fileCount, std::size_t asked)
 {
-    const QString count = groupedCount(static_cast<qint64>(fileCount));
+    QString count = groupedCount(static_cast<qint64>(fileCount));
     if (fileCount == asked)
         return count;
     return ExportSheet::tr("%1 of %2; nothing is known of the others")

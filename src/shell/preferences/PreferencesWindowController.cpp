@@ -65,11 +65,7 @@ bool concernsReading(Setting setting)
 } // namespace
 
 PreferencesWindowController::PreferencesWindowController(LiveSettings &settings)
-    : _settings(settings),
-      _tabs(new QTabWidget),
-      _advanced(nullptr),
-      _note(makeNote()),
-      _versions(new LibraryVersions)
+    : _settings(settings), _tabs(new QTabWidget), _note(makeNote()), _versions(new LibraryVersions)
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setWindowTitle(tr("Preferences"));

@@ -45,7 +45,7 @@ private:
 
     LiveSettings &_settings;
     QTabWidget *_tabs;
-    QWidget *_advanced;
+    QWidget *_advanced = nullptr;
     QWidget *_note; ///< that files were read before the last change
     LibraryVersions *_versions;
 };

@@ -51,7 +51,7 @@ void FocusKeeper::focusDidChange(QWidget *old, QWidget *now)
         if (QApplication::mouseButtons() != Qt::NoButton)
             _isOwed = false;
     }
-    if (old == _list && now && !_list->isVisible() && _content->isVisible()) {
+    if (old && old == _list && now && !old->isVisible() && _content->isVisible()) {
         _isOwed = true;
         placeInContent()->setFocus(Qt::OtherFocusReason);
     }
