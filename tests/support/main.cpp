@@ -5,6 +5,7 @@
 #include "platform/UserLocale.h"
 #include "process/RecordBytes.h"
 #include "readers/RecordBuilder.h"
+#include "shell/desktop/BackgroundRun.h"
 
 #include <QApplication>
 #include <QFile>
@@ -12,6 +13,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
@@ -48,5 +50,8 @@ int main(int argc, char **argv)
         return readInThisProcess(QFile::decodeName(argv[2]));
     quorvin::useUtf8CharacterType();
     quorvin::RecordBuilder::setupLibraries();
-    return RUN_ALL_TESTS();
+    const int status = RUN_ALL_TESTS();
+    // The libraries are taken down behind this; nothing may be inside them then.
+    quorvin::BackgroundRunBase::awaitThreads(std::chrono::seconds(10));
+    return status;
 }
