@@ -10,9 +10,9 @@ namespace quorvin {
 
 namespace {
 
-constexpr double kSecondaryShare = 0.68; ///< of the text's colour in what stands back
+constexpr int kSecondaryPercent = 68; ///< of the text's colour in what stands back
 constexpr double kRestingSelectionShare = 0.16; ///< of it in a selection without the keyboard
-constexpr double kShareStep = 0.02;
+constexpr int kPercentStep = 2;
 
 double linear(double channel)
 {
@@ -40,8 +40,8 @@ QColor secondaryColor(const QPalette &palette)
     const QColor page = palette.color(QPalette::Active, QPalette::Base);
     const QColor window = palette.color(QPalette::Active, QPalette::Window);
     QColor color = text;
-    for (double share = kSecondaryShare; share < 1; share += kShareStep) {
-        color = mixed(text, page, share);
+    for (int percent = kSecondaryPercent; percent < 100; percent += kPercentStep) {
+        color = mixed(text, page, percent / 100.0);
         if (std::min(contrastOf(color, page), contrastOf(color, window)) >= kReadableContrast)
             break;
     }

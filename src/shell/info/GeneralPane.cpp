@@ -59,7 +59,7 @@ protected:
 /// The folder of the file, the user's own as "~".
 QString shortFolder(const QString &path)
 {
-    const QString folder = withoutLastPathComponent(path);
+    QString folder = withoutLastPathComponent(path);
     const QString home = QDir::homePath();
     if (home.size() > 1 && (folder == home || folder.startsWith(home + u'/')))
         return u'~' + folder.mid(home.size());
