@@ -1,18 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "shell/app/AppController.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/commands/CommandTable.h"
 #include "shell/filelist/FilelistDrags.h"
 #include "shell/info/InfoView.h"
 #include "shell/outline/ExtendedOutline.h"
 #include "shell/window/MainView.h"
-#include "shell/window/MainWindowController.h"
+#include "shell/window/OneWindow.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
 #include "support/Events.h"
-#include "support/TestFolder.h"
 
 #include <QAction>
 #include <QApplication>
@@ -35,12 +33,7 @@ using test::spinUntil;
 
 namespace {
 
-/// An application with settings of its own and one window.
-struct Window : testing::Test {
-    test::TestFolder folder;
-    Settings settings{folder / QStringLiteral("settings.ini")};
-    AppController application{settings};
-    MainWindowController *window = application.openEmptyWindow();
+struct Window : test::OneWindow {
     MainView *view = &window->myView();
     FilelistController *list = &window->files();
 

@@ -110,13 +110,13 @@ FilelistDelegate::Texts FilelistDelegate::fittingTexts(const QString &path, cons
 {
     QString shown = path;
     shown.replace(u'\n', u' ');
-    const qsizetype stroke = shown.lastIndexOf(u'/') + 1;
-    const QString name = shown.mid(stroke);
+    const qsizetype slash = shown.lastIndexOf(u'/') + 1;
+    const QString name = shown.mid(slash);
     const int rest = width - metrics.horizontalAdvance(name);
     if (rest < 0)
         return {{}, metrics.elidedText(name, Qt::ElideMiddle, width)};
-    const QString folder = metrics.elidedText(shown.left(stroke), Qt::ElideLeft, rest);
-    // The stroke alone would say that it lies at the root.
+    const QString folder = metrics.elidedText(shown.left(slash), Qt::ElideLeft, rest);
+    // The slash alone would say that it lies at the root.
     return {folder.size() > 1 && metrics.horizontalAdvance(folder) <= rest ? folder : QString(), name};
 }
 

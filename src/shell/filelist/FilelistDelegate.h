@@ -14,7 +14,7 @@ class FilelistDelegate : public QStyledItemDelegate {
 public:
     /// The folder and the name as they are drawn.
     struct Texts {
-        QString folder; ///< with the stroke behind it; "" when there is none, or no room for it
+        QString folder; ///< with the slash behind it; "" when there is none, or no room for it
         QString name;
     };
 

@@ -1,14 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "shell/app/AppController.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/ColorScheme.h"
 #include "shell/desktop/Contrast.h"
-#include "shell/window/MainWindowController.h"
+#include "shell/window/OneWindow.h"
 #include "shell/window/TabSelector.h"
 #include "shell/window/WindowPlace.h"
-#include "support/TestFolder.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -23,11 +21,7 @@ namespace quorvin {
 
 namespace {
 
-struct Frame : testing::Test {
-    test::TestFolder folder;
-    Settings settings{folder / QStringLiteral("settings.ini")};
-    AppController application{settings};
-    MainWindowController *window = application.openEmptyWindow();
+struct Frame : test::OneWindow {
     TabSelector *tabs = window->findChild<TabSelector *>();
 
     QList<QAbstractButton *> tabButtons() const { return tabs->findChildren<QAbstractButton *>(); }

@@ -3,27 +3,19 @@
 
 #pragma once
 
-#include "shell/app/AppController.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/window/MainView.h"
-#include "shell/window/MainWindowController.h"
+#include "shell/window/OneWindow.h"
 #include "support/Events.h"
-#include "support/TestFolder.h"
 
 #include <QAction>
-
-#include <gtest/gtest.h>
 
 namespace quorvin::test {
 
 /// A window of samples that has the keyboard.
-struct SampleWindow : testing::Test {
-    TestFolder folder;
-    Settings settings{folder / QStringLiteral("settings.ini")};
-    AppController application{settings};
-    MainWindowController *window = application.openEmptyWindow();
+struct SampleWindow : OneWindow {
     FilelistTable *table = &window->myView().table();
 
     void SetUp() override
