@@ -50,7 +50,10 @@ AccessibleTree::AccessibleTree(const QStringList &words, const QString &folder)
 {
     _environment.insert(u"XDG_CONFIG_HOME"_s, folder);
     _environment.insert(u"XDG_RUNTIME_DIR"_s, folder);
-    if (!start(_display, u"Xvfb"_s, {u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x900x24"_s}))
+    // Without -noreset the display starts anew when the launcher, its first client, leaves, and refuses
+    // whoever comes in that moment.
+    if (!start(_display, u"Xvfb"_s,
+               {u"-noreset"_s, u"-displayfd"_s, u"1"_s, u"-screen"_s, u"0"_s, u"1280x900x24"_s}))
         return;
     _environment.insert(u"DISPLAY"_s, u':' + firstLineOf(_display));
     if (!start(_bus, u"dbus-daemon"_s, {u"--session"_s, u"--nofork"_s, u"--print-address"_s}))
@@ -183,13 +186,15 @@ QStringList AccessibleTree::lines() const
     return lines;
 }
 
-QStringList AccessibleTree::linesWith(const QString &text) const
+QStringList AccessibleTree::linesWith(const QString &text)
 {
     QStringList found;
-    spinUntil([&] {
+    const bool isThere = spinUntil([&] {
         found = lines();
         return !found.filter(text).isEmpty();
     });
+    if (!isThere)
+        found.append(QString::fromUtf8(_program.readAllStandardError()).split(u'\n'));
     return found;
 }
 

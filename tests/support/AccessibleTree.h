@@ -23,8 +23,9 @@ public:
     /// All objects that are shown, a line each, the deeper the further in:
     ///     role "name" (description) [states]
     QStringList lines() const;
-    /// Reads until a line has the text; the lines of the last reading, whether it has it or not.
-    QStringList linesWith(const QString &text) const;
+    /// Reads until a line has the text; the lines of the last reading. Where none ever has it, what the
+    /// program said to its standard error follows.
+    QStringList linesWith(const QString &text);
 
 private:
     struct Object {

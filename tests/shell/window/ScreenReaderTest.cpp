@@ -34,7 +34,7 @@ QString all(const QStringList &lines)
 TEST(ScreenReader, MeetsTheWindowInTheOrderOfUse)
 {
     const test::TestFolder folder;
-    const test::AccessibleTree window(
+    test::AccessibleTree window(
         {u"--set"_s, u"openTab=1"_s, test::sample(u"movie.mp4"_s), test::sample(u"tone.wav"_s)},
         folder.path());
     ASSERT_EQ(window.problem(), QString());
@@ -66,8 +66,7 @@ TEST(ScreenReader, MeetsTheWindowInTheOrderOfUse)
 TEST(ScreenReader, MeetsNoEmptyCell)
 {
     const test::TestFolder folder;
-    const test::AccessibleTree window({u"--set"_s, u"openTab=2"_s, test::sample(u"tone.wav"_s)},
-                                      folder.path());
+    test::AccessibleTree window({u"--set"_s, u"openTab=2"_s, test::sample(u"tone.wav"_s)}, folder.path());
     ASSERT_EQ(window.problem(), QString());
     const QStringList lines = window.linesWith(u"tree item \"Container\""_s);
     EXPECT_GT(lines.filter(u"tree item"_s).size(), 10) << all(lines).toStdString();
