@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 namespace quorvin::test {
 
 using namespace Qt::StringLiterals;
@@ -66,6 +68,25 @@ ExportEntry pictureEntry()
     add(record, u"m"_s, u""_s, {}, open);
     add(record, u"f"_s, u"\"on\""_s, {}, focus);
     return entry(std::move(record), u"2.jpg"_s);
+}
+
+QuorvinDataPtr recordOf(const QStringList &parameters)
+{
+    RecordContents record;
+    QString open;
+    for (const QString &line : parameters) {
+        const QString stream = line.section(u'/', 0, 0);
+        const QString parameter = line.section(u'/', 1);
+        const QString key = parameter.section(u'=', 0, 0);
+        const QString number = stream.section(u'#', 1);
+        if (std::exchange(open, stream) != stream) {
+            record.groups.beginGroup(stream.section(u'#', 0, 0), !number.isEmpty());
+            record.groups.beginStream(number.isEmpty() ? 1 : number.toInt());
+        }
+        add(record, key.chopped(key.endsWith(u'!') ? 1 : 0), parameter.section(u'=', 1),
+            key.endsWith(u'!') ? SkipInComparison : None);
+    }
+    return std::make_shared<const QuorvinData>(std::move(record));
 }
 
 ExportEntry entryWithValue(const QString &value)

@@ -6,6 +6,7 @@
 #include "export/ExportEntry.h"
 
 #include <QByteArray>
+#include <QStringList>
 
 #include <vector>
 
@@ -18,6 +19,10 @@ ExportEntry movieEntry();
 ExportEntry pictureEntry();
 /// A file with one parameter of that value.
 ExportEntry entryWithValue(const QString &value);
+
+/// The record of a file with these parameters, each "GROUP/KEY=VALUE"; "GROUP#2" is the second stream of
+/// several, and "KEY!" is left out of comparisons. Labels are the keys in upper case.
+QuorvinDataPtr recordOf(const QStringList &parameters);
 
 /// The document of a format.
 QByteArray exported(const QString &format, const std::vector<ExportEntry> &entries,

@@ -1,0 +1,76 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/QuorvinData.h"
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include <cstddef>
+#include <span>
+#include <utility>
+#include <vector>
+
+namespace quorvin {
+
+/// A row of the comparison of files: the heading of a section, or a parameter against the files.
+struct ComparisonRow {
+    QStringList
+        values; ///< name, then the value in each file, "" where it has none; a heading has its name only
+    bool allEqual = false; ///< one text in all files; of a heading, that every row of its section is so
+    QString section; ///< key of the group in the records, such as "Audio"
+    quint32 stream = 0; ///< number of the stream, as `ParameterGroups::Stream` has it
+    QString key; ///< of the parameter; "" in a heading
+    int rows = 0; ///< of a heading: parameters of its section
+    int differing = 0; ///< of a heading: those of them that are not equal in all files
+
+    bool isHeading() const { return values.size() < 2; }
+    bool operator==(const ComparisonRow &) const = default;
+};
+
+/// The rows of a comparison, each heading in front of the rows of its section. All parameter rows have the
+/// same number of values.
+using ComparisonContent = std::vector<ComparisonRow>;
+
+/// Makes the rows of any number of files, one file after the other, and keeps no record.
+///
+/// Sections stand in the order in which files first have them, and so do the parameters of a section. Streams
+/// of one kind are matched by their number; the heading bears it as soon as one file has several. What is
+/// marked to be skipped in comparisons is left out, and a section without any other parameter too. Of a key
+/// that a stream has twice the last value counts.
+///
+/// One thread an object, any thread.
+class ComparisonBuilder {
+public:
+    /// The next file.
+    void add(const QuorvinData &record);
+    /// The rows of the files so far; the builder is empty then. Without a file there are none.
+    ComparisonContent take();
+
+private:
+    struct Section {
+        QString key;
+        quint32 stream = 0;
+        bool isNumbered = false;
+        std::vector<ComparisonRow> rows;
+        QHash<QString, std::size_t> places; ///< of rows, by the parameter's key
+    };
+
+    Section &sectionOf(const ParameterGroups::Group &group, const ParameterGroups::Stream &stream);
+    std::size_t rowOf(Section &section, const Term &term, std::size_t likely) const;
+    void addStream(Section &section, const ParameterGroups &groups, const ParameterGroups::Stream &stream);
+    void put(ComparisonRow &row, QByteArrayView value) const;
+    void complete(ComparisonRow &row) const;
+
+    qsizetype _files = 0;
+    std::vector<Section> _sections;
+    QHash<std::pair<QString, quint32>, std::size_t> _places; ///< of sections
+};
+
+/// The rows of these files, none of them null; a value for each, in their order. Any thread.
+ComparisonContent comparisonRows(std::span<const QuorvinDataPtr> records);
+
+} // namespace quorvin
