@@ -20,6 +20,7 @@ struct Arguments {
     bool noProgress = false;
     bool version = false;
     bool help = false;
+    QStringList given; ///< the long names of the options of the call
     QStringList paths;
 
     QString format; ///< a word that the command's option offers
@@ -27,6 +28,8 @@ struct Arguments {
     std::optional<QString> outputDir;
     bool skipPrivate = false;
     bool force = false;
+    bool onlyDiffering = false;
+    bool pair = false;
     QString source; ///< a key of `rawSources`
 };
 

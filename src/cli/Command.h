@@ -52,7 +52,7 @@ struct Context {
 };
 
 /// Exit statuses.
-enum Status : int { AllWell = 0, SomethingFailed = 1, WrongCall = 2 };
+enum Status : int { AllWell = 0, SomethingFailed = 1, WrongCall = 2, Differing = 3 };
 
 enum class Reads { Nothing, Files };
 

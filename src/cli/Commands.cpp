@@ -3,6 +3,7 @@
 
 #include "cli/Commands.h"
 
+#include "cli/CompareCommand.h"
 #include "cli/ExportCommand.h"
 #include "cli/GeneralCommand.h"
 #include "cli/ListCommand.h"
@@ -54,6 +55,12 @@ constexpr std::array kCommands{
             .options = rawOptions,
             .reads = rawReads,
             .run = runRaw},
+    Command{.name = "compare"_L1,
+            .description = "a table of the parameters of all files, a column a file"_L1,
+            .options = compareOptions,
+            .reads = files,
+            .run = runCompare,
+            .check = checkCompare},
     Command{.name = "settings"_L1,
             .description = "the settings: key, type, default, value"_L1,
             .options = noOptions,

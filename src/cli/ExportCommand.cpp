@@ -4,8 +4,8 @@
 #include "cli/ExportCommand.h"
 
 #include "cli/Console.h"
+#include "cli/Document.h"
 #include "cli/FileRun.h"
-#include "cli/Output.h"
 #include "export/ExportFormats.h"
 #include "export/QuorvinExporter.h"
 #include "filefacts/Paths.h"
@@ -24,73 +24,30 @@ QuorvinExporter exporterFor(const Arguments &arguments)
     return exporter;
 }
 
-/// One document of all entries, where -o says.
-class Document {
-public:
-    explicit Document(const Context &context)
-        : _context(context),
-          _place(placeOf(context.arguments.output)),
-          _device(_place == Place::Errors ? context.console.errors() : context.console.output()),
-          _target(makeTarget())
-    {
+ExportTarget::Result writeAll(FileRun &run, Console &console, QIODevice &device, ExportTarget &target)
+{
+    auto written = ExportTarget::Result();
+    while (written) {
+        const auto entry = run.nextEntry();
+        if (!entry)
+            break;
+        console.beginOutput(device);
+        written = target.add(*entry);
     }
-
-    /// False when it could not be written, which is told.
-    bool write(FileRun &run)
-    {
-        auto written = ExportTarget::Result();
-        while (written) {
-            const auto entry = run.nextEntry();
-            if (!entry)
-                break;
-            if (_place != Place::File)
-                _context.console.beginOutput(_device);
-            written = _target->add(*entry);
-        }
-        written = written.and_then([&] { return _target->finish(); });
-        if (!written)
-            _context.console.complain(name(), written.error().description);
-        return written.has_value();
-    }
-
-    bool isOutput() const { return _place == Place::Output; }
-
-private:
-    std::unique_ptr<ExportTarget> makeTarget() const
-    {
-        const QuorvinExporter exporter = exporterFor(_context.arguments);
-        return _place == Place::File ? exporter.toFile(*_context.arguments.output)
-                                     : exporter.toDevice(_device);
-    }
-
-    QString name() const
-    {
-        return _place == Place::Output ? u"standard output"_s : *_context.arguments.output;
-    }
-
-    const Context &_context;
-    Place _place;
-    QIODevice &_device;
-    std::unique_ptr<ExportTarget> _target;
-};
+    return written.and_then([&] { return target.finish(); });
+}
 
 Status exportDocument(const Context &context)
 {
-    const Arguments &arguments = context.arguments;
+    const QuorvinExporter exporter = exporterFor(context.arguments);
     FileRun run(context);
-    if (placeOf(arguments.output) == Place::File) {
-        const auto allowed
-            = checkOutputFile(*arguments.output, QuorvinExporter::extensionForExportFormat(arguments.format),
-                              arguments.force, run.filelist());
-        if (!allowed) {
-            context.console.refuse(allowed.error().description);
-            return WrongCall;
-        }
-    }
-    Document document(context);
-    if (!document.write(run))
-        return SomethingFailed;
-    return run.finish(!document.isOutput());
+    const Document document(context);
+    if (!document.isAllowed(QuorvinExporter::extensionForExportFormat(exporter.format()), run.filelist()))
+        return WrongCall;
+    const bool written = document.write([&](QIODevice &device) {
+        return writeAll(run, context.console, device, *exporter.toDevice(device));
+    });
+    return written ? run.finish(!document.isOutput()) : SomethingFailed;
 }
 
 /// One document for each entry; one that can't be written costs its own line only.

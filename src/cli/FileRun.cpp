@@ -21,14 +21,23 @@ constexpr qsizetype kMostWaitingBytes = qsizetype{32} << 20; ///< of records beh
 } // namespace
 
 FileRun::FileRun(const Context &context)
+    : FileRun(context, FilelistFiller::fillerWithSourceArray(context.paths))
+{
+}
+
+FileRun::FileRun(const Context &context, const FilelistFiller &filler) : FileRun(context, filler.filelist())
+{
+    for (const auto &problem : filler.problems())
+        fail(problem.path, problem.reason);
+}
+
+FileRun::FileRun(const Context &context, std::vector<FilelistItemPtr> files)
     : _context(context),
       _setup(analysisSetupFrom(context.settings, std::make_shared<RootSet>(context.paths))),
-      _filler(FilelistFiller::fillerWithSourceArray(context.paths)),
-      _results(filelist())
+      _files(std::move(files)),
+      _results(_files)
 {
     _setup.options.keepCover = false;
-    for (const auto &problem : _filler.problems())
-        fail(problem.path, problem.reason);
 }
 
 FileRun::~FileRun()

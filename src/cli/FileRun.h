@@ -24,12 +24,14 @@ class FileRun {
 public:
     /// Walks the folders at once; those that can't be listed are failures.
     explicit FileRun(const Context &context);
+    /// Files of the paths of the call, in an order of their own.
+    FileRun(const Context &context, std::vector<FilelistItemPtr> files);
     /// Gives up what is under way.
     ~FileRun();
     FileRun(const FileRun &) = delete;
     FileRun &operator=(const FileRun &) = delete;
 
-    const std::vector<FilelistItemPtr> &filelist() const { return _filler.filelist(); }
+    const std::vector<FilelistItemPtr> &filelist() const { return _files; }
 
     /// The next file of the list; null at the end.
     FilelistItemPtr nextFile();
@@ -51,13 +53,14 @@ public:
     Status finish(bool endsInLineFeed);
 
 private:
+    FileRun(const Context &context, const FilelistFiller &filler);
     void startProgress();
     void startPool();
     void feedPool();
 
     const Context &_context;
     AnalysisSetup _setup;
-    FilelistFiller _filler;
+    std::vector<FilelistItemPtr> _files;
     OrderedResults _results;
     std::unique_ptr<DataCacher> _pool;
     std::size_t _nextFile = 0;

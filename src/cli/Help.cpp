@@ -47,8 +47,10 @@ QString helpText(const Command *command)
            "Tell what media files are and what is inside them. Folders are walked.\n\n"
            "Commands:\n%1\nOptions of all commands:\n%2\n"
            "'quorvin-cli COMMAND --help' tells the options of a command.\n"
-           "Exit status: 0 all went well, 1 a file failed or an output could not be written, 2 the call was wrong.\n"_s
-               .arg(commandsHelp(), optionsHelp(commonOptions()));
+           "Exit status: 0 all went well, 1 a file failed or an output could not be written, 2 the call was "
+           "wrong,\n"
+           "3 files that were asked for differences differ.\n"_s.arg(commandsHelp(),
+                                                                     optionsHelp(commonOptions()));
 }
 
 } // namespace quorvin::cli

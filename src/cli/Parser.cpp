@@ -20,6 +20,7 @@ Expected<void> takeOption(const Option &option, const QCommandLineParser &parser
     const QString &name = option.names.last();
     if (!parser.isSet(name))
         return option.choices.isEmpty() ? Expected<void>() : option.take(arguments, option.choices.first(1));
+    arguments.given.append(name);
     const QStringList values = option.valueName.isEmpty() ? QStringList() : parser.values(name);
     if (!option.choices.isEmpty() && !option.choices.contains(values.last()))
         return failure(u"there is no %1 '%2' (%3)"_s.arg(name, values.last(), option.choices.join(", "_L1)));

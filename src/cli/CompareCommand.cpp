@@ -1,0 +1,102 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cli/CompareCommand.h"
+
+#include "cli/ComparePairs.h"
+#include "cli/Console.h"
+#include "cli/Document.h"
+#include "cli/FileRun.h"
+#include "comparison/ComparisonExport.h"
+#include "comparison/ComparisonFilter.h"
+#include "comparison/ComparisonRows.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quorvin::cli {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+struct Table {
+    ComparisonContent content;
+    QStringList paths;
+};
+
+Table readTable(FileRun &run, ComparisonFilter filter)
+{
+    Table table;
+    ComparisonBuilder builder;
+    while (const auto entry = run.nextEntry()) {
+        builder.add(*entry->data);
+        table.paths.append(entry->filename);
+    }
+    table.content = filtered(builder.take(), filter);
+    return table;
+}
+
+Status compareFiles(const Context &context)
+{
+    const Arguments &arguments = context.arguments;
+    const auto filter = arguments.onlyDiffering ? ComparisonFilter::Different : ComparisonFilter::All;
+    FileRun run(context);
+    const Document document(context);
+    if (!document.isAllowed(arguments.format, run.filelist()))
+        return WrongCall;
+    bool differ = false;
+    const bool written = document.write([&](QIODevice &device) {
+        const Table table = readTable(run, filter);
+        differ = arguments.onlyDiffering && !table.content.empty();
+        context.console.beginOutput(device);
+        return ComparisonExport::write(arguments.format, table.content, table.paths, device);
+    });
+    if (!written)
+        return SomethingFailed;
+    const Status status = run.finish(!document.isOutput());
+    return status == AllWell && differ ? Differing : status;
+}
+
+} // namespace
+
+QList<Option> compareOptions()
+{
+    const QStringList formats = ComparisonExport::formats();
+    return {
+        {.names = {u"f"_s, u"format"_s},
+         .description = u"Format of the table: %1 (default: csv)."_s.arg(formats.join(", "_L1)),
+         .valueName = u"FORMAT"_s,
+         .choices = formats,
+         .take = put<&Arguments::format>},
+        {.names = {u"o"_s, u"output"_s},
+         .description = u"Write to this file; - is standard output (the default)."_s,
+         .valueName = u"FILE"_s,
+         .take = put<&Arguments::output>},
+        {.names = {u"only-differing"_s},
+         .description = u"Leave out what is equal in all files; exit with 3 if anything is left."_s,
+         .take = put<&Arguments::onlyDiffering>},
+        {.names = {u"pair"_s},
+         .description
+         = u"Take two folders: a line for each file of both, whatever its extension, with what is"
+           " lost, added and changed; exit with 3 if anything is."_s,
+         .take = put<&Arguments::pair>},
+        {.names = {u"force"_s},
+         .description = u"Let -o replace a file of another kind; never one that is read."_s,
+         .take = put<&Arguments::force>},
+    };
+}
+
+Expected<void> checkCompare(const Arguments &arguments)
+{
+    if (arguments.pair && arguments.given.contains("format"_L1))
+        return failure(u"--pair tells of files in lines of its own: it goes without --format"_s);
+    return {};
+}
+
+Status runCompare(const Context &context)
+{
+    return context.arguments.pair ? comparePairs(context) : compareFiles(context);
+}
+
+} // namespace quorvin::cli

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cli/Document.h"
+
+#include "cli/Console.h"
+#include "cli/Output.h"
+#include "platform/AtomicFile.h"
+
+namespace quorvin::cli {
+
+using namespace Qt::StringLiterals;
+
+bool Document::isAllowed(const QString &extension, const std::vector<FilelistItemPtr> &inputs) const
+{
+    const Arguments &arguments = _context.arguments;
+    if (placeOf(arguments.output) != Place::File)
+        return true;
+    const auto allowed = checkOutputFile(*arguments.output, extension, arguments.force, inputs);
+    if (!allowed)
+        _context.console.refuse(allowed.error().description);
+    return allowed.has_value();
+}
+
+bool Document::write(const std::function<Expected<void>(QIODevice &device)> &make) const
+{
+    const Place place = placeOf(_context.arguments.output);
+    const auto written = place == Place::File ? writeFile(make)
+        : place == Place::Errors              ? make(_context.console.errors())
+                                              : make(_context.console.output());
+    if (!written)
+        _context.console.complain(isOutput() ? u"standard output"_s : *_context.arguments.output,
+                                  written.error().description);
+    return written.has_value();
+}
+
+Expected<void> Document::writeFile(const std::function<Expected<void>(QIODevice &device)> &make) const
+{
+    const auto file = AtomicFile::create(*_context.arguments.output);
+    if (!file)
+        return tl::unexpected(file.error());
+    return make((*file)->device()).and_then([&] { return (*file)->commit(); });
+}
+
+bool Document::isOutput() const
+{
+    return placeOf(_context.arguments.output) == Place::Output;
+}
+
+} // namespace quorvin::cli
