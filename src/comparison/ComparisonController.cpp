@@ -21,7 +21,7 @@ QStringList namesOf(const ComparisonContent &content)
 {
     QStringList names;
     for (const ComparisonRow &row : content)
-        names.append(row.section + QChar(QChar::Null) + QString::number(row.stream) + QChar(QChar::Null)
+        names.append(row.section + QChar(QChar::Null) + QString::number(row.number()) + QChar(QChar::Null)
                      + row.key);
     return names;
 }
@@ -160,7 +160,7 @@ int ComparisonController::rowOf(const QString &section, quint32 stream, const QS
 {
     for (int row = 0; row < rowCount(); ++row) {
         const ComparisonRow &shown = *rowAt(row);
-        if (shown.key == key && shown.stream == stream && shown.section == section)
+        if (shown.key == key && shown.number() == std::max<quint32>(stream, 1) && shown.section == section)
             return row;
     }
     return -1;

@@ -53,7 +53,7 @@ void ComparisonBuilder::add(const QuorvinData &record)
 ComparisonBuilder::Section &ComparisonBuilder::sectionOf(const ParameterGroups::Group &group,
                                                          const ParameterGroups::Stream &stream)
 {
-    const std::pair identity(group.key, stream.number);
+    const std::pair identity(group.key, std::max<quint32>(stream.number, 1));
     const auto known = _places.constFind(identity);
     if (known == _places.cend()) {
         _places.insert(identity, _sections.size());
@@ -117,9 +117,9 @@ ComparisonContent ComparisonBuilder::take()
     for (Section &section : _sections) {
         for (ComparisonRow &row : section.rows)
             complete(row);
-        content.push_back(headingOf(
-            ParameterGroups::Group{section.key, section.isNumbered, {}, {}}.nameOf({section.stream, 0, 0}),
-            section.rows));
+        content.push_back(headingOf(ParameterGroups::Group{section.key, section.isNumbered, {}, {}}.nameOf(
+                                        {std::max<quint32>(section.stream, 1), 0, 0}),
+                                    section.rows));
         std::ranges::move(section.rows, std::back_inserter(content));
     }
     *this = {};

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <utility>
@@ -18,15 +19,16 @@ namespace quorvin {
 
 /// A row of the comparison of files: the heading of a section, or a parameter against the files.
 struct ComparisonRow {
-    QStringList
-        values; ///< name, then the value in each file, "" where it has none; a heading has its name only
+    QStringList values; ///< name, then a value of each file, "" where it has none; of a heading only the name
     bool allEqual = false; ///< one text in all files; of a heading, that every row of its section is so
     QString section; ///< key of the group in the records, such as "Audio"
-    quint32 stream = 0; ///< number of the stream, as `ParameterGroups::Stream` has it
+    quint32 stream = 0; ///< its number, as `ParameterGroups::Stream` has it, in the first file with it
     QString key; ///< of the parameter; "" in a heading
     int rows = 0; ///< of a heading: parameters of its section
     int differing = 0; ///< of a heading: those of them that are not equal in all files
 
+    /// What tells sections of one key apart: a group that is no stream of a kind meets the first stream.
+    quint32 number() const { return std::max<quint32>(stream, 1); }
     bool isHeading() const { return values.size() < 2; }
     bool operator==(const ComparisonRow &) const = default;
 };
@@ -38,9 +40,9 @@ using ComparisonContent = std::vector<ComparisonRow>;
 /// Makes the rows of any number of files, one file after the other, and keeps no record.
 ///
 /// Sections stand in the order in which files first have them, and so do the parameters of a section. Streams
-/// of one kind are matched by their number; the heading bears it as soon as one file has several. What is
-/// marked to be skipped in comparisons is left out, and a section without any other parameter too. Of a key
-/// that a stream has twice the last value counts.
+/// of one kind are matched by their number, a group that is no stream with the first one; the heading bears
+/// it as soon as one file has several. What is marked to be skipped in comparisons is left out, and a section
+/// without any other parameter too. Of a key that a stream has twice the last value counts.
 ///
 /// One thread an object, any thread.
 class ComparisonBuilder {

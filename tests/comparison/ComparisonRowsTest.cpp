@@ -61,6 +61,8 @@ TEST(ComparisonRows, StreamsMeetByTheirNumber)
     EXPECT_EQ(content.back().section, u"Audio"_s);
     EXPECT_EQ(content.back().stream, 2U);
     EXPECT_EQ(content.back().key, u"codec"_s);
+    EXPECT_EQ(printed(rowsOf({{u"Image#0/size=1"_s}, {u"Image/size=2"_s}})),
+              (QStringList{u"[Image 1/1]"_s, u"SIZE | 1 | 2"_s}));
 }
 
 TEST(ComparisonRows, LeaveOutWhatIsMarkedAndTakeTheLastOfARepeatedKey)

@@ -80,7 +80,7 @@ QuorvinDataPtr recordOf(const QStringList &parameters)
         const QString key = parameter.section(u'=', 0, 0);
         const QString number = stream.section(u'#', 1);
         if (std::exchange(open, stream) != stream) {
-            record.groups.beginGroup(stream.section(u'#', 0, 0), !number.isEmpty());
+            record.groups.beginGroup(stream.section(u'#', 0, 0), number.toInt() > 0);
             record.groups.beginStream(number.isEmpty() ? 1 : number.toInt());
         }
         add(record, key.chopped(key.endsWith(u'!') ? 1 : 0), parameter.section(u'=', 1),

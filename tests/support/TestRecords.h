@@ -21,7 +21,8 @@ ExportEntry pictureEntry();
 ExportEntry entryWithValue(const QString &value);
 
 /// The record of a file with these parameters, each "GROUP/KEY=VALUE"; "GROUP#2" is the second stream of
-/// several, and "KEY!" is left out of comparisons. Labels are the keys in upper case.
+/// several, "GROUP#0" no stream of a kind, and "KEY!" is left out of comparisons. Labels are the keys in
+/// upper case.
 QuorvinDataPtr recordOf(const QStringList &parameters);
 
 /// The document of a format.
