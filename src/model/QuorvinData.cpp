@@ -85,6 +85,24 @@ ExtTreeItems QuorvinData::extendedContent() const
     return tree;
 }
 
+ExtTreeItems QuorvinData::extendedContentHaving(const SearchText &text) const
+{
+    return text.isEmpty() ? extendedContent() : extTree(extendedContent(), text);
+}
+
+bool QuorvinData::isContentHas(const SearchText &text) const
+{
+    const auto isHit = [&](const ParameterGroups::Parameter &parameter) {
+        return !parameter.flags.testFlag(ParameterFlag::SkipInExtended)
+            && (text.isIn(groups().utf8Value(parameter)) || text.isIn(parameter.term->label));
+    };
+    return std::ranges::any_of(groups().groups(), [&](const ParameterGroups::Group &group) {
+        return std::ranges::any_of(group.streams, [&](const ParameterGroups::Stream &stream) {
+            return std::ranges::any_of(groups().parameters(stream), isHit);
+        });
+    });
+}
+
 QString QuorvinData::stringForExportText() const
 {
     return textOfTree(extendedContent(), false);
@@ -107,6 +125,21 @@ QString QuorvinData::stringForExportGeneral() const
     for (const GeneralLine &line : general.lines)
         lines.append(line.name + QLatin1String(": ") + line.value.plain);
     return lines.join(u'\n');
+}
+
+ExtTreeItems extTree(const ExtTreeItems &items, const SearchText &having)
+{
+    ExtTreeItems found;
+    for (const ExtTreeItemPtr &item : items) {
+        if (item->children()) {
+            ExtTreeItems children = extTree(*item->children(), having);
+            if (!children.empty())
+                found.push_back(item->newInstanceWithSameProperties(std::move(children)));
+        } else if (item->value() && (having.isIn(item->name()) || having.isIn(item->value()->plain))) {
+            found.push_back(item->newInstanceWithSameProperties());
+        }
+    }
+    return found;
 }
 
 void addStringIfNotEmpty(QStringList &list, const QString &text)

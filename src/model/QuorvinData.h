@@ -6,6 +6,7 @@
 #include "model/ExportInfo.h"
 #include "model/ExtTreeItem.h"
 #include "model/RecordContents.h"
+#include "model/SearchText.h"
 
 #include <memory>
 #include <optional>
@@ -32,6 +33,11 @@ public:
 
     /// The tree of the Extended tab, made anew: a group node for each stream, its parameters as leaves.
     ExtTreeItems extendedContent() const;
+    /// The parameters of that tree in whose name or value the text occurs, with the groups that have any; the
+    /// whole tree for "".
+    ExtTreeItems extendedContentHaving(const SearchText &text) const;
+    /// Whether there is such a parameter; false for "". Makes no tree.
+    bool isContentHas(const SearchText &text) const;
 
     /// What is marked for export. The second form leaves private facts out, but for those
     /// that their reader marks as private in the tree only.
@@ -54,6 +60,10 @@ private:
 };
 
 using QuorvinDataPtr = std::shared_ptr<const QuorvinData>;
+
+/// The leaves in whose name or value the text occurs, as copies in copies of their groups. A group without one
+/// is dropped, whatever its own name; so is a leaf without value.
+ExtTreeItems extTree(const ExtTreeItems &items, const SearchText &having);
 
 /// Appends the text unless it is "".
 void addStringIfNotEmpty(QStringList &list, const QString &text);

@@ -163,4 +163,49 @@ TEST(RecordText, GeneralLeavesEmptyPiecesOut)
               QStringLiteral("Container: Matroska, 1.50 MB, 4 x 3\nVideo #1: AVC - Title\nVideo #2: "));
 }
 
+TEST(RecordText, SearchKeepsGroupsWithHitsAlone)
+{
+    RecordContents record = contents();
+    record.groups.beginGroup(QStringLiteral("MakerNote"));
+    record.groups.beginStream(0);
+    const quint16 focus = record.groups.addSubgroup(QStringLiteral("Title Focus"));
+    record.groups.add(internTerm(QStringLiteral("m"), QStringLiteral("Mode")), u"ISO 100", {}, focus);
+    const QuorvinData data(std::move(record));
+    const auto found = [&](const char *text) {
+        QStringList lines;
+        const QString having = QString::fromUtf8(text);
+        convertFromDataArray(data.extendedContentHaving(having), lines, false);
+        EXPECT_EQ(data.isContentHas(having), !lines.isEmpty() && !having.isEmpty()) << text;
+        return lines.join(u'|');
+    };
+    // A name has it, or a value; the name of a group alone is not enough, and what is not shown is not looked
+    // at.
+    EXPECT_EQ(found("Title"), QStringLiteral("Audio #2|TITLE: old|TITLE: n\u00e9w\nline"));
+    EXPECT_EQ(found("iso"), QStringLiteral("MakerNote||Title Focus|Mode: ISO 100"));
+    EXPECT_EQ(found("bytes"), QString());
+    EXPECT_EQ(found("focus"), QString());
+    // A letter with its mark is one, however it is written, and is not the letter alone.
+    EXPECT_EQ(found("NE\u0301W"), QStringLiteral("Audio #2|TITLE: n\u00e9w\nline"));
+    EXPECT_EQ(found("new"), QString());
+    EXPECT_EQ(found("").remove(u'|').size(), data.stringForExportText().remove(u'\n').size() + 1);
+}
+
+TEST(SearchText, FoldsEveryScript)
+{
+    const auto has = [](const char *text, const char *having) {
+        return SearchText(QString::fromUtf8(having)).isIn(QString::fromUtf8(text));
+    };
+    EXPECT_TRUE(has("Straße", "STRASSE"));
+    EXPECT_TRUE(has("ΟΔΥΣΣΕΥΣ", "οδυσσευς"));
+    EXPECT_TRUE(has("Москва", "МОСК"));
+    EXPECT_TRUE(has("ᎣᏏᏲ", "ꭳꮟ"));
+    EXPECT_TRUE(has("東京タワー", "京タ"));
+    // Case and composition are all that it sees past: neither width nor other forms, nor a part of a
+    // syllable.
+    EXPECT_FALSE(has("ＩＳＯ", "iso"));
+    EXPECT_FALSE(has("m²", "m2"));
+    EXPECT_FALSE(has("각", "가"));
+    EXPECT_FALSE(has("x", ""));
+}
+
 } // namespace quorvin

@@ -1,0 +1,96 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "model/SearchText.h"
+
+#include <unicode/normalizer2.h>
+#include <unicode/unistr.h>
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+namespace quorvin {
+
+namespace {
+
+bool isAscii(QByteArrayView text)
+{
+    return std::ranges::all_of(text, [](char c) { return static_cast<signed char>(c) >= 0; });
+}
+
+char foldedAscii(char c)
+{
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+/// Canonical caseless matching: what is equal by it has one form.
+std::string foldedByIcu(QByteArrayView utf8)
+{
+    UErrorCode status = U_ZERO_ERROR;
+    const auto *const decompose = icu::Normalizer2::getNFDInstance(status);
+    const auto *const compose = icu::Normalizer2::getNFCInstance(status);
+    const icu::StringPiece piece(utf8.data(), static_cast<int32_t>(utf8.size()));
+    icu::UnicodeString text = icu::UnicodeString::fromUTF8(piece);
+    std::string folded;
+    if (U_SUCCESS(status)) {
+        text = decompose->normalize(text, status).foldCase();
+        text = compose->normalize(decompose->normalize(text, status), status);
+    }
+    text.toUTF8String(folded);
+    return folded;
+}
+
+/// The folded form of a text that is only looked at: the same room serves every call of a thread.
+QByteArrayView foldedForNow(QByteArrayView utf8)
+{
+    thread_local QByteArray room;
+    room.resize(0);
+    appendFolded(room, utf8);
+    return room;
+}
+
+} // namespace
+
+void appendFolded(QByteArray &to, QByteArrayView utf8)
+{
+    if (!isAscii(utf8)) {
+        to += QByteArrayView(foldedByIcu(utf8));
+        return;
+    }
+    const qsizetype start = to.size();
+    to.resize(start + utf8.size());
+    std::ranges::transform(utf8, to.data() + start, foldedAscii);
+}
+
+QByteArray foldedUtf8(QByteArrayView utf8)
+{
+    QByteArray folded;
+    appendFolded(folded, utf8);
+    return folded;
+}
+
+QByteArray foldedUtf8(QStringView text)
+{
+    return foldedUtf8(QByteArrayView(text.toUtf8()));
+}
+
+bool SearchText::isInFolded(QByteArrayView folded) const
+{
+    return !isEmpty()
+        && ::memmem(folded.data(), static_cast<std::size_t>(folded.size()), _folded.constData(),
+                    static_cast<std::size_t>(_folded.size()))
+        != nullptr;
+}
+
+bool SearchText::isIn(QByteArrayView utf8) const
+{
+    return !isEmpty() && isInFolded(foldedForNow(utf8));
+}
+
+bool SearchText::isAllOf(QByteArrayView utf8) const
+{
+    return foldedForNow(utf8) == QByteArrayView(_folded);
+}
+
+} // namespace quorvin
