@@ -30,6 +30,8 @@ struct Arguments {
     bool force = false;
     bool onlyDiffering = false;
     bool pair = false;
+    QString filter; ///< the text of a rule
+    bool onlyFailed = false;
     QString source; ///< a key of `rawSources`
 };
 

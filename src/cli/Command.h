@@ -4,6 +4,8 @@
 #pragma once
 
 #include "cli/Arguments.h"
+#include "filter/RuleMatcher.h"
+#include "filter/RuleText.h"
 #include "model/Error.h"
 
 #include <QList>
@@ -49,6 +51,7 @@ struct Context {
     QStringList paths; ///< of the call, absolute, those of --files-from last
     const Settings &settings;
     Console &console;
+    const RuleMatcher &filter; ///< of --filter; a file that does not match it is left out
 };
 
 /// Exit statuses.

@@ -7,6 +7,7 @@
 #include "cli/Console.h"
 #include "cli/Document.h"
 #include "cli/FileRun.h"
+#include "cli/FilterOption.h"
 #include "comparison/ComparisonExport.h"
 #include "comparison/ComparisonFilter.h"
 #include "comparison/ComparisonRows.h"
@@ -84,6 +85,7 @@ QList<Option> compareOptions()
         {.names = {u"force"_s},
          .description = u"Let -o replace a file of another kind; never one that is read."_s,
          .take = put<&Arguments::force>},
+        filterOption(),
     };
 }
 
@@ -91,6 +93,8 @@ Expected<void> checkCompare(const Arguments &arguments)
 {
     if (arguments.pair && arguments.given.contains("format"_L1))
         return failure(u"--pair tells of files in lines of its own: it goes without --format"_s);
+    if (arguments.pair && arguments.given.contains("filter"_L1))
+        return failure(u"--pair compares all files of both folders: it goes without --filter"_s);
     return {};
 }
 

@@ -78,9 +78,11 @@ void Console::complain(const QString &message)
     writeError("quorvin-cli: " + escaped(message).toUtf8() + '\n');
 }
 
-void Console::refuse(const QString &problem)
+void Console::refuse(const QString &problem, const QStringList &lines)
 {
     complain(problem);
+    for (const QString &line : lines)
+        writeError("    " + escaped(line).toUtf8() + '\n');
     complain(QStringLiteral("try 'quorvin-cli --help'"));
 }
 

@@ -10,6 +10,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QString>
+#include <QStringList>
 
 #include <cstddef>
 
@@ -34,8 +35,8 @@ public:
     /// "quorvin-cli: PATH: reason". Control characters are escaped, so that an error is always one line.
     void complain(const QString &path, const QString &reason);
     void complain(const QString &message);
-    /// Of a wrong call: what is wrong, and where to look.
-    void refuse(const QString &problem);
+    /// Of a wrong call: what is wrong, the lines that show it, and where to look.
+    void refuse(const QString &problem, const QStringList &lines = {});
 
     /// Progress is shown from the second file on, and only on a terminal that can rewrite a line.
     void startProgress(std::size_t total);

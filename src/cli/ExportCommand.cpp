@@ -6,6 +6,7 @@
 #include "cli/Console.h"
 #include "cli/Document.h"
 #include "cli/FileRun.h"
+#include "cli/FilterOption.h"
 #include "export/ExportFormats.h"
 #include "export/QuorvinExporter.h"
 #include "filefacts/Paths.h"
@@ -93,6 +94,7 @@ QList<Option> exportOptions()
         {.names = {u"force"_s},
          .description = u"Let -o replace a file of another kind; never one that is read."_s,
          .take = put<&Arguments::force>},
+        filterOption(),
     };
 }
 

@@ -70,12 +70,19 @@ std::optional<FileResult> FileRun::nextRecord()
     return _results.takeNext();
 }
 
+bool FileRun::passes(const FileResult &result) const
+{
+    const RuleMatcher &filter = _context.filter;
+    return result.record ? filter.matches(**result.record) : filter.matchesFailed();
+}
+
 std::optional<ExportEntry> FileRun::nextEntry()
 {
     while (const auto next = nextRecord()) {
-        if (next->record)
+        if (!next->record)
+            fail(next->file->filename(), next->record.error().description);
+        else if (passes(*next))
             return ExportEntry{next->file->filename(), next->file->prefixedPath(), *next->record};
-        fail(next->file->filename(), next->record.error().description);
     }
     return std::nullopt;
 }
@@ -110,9 +117,14 @@ void FileRun::feedPool()
 
 void FileRun::fail(const QString &path, const QString &reason)
 {
+    countFailure(reason);
+    _context.console.complain(path, reason);
+}
+
+void FileRun::countFailure(const QString &reason)
+{
     _hasFailures = true;
     _hints.note(reason);
-    _context.console.complain(path, reason);
 }
 
 Status FileRun::finish(bool endsInLineFeed)

@@ -40,7 +40,9 @@ public:
     /// that analyses the files; each call runs the event loop until all files before this one, and this one,
     /// are done. The pool runs ahead of the calls by some MiB of records at most.
     std::optional<FileResult> nextRecord();
-    /// The next file that has a record; a file without one is a failure.
+    /// Whether the filter of the call lets it through.
+    bool passes(const FileResult &result) const;
+    /// The next file that has a record and passes the filter; a file without one is a failure.
     std::optional<ExportEntry> nextEntry();
 
     /// Does jobs in the way that the settings ask for.
@@ -49,6 +51,8 @@ public:
 
     /// One line of errors; the call counts as failed.
     void fail(const QString &path, const QString &reason);
+    /// The same for a failure that is told elsewhere.
+    void countFailure(const QString &reason);
     /// Ends progress and output, and gives the exit status. See `Console::finish`.
     Status finish(bool endsInLineFeed);
 

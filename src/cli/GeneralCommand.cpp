@@ -5,10 +5,16 @@
 
 #include "cli/Console.h"
 #include "cli/FileRun.h"
+#include "cli/FilterOption.h"
 
 #include <utility>
 
 namespace quorvin::cli {
+
+QList<Option> generalOptions()
+{
+    return {filterOption()};
+}
 
 Status runGeneral(const Context &context)
 {

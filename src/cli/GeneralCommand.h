@@ -7,6 +7,7 @@
 
 namespace quorvin::cli {
 
+QList<Option> generalOptions();
 Status runGeneral(const Context &context);
 
 } // namespace quorvin::cli

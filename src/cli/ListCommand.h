@@ -7,6 +7,7 @@
 
 namespace quorvin::cli {
 
+QList<Option> listOptions();
 Status runList(const Context &context);
 
 } // namespace quorvin::cli

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "cli/Console.h"
+#include "cli/FilterOption.h"
 #include "cli/Help.h"
 #include "cli/Inputs.h"
 #include "cli/Parser.h"
@@ -38,6 +39,12 @@ int run(const QStringList &words, Console &console)
         return console.finish(true) ? AllWell : SomethingFailed;
     }
 
+    const auto filter = parseRule(arguments.filter);
+    if (!filter) {
+        console.refuse(QStringLiteral("--filter: ") + filter.error().reason,
+                       linesOf(filter.error(), arguments.filter));
+        return WrongCall;
+    }
     Settings settings(Settings::userPath());
     for (const QString &assignment : arguments.overrides) {
         if (const auto set = settings.overrideFrom(assignment); !set)
@@ -49,7 +56,7 @@ int run(const QStringList &words, Console &console)
     const auto paths = inputPaths(arguments);
     if (!paths)
         return refuse(paths.error(), console);
-    return call->command->run({arguments, *paths, settings, console});
+    return call->command->run({arguments, *paths, settings, console, RuleMatcher(*filter)});
 }
 
 } // namespace
