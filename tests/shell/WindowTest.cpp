@@ -328,28 +328,4 @@ TEST_F(Window, AttributesCanBeRemovedFromTheFile)
     EXPECT_TRUE(spinUntil([&] { return !tags(); }));
 }
 
-TEST(SidebarSplitView, KeepsBothSidesWideEnough)
-{
-    SidebarSplitView view(new QWidget, new QWidget);
-    view.resize(800, 300);
-    view.show();
-    view.setSidebarWidth(50);
-    EXPECT_EQ(view.sidebarWidth(), 160);
-    view.setSidebarWidth(700);
-    EXPECT_EQ(view.sidebarWidth(), 800 - 350 - view.handleWidth());
-    view.setSidebarWidth(300);
-    view.resize(1000, 300);
-    EXPECT_EQ(view.sidebarView()->width(), 300) << "what grows is the content";
-    view.hideSidebarWithoutAnimation();
-    EXPECT_TRUE(view.isCollapsed());
-    view.resize(600, 300);
-    view.showSidebarWithoutAnimation();
-    EXPECT_EQ(view.sidebarView()->width(), 600 - 350 - view.handleWidth());
-    view.setSidebarPosition(2);
-    EXPECT_EQ(view.sidebarPosition(), 0);
-    view.setSidebarPosition(1);
-    QApplication::processEvents();
-    EXPECT_GT(view.sidebarView()->x(), view.contentView()->x());
-}
-
 } // namespace quorvin

@@ -20,6 +20,7 @@
 #include "shell/window/OpenWithMenu.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
+#include "shell/window/TabSidebars.h"
 #include "shell/window/ToolBar.h"
 #include "shell/window/WindowPlace.h"
 
@@ -50,6 +51,7 @@ MainWindowController::MainWindowController(Session &session)
     : _session(session),
       _files(session.settings),
       _view(new MainView(session.settings, _files)),
+      _sidebars(new TabSidebars(_view->sidebar(), session.settings)),
       _commands(new CommandSet(this, &_view->table())),
       _fileCommands(new FileCommands(*_view, _files, this)),
       _export(new ExportController(session.settings, this)),
@@ -72,12 +74,6 @@ MainWindowController::MainWindowController(Session &session)
     setUpMenuKeys();
     setMinimumHeight(kMinimumHeight);
     restoreFrame();
-    const LiveSettings &settings = _session.settings;
-    _view->sidebar().setSidebarPosition(settings.integer(Setting::sidebarPos));
-    if (settings.boolean(Setting::sidebarIsHidden)) {
-        _view->sidebar().hideSidebarWithoutAnimation();
-        _openSidebar = false;
-    }
     updateWindowTitle();
     validateCommands();
     _view->table().setFocus();
@@ -123,7 +119,7 @@ void MainWindowController::registerCommands()
     on(Command::selectCustomTab, [this] { setCurrentTab(Tab::Custom); });
     on(Command::selectPreviousTab, [this] { setCurrentTab(tabBeside(currentTab(), -1)); });
     on(Command::selectNextTab, [this] { setCurrentTab(tabBeside(currentTab(), 1)); });
-    on(Command::toggleSidebar, [this] { toggleSidebar(); });
+    on(Command::toggleSidebar, [this] { _sidebars->toggle(); });
     on(Command::clickWrapLongLines, [this] { _session.settings.toggle(Setting::wrapLongLines); });
     on(Command::toggleFullScreen, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
 }
@@ -154,7 +150,10 @@ void MainWindowController::connectView()
     connect(&_view->sidebar(), &SidebarSplitView::collapsedChanged, this,
             &MainWindowController::validateCommands);
     connect(qApp, &QApplication::focusChanged, this, &MainWindowController::validateCommands);
-    connect(&_session.settings, &LiveSettings::changed, this, &MainWindowController::settingDidChange);
+    connect(&_session.settings, &LiveSettings::changed, this, [this](Setting setting) {
+        if (setting == Setting::wrapLongLines)
+            validateCommands();
+    });
     InfoView &info = _view->info();
     connect(&info, &InfoView::preferencesWanted, this, [this] { _commands->run(Command::openPreferences); });
     connect(&info, &InfoView::selectionDidChange, this, &MainWindowController::validateCommands);
@@ -220,7 +219,7 @@ void MainWindowController::showEvent(QShowEvent *event)
         return;
     layout()->activate();
     _view->layout()->activate();
-    _view->sidebar().setSidebarWidth(_session.settings.real(Setting::sidebarWidth));
+    _sidebars->restoreWidth();
     QTimer::singleShot(kDecorationMilliseconds, this, &MainWindowController::keepOnScreen);
 }
 
@@ -233,13 +232,7 @@ void MainWindowController::setCurrentTab(Tab tab)
 {
     if (tab == currentTab())
         return;
-    SidebarSplitView &sidebar = _view->sidebar();
-    if (sidebar.isCollapsed() || currentTab() == Tab::Comparison)
-        _openSidebarForComparison = !sidebar.isCollapsed();
-    if (tab == Tab::Comparison ? _openSidebarForComparison : _openSidebar)
-        sidebar.showSidebarWithoutAnimation();
-    else
-        sidebar.hideSidebarWithoutAnimation();
+    _sidebars->tabWillChange(tab);
     _view->info().setCurrentTab(tab);
     validateCommands();
 }
@@ -285,15 +278,6 @@ void MainWindowController::validateCommands()
     _commands->validate(commandState());
 }
 
-void MainWindowController::toggleSidebar()
-{
-    _openSidebar = _view->sidebar().isCollapsed();
-    if (currentTab() == Tab::Comparison)
-        _openSidebarForComparison = _openSidebar;
-    _session.settings.set(Setting::sidebarIsHidden, !_openSidebar);
-    _view->sidebar().toggleSidebar();
-}
-
 void MainWindowController::copy()
 {
     if (_keyboard.isInList)
@@ -318,14 +302,6 @@ void MainWindowController::updateWindowTitle()
     const auto path = worker().currentFilePath();
     setWindowFilePath(path.value_or(QString()));
     setWindowTitle(path ? lastPathComponent(*path) : QStringLiteral("Quorvin"));
-}
-
-void MainWindowController::settingDidChange(Setting setting)
-{
-    if (setting == Setting::sidebarPos)
-        _view->sidebar().setSidebarPosition(_session.settings.integer(setting));
-    else if (setting == Setting::wrapLongLines)
-        validateCommands();
 }
 
 void MainWindowController::dragEnterEvent(QDragEnterEvent *event)
@@ -380,10 +356,8 @@ void MainWindowController::windowWillClose()
     if (std::exchange(_isClosed, true))
         return;
     hide();
-    LiveSettings &settings = _session.settings;
-    settings.set(Setting::sidebarWidth, double(_view->sidebar().sidebarWidth()));
-    settings.set(Setting::sidebarIsHidden, !_openSidebar);
-    settings.set(Setting::mainWindowFrame, QString::fromLatin1(saveGeometry().toBase64()));
+    _sidebars->save();
+    _session.settings.set(Setting::mainWindowFrame, QString::fromLatin1(saveGeometry().toBase64()));
     disconnect(qApp, nullptr, this, nullptr);
     _export->run().cancel();
     _files.setWindowIsClosing();

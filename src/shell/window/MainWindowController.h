@@ -21,6 +21,7 @@ class FilelistDrags;
 class ListCommands;
 class MainView;
 class OpenWithMenu;
+class TabSidebars;
 struct Session;
 
 /// One window: its tabs, tool bar, drop target, commands, title and closing. Main thread.
@@ -82,17 +83,16 @@ private:
     void validateCommands();
     void updateWindowTitle();
     void answerDrop(QDropEvent &event) const;
-    void settingDidChange(Setting setting);
     void windowWillClose();
 
     void registerCommands();
-    void toggleSidebar();
     void copy();
     void showMenu(CommandPlace place, const QPoint &globalPosition);
 
     Session &_session;
     FilelistController _files;
     MainView *_view;
+    TabSidebars *_sidebars;
     CommandSet *_commands;
     FileCommands *_fileCommands;
     OpenWithMenu *_openWith = nullptr;
@@ -101,8 +101,6 @@ private:
     FilelistDrags *_drags;
     DropHint *_dropHint;
     Keyboard _keyboard;
-    bool _openSidebar = true; ///< wanted on all tabs but Comparison
-    bool _openSidebarForComparison = false;
     bool _wasShown = false;
     bool _isClosed = false;
 };

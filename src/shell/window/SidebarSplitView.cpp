@@ -17,8 +17,48 @@ namespace {
 
 constexpr int kAnimationMilliseconds = 250;
 
-/// A double click collapses the sidebar.
-class Handle final : public QSplitterHandle {
+} // namespace
+
+/// The place of the sidebar. While it opens or closes, the sidebar keeps its width and slides past the edge
+/// of the window with the divider.
+class SlidingRoom final : public QWidget {
+public:
+    explicit SlidingRoom(QWidget *sidebar) : _sidebar(sidebar)
+    {
+        sidebar->setParent(this);
+        setMinimumWidth(SidebarSplitView::kSidebarMinWidth);
+    }
+
+    /// 0: the sidebar is as wide as its room again.
+    void holdWidth(int width)
+    {
+        _heldWidth = width;
+        setMinimumWidth(width > 0 ? 0 : SidebarSplitView::kSidebarMinWidth);
+        placeSidebar();
+    }
+    void setDividerAtRight(bool isAtRight) { _dividerIsAtRight = isAtRight; }
+
+    QSize minimumSizeHint() const override { return {0, _sidebar->minimumSizeHint().height()}; }
+    QSize sizeHint() const override { return _sidebar->sizeHint(); }
+
+protected:
+    void resizeEvent(QResizeEvent *) override { placeSidebar(); }
+
+private:
+    void placeSidebar()
+    {
+        QRect place(0, 0, std::max(_heldWidth, width()), height());
+        if (_dividerIsAtRight)
+            place.moveRight(width() - 1);
+        _sidebar->setGeometry(place);
+    }
+
+    QWidget *_sidebar;
+    int _heldWidth = 0;
+    bool _dividerIsAtRight = true;
+};
+
+class SidebarSplitView::Handle final : public QSplitterHandle {
 public:
     explicit Handle(SidebarSplitView *view) : QSplitterHandle(view->orientation(), view), _view(view)
     {
@@ -30,32 +70,36 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override
     {
         if (event->button() == Qt::LeftButton)
-            _view->hideSidebar();
+            _view->closeByHand();
+    }
+    void mouseReleaseEvent(QMouseEvent *event) override
+    {
+        QSplitterHandle::mouseReleaseEvent(event);
+        if (event->button() == Qt::LeftButton)
+            _view->dragDidEnd();
     }
 
 private:
     SidebarSplitView *_view;
 };
 
-} // namespace
-
 SidebarSplitView::SidebarSplitView(QWidget *sidebar, QWidget *content, QWidget *parent)
-    : QSplitter(Qt::Horizontal, parent), _sidebar(sidebar), _content(content)
+    : QSplitter(Qt::Horizontal, parent), _sidebar(sidebar), _room(new SlidingRoom(sidebar)), _content(content)
 {
     setAccessibleRole(this, QAccessible::Grouping);
-    addWidget(sidebar);
+    setAccessibleRole(_room, QAccessible::Grouping);
+    addWidget(_room);
     addWidget(content);
     // Readers go by this order.
-    sidebar->raise();
+    _room->raise();
     handle(1)->raise();
     content->raise();
-    setChildrenCollapsible(false);
+    setCollapsible(indexOf(content), false);
     setHandleWidth(1);
-    sidebar->setMinimumWidth(kSidebarMinWidth);
     content->setMinimumWidth(kContentMinWidth);
     setMinimumWidth(kSidebarMinWidth + kContentMinWidth + handleWidth());
     setStretchFactor(indexOf(content), 1);
-    setStretchFactor(indexOf(sidebar), 0);
+    setStretchFactor(indexOf(_room), 0);
     _animation.setDuration(kAnimationMilliseconds);
     _animation.setEasingCurve(QEasingCurve::InOutCubic);
     connect(&_animation, &QVariantAnimation::valueChanged, this,
@@ -105,11 +149,12 @@ void SidebarSplitView::animateTo(int sidebarWidth, bool collapsed)
 {
     if (!isVisible() || style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, this) == 0)
         return setCollapsed(collapsed);
-    const int from = _sidebar->isVisible() ? _sidebar->width() : 0;
+    const int from = _room->isVisible() ? placedWidth() : 0;
     _isCollapsed = collapsed;
-    _sidebar->setMinimumWidth(0);
-    _sidebar->show();
     _animation.stop();
+    _room->setDividerAtRight((_sidebarViewIndex == 0) != isRightToLeft());
+    _room->holdWidth(std::max(from, sidebarWidth));
+    _room->show();
     _animation.setStartValue(from);
     _animation.setEndValue(sidebarWidth);
     _animation.start();
@@ -121,8 +166,8 @@ void SidebarSplitView::setCollapsed(bool collapsed)
     _animation.stop();
     const bool changed = _isCollapsed != collapsed;
     _isCollapsed = collapsed;
-    _sidebar->setVisible(!collapsed);
-    _sidebar->setMinimumWidth(kSidebarMinWidth);
+    _room->setVisible(!collapsed);
+    _room->holdWidth(0);
     if (!collapsed) {
         _lastSidebarWidth = std::min(_lastSidebarWidth, sidebarMaxWidth());
         place(_lastSidebarWidth);
@@ -149,8 +194,8 @@ void SidebarSplitView::setSidebarPosition(int position)
     if ((position != 0 && position != 1) || position == _sidebarViewIndex)
         return;
     _sidebarViewIndex = position;
-    insertWidget(position, _sidebar);
-    _sidebar->setVisible(!_isCollapsed);
+    insertWidget(position, _room);
+    _room->setVisible(!_isCollapsed);
     if (!_isCollapsed)
         place(_lastSidebarWidth);
 }
@@ -161,10 +206,32 @@ void SidebarSplitView::place(int sidebarWidth)
     setSizes(_sidebarViewIndex == 0 ? QList{sidebarWidth, rest} : QList{rest, sidebarWidth});
 }
 
+int SidebarSplitView::placedWidth() const
+{
+    return sizes().value(indexOf(_room));
+}
+
 void SidebarSplitView::rememberWidth()
 {
-    if (!_isCollapsed && _animation.state() != QAbstractAnimation::Running)
-        _lastSidebarWidth = _sidebar->width();
+    // A drag that ends in closing it leaves the width to come back with.
+    if (!_isCollapsed && _animation.state() != QAbstractAnimation::Running && placedWidth() > 0)
+        _lastSidebarWidth = placedWidth();
+}
+
+void SidebarSplitView::dragDidEnd()
+{
+    if (_isCollapsed || placedWidth() > 0)
+        return;
+    Q_EMIT closedByHand();
+    setCollapsed(true);
+}
+
+void SidebarSplitView::closeByHand()
+{
+    if (_isCollapsed)
+        return;
+    Q_EMIT closedByHand();
+    hideSidebar();
 }
 
 void SidebarSplitView::resizeEvent(QResizeEvent *event)

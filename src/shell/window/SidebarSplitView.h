@@ -8,8 +8,11 @@
 
 namespace quorvin {
 
+class SlidingRoom;
+
 /// Splits a window into the sidebar and the content: limits of both widths, the side on which the sidebar
-/// stands, and collapsing with and without animation. Widths are in device-independent pixels.
+/// stands, and collapsing with and without animation. The divider can be dragged; dragged far beyond the
+/// least width, or clicked twice, it closes the sidebar. Widths are in device-independent pixels.
 class SidebarSplitView : public QSplitter {
     Q_OBJECT
 public:
@@ -43,18 +46,28 @@ public:
 
 Q_SIGNALS:
     void collapsedChanged(bool collapsed);
+    /// The user has closed it at its divider, and not by a command; comes before `collapsedChanged`.
+    void closedByHand();
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
     QSplitterHandle *createHandle() override;
 
 private:
+    class Handle;
+
     void place(int sidebarWidth);
     void setCollapsed(bool collapsed);
     void animateTo(int sidebarWidth, bool collapsed);
     void rememberWidth();
+    /// The button that dragged the divider, or clicked it twice, is up.
+    void dragDidEnd();
+    void closeByHand();
+    /// As it is placed now, whatever it comes back with.
+    int placedWidth() const;
 
     QWidget *_sidebar;
+    SlidingRoom *_room; ///< what the divider moves; holds the sidebar
     QWidget *_content;
     QVariantAnimation _animation;
     int _lastSidebarWidth = kSidebarMinWidth;
