@@ -59,6 +59,9 @@ void FactList::setFacts(const std::vector<Fact> &facts)
         const bool isUsed = i < facts.size();
         _rows[i].label->setText(isUsed ? facts[i].label : QString());
         _rows[i].value->setText(isUsed ? facts[i].value : QString());
+        QFont font;
+        font.setItalic(isUsed && facts[i].isRemark);
+        _rows[i].value->setFont(font);
         _rows[i].label->setVisible(isUsed);
         _rows[i].value->setVisible(isUsed);
     }

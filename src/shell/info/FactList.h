@@ -20,6 +20,9 @@ public:
     struct Fact {
         QString label;
         QString value;
+        bool isRemark = false; ///< said of the values by the program, and none of a file
+
+        bool operator==(const Fact &) const = default;
     };
 
     explicit FactList(QWidget *parent = nullptr);

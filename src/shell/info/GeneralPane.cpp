@@ -4,20 +4,17 @@
 #include "shell/info/GeneralPane.h"
 
 #include "pictures/Images.h"
-#include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Icons.h"
 #include "shell/desktop/PictureThread.h"
 #include "shell/info/CoverView.h"
 #include "shell/info/ElidedLabel.h"
-#include "shell/info/FactList.h"
 #include "shell/info/StreamTable.h"
 #include "shell/outline/OutlineDelegate.h"
 
 #include <QBoxLayout>
 #include <QClipboard>
-#include <QDir>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScrollArea>
@@ -55,16 +52,6 @@ protected:
         QPainter(this).fillRect(rect(), color);
     }
 };
-
-/// The folder of the file, the user's own as "~".
-QString shortFolder(const QString &path)
-{
-    QString folder = withoutLastPathComponent(path);
-    const QString home = QDir::homePath();
-    if (home.size() > 1 && (folder == home || folder.startsWith(home + u'/')))
-        return u'~' + folder.mid(home.size());
-    return folder;
-}
 
 } // namespace
 
@@ -154,37 +141,40 @@ void GeneralPane::empty()
     _line->hide();
 }
 
+void GeneralPane::setSum(std::optional<GeneralSheet> sum)
+{
+    if (sum == _sum)
+        return;
+    const bool isSame = sum && _sum && sum->headline == _sum->headline;
+    const int place = _scroll->verticalScrollBar()->value();
+    _sum = std::move(sum);
+    refill();
+    // It grows while files are read.
+    if (isSame)
+        _scroll->verticalScrollBar()->setValue(place);
+}
+
 void GeneralPane::fill(const QuorvinData *record)
 {
     empty();
-    if (!record)
-        return;
-    _headline->setWholeText(lastPathComponent(record->filename()));
-    _folder->setWholeText(shortFolder(record->filename()));
-    showFacts(record->generalInfo());
-    showCover(*record);
-    _streams->setLines(record->generalInfo().lines);
-    _line->setVisible(!_streams->isEmpty());
-    _scroll->verticalScrollBar()->setValue(0);
+    if (_sum) {
+        showSheet(*_sum);
+        _cover->setIcon(_sum->mimeName.isEmpty() ? symbolIcon(QStringLiteral("several-files"))
+                                                 : mimeIcon(_sum->mimeName));
+    } else if (record) {
+        showSheet(sheetOf(*record));
+        showCover(*record);
+    }
 }
 
-void GeneralPane::showFacts(const GeneralFacts &general)
+void GeneralPane::showSheet(const GeneralSheet &sheet)
 {
-    std::vector<FactList::Fact> facts;
-    const auto add = [&facts](const QString &label, const QString &value) {
-        if (!value.isEmpty())
-            facts.push_back({label, value});
-    };
-    add(tr("Kind"), general.fileKind.value_or(QString()));
-    add(tr("Format"), general.format);
-    add(tr("Size"), general.filesize);
-    if (!general.duration.isEmpty())
-        add(tr("Duration"),
-            general.bitrate.isEmpty() ? general.duration
-                                      : QStringLiteral("%1 (%2)").arg(general.duration, general.bitrate));
-    else if (general.imageSize != QString())
-        facts.push_back({tr("Image Size"), general.imageSizeMP.value_or(QString())});
-    _facts->setFacts(facts);
+    _headline->setWholeText(sheet.headline);
+    _folder->setWholeText(sheet.folder);
+    _facts->setFacts(sheet.facts);
+    _streams->setLines(sheet.lines);
+    _line->setVisible(!_streams->isEmpty());
+    _scroll->verticalScrollBar()->setValue(0);
 }
 
 void GeneralPane::showCover(const QuorvinData &record)
@@ -265,7 +255,7 @@ void GeneralPane::place()
     const bool isNarrow = width() < kNarrow;
     const QFontMetrics metrics(_streams->font());
     int widestFact = 0;
-    for (const QString &label : {tr("Kind"), tr("Format"), tr("Size"), tr("Duration"), tr("Image Size")})
+    for (const QString &label : factLabels())
         widestFact = std::max(widestFact, metrics.horizontalAdvance(label));
 
     const int beside = isNarrow ? 0 : CoverView::kSide + kCoverGap;

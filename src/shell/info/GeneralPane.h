@@ -3,7 +3,10 @@
 
 #pragma once
 
+#include "shell/info/GeneralSheet.h"
 #include "shell/info/Pane.h"
+
+#include <optional>
 
 class QBoxLayout;
 class QScrollArea;
@@ -12,15 +15,18 @@ namespace quorvin {
 
 class CoverView;
 class ElidedLabel;
-class FactList;
 class StreamTable;
 
 /// What the General tab says of a file, on one sheet that scrolls as a whole: its cover, its name and folder,
 /// the facts, and a line for each stream. All labels end, and all values begin, at one place for all files.
+/// Several files have the same sheet.
 class GeneralPane final : public Pane {
     Q_OBJECT
 public:
     explicit GeneralPane(QWidget *parent = nullptr);
+
+    /// What several files have in common, shown in place of the record from now on; absent: the record again.
+    void setSum(std::optional<GeneralSheet> sum);
 
     bool canCopy() const override;
     /// The lines that are selected, or the fact that has the keyboard, as text.
@@ -42,7 +48,7 @@ private:
     void layOut();
     void connectParts();
     void empty();
-    void showFacts(const GeneralFacts &general);
+    void showSheet(const GeneralSheet &sheet);
     void showCover(const QuorvinData &record);
     /// Where cover, labels and values stand in the width there is.
     void place();
@@ -57,6 +63,7 @@ private:
     FactList *_facts;
     QWidget *_line;
     StreamTable *_streams;
+    std::optional<GeneralSheet> _sum; ///< of several files
     QBoxLayout *_top; ///< the cover and what stands beside it, or below it
     int _shown = 0; ///< counts what was shown, so that a late cover is not shown for another file
 };

@@ -5,6 +5,7 @@
 
 #include "filefacts/Sizes.h"
 #include "intake/AnalysisOptions.h"
+#include "intake/FileSum.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/Counts.h"
 #include "shell/info/EmptyPane.h"
@@ -12,6 +13,7 @@
 #include "shell/info/FailureAdvice.h"
 #include "shell/info/FailurePane.h"
 #include "shell/info/GeneralPane.h"
+#include "shell/info/GeneralSheet.h"
 #include "shell/info/RawReportDialog.h"
 #include "shell/outline/ExtendedOutline.h"
 #include "shell/session/LiveSettings.h"
@@ -113,6 +115,8 @@ Pane *InfoView::wantedPane() const
         return _comparison;
     if (_tab == Tab::Custom)
         return _custom;
+    if (_sum && _tab == Tab::General)
+        return _general;
     if (_isWaiting || _isUnread)
         return _waiting;
     if (_hasFailed)
@@ -174,6 +178,14 @@ void InfoView::showFailure(const QString &path, const QString &reason)
     _hasFailed = true;
     setPath(path);
     _failure->setFailure(path, adviceOn(reason, analysisSetupFrom(_settings.values(), nullptr).limits));
+    showPage();
+}
+
+void InfoView::showSum(const std::shared_ptr<const FileSum> &sum)
+{
+    _sum = sum;
+    _general->setSum(sum ? std::optional(sheetOf(*sum, _settings.boolean(Setting::useSIUnits)))
+                         : std::nullopt);
     showPage();
 }
 

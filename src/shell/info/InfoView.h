@@ -11,6 +11,7 @@
 #include <QWidget>
 
 #include <array>
+#include <memory>
 #include <optional>
 
 class QPushButton;
@@ -25,6 +26,7 @@ class FailurePane;
 class GeneralPane;
 class LiveSettings;
 class Pane;
+struct FileSum;
 
 /// The tabs of a window and what they show of the current file, in fonts and heights that follow the
 /// settings. Main thread.
@@ -44,6 +46,8 @@ public:
     void showRecord(const QuorvinDataPtr &record);
     /// Of the file at that path.
     void showFailure(const QString &path, const QString &reason);
+    /// Several files are selected: General shows their sum in place of the current file. Null: one, or none.
+    void showSum(const std::shared_ptr<const FileSum> &sum);
     /// Files are looked for, so many of which are found. A window with files shows nothing of it.
     void showWalk(int found);
     void stopWalk();
@@ -110,6 +114,7 @@ private:
     bool _isWalking = false;
     bool _isWaiting = false;
     bool _isUnread = false;
+    std::shared_ptr<const FileSum> _sum; ///< of the selected files; null when they are not several
 };
 
 } // namespace quorvin

@@ -19,6 +19,11 @@ void Pane::showRecord(const QuorvinDataPtr &record)
     if (!record && !_record)
         return;
     _record = record;
+    refill();
+}
+
+void Pane::refill()
+{
     _isFilled = false;
     fillIfCurrent();
 }

@@ -59,6 +59,8 @@ Q_SIGNALS:
 protected:
     /// Draws the record, or that there is none.
     virtual void fill(const QuorvinData *record) = 0;
+    /// What is drawn has changed without the record.
+    void refill();
 
 private:
     void fillIfCurrent();

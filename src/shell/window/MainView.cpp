@@ -9,6 +9,7 @@
 #include "shell/desktop/PlainText.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/filelist/FilelistTable.h"
+#include "shell/filelist/SelectionSum.h"
 #include "shell/info/InfoView.h"
 #include "shell/window/FocusKeeper.h"
 #include "shell/window/SidebarSplitView.h"
@@ -32,7 +33,8 @@ MainView::MainView(LiveSettings &settings, FilelistController &files, QWidget *p
       _table(new FilelistTable(files.arranged(), files.selection())),
       _info(new InfoView(settings)),
       _sidebar(new SidebarSplitView(_table, _info)),
-      _status(new StatusLine)
+      _status(new StatusLine),
+      _sum(new SelectionSum(files, this))
 {
     new FocusKeeper(_table, _info);
     layOut();
@@ -68,6 +70,7 @@ void MainView::connectFiles()
     connect(&_files, &FilelistController::totalsDidChange, this, &MainView::showTotals);
     connect(&_files.selection(), &QItemSelectionModel::selectionChanged, this,
             [this] { _status->setSelectedCount(_files.selectedCount()); });
+    connect(_sum, &SelectionSum::changed, this, [this] { _info->showSum(_sum->sum()); });
     connect(_status, &StatusLine::stopWanted, &_files, &FilelistController::stopReading);
     connect(&_files, &FilelistController::readingDidStop, this, &MainView::tellStop);
     connect(_info, &InfoView::retryWanted, &_files, &FilelistController::refreshInfo);

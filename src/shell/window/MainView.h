@@ -16,6 +16,7 @@ class FilelistController;
 class FilelistTable;
 class InfoView;
 class LiveSettings;
+class SelectionSum;
 class SidebarSplitView;
 class StatusLine;
 
@@ -49,6 +50,7 @@ private:
     InfoView *_info;
     SidebarSplitView *_sidebar;
     StatusLine *_status;
+    SelectionSum *_sum;
     QTimer _walkDelay; ///< a short walk never flashes
 };
 
