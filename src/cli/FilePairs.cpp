@@ -23,7 +23,7 @@ QString nameWithoutExtension(const FilelistItemPtr &file)
     return extension.isEmpty() ? path : path.chopped(extension.size() + 1);
 }
 
-const QString &nameOf(const FilePair &pair)
+const QString &listedNameOf(const FilePair &pair)
 {
     return (pair.first ? pair.first : pair.second)->prefixedPath();
 }
@@ -55,7 +55,7 @@ public:
     std::vector<FilePair> inOrder() &&
     {
         std::vector<QString> names;
-        std::ranges::transform(_pairs, std::back_inserter(names), nameOf);
+        std::ranges::transform(_pairs, std::back_inserter(names), listedNameOf);
         std::vector<FilePair> sorted;
         for (const std::size_t index : fileBrowserOrder(names))
             sorted.push_back(std::move(_pairs[index]));

@@ -17,6 +17,11 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+bool isSameParameter(const ComparisonRow &left, const ComparisonRow &right)
+{
+    return left.key == right.key && left.number() == right.number() && left.section == right.section;
+}
+
 QStringList namesOf(const ComparisonContent &content)
 {
     QStringList names;
@@ -41,7 +46,7 @@ void forEachHit(const ComparisonRow &row, const QString &text, Use use)
     const QString *before = nullptr;
     for (qsizetype i = 0; i < row.values.size(); ++i) {
         const QString &value = row.values[i];
-        if (!before || before->constData() != value.constData() || before->size() != value.size())
+        if (!before || !shareText(*before, value))
             isHit = value.contains(text, Qt::CaseInsensitive);
         before = &value;
         if (isHit)
@@ -57,8 +62,7 @@ void ComparisonController::setContent(ComparisonContent content, QStringList con
         contentDescription.clear();
     const Change files = changeTo(Qt::Horizontal, _contentDescription, contentDescription,
                                   firstNumbers(contentDescription.size()));
-    const Change rows
-        = changeTo(Qt::Vertical, namesOf(_content), namesOf(content), wantedRows(content, _filter));
+    const Change rows = changeOfRows(content);
     const int reference = _reference ? files.targets[static_cast<std::size_t>(*_reference)] : -1;
     removeGone(Qt::Vertical, rows);
     removeGone(Qt::Horizontal, files);
@@ -71,6 +75,15 @@ void ComparisonController::setContent(ComparisonContent content, QStringList con
     arrange(Qt::Horizontal, files);
     arrange(Qt::Vertical, rows);
     tellAllChanged();
+}
+
+/// Mostly a further file brings no row of its own.
+StepwiseTable::Change ComparisonController::changeOfRows(const ComparisonContent &content) const
+{
+    std::vector<int> wanted = wantedRows(content, _filter);
+    return std::ranges::equal(_content, content, isSameParameter)
+        ? changeTo(Qt::Vertical, std::move(wanted))
+        : changeTo(Qt::Vertical, namesOf(_content), namesOf(content), std::move(wanted));
 }
 
 void ComparisonController::setFilter(ComparisonFilter filter)

@@ -106,6 +106,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
+    Change changeOfRows(const ComparisonContent &content) const;
     void tellAllChanged();
     void reduceColor();
     bool differsFromReference(const ComparisonRow &row, int file) const;

@@ -46,6 +46,22 @@ QString escapedAndBroken(const QString &text)
     return stringWithNewLinesAsBRs(escaped(text));
 }
 
+/// The cells one behind the other, each as `encode` has it; neighbours often share their text.
+template <typename Encode>
+QString joinedCells(std::span<const QString> cells, Encode encode)
+{
+    QString joined;
+    QString encoded;
+    const QString *before = nullptr;
+    for (const QString &cell : cells) {
+        if (!before || !shareText(*before, cell))
+            encoded = encode(cell);
+        joined += encoded;
+        before = &cell;
+    }
+    return joined;
+}
+
 void writeHtml(const ComparisonContent &content, const QStringList &description, OutputBuffer &out)
 {
     QStringList names;
@@ -62,9 +78,12 @@ void writeHtml(const ComparisonContent &content, const QStringList &description,
 
 QString csvLine(const ComparisonRow &row, qsizetype files)
 {
-    if (!row.isHeading())
-        return Utilities::csvEscapeAndQuoteArray(row.values);
-    return Utilities::csvEscapeAndQuote(row.values.value(0)) + Utilities::csvSeparator().repeated(files);
+    const QString name = Utilities::csvEscapeAndQuote(row.values.value(0));
+    if (row.isHeading())
+        return name + Utilities::csvSeparator().repeated(files);
+    return name + joinedCells(row.inFiles(), [](const QString &value) {
+               return Utilities::csvSeparator() + Utilities::csvEscapeAndQuote(value);
+           });
 }
 
 void writeCsvText(const ComparisonContent &content, const QStringList &description, OutputBuffer &out)
@@ -107,7 +126,7 @@ void writeJsonRow(const ComparisonRow &row, SBJson5StreamWriter &json)
     json.writeString(u"parameter"_s);
     json.writeString(row.values.front());
     json.writeString(u"values"_s);
-    writeJsonTexts(std::span(row.values.cbegin(), row.values.cend()).subspan(1), json);
+    writeJsonTexts(row.inFiles(), json);
     json.writeString(u"allEqual"_s);
     json.writeBool(row.allEqual);
     json.writeObjectClose();
@@ -214,11 +233,14 @@ QString htmlLineForItems(const QStringList &items, qsizetype totalColumns)
     if (items.size() == 1)
         return "<tr><td colspan="_L1 + QString::number(totalColumns) + " class='g'><b>"_L1
             + escaped(items.front()) + "</b></td></tr>"_L1;
-    QString cells;
-    for (const QString &item : items)
-        cells += (cells.isEmpty() ? "<td class=f>"_L1 : "<td class=o>"_L1) + escapedAndBroken(item)
-            + "</td>"_L1;
-    return "<tr>"_L1 + cells + "</tr>"_L1;
+    if (items.isEmpty())
+        return u"<tr></tr>"_s;
+    const std::span cells(items.cbegin(), items.cend());
+    return "<tr><td class=f>"_L1 + escapedAndBroken(cells.front()) + "</td>"_L1
+        + joinedCells(
+               cells.subspan(1),
+               [](const QString &item) { return "<td class=o>"_L1 + escapedAndBroken(item) + "</td>"_L1; })
+        + "</tr>"_L1;
 }
 
 QString pboardHtmlLineForItems(const QStringList &items)

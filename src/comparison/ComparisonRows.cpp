@@ -106,9 +106,10 @@ void ComparisonBuilder::put(ComparisonRow &row, QByteArrayView value) const
 void ComparisonBuilder::complete(ComparisonRow &row) const
 {
     row.values.resize(_files + 1);
-    const auto values = std::span(row.values.cbegin(), row.values.cend()).subspan(1);
-    row.allEqual = std::ranges::all_of(
-        values, [&first = values.front()](const QString &value) { return value == first; });
+    const auto values = row.inFiles();
+    row.allEqual = std::ranges::all_of(values, [&first = values.front()](const QString &value) {
+        return shareText(value, first) || value == first;
+    });
 }
 
 ComparisonContent ComparisonBuilder::take()

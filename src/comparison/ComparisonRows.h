@@ -29,9 +29,17 @@ struct ComparisonRow {
 
     /// What tells sections of one key apart: a group that is no stream of a kind meets the first stream.
     quint32 number() const { return std::max<quint32>(stream, 1); }
+    /// The values alone; not of a heading.
+    std::span<const QString> inFiles() const { return std::span(values.cbegin(), values.cend()).subspan(1); }
     bool isHeading() const { return values.size() < 2; }
     bool operator==(const ComparisonRow &) const = default;
 };
+
+/// Whether one text is the other without a look at their letters, as it is with equal neighbours in a row.
+inline bool shareText(const QString &left, const QString &right)
+{
+    return left.constData() == right.constData() && left.size() == right.size();
+}
 
 /// The rows of a comparison, each heading in front of the rows of its section. All parameter rows have the
 /// same number of values.

@@ -19,6 +19,7 @@ constexpr int kNowhere = -1;
 QStringList distinct(QStringList names)
 {
     QHash<QString, int> known;
+    known.reserve(names.size());
     for (QString &name : names) {
         if (const int times = known[name]++; times > 0)
             name += QChar(QChar::Null) + QString::number(times);
@@ -64,6 +65,7 @@ StepwiseTable::Change StepwiseTable::changeTo(Qt::Orientation orientation, const
     const QStringList before = distinct(from);
     const QStringList after = distinct(to);
     QHash<QString, int> targets;
+    targets.reserve(to.size());
     for (const int entry : wanted)
         targets.insert(after[entry], entry);
     Change change{{}, std::move(wanted)};
