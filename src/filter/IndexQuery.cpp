@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "filter/IndexQuery.h"
+
+#include <algorithm>
+
+namespace quorvin {
+
+namespace {
+
+constexpr std::size_t kValuesBetweenStops = 1 << 14;
+
+} // namespace
+
+IndexQuery::IndexQuery(const QString &text, const Rule &rule)
+    : _asked(text),
+      _text(text),
+      _rule(rule.simplified()),
+      _matcher(_rule),
+      _conditions(_matcher.conditions().size())
+{
+}
+
+bool IndexQuery::isWithin(const IndexQuery &other) const
+{
+    return _rule == other._rule && !other._text.isEmpty() && other._text.isInFolded(_text.folded());
+}
+
+bool IndexQuery::mark(const RecordIndex &index, const IndexQuery *wider, const std::stop_token &stop)
+{
+    _generation = index.generation();
+    markTerms(index);
+    return _text.isEmpty() || markValues(index, wider, stop);
+}
+
+void IndexQuery::markTerms(const RecordIndex &index)
+{
+    for (const RecordIndex::Name &name : index.names().subspan(_terms.size())) {
+        _terms.push_back(_text.isIn(name.term->label) ? 1 : 0);
+        for (std::size_t i = 0; i < _conditions.size(); ++i) {
+            const bool isAbout = _matcher.conditions()[i].isAbout({name.group, name.subgroup}, *name.term);
+            _conditions[i].isAbout.push_back(isAbout ? 1 : 0);
+        }
+    }
+    for (std::size_t i = 0; i < _conditions.size(); ++i) {
+        if (_matcher.conditions()[i].needsValue())
+            _conditions[i].holds.resize(index.valueTable().size(), Answer::Unknown);
+    }
+}
+
+bool IndexQuery::markValues(const RecordIndex &index, const IndexQuery *wider, const std::stop_token &stop)
+{
+    const ValueTable &table = index.valueTable();
+    auto next = static_cast<quint32>(_values.size());
+    _values.resize(table.size());
+    if (next == 0 && wider && wider->isOf(index)) {
+        const auto known = static_cast<quint32>(std::min(wider->_values.size(), table.size()));
+        for (; next < known; ++next) {
+            if (next % kValuesBetweenStops == 0 && stop.stop_requested())
+                return false;
+            if (next % Marks::kWord == 0 && wider->_values.word(next) == 0) {
+                next += Marks::kWord - 1;
+                continue;
+            }
+            if (wider->_values[next] && _text.isInFolded(table.folded(next)))
+                _values.set(next);
+        }
+        next = known;
+    }
+    if (next < table.size())
+        table.markHaving(_text, _values, next, stop);
+    return !stop.stop_requested();
+}
+
+bool IndexQuery::hasText(const RecordIndex &index, const RecordIndex::Entry &entry) const
+{
+    if (entry.unindexed)
+        return entry.unindexed->isContentHas(_text);
+    const auto terms = index.terms(entry);
+    const auto values = index.values(entry);
+    for (std::size_t i = 0; i < terms.size(); ++i) {
+        if (_terms[terms[i]] != 0 || _values[values[i]])
+            return true;
+    }
+    return false;
+}
+
+bool IndexQuery::matches(const RecordIndex &index, const RecordIndex::Entry &entry)
+{
+    const bool isFailed = entry.fileType.isEmpty();
+    if (!_text.isEmpty() && (isFailed || !hasText(index, entry)))
+        return false;
+    if (isFailed)
+        return _matcher.isEmpty() || _matcher.matchesFailed();
+    if (entry.unindexed)
+        return _matcher.matches(*entry.unindexed);
+    return _matcher.matchesBy([&](std::size_t condition) { return holds(condition, index, entry); });
+}
+
+bool IndexQuery::holds(std::size_t condition, const RecordIndex &index, const RecordIndex::Entry &entry)
+{
+    const RuleCondition &asked = _matcher.conditions()[condition];
+    if (asked.kind() == Rule::Kind::FileType)
+        return asked.holdsFor(QByteArrayView(entry.fileType.data(), entry.fileType.size()));
+    const auto terms = index.terms(entry);
+    const auto values = index.values(entry);
+    const quint8 *const isAbout = _conditions[condition].isAbout.data();
+    for (std::size_t i = 0; i < terms.size(); ++i) {
+        if (isAbout[terms[i]] != 0
+            && (!asked.needsValue() || holdsFor(condition, index.valueTable(), values[i])))
+            return !asked.isOnAbsence();
+    }
+    return asked.isOnAbsence();
+}
+
+bool IndexQuery::holdsFor(std::size_t condition, const ValueTable &table, quint32 value)
+{
+    Answer &answer = _conditions[condition].holds[value];
+    if (answer == Answer::Unknown) {
+        const RuleCondition &asked = _matcher.conditions()[condition];
+        const bool isHeld = asked.isByQuantity() ? asked.holdsFor(table.quantity(value))
+                                                 : asked.holdsFor(table.value(value));
+        answer = isHeld ? Answer::Yes : Answer::No;
+    }
+    return answer == Answer::Yes;
+}
+
+} // namespace quorvin

@@ -1,0 +1,41 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QtGlobal>
+
+#include <cstddef>
+#include <vector>
+
+namespace quorvin {
+
+/// A yes or no for each of many numbers from 0, in a bit each.
+class Marks {
+public:
+    static constexpr std::size_t kWord = 64; ///< marks in a word
+
+    std::size_t size() const { return _size; }
+    /// What is new is not marked.
+    void resize(std::size_t size)
+    {
+        _words.resize((size + kWord - 1) / kWord);
+        _size = size;
+    }
+    bool operator[](std::size_t number) const
+    {
+        return (_words[number / kWord] >> (number % kWord) & 1U) != 0;
+    }
+    /// The marks of the 64 numbers to which this one belongs, the lowest in the lowest bit.
+    quint64 word(std::size_t number) const { return _words[number / kWord]; }
+    std::size_t bytes() const { return _words.capacity() * sizeof(quint64); }
+
+    void set(std::size_t number) { _words[number / kWord] |= quint64{1} << (number % kWord); }
+    void clear(std::size_t number) { _words[number / kWord] &= ~(quint64{1} << (number % kWord)); }
+
+private:
+    std::vector<quint64> _words;
+    std::size_t _size = 0;
+};
+
+} // namespace quorvin
