@@ -12,51 +12,63 @@
 #include "comparison/ComparisonFilter.h"
 #include "comparison/ComparisonRows.h"
 
-#include <algorithm>
-#include <utility>
-
 namespace quorvin::cli {
 
 namespace {
 
 using namespace Qt::StringLiterals;
 
-struct Table {
-    ComparisonContent content;
-    QStringList paths;
-};
+/// The rows that are wanted, one after the other, and whether there was any.
+class WantedRows {
+public:
+    explicit WantedRows(ComparisonFilter filter) : _filter(filter) { }
 
-Table readTable(FileRun &run, ComparisonFilter filter)
-{
-    Table table;
-    ComparisonBuilder builder;
-    while (const auto entry = run.nextEntry()) {
-        builder.add(*entry->data);
-        table.paths.append(entry->filename);
+    /// Gives the paths of the files.
+    QStringList read(FileRun &run)
+    {
+        QStringList paths;
+        while (const auto entry = run.nextEntry()) {
+            _builder.add(*entry->data);
+            paths.append(entry->filename);
+        }
+        return paths;
     }
-    table.content = filtered(builder.take(), filter);
-    return table;
-}
+
+    const ComparisonRow *next()
+    {
+        const ComparisonRow *row = _builder.next();
+        while (row && !isWanted(*row, _filter))
+            row = _builder.next();
+        _hasAny = _hasAny || row;
+        return row;
+    }
+
+    bool hasAny() const { return _hasAny; }
+
+private:
+    ComparisonFilter _filter;
+    ComparisonBuilder _builder;
+    bool _hasAny = false;
+};
 
 Status compareFiles(const Context &context)
 {
     const Arguments &arguments = context.arguments;
-    const auto filter = arguments.onlyDiffering ? ComparisonFilter::Different : ComparisonFilter::All;
+    WantedRows rows(arguments.onlyDiffering ? ComparisonFilter::Different : ComparisonFilter::All);
     FileRun run(context);
     const Document document(context);
     if (!document.isAllowed(arguments.format, run.filelist()))
         return WrongCall;
-    bool differ = false;
     const bool written = document.write([&](QIODevice &device) {
-        const Table table = readTable(run, filter);
-        differ = arguments.onlyDiffering && !table.content.empty();
+        const QStringList paths = rows.read(run);
         context.console.beginOutput(device);
-        return ComparisonExport::write(arguments.format, table.content, table.paths, device);
+        return ComparisonExport::write(
+            arguments.format, [&] { return rows.next(); }, paths, device);
     });
     if (!written)
         return SomethingFailed;
     const Status status = run.finish(!document.isOutput());
-    return status == AllWell && differ ? Differing : status;
+    return status == AllWell && arguments.onlyDiffering && rows.hasAny() ? Differing : status;
 }
 
 } // namespace

@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace quorvin::ComparisonExport {
 
@@ -62,7 +63,7 @@ QString joinedCells(std::span<const QString> cells, Encode encode)
     return joined;
 }
 
-void writeHtml(const ComparisonContent &content, const QStringList &description, OutputBuffer &out)
+void writeHtml(const Rows &rows, const QStringList &description, OutputBuffer &out)
 {
     QStringList names;
     for (const QString &path : description)
@@ -70,8 +71,8 @@ void writeHtml(const ComparisonContent &content, const QStringList &description,
     out.putText(kHtmlHead);
     out.put("<table>");
     out.putText(htmlLineForColumns(names));
-    for (const ComparisonRow &row : content)
-        out.putText(u'\n' + htmlLineForItems(row.values, description.size() + 1));
+    while (const ComparisonRow *row = rows())
+        out.putText(u'\n' + htmlLineForItems(row->values, description.size() + 1));
     out.put("</table>\n");
     out.putText(kHtmlTail);
 }
@@ -86,20 +87,20 @@ QString csvLine(const ComparisonRow &row, qsizetype files)
            });
 }
 
-void writeCsvText(const ComparisonContent &content, const QStringList &description, OutputBuffer &out)
+void writeCsvText(const Rows &rows, const QStringList &description, OutputBuffer &out)
 {
     bool isFirst = true;
-    for (const ComparisonRow &row : content) {
+    while (const ComparisonRow *row = rows()) {
         if (!std::exchange(isFirst, false))
             out.put("\n");
-        out.putText(csvLine(row, description.size()));
+        out.putText(csvLine(*row, description.size()));
     }
 }
 
-void writeCsv(const ComparisonContent &content, const QStringList &description, OutputBuffer &out)
+void writeCsv(const Rows &rows, const QStringList &description, OutputBuffer &out)
 {
     out.put(Utilities::UTF8BOMData());
-    writeCsvText(content, description, out);
+    writeCsvText(rows, description, out);
 }
 
 /// Hands what the JSON writer makes to the buffer.
@@ -133,16 +134,16 @@ void writeJsonRow(const ComparisonRow &row, SBJson5StreamWriter &json)
 }
 
 /// A section ends where the next heading stands.
-void writeJsonSections(const ComparisonContent &content, SBJson5StreamWriter &json)
+void writeJsonSections(const Rows &rows, SBJson5StreamWriter &json)
 {
     json.writeArrayOpen();
-    for (auto row = content.begin(); row != content.end();) {
+    for (const ComparisonRow *row = rows(); row;) {
         json.writeObjectOpen();
         json.writeString(u"section"_s);
-        json.writeString(row->isHeading() ? (row++)->values.value(0) : QString());
+        json.writeString(row->values.value(0));
         json.writeString(u"rows"_s);
         json.writeArrayOpen();
-        for (; row != content.end() && !row->isHeading(); ++row)
+        while ((row = rows()) && !row->isHeading())
             writeJsonRow(*row, json);
         json.writeArrayClose();
         json.writeObjectClose();
@@ -150,7 +151,7 @@ void writeJsonSections(const ComparisonContent &content, SBJson5StreamWriter &js
     json.writeArrayClose();
 }
 
-void writeJson(const ComparisonContent &content, const QStringList &description, OutputBuffer &out)
+void writeJson(const Rows &rows, const QStringList &description, OutputBuffer &out)
 {
     JsonBytes bytes(out);
     SBJson5StreamWriter json(bytes, {.maxDepth = kMaxDepth, .humanReadable = true});
@@ -158,11 +159,11 @@ void writeJson(const ComparisonContent &content, const QStringList &description,
     json.writeString(u"files"_s);
     writeJsonTexts({description.cbegin(), description.cend()}, json);
     json.writeString(u"sections"_s);
-    writeJsonSections(content, json);
+    writeJsonSections(rows, json);
     json.writeObjectClose();
 }
 
-using Writer = void (*)(const ComparisonContent &, const QStringList &, OutputBuffer &);
+using Writer = void (*)(const Rows &, const QStringList &, OutputBuffer &);
 
 struct Format {
     QLatin1String key;
@@ -171,12 +172,17 @@ struct Format {
 constexpr std::array kFormats{Format{"csv"_L1, writeCsv}, Format{"html"_L1, writeHtml},
                               Format{"json"_L1, writeJson}};
 
+Rows rowsOf(const ComparisonContent &content)
+{
+    return [row = content.begin(), end = content.end()]() mutable { return row == end ? nullptr : &*row++; };
+}
+
 QString textFrom(Writer write, const ComparisonContent &content, const QStringList &description)
 {
     QBuffer bytes;
     bytes.open(QIODevice::WriteOnly);
     OutputBuffer out(bytes);
-    write(content, description, out);
+    write(rowsOf(content), description, out);
     out.flush();
     return QString::fromUtf8(bytes.data());
 }
@@ -203,10 +209,16 @@ QStringList formats()
 Expected<void> write(const QString &format, const ComparisonContent &content, const QStringList &description,
                      QIODevice &device)
 {
+    return write(format, rowsOf(content), description, device);
+}
+
+Expected<void> write(const QString &format, const Rows &rows, const QStringList &description,
+                     QIODevice &device)
+{
     const auto *row = std::ranges::find_if(kFormats, [&](const Format &each) { return each.key == format; });
     Q_ASSERT(row != kFormats.end());
     OutputBuffer out(device);
-    row->write(content, description, out);
+    row->write(rows, description, out);
     return out.flush();
 }
 

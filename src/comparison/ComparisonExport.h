@@ -9,6 +9,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <span>
 
 class QIODevice;
@@ -34,6 +35,12 @@ QStringList formats();
 /// One document, as a file has it: UTF-8, CSV with its byte-order mark. `format` is a key of `formats`. The
 /// error has the device's reason.
 Expected<void> write(const QString &format, const ComparisonContent &content, const QStringList &description,
+                     QIODevice &device);
+
+/// Gives a row after the other, each until the next call; null behind the last one.
+using Rows = std::function<const ComparisonRow *()>;
+/// The same of rows that need not be there all at once.
+Expected<void> write(const QString &format, const Rows &rows, const QStringList &description,
                      QIODevice &device);
 
 /// A document with the names of the files above their columns.

@@ -3,39 +3,25 @@
 
 #include "comparison/ComparisonFilter.h"
 
-#include <numeric>
-#include <optional>
-#include <utility>
+#include <cstddef>
 
 namespace quorvin {
 
-namespace {
-
 bool isWanted(const ComparisonRow &row, ComparisonFilter filter)
 {
+    if (filter == ComparisonFilter::All)
+        return true;
+    if (row.isHeading())
+        return filter == ComparisonFilter::Equal ? row.differing < row.rows : row.differing > 0;
     return row.allEqual == (filter == ComparisonFilter::Equal);
 }
-
-} // namespace
 
 std::vector<int> wantedRows(const ComparisonContent &content, ComparisonFilter filter)
 {
     std::vector<int> wanted;
-    if (filter == ComparisonFilter::All) {
-        wanted.resize(content.size());
-        std::iota(wanted.begin(), wanted.end(), 0);
-        return wanted;
-    }
-    std::optional<int> heading;
-    for (int i = 0; i < static_cast<int>(content.size()); ++i) {
-        const ComparisonRow &row = content[static_cast<std::size_t>(i)];
-        if (row.isHeading()) {
-            heading = i;
-        } else if (isWanted(row, filter)) {
-            if (const auto above = std::exchange(heading, std::nullopt))
-                wanted.push_back(*above);
-            wanted.push_back(i);
-        }
+    for (std::size_t i = 0; i < content.size(); ++i) {
+        if (isWanted(content[i], filter))
+            wanted.push_back(static_cast<int>(i));
     }
     return wanted;
 }

@@ -16,8 +16,10 @@ enum class ComparisonFilter {
     Equal,
 };
 
-/// The rows that are wanted, as ascending indexes; a heading is among them when a row of its section is. Any
-/// thread.
+/// A heading is wanted when a row of its section is.
+bool isWanted(const ComparisonRow &row, ComparisonFilter filter);
+
+/// The rows that are wanted, as ascending indexes. Any thread.
 std::vector<int> wantedRows(const ComparisonContent &content, ComparisonFilter filter);
 
 /// The wanted rows alone. Any thread.

@@ -24,18 +24,6 @@ bool isKnownEqual(const QString &text, QByteArrayView utf8)
         && !text.startsWith(QChar::ByteOrderMark) && !utf8.startsWith("\xef\xbb\xbf");
 }
 
-ComparisonRow headingOf(const QString &name, const std::vector<ComparisonRow> &rows)
-{
-    ComparisonRow heading;
-    heading.values = {name};
-    heading.section = rows.front().section;
-    heading.stream = rows.front().stream;
-    heading.rows = static_cast<int>(rows.size());
-    heading.differing = static_cast<int>(std::ranges::count(rows, false, &ComparisonRow::allEqual));
-    heading.allEqual = heading.differing == 0;
-    return heading;
-}
-
 } // namespace
 
 void ComparisonBuilder::add(const QuorvinData &record)
@@ -72,58 +60,99 @@ void ComparisonBuilder::addStream(Section &section, const ParameterGroups &group
     for (const auto &parameter : groups.parameters(stream)) {
         if (!isCompared(parameter))
             continue;
-        const std::size_t row = rowOf(section, *parameter.term, likely);
+        const std::size_t row = rowOf(section, parameter.term, likely);
         put(section.rows[row], groups.utf8Value(parameter));
         likely = row + 1;
     }
 }
 
 /// Files mostly have their parameters in the same order, so a row mostly follows the one before.
-std::size_t ComparisonBuilder::rowOf(Section &section, const Term &term, std::size_t likely) const
+std::size_t ComparisonBuilder::rowOf(Section &section, const TermPtr &term, std::size_t likely) const
 {
-    if (likely < section.rows.size() && section.rows[likely].key == term.key)
+    if (likely < section.rows.size() && section.rows[likely].term->key == term->key)
         return likely;
-    const auto known = section.places.constFind(term.key);
+    const auto known = section.places.constFind(term->key);
     if (known != section.places.cend())
         return *known;
-    ComparisonRow &row = section.rows.emplace_back();
-    row.values = {term.label};
-    row.section = section.key;
-    row.stream = section.stream;
-    row.key = term.key;
-    section.places.insert(term.key, section.rows.size() - 1);
+    section.rows.push_back({term, {}});
+    section.places.insert(term->key, section.rows.size() - 1);
     return section.rows.size() - 1;
 }
 
-/// Neighbours with equal values share their text.
-void ComparisonBuilder::put(ComparisonRow &row, QByteArrayView value) const
+void ComparisonBuilder::put(Row &row, QByteArrayView value) const
 {
-    row.values.resize(_files + 1);
-    const QString &before = row.values.back();
-    row.values.append(_files > 0 && isKnownEqual(before, value) ? before : textOfUtf8(value));
+    auto &runs = row.runs;
+    const bool isRepeated = !runs.empty() && runs.back().end() > _files;
+    if (isRepeated && --runs.back().count == 0)
+        runs.pop_back();
+    if (!runs.empty() && runs.back().end() == _files && isKnownEqual(runs.back().value, value))
+        ++runs.back().count;
+    else
+        runs.push_back({_files, 1, textOfUtf8(value)});
 }
 
-void ComparisonBuilder::complete(ComparisonRow &row) const
+const ComparisonRow *ComparisonBuilder::next()
 {
-    row.values.resize(_files + 1);
-    const auto values = row.inFiles();
-    row.allEqual = std::ranges::all_of(values, [&first = values.front()](const QString &value) {
-        return shareText(value, first) || value == first;
-    });
+    if (_nextSection == _sections.size())
+        return nullptr;
+    const Section &section = _sections[_nextSection];
+    _current = _nextRow == 0 ? headingOf(section) : completed(section, section.rows[_nextRow - 1]);
+    if (_nextRow++ == section.rows.size()) {
+        _nextRow = 0;
+        ++_nextSection;
+    }
+    return &_current;
+}
+
+ComparisonRow ComparisonBuilder::headingOf(const Section &section) const
+{
+    const auto number = std::max<quint32>(section.stream, 1);
+    ComparisonRow heading;
+    heading.values = {ParameterGroups::Group{section.key, section.isNumbered, {}, {}}.nameOf({number, 0, 0})};
+    heading.section = section.key;
+    heading.stream = section.stream;
+    heading.rows = static_cast<int>(section.rows.size());
+    heading.differing = static_cast<int>(
+        std::ranges::count_if(section.rows, [this](const Row &row) { return !isEqualInAll(row); }));
+    heading.allEqual = heading.differing == 0;
+    return heading;
+}
+
+ComparisonRow ComparisonBuilder::completed(const Section &section, const Row &row) const
+{
+    ComparisonRow complete;
+    complete.values.reserve(_files + 1);
+    complete.values.append(row.term->label);
+    for (const Run &run : row.runs) {
+        complete.values.resize(run.first + 1);
+        for (qsizetype i = 0; i < run.count; ++i)
+            complete.values.append(run.value);
+    }
+    complete.values.resize(_files + 1);
+    complete.allEqual = isEqualInAll(row);
+    complete.section = section.key;
+    complete.stream = section.stream;
+    complete.key = row.term->key;
+    return complete;
+}
+
+bool ComparisonBuilder::isEqualInAll(const Row &row) const
+{
+    const QString &first = row.runs.front().value;
+    qsizetype files = 0;
+    for (const Run &run : row.runs) {
+        if (run.value != first)
+            return false;
+        files += run.count;
+    }
+    return files == _files || first.isEmpty();
 }
 
 ComparisonContent ComparisonBuilder::take()
 {
     ComparisonContent content;
-    for (Section &section : _sections) {
-        for (ComparisonRow &row : section.rows)
-            complete(row);
-        content.push_back(headingOf(ParameterGroups::Group{section.key, section.isNumbered, {}, {}}.nameOf(
-                                        {std::max<quint32>(section.stream, 1), 0, 0}),
-                                    section.rows));
-        std::ranges::move(section.rows, std::back_inserter(content));
-    }
-    *this = {};
+    while (next())
+        content.push_back(std::move(_current));
     return content;
 }
 

@@ -45,39 +45,59 @@ inline bool shareText(const QString &left, const QString &right)
 /// same number of values.
 using ComparisonContent = std::vector<ComparisonRow>;
 
-/// Makes the rows of any number of files, one file after the other, and keeps no record.
+/// Makes the rows of any number of files, one file after the other, and keeps no record: of neighbours with
+/// one value a single text, and of a file without a parameter nothing.
 ///
 /// Sections stand in the order in which files first have them, and so do the parameters of a section. Streams
 /// of one kind are matched by their number, a group that is no stream with the first one; the heading bears
 /// it as soon as one file has several. What is marked to be skipped in comparisons is left out, and a section
 /// without any other parameter too. Of a key that a stream has twice the last value counts.
 ///
-/// One thread an object, any thread.
+/// Add all files, then take the rows. One thread an object, any thread.
 class ComparisonBuilder {
 public:
-    /// The next file.
     void add(const QuorvinData &record);
-    /// The rows of the files so far; the builder is empty then. Without a file there are none.
+    /// The next row, complete; null behind the last one. It lasts until the next call. Without a file there
+    /// is none.
+    const ComparisonRow *next();
+    /// All rows that are left.
     ComparisonContent take();
 
 private:
+    /// Files one behind the other that have one value.
+    struct Run {
+        qsizetype first = 0;
+        qsizetype count = 0;
+        QString value;
+
+        qsizetype end() const { return first + count; }
+    };
+    struct Row {
+        TermPtr term;
+        std::vector<Run> runs;
+    };
     struct Section {
         QString key;
         quint32 stream = 0;
         bool isNumbered = false;
-        std::vector<ComparisonRow> rows;
+        std::vector<Row> rows;
         QHash<QString, std::size_t> places; ///< of rows, by the parameter's key
     };
 
     Section &sectionOf(const ParameterGroups::Group &group, const ParameterGroups::Stream &stream);
-    std::size_t rowOf(Section &section, const Term &term, std::size_t likely) const;
+    std::size_t rowOf(Section &section, const TermPtr &term, std::size_t likely) const;
     void addStream(Section &section, const ParameterGroups &groups, const ParameterGroups::Stream &stream);
-    void put(ComparisonRow &row, QByteArrayView value) const;
-    void complete(ComparisonRow &row) const;
+    void put(Row &row, QByteArrayView value) const;
+    bool isEqualInAll(const Row &row) const;
+    ComparisonRow headingOf(const Section &section) const;
+    ComparisonRow completed(const Section &section, const Row &row) const;
 
     qsizetype _files = 0;
     std::vector<Section> _sections;
     QHash<std::pair<QString, quint32>, std::size_t> _places; ///< of sections
+    ComparisonRow _current;
+    std::size_t _nextSection = 0;
+    std::size_t _nextRow = 0; ///< of that section; 0: its heading
 };
 
 /// The rows of these files, none of them null; a value for each, in their order. Any thread.
