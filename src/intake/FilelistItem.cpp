@@ -15,6 +15,17 @@ FilelistItemPtr FilelistItem::itemWithFilename(const QString &filename, const QS
     return FilelistItemPtr(new FilelistItem(filename, prefixedPath));
 }
 
+FilelistItemPtr FilelistItem::copyWithResult() const
+{
+    const FilelistItemPtr copy = itemWithFilename(_filename, _prefixedPath);
+    const std::lock_guard guard(_lock);
+    copy->_quorvinData = _quorvinData;
+    copy->_isFailed = _isFailed;
+    copy->_failureReason = _failureReason;
+    copy->_isDone = _quorvinData || _isFailed;
+    return copy;
+}
+
 QuorvinDataPtr FilelistItem::quorvinData() const
 {
     const std::lock_guard guard(_lock);

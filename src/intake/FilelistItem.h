@@ -31,6 +31,9 @@ public:
     static std::shared_ptr<FilelistItem> itemWithFilename(const QString &filename,
                                                           const QString &prefixedPath);
 
+    /// The same file of another list, with what is known of it so far.
+    std::shared_ptr<FilelistItem> copyWithResult() const;
+
     /// Full path.
     const QString &filename() const { return _filename; }
     /// The path as the list shows it: relative to what the user handed in.

@@ -50,7 +50,7 @@ void FileReading::start(const std::vector<FilelistItemPtr> &files, const QString
     _readAgain.clear();
     startPool();
     _worker.startNewProcessingWithFiles(files, true);
-    _worker.dataCacher()->processFiles(files);
+    readUndone(files);
     if (files.empty())
         _worker.settle();
 }
@@ -68,6 +68,11 @@ void FileReading::add(const std::vector<FilelistItemPtr> &files)
 {
     _worker.startNewProcessingWithFiles(files, false);
     _worker.isTotalDurationChanged = true;
+    readUndone(files);
+}
+
+void FileReading::readUndone(const std::vector<FilelistItemPtr> &files)
+{
     std::vector<FilelistItemPtr> unread;
     for (const FilelistItemPtr &file : files) {
         if (file->isDone())

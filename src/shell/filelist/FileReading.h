@@ -34,6 +34,7 @@ public:
     CurrentFileWait &wait() { return _wait; }
 
     /// The files of a new list, which lie in `roots`; all others are forgotten, and there is no current file.
+    /// Those that are done are not read.
     void start(const std::vector<FilelistItemPtr> &files, const QStringList &roots);
     /// More files and folders that the list was made of.
     void addRoots(const QStringList &roots) { _roots->add(roots); }
@@ -69,6 +70,8 @@ private:
     void dataCacherNewObjectReady(const DataCacherDelivery &delivery) override;
     void dataCacherDidDeliver() override;
     void startPool();
+    /// Counts those that are done, and queues the others.
+    void readUndone(const std::vector<FilelistItemPtr> &files);
 
     const LiveSettings &_settings;
     WindowWorker _worker;

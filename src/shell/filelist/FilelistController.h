@@ -38,6 +38,9 @@ public:
     void processAdditionalFilesAndSelectFirst(const QStringList &paths);
     void processAdditionalFilesAtIndex(const QStringList &paths, int index);
 
+    /// These files become the content, with what is known of them; the others are read.
+    void setFiles(const std::vector<FilelistItemPtr> &files);
+
     /// All files, in the order in which they came.
     const std::vector<FilelistItemPtr> &filelist() const { return _whole.files(); }
     ArrangedFilelist &arranged() { return _arranged; }
