@@ -76,6 +76,9 @@ constexpr std::array kTable{
     row<Setting::debugStalls>(Boolean, "false"),
     row<Setting::lastFolder>(String, ""),
     row<Setting::extNamesWidth>(Integer, "0", 0, 10'000),
+    row<Setting::extComparisonRows>(Integer, "0", 0, 2),
+    row<Setting::extComparisonNamesWidth>(Integer, "0", 0, 10'000),
+    row<Setting::extComparisonColumnWidths>(String, ""),
 };
 static_assert(hasRowOfEach(kTable, &SettingRow::setting));
 static_assert(std::ranges::all_of(kTable, [](const SettingRow &row) {

@@ -63,6 +63,9 @@ enum class Setting {
     debugStalls,
     lastFolder,
     extNamesWidth,
+    extComparisonRows,
+    extComparisonNamesWidth,
+    extComparisonColumnWidths,
 };
 
 enum class SettingType { Boolean, Integer, Float, String };

@@ -7,9 +7,13 @@
 #include "model/Version.h"
 #include "shell/app/Application.h"
 #include "shell/commands/CommandSet.h"
+#include "shell/compare/ComparisonView.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/info/InfoView.h"
 #include "shell/preferences/PreferencesWindowController.h"
 #include "shell/session/LastFolder.h"
+#include "shell/window/CompareCommands.h"
+#include "shell/window/MainView.h"
 #include "shell/window/MainWindowController.h"
 
 #include <QDesktopServices>
@@ -65,12 +69,30 @@ MainWindowController *AppController::openEmptyWindow()
     return window;
 }
 
+MainWindowController *AppController::compareInNewWindow(const std::vector<FilelistItemPtr> &files,
+                                                        std::optional<ComparisonFilter> filter)
+{
+    MainWindowController *window = openEmptyWindow();
+    std::vector<FilelistItemPtr> own;
+    QStringList roots;
+    for (const FilelistItemPtr &file : files) {
+        own.push_back(file->copyWithResult());
+        roots.append(file->filename());
+    }
+    window->files().setFiles(own, roots);
+    if (filter)
+        window->myView().info().comparison().setFilter(*filter);
+    window->setCurrentTab(Tab::Comparison);
+    return window;
+}
+
 void AppController::registerCommands(MainWindowController &window)
 {
     CommandSet &commands = window.commands();
     commands.on(Command::openEmptyWindow, [this] { openEmptyWindow(); });
     commands.on(Command::openFileInNewWindow, [this] { openFileInNewWindow(); });
     commands.on(Command::quit, [this] { quit(); });
+    connect(&window.comparing(), &CompareCommands::windowWanted, this, &AppController::compareInNewWindow);
     commands.on(Command::openPreferences, [this] { openPreferences(); });
     commands.on(Command::openAcknowledgments, [this, &window] { openAcknowledgments(&window); });
     commands.on(Command::openAboutPanel, [this, &window] { openAboutPanel(&window); });

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "comparison/ComparisonFilter.h"
+#include "intake/FilelistItem.h"
 #include "shell/app/ApplicationService.h"
 #include "shell/desktop/ColorScheme.h"
 #include "shell/session/Session.h"
@@ -10,6 +12,7 @@
 #include <QObject>
 #include <QPointer>
 
+#include <optional>
 #include <vector>
 
 namespace quorvin {
@@ -33,6 +36,10 @@ public:
     /// Oldest first.
     const std::vector<MainWindowController *> &windows() const { return _windows; }
     MainWindowController *openEmptyWindow();
+    /// A window with these files and what is known of them, on the Comparison tab; with that filter, or with
+    /// the one that was chosen last.
+    MainWindowController *compareInNewWindow(const std::vector<FilelistItemPtr> &files,
+                                             std::optional<ComparisonFilter> filter);
     void openFileInNewWindow();
 
     void activate() override;

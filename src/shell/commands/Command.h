@@ -16,6 +16,8 @@ enum class Command {
     openDirectory,
     addFile,
     openFileInNewWindow,
+    compareInWindow,
+    compareExtendedInWindow,
     refreshInfo,
     refreshAll,
     stopReading,
@@ -23,6 +25,7 @@ enum class Command {
     revealInFinder,
     menuExportNew,
     exportSelection,
+    exportComparison,
     closeWindow,
     quit,
 
@@ -33,6 +36,9 @@ enum class Command {
     copyCover,
     paste,
     selectAll,
+    performExtFind,
+    findNext,
+    findPrevious,
     removeSelectedItems,
     selectNextFailed,
     openPreferences,
@@ -53,6 +59,13 @@ enum class Command {
     collapseAll,
     toggleFullScreen,
 
+    showNextDifference,
+    showPreviousDifference,
+    makeReference,
+    moveColumnBackward,
+    moveColumnForward,
+    closeColumn,
+
     removeExtendedAttribute,
     touchDate,
 
@@ -72,12 +85,18 @@ struct CommandState {
     bool isWalking = false; ///< folders are looked through
     bool canUndoRemoval = false;
     bool canExportAll = false; ///< all files are done, and no export is under way
+    bool canExportComparison = false; ///< there is one, and no export of one is under way
     bool canExportSelection = false; ///< the current file has a record, and no export is under way
     bool canCopy = false; ///< what has the keyboard has something to copy
     bool listHasKeyboard = false;
     bool canCopyValue = false; ///< it is a value with a name beside it
     bool showsCover = false; ///< a picture that came out of the current file
     bool selectsStream = false; ///< the selected line of General leads to a group of the Extended tree
+    bool canFind = false; ///< the pane that is looked at can be searched
+    bool showsTable = false; ///< the comparison is on the screen and has files
+    bool selectsCell = false; ///< of the comparison, in the row of a parameter
+    bool selectsColumn = false; ///< of a file in the comparison
+    bool selectsReference = false; ///< and it is the one that others are held against
     bool sidebarIsCollapsed = false;
     bool wrapLongLines = false;
     bool isFullScreen = false;
@@ -103,6 +122,7 @@ enum class CommandPlace {
     StreamMenu = 32, ///< the context menu of a line of General
     FactMenu = 64, ///< the context menu of a fact of General
     CoverMenu = 128, ///< the context menu of the cover
+    ComparisonMenu = 256, ///< the context menu of a cell, a file or a parameter of the comparison
 };
 Q_DECLARE_FLAGS(CommandPlaces, CommandPlace)
 Q_DECLARE_OPERATORS_FOR_FLAGS(CommandPlaces)

@@ -3,6 +3,7 @@
 
 #include "shell/commands/CommandTable.h"
 
+#include "shell/commands/ComparisonCommands.h"
 #include "shell/commands/EditMenu.h"
 #include "shell/commands/FileChanges.h"
 #include "shell/commands/FileMenu.h"
@@ -24,7 +25,7 @@ consteval auto joined(const Menus &...menus)
     return table;
 }
 
-constexpr auto kTable = joined(kFileMenu, kEditMenu, kViewMenu, kFileChanges, kHelpMenu);
+constexpr auto kTable = joined(kFileMenu, kEditMenu, kViewMenu, kComparisonCommands, kFileChanges, kHelpMenu);
 
 consteval bool isInOrder()
 {

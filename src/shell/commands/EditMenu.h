@@ -27,7 +27,7 @@ inline constexpr std::array kEditMenu{
                .menu = CommandMenu::Edit,
                .section = 1,
                .places = CommandPlace::FileMenu | CommandPlace::TreeMenu | CommandPlace::StreamMenu
-                   | CommandPlace::FactMenu,
+                   | CommandPlace::FactMenu | CommandPlace::ComparisonMenu,
                .isEnabled = [](const CommandState &state) { return state.canCopy; }},
     CommandRow{.command = Command::copyValue,
                .text = QT_TRANSLATE_NOOP("Commands", "Copy &Value"),
@@ -64,8 +64,29 @@ inline constexpr std::array kEditMenu{
                .section = 2,
                .places = CommandPlace::TreeMenu,
                // From the list it would select in another pane than the one that is looked at.
-               .isEnabled
-               = [](const CommandState &state) { return state.showsTree() && !state.listHasKeyboard; }},
+               .isEnabled =
+                   [](const CommandState &state) {
+                       return (state.showsTree() || state.showsTable) && !state.listHasKeyboard;
+                   }},
+    CommandRow{.command = Command::performExtFind,
+               .text = QT_TRANSLATE_NOOP("Commands", "&Find…"),
+               .icon = "edit-find",
+               .keys = "Ctrl+F",
+               .menu = CommandMenu::Edit,
+               .section = 2,
+               .isEnabled = [](const CommandState &state) { return state.canFind; }},
+    CommandRow{.command = Command::findNext,
+               .text = QT_TRANSLATE_NOOP("Commands", "Find Ne&xt"),
+               .keys = "F3; Ctrl+G",
+               .menu = CommandMenu::Edit,
+               .section = 2,
+               .isEnabled = [](const CommandState &state) { return state.canFind; }},
+    CommandRow{.command = Command::findPrevious,
+               .text = QT_TRANSLATE_NOOP("Commands", "Find Previou&s"),
+               .keys = "Shift+F3; Ctrl+Shift+G",
+               .menu = CommandMenu::Edit,
+               .section = 2,
+               .isEnabled = [](const CommandState &state) { return state.canFind; }},
     CommandRow{.command = Command::removeSelectedItems,
                .text = QT_TRANSLATE_NOOP("Commands", "&Remove from List"),
                .icon = "list-remove",

@@ -103,14 +103,6 @@ void FilelistController::replaceContent(const std::vector<FilelistItemPtr> &file
         selectRow(0);
 }
 
-void FilelistController::setFiles(const std::vector<FilelistItemPtr> &files)
-{
-    QStringList roots;
-    for (const FilelistItemPtr &file : files)
-        roots.append(file->filename());
-    replaceContent(files, roots);
-}
-
 void FilelistController::insertFiles(int index, const std::vector<FilelistItemPtr> &files)
 {
     if (files.empty())

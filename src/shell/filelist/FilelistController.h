@@ -38,8 +38,11 @@ public:
     void processAdditionalFilesAndSelectFirst(const QStringList &paths);
     void processAdditionalFilesAtIndex(const QStringList &paths, int index);
 
-    /// These files become the content, with what is known of them; the others are read.
-    void setFiles(const std::vector<FilelistItemPtr> &files);
+    /// These files, which lie in `roots`, become the content, with what is known of them; the rest is read.
+    void setFiles(const std::vector<FilelistItemPtr> &files, const QStringList &roots)
+    {
+        replaceContent(files, roots);
+    }
 
     /// All files, in the order in which they came.
     const std::vector<FilelistItemPtr> &filelist() const { return _whole.files(); }

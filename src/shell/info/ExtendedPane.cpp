@@ -6,6 +6,7 @@
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/FocusRing.h"
 #include "shell/outline/ExtendedOutline.h"
+#include "shell/outline/ParameterRow.h"
 
 #include <QVBoxLayout>
 
@@ -28,6 +29,15 @@ void ExtendedPane::showGroup(const QString &key, quint64 streamIndex)
     _outline->setFocus();
 }
 
+void ExtendedPane::showParameter(const QString &section, quint32 stream, const QString &key)
+{
+    if (const QModelIndex row = rowOfParameter(_outline->content(), section, stream, key); row.isValid()) {
+        _outline->setCurrentIndex(row);
+        _outline->scrollTo(row, QAbstractItemView::PositionAtCenter);
+    }
+    _outline->setFocus();
+}
+
 bool ExtendedPane::canCopy() const
 {
     return _outline->hasFocus() && _outline->canCopy();
@@ -43,6 +53,11 @@ void ExtendedPane::copyValues() const
     _outline->copyValues();
 }
 
+void ExtendedPane::selectAll()
+{
+    _outline->selectAll();
+}
+
 void ExtendedPane::describe(CommandState &state) const
 {
     state.canCopyValue = canCopy();
@@ -50,7 +65,6 @@ void ExtendedPane::describe(CommandState &state) const
 
 void ExtendedPane::registerAt(CommandSet &commands)
 {
-    commands.on(Command::selectAll, [this] { _outline->selectAll(); });
     commands.on(Command::expandAll, [this] { _outline->expandAllIn(); });
     commands.on(Command::collapseAll, [this] { _outline->collapseAllIn(); });
 }

@@ -233,10 +233,14 @@ void GeneralPane::describe(CommandState &state) const
     state.selectsStream = _streams->selectedStream() != nullptr;
 }
 
+void GeneralPane::openCurrent()
+{
+    _streams->openCurrent();
+}
+
 void GeneralPane::registerAt(CommandSet &commands)
 {
     commands.on(Command::copyCover, [this] { QGuiApplication::clipboard()->setImage(_cover->coverImage()); });
-    commands.on(Command::showStream, [this] { _streams->openCurrent(); });
 }
 
 int GeneralPane::widestLabel() const

@@ -32,6 +32,7 @@ public:
     /// The lines that are selected, or the fact that has the keyboard, as text.
     void copy() const override;
     void copyValues() const override;
+    void openCurrent() override;
     void describe(CommandState &state) const override;
     void registerAt(CommandSet &commands) override;
     void setLook(const RowLook &look) override;

@@ -7,7 +7,9 @@
 #include "intake/AnalysisOptions.h"
 #include "intake/FileSum.h"
 #include "shell/commands/CommandSet.h"
+#include "shell/compare/ComparisonView.h"
 #include "shell/desktop/Counts.h"
+#include "shell/info/ComparisonPane.h"
 #include "shell/info/EmptyPane.h"
 #include "shell/info/ExtendedPane.h"
 #include "shell/info/FailureAdvice.h"
@@ -50,7 +52,7 @@ InfoView::InfoView(LiveSettings &settings, QWidget *parent)
       _waiting(new EmptyPane(QStringLiteral("icon-dashedbox"))),
       _general(new GeneralPane),
       _extended(new ExtendedPane),
-      _comparison(new EmptyPane(QStringLiteral("view-columns"))),
+      _comparison(new ComparisonPane(settings)),
       _custom(new EmptyPane(QStringLiteral("view-report"))),
       _panes{_noFile, _walk, _failure, _waiting, _general, _extended, _comparison, _custom},
       _skip(_waiting->addButton(tr("&Skip"), EmptyPane::UnderHint))
@@ -63,9 +65,6 @@ InfoView::InfoView(LiveSettings &settings, QWidget *parent)
     _noFile->setTexts(
         tr("Drop files or folders here"),
         tr("Ctrl+O opens files, Ctrl+Shift+O a folder\nWith Shift, what is dropped replaces the list"));
-    _comparison->setTexts(tr("Nothing to compare"),
-                          tr("This version does not compare files. Exported as CSV (Ctrl+E), they can be "
-                             "compared in a spreadsheet."));
     _custom->setTexts(tr("Reports of the libraries"),
                       tr("They open in a window of their own, and “quorvin-cli raw” prints them."));
     connectPanes();
@@ -89,6 +88,7 @@ void InfoView::connectPanes()
     connect(_report, &QPushButton::clicked, this, &InfoView::showReport);
     connect(_failure, &FailurePane::reportWanted, this, &InfoView::showReport);
     connect(_skip, &QPushButton::clicked, this, &InfoView::skipWanted);
+    connect(&_comparison->view(), &ComparisonView::preferencesWanted, this, &InfoView::preferencesWanted);
     for (const Pane *pane : _panes) {
         connect(pane, &Pane::selectionDidChange, this, &InfoView::selectionDidChange);
         connect(pane, &Pane::menuWanted, this, &InfoView::menuWanted);
@@ -262,9 +262,24 @@ ExtendedOutline &InfoView::outline()
     return _extended->outline();
 }
 
+ComparisonView &InfoView::comparison()
+{
+    return _comparison->view();
+}
+
+void InfoView::showParameter(const QString &section, quint32 stream, const QString &key)
+{
+    _extended->showParameter(section, stream, key);
+}
+
 void InfoView::registerAt(CommandSet &commands)
 {
     commands.on(Command::copyValue, [this] { wantedPane()->copyValues(); });
+    commands.on(Command::selectAll, [this] { wantedPane()->selectAll(); });
+    commands.on(Command::showStream, [this] { wantedPane()->openCurrent(); });
+    commands.on(Command::performExtFind, [this] { wantedPane()->find(); });
+    commands.on(Command::findNext, [this] { wantedPane()->findNext(false); });
+    commands.on(Command::findPrevious, [this] { wantedPane()->findNext(true); });
     commands.on(Command::zoomIn, [this] { zoom(1); });
     commands.on(Command::zoomOut, [this] { zoom(-1); });
     commands.on(Command::actualSize, [this] { zoom(0); });

@@ -19,6 +19,8 @@ class QPushButton;
 namespace quorvin {
 
 class CommandSet;
+class ComparisonPane;
+class ComparisonView;
 class EmptyPane;
 class ExtendedOutline;
 class ExtendedPane;
@@ -69,6 +71,9 @@ public:
     void copy() const;
 
     ExtendedOutline &outline();
+    ComparisonView &comparison();
+    /// The row of that parameter in Extended, which is current, as `rowOfParameter` finds it.
+    void showParameter(const QString &section, quint32 stream, const QString &key);
 
 Q_SIGNALS:
     void openWanted();
@@ -102,7 +107,7 @@ private:
     EmptyPane *_waiting;
     GeneralPane *_general;
     ExtendedPane *_extended;
-    EmptyPane *_comparison;
+    ComparisonPane *_comparison;
     EmptyPane *_custom;
     const std::array<Pane *, 8> _panes; ///< all of these
     QPushButton *_skip;

@@ -44,6 +44,14 @@ public:
     virtual void copy() const { }
     /// The values of what is selected, without their names.
     virtual void copyValues() const { }
+    /// Selects all that can be selected.
+    virtual void selectAll() { }
+    /// What the selected line leads to.
+    virtual void openCurrent() { }
+    /// Asks for a text to look for.
+    virtual void find() { }
+    /// Goes to its next place, or to the one before; asks for a text where there is none.
+    virtual void findNext(bool) { }
     /// Adds what the pane offers while it is looked at.
     virtual void describe(CommandState &) const { }
     /// The commands that this pane alone can do.

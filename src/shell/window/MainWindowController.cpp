@@ -11,6 +11,7 @@
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/session/Session.h"
+#include "shell/window/CompareCommands.h"
 #include "shell/window/CopyDrops.h"
 #include "shell/window/DropHint.h"
 #include "shell/window/FileCommands.h"
@@ -56,6 +57,7 @@ MainWindowController::MainWindowController(Session &session)
       _fileCommands(new FileCommands(*_view, _files, this)),
       _export(new ExportController(session.settings, this)),
       _listCommands(new ListCommands(*_view, _files, *_export, this)),
+      _compare(new CompareCommands(session.settings, *_view, _files, this)),
       _drags(new FilelistDrags(_files, session, this)),
       _dropHint(new DropHint(_view))
 {
@@ -97,6 +99,7 @@ void MainWindowController::setUpCommands()
     _openWith = new OpenWithMenu(_view->statusLine(), this);
     _commands->menu(CommandMenu::File)->insertMenu(_commands->action(Command::revealInFinder), _openWith);
     _listCommands->registerAt(*_commands);
+    _compare->registerAt(*_commands);
     registerCommands();
     connect(_commands, &CommandSet::didRun, this, &MainWindowController::validateCommands);
 }
@@ -157,6 +160,8 @@ void MainWindowController::connectView()
     InfoView &info = _view->info();
     connect(&info, &InfoView::preferencesWanted, this, [this] { _commands->run(Command::openPreferences); });
     connect(&info, &InfoView::selectionDidChange, this, &MainWindowController::validateCommands);
+    connect(_compare, &CompareCommands::stateDidChange, this, &MainWindowController::validateCommands);
+    connect(_compare, &CompareCommands::extendedTabWanted, this, [this] { setCurrentTab(Tab::Extended); });
     connect(&info, &InfoView::openWanted, this, [this] { _commands->run(Command::openFile); });
     connect(&info, &InfoView::tabWanted, this, &MainWindowController::setCurrentTab);
     connect(&info, &InfoView::menuWanted, this,
@@ -262,6 +267,7 @@ CommandState MainWindowController::commandState() const
     info.describe(state);
     _fileCommands->describe(state);
     _listCommands->describe(state);
+    _compare->describe(state);
     return state;
 }
 

@@ -14,6 +14,7 @@
 namespace quorvin {
 
 class CommandSet;
+class CompareCommands;
 class ExportController;
 class DropHint;
 class FileCommands;
@@ -43,6 +44,7 @@ public:
     FilelistDrags &drags() { return *_drags; }
     CommandSet &commands() { return *_commands; }
     ExportController &exporting() { return *_export; }
+    CompareCommands &comparing() { return *_compare; }
     /// It has never been given files, or is empty again.
     bool isUntouched() const { return _files.isUntouched(); }
 
@@ -98,6 +100,7 @@ private:
     OpenWithMenu *_openWith = nullptr;
     ExportController *_export;
     ListCommands *_listCommands;
+    CompareCommands *_compare;
     FilelistDrags *_drags;
     DropHint *_dropHint;
     Keyboard _keyboard;

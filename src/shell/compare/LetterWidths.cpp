@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/compare/LetterWidths.h"
+
+#include <QFontMetricsF>
+
+namespace quorvin {
+
+namespace {
+
+constexpr char16_t kFirstPrinted = u' ';
+
+} // namespace
+
+LetterWidths::LetterWidths(const QFont &font) : _font(font)
+{
+    const QFontMetricsF metrics(font);
+    for (char16_t letter = kFirstPrinted; letter < _widths.size(); ++letter)
+        _widths[letter] = static_cast<float>(metrics.horizontalAdvance(QChar(letter)));
+    // Letters that are not known are mostly those of scripts with square ones.
+    _usual = static_cast<float>(metrics.height());
+}
+
+LetterWidths::Lines LetterWidths::linesIn(QStringView text, int width) const
+{
+    float line = 0;
+    Lines lines;
+    for (const QChar letter : text) {
+        if (letter == u'\n') {
+            line = 0;
+            ++lines.count;
+            lines.isExact = false;
+            continue;
+        }
+        const bool isKnown = letter.unicode() < _widths.size();
+        line += isKnown ? _widths[letter.unicode()] : _usual;
+        lines.isExact = lines.isExact && isKnown;
+        if (line > static_cast<float>(width)) {
+            line = 0;
+            ++lines.count;
+            lines.isExact = false;
+        }
+    }
+    return lines;
+}
+
+} // namespace quorvin
