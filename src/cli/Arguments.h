@@ -32,6 +32,14 @@ struct Arguments {
     bool pair = false;
     QString filter; ///< the text of a rule
     bool onlyFailed = false;
+    bool stripExif = false;
+    bool stripMakernote = false;
+    bool stripGps = false;
+    bool stripIptc = false;
+    bool stripXmp = false;
+    bool dryRun = false;
+    bool keepTimes = false;
+    std::optional<QString> receipt;
     QString source; ///< a key of `rawSources`
 };
 

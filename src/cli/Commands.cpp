@@ -9,6 +9,7 @@
 #include "cli/ListCommand.h"
 #include "cli/RawCommand.h"
 #include "cli/SettingsCommand.h"
+#include "cli/StripCommand.h"
 
 #include <array>
 
@@ -61,6 +62,12 @@ constexpr std::array kCommands{
             .reads = files,
             .run = runCompare,
             .check = checkCompare},
+    Command{.name = "strip"_L1,
+            .description = "removes metadata from images, in place, whole or not at all"_L1,
+            .options = stripOptions,
+            .reads = files,
+            .run = runStrip,
+            .check = checkStrip},
     Command{.name = "settings"_L1,
             .description = "the settings: key, type, default, value"_L1,
             .options = noOptions,

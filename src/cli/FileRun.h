@@ -47,6 +47,7 @@ public:
 
     /// Does jobs in the way that the settings ask for.
     std::unique_ptr<JobRunner> makeRunner() const { return _setup.makeRunner(); }
+    const JobLimits &limits() const { return _setup.limits; }
     Job reportOf(const QString &path, const QString &source) const { return _setup.reportOf(path, source); }
 
     /// One line of errors; the call counts as failed.

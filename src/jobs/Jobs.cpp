@@ -5,6 +5,7 @@
 
 #include "readers/RawReport.h"
 #include "readers/RecordBuilder.h"
+#include "surgery/MetadataRemoval.h"
 
 namespace quorvin {
 
@@ -16,6 +17,12 @@ Expected<QuorvinDataPtr> doJob(const RecordRequest &request, const DigestWatch &
 Expected<Report> doJob(const ReportRequest &request, const DigestWatch &)
 {
     return rawReport(request.source, request.path).map([](QString text) { return Report{std::move(text)}; });
+}
+
+Expected<RemovalResult> doJob(const RemovalRequest &request, const DigestWatch &)
+{
+    return request.copy.isEmpty() ? plannedRemoval(request.options, request.path)
+                                  : removeMetadata(request.options, request.path, request.copy);
 }
 
 JobResult doJob(const JobRequest &request, const DigestWatch &watch)

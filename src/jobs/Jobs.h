@@ -12,6 +12,7 @@ namespace quorvin {
 /// libraries are set up. `watch` follows the digests of a record.
 Expected<QuorvinDataPtr> doJob(const RecordRequest &request, const DigestWatch &watch = {});
 Expected<Report> doJob(const ReportRequest &request, const DigestWatch &watch = {});
+Expected<RemovalResult> doJob(const RemovalRequest &request, const DigestWatch &watch = {});
 
 /// The one of the request's kind.
 JobResult doJob(const JobRequest &request, const DigestWatch &watch = {});

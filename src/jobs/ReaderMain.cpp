@@ -137,6 +137,11 @@ private:
         EncodedReport answer{job, report.text.toUtf8()};
         return answer.text.size() > qsizetype{EncodedReport::kMostReport} ? tooLarge(job) : answer;
     }
+    static ReaderMessage made(quint32 job, const RemovalResult &result)
+    {
+        const EncodedRemoval answer{job, result};
+        return frameOf(answer).size() > qsizetype{EncodedRemoval::kMostBytes} ? tooLarge(job) : answer;
+    }
     static ReaderMessage tooLarge(quint32 job)
     {
         return JobFailed{job, failure(QStringLiteral("there is too much to tell of it")).value()};
@@ -263,6 +268,17 @@ void openOwnPaths(std::vector<int> &descriptors)
     }
 }
 
+quint32 raiseGuardFor(const ReaderRoots &roots, std::vector<int> readable)
+{
+    if (roots.writable.isEmpty())
+        return raiseGuard({.readable = std::move(readable)});
+    const int folder = ::open(encodePath(roots.writable).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC);
+    const quint32 parts
+        = raiseGuard({.profile = GuardProfile::Writer, .folder = folder, .readable = std::move(readable)});
+    ::close(folder);
+    return parts;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -281,7 +297,7 @@ try {
     RecordBuilder::setupLibraries();
     RootOpener::Opened opened = opener.take();
     openOwnPaths(opened.descriptors);
-    const quint32 parts = raiseGuard({.readable = std::move(opened.descriptors)});
+    const quint32 parts = raiseGuardFor(*roots, std::move(opened.descriptors));
     if (!writeAll(frameOf(Greeting{.guardParts = parts, .reached = std::move(opened.reached)})))
         return EXIT_FAILURE;
     work(roots->through);

@@ -3,6 +3,7 @@
 
 #include "platform/AtomicFile.h"
 
+#include "platform/FileRights.h"
 #include "platform/LinkTarget.h"
 #include "platform/NativePath.h"
 #include "platform/TemporaryFiles.h"
@@ -10,7 +11,6 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -19,8 +19,6 @@
 namespace quorvin {
 
 namespace {
-
-constexpr qsizetype kMostAttributeBytes = 65'536; ///< the kernel's own limit, for names and for values
 
 /// With a buffer of its own the device forgets why a write fell short.
 constexpr QIODevice::OpenMode kWriting = QIODevice::WriteOnly | QIODevice::Unbuffered;
@@ -37,33 +35,6 @@ const mode_t modeOfNewFile = [] {
     ::umask(mask);
     return static_cast<mode_t>(0666 & ~mask);
 }();
-
-void copyAttributes(const QByteArray &from, int to)
-{
-    QByteArray names(kMostAttributeBytes, Qt::Uninitialized);
-    const ssize_t length
-        = ::listxattr(from.constData(), names.data(), static_cast<std::size_t>(names.size()));
-    if (length <= 0)
-        return;
-    QByteArray value(kMostAttributeBytes, Qt::Uninitialized);
-    for (const QByteArray &name : names.first(length - 1).split('\0')) {
-        const ssize_t size = ::getxattr(from.constData(), name.constData(), value.data(),
-                                        static_cast<std::size_t>(value.size()));
-        if (size >= 0)
-            ::fsetxattr(to, name.constData(), value.constData(), static_cast<std::size_t>(size), 0);
-    }
-}
-
-/// Owner first, since a change of owner clears bits of the mode. What the user may not hand on stays the
-/// user's own.
-void inheritFrom(const QByteArray &existing, const struct stat &facts, int descriptor)
-{
-    if (::fchown(descriptor, facts.st_uid, facts.st_gid) != 0
-        && ::fchown(descriptor, static_cast<uid_t>(-1), facts.st_gid) != 0)
-        errno = 0;
-    ::fchmod(descriptor, facts.st_mode & 07777);
-    copyAttributes(existing, descriptor);
-}
 
 bool renameKeepingExisting(const QByteArray &from, const QByteArray &to)
 {
@@ -91,7 +62,7 @@ Expected<std::unique_ptr<AtomicFile>> AtomicFile::create(const QString &target, 
     if (!opened)
         return tl::unexpected(opened.error());
     if (exists && isFile)
-        inheritFrom(path, facts, file->_device.handle());
+        inheritRights(path, file->_device.handle());
     return file;
 }
 

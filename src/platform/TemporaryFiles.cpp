@@ -33,22 +33,38 @@ bool isStillThere(int descriptor)
     return ::fstat(descriptor, &facts) == 0 && facts.st_nlink > 0;
 }
 
+struct FolderCloser {
+    void operator()(DIR *folder) const { ::closedir(folder); }
+};
+using Folder = std::unique_ptr<DIR, FolderCloser>;
+
+/// Takes the descriptor.
+void removeFilesIn(int descriptor)
+{
+    const Folder entries(::fdopendir(descriptor));
+    if (!entries) {
+        ::close(descriptor);
+        return;
+    }
+    while (const dirent *entry = ::readdir(entries.get()))
+        ::unlinkat(descriptor, entry->d_name, 0);
+}
+
 void removeUnlessHeld(int folder, const char *name)
 {
     const int descriptor = ::openat(folder, name, O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC);
     if (descriptor < 0)
         return;
     struct stat facts { };
-    const bool isOurs
-        = ::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode) && facts.st_uid == ::geteuid();
-    if (isOurs && ::flock(descriptor, LOCK_EX | LOCK_NB) == 0)
-        ::unlinkat(folder, name, 0);
+    const bool isOurs = ::fstat(descriptor, &facts) == 0 && facts.st_uid == ::geteuid()
+        && (S_ISREG(facts.st_mode) || S_ISDIR(facts.st_mode));
+    if (isOurs && ::flock(descriptor, LOCK_EX | LOCK_NB) == 0) {
+        if (S_ISDIR(facts.st_mode))
+            removeFilesIn(::dup(descriptor));
+        ::unlinkat(folder, name, S_ISDIR(facts.st_mode) ? AT_REMOVEDIR : 0);
+    }
     ::close(descriptor);
 }
-
-struct FolderCloser {
-    void operator()(DIR *folder) const { ::closedir(folder); }
-};
 
 } // namespace
 
@@ -69,9 +85,35 @@ Expected<Opened> open(const QByteArray &folder)
     }
 }
 
+Expected<Opened> openFolder(const QByteArray &folder)
+{
+    while (true) {
+        Opened opened;
+        opened.path = folder + '/' + kPrefix.toByteArray() + kPattern.toByteArray();
+        if (!::mkdtemp(opened.path.data()))
+            return posixFailure(errno);
+        opened.descriptor = ::open(opened.path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (opened.descriptor < 0) {
+            const int problem = errno;
+            ::rmdir(opened.path.constData());
+            return posixFailure(problem);
+        }
+        ::flock(opened.descriptor, LOCK_EX);
+        if (isStillThere(opened.descriptor))
+            return opened;
+        ::close(opened.descriptor);
+    }
+}
+
+void removeFolder(const QByteArray &path)
+{
+    removeFilesIn(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    ::rmdir(path.constData());
+}
+
 void removeLeftovers(const QByteArray &folder)
 {
-    const std::unique_ptr<DIR, FolderCloser> entries(::opendir(folder.constData()));
+    const Folder entries(::opendir(folder.constData()));
     if (!entries)
         return;
     while (const dirent *entry = ::readdir(entries.get())) {

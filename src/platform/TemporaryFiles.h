@@ -7,17 +7,24 @@
 
 #include <QByteArray>
 
-/// The files ".quorvin-XXXXXX" that stand beside their target until they are complete. Whoever writes one
-/// holds a lock on it, so that others can tell it from what a killed run has left. Any thread.
+/// The files ".quorvin-XXXXXX" that stand beside their target until they are complete, and folders of such
+/// names with one file or none. Whoever writes one holds a lock on it, so that others can tell it from what a
+/// killed run has left. Any thread.
 namespace quorvin::TemporaryFiles {
 
 struct Opened {
-    int descriptor = -1; ///< for writing; the lock goes when it is closed
+    int descriptor = -1; ///< of a file for writing; the lock goes when it is closed
     QByteArray path;
 };
 
 /// A new one, for this user only. The error is of the POSIX domain.
 Expected<Opened> open(const QByteArray &folder);
+
+/// A new folder in that one, likewise.
+Expected<Opened> openFolder(const QByteArray &folder);
+
+/// Removes a folder that `openFolder` made, and the files in it.
+void removeFolder(const QByteArray &path);
 
 /// Removes those of this user that nobody holds.
 void removeLeftovers(const QByteArray &folder);

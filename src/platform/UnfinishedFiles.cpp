@@ -29,9 +29,11 @@ static_assert(std::atomic<int>::is_always_lock_free);
 
 extern "C" void removeFiles()
 {
-    for (Slot &slot : slots) {
-        if (slot.state.load() == Listed)
-            ::unlink(slot.path.data());
+    for (const auto remove : {::unlink, ::rmdir}) {
+        for (const Slot &slot : slots) {
+            if (slot.state.load() == Listed)
+                remove(slot.path.data());
+        }
     }
 }
 

@@ -57,8 +57,37 @@ struct Fields<ReportRequest> {
 };
 
 template <>
+struct Fields<oEXIV2Metadata> {
+    static constexpr auto list
+        = std::tuple(&oEXIV2Metadata::removeExif, &oEXIV2Metadata::removeMakernote,
+                     &oEXIV2Metadata::removeGPS, &oEXIV2Metadata::removeIPTC, &oEXIV2Metadata::removeXMP);
+};
+
+template <>
+struct Fields<RemovalRequest> {
+    static constexpr auto list
+        = std::tuple(&RemovalRequest::path, &RemovalRequest::copy, &RemovalRequest::options);
+};
+
+template <>
+struct Fields<KeptItem> {
+    static constexpr auto list = std::tuple(&KeptItem::key, &KeptItem::reason);
+};
+
+template <>
+struct Fields<RemovalResult> {
+    static constexpr auto list = std::tuple(&RemovalResult::removed, &RemovalResult::kept);
+};
+
+template <>
+struct Fields<EncodedRemoval> {
+    static constexpr auto list = std::tuple(&EncodedRemoval::job, &EncodedRemoval::result);
+};
+
+template <>
 struct Fields<ReaderRoots> {
-    static constexpr auto list = std::tuple(&ReaderRoots::paths, &ReaderRoots::through);
+    static constexpr auto list
+        = std::tuple(&ReaderRoots::paths, &ReaderRoots::through, &ReaderRoots::writable);
 };
 
 template <>

@@ -37,6 +37,7 @@ enum LogPart : quint32 {
 struct ReaderRoots {
     std::vector<QString> paths; ///< of files and folders that the reader may read
     QString through; ///< a file that is to be read wherever links on its way lead; may be empty
+    QString writable = {}; ///< the folder of a writer; "" for a reader
 };
 
 struct JobOrder {
@@ -90,6 +91,13 @@ struct EncodedReport {
     QByteArray text; ///< UTF-8; at most `kMostReport`
 };
 
+struct EncodedRemoval {
+    static constexpr quint32 kMostBytes = 4 << 20;
+
+    quint32 job = 0;
+    RemovalResult result;
+};
+
 /// Digests of the job's file have come so far: each time further. The job's limits count anew from then on.
 struct JobProgress {
     static constexpr quint32 kMostBytes = 64;
@@ -108,7 +116,7 @@ struct LogLine {
 };
 
 using ReaderMessage = std::variant<Greeting, JobDone, JobOutside, JobFailed, EncodedRecord, EncodedReport,
-                                   LogLine, JobProgress>;
+                                   LogLine, JobProgress, EncodedRemoval>;
 
 inline constexpr quint32 kMostOrderBytes = 1 << 20;
 

@@ -6,6 +6,7 @@
 #include "model/Error.h"
 #include "model/QuorvinData.h"
 #include "model/RecordOptions.h"
+#include "model/RemovalResult.h"
 
 #include <QString>
 
@@ -33,6 +34,15 @@ struct ReportRequest {
     QString source; ///< name of the report
 };
 
+/// Takes metadata from a copy of an image, which only a writer can do.
+struct RemovalRequest {
+    using Result = RemovalResult;
+
+    QString path; ///< of the image, which stays as it is
+    QString copy; ///< a file with the same bytes; "" only tells what would go
+    oEXIV2Metadata options;
+};
+
 template <typename... Requests>
 struct JobKinds {
     using Request = std::variant<Requests...>;
@@ -40,7 +50,7 @@ struct JobKinds {
 };
 
 /// All that a guarded process can be asked for. The answer to a request stands at the request's place.
-using AllJobs = JobKinds<RecordRequest, ReportRequest>;
+using AllJobs = JobKinds<RecordRequest, ReportRequest, RemovalRequest>;
 using JobRequest = AllJobs::Request;
 using JobAnswer = AllJobs::Answer;
 using JobResult = Expected<JobAnswer>;

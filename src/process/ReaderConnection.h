@@ -77,6 +77,7 @@ private:
     Number peek(qsizetype offset) const;
     std::optional<JobAnswer> answerOf(const EncodedRecord &record);
     static std::optional<JobAnswer> answerOf(const EncodedReport &report);
+    static std::optional<JobAnswer> answerOf(const EncodedRemoval &removal) { return removal.result; }
     template <typename Message>
     static std::optional<JobAnswer> answerOf(const Message &)
     {

@@ -18,8 +18,8 @@ constexpr int kTries = 3; ///< of a job whose reader is lost by no fault of its 
 /// is the connection's affair.
 class ReaderRunner final : public JobRunner {
 public:
-    ReaderRunner(std::shared_ptr<RootSet> roots, std::string program)
-        : _roots(std::move(roots)), _program(std::move(program))
+    ReaderRunner(std::shared_ptr<RootSet> roots, std::string program, QString writable = {})
+        : _roots(std::move(roots)), _program(std::move(program)), _writable(std::move(writable))
     {
     }
 
@@ -35,6 +35,7 @@ private:
 
     std::shared_ptr<RootSet> _roots;
     std::string _program;
+    QString _writable; ///< folder of a writer
     std::unique_ptr<ReaderConnection> _reader;
     QString _libraryState; ///< of the reader
     ReadableRoots _readable; ///< by the reader
@@ -116,7 +117,7 @@ ReaderRoots ReaderRunner::rootsWith(const QString &through)
     if (!_roots->roots().cover(path))
         _roots->add({path});
     _readable = _roots->roots();
-    return {{_readable.paths().begin(), _readable.paths().end()}, through};
+    return {{_readable.paths().begin(), _readable.paths().end()}, through, _writable};
 }
 
 } // namespace
@@ -124,6 +125,11 @@ ReaderRoots ReaderRunner::rootsWith(const QString &through)
 std::unique_ptr<JobRunner> makeReaderRunner(std::shared_ptr<RootSet> roots, const std::string &program)
 {
     return std::make_unique<ReaderRunner>(roots ? std::move(roots) : std::make_shared<RootSet>(), program);
+}
+
+std::unique_ptr<JobRunner> makeWriterRunner(const QString &folder, const std::string &program)
+{
+    return std::make_unique<ReaderRunner>(std::make_shared<RootSet>(), program, folder);
 }
 
 Expected<quint32> guardPartsInForce()

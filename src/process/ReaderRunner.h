@@ -21,6 +21,9 @@ namespace quorvin {
 std::unique_ptr<JobRunner> makeReaderRunner(std::shared_ptr<RootSet> roots = nullptr,
                                             const std::string &program = {});
 
+/// The same for a writer: it does jobs like a reader, may read every file, and write in `folder` alone.
+std::unique_ptr<JobRunner> makeWriterRunner(const QString &folder, const std::string &program = {});
+
 /// Starts a reader to ask it what guards it, as `raiseGuard` tells it; an error when none can be started.
 Expected<quint32> guardPartsInForce();
 

@@ -1,0 +1,149 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cli/StripCommand.h"
+
+#include "cli/Console.h"
+#include "cli/FileRun.h"
+#include "cli/FilterOption.h"
+#include "filefacts/Paths.h"
+#include "platform/AtomicFile.h"
+#include "surgery/MetadataRemover.h"
+
+#include <QFileInfo>
+
+#include <utility>
+#include <vector>
+
+namespace quorvin::cli {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+/// Where the copy of a file goes: below the folder as the list shows it below its own.
+Expected<QString> targetIn(const QString &folder, const FilelistItem &file)
+{
+    const QString target = folder + u'/' + file.prefixedPath();
+    return Utilities::createFolder(QFileInfo(target).path()).map([&](const QString &) {
+        return Utilities::uniqueFilename(target);
+    });
+}
+
+RemovalReceipt strip(const Context &context, MetadataRemover &remover, const FilelistItem &file)
+{
+    const Arguments &arguments = context.arguments;
+    if (arguments.dryRun)
+        return remover.planned(file.filename());
+    MetadataRemover::Order order{.path = file.filename(), .keepsTimes = arguments.keepTimes};
+    if (arguments.outputDir) {
+        auto target = targetIn(*arguments.outputDir, file);
+        if (!target)
+            return {.path = file.filename(), .failure = target.error().description};
+        order.target = *std::move(target);
+    }
+    return remover.remove(order);
+}
+
+/// The next file that the filter lets through. Without a filter none is read for it.
+FilelistItemPtr nextWanted(const Context &context, FileRun &run)
+{
+    if (context.arguments.filter.isEmpty())
+        return run.nextFile();
+    while (const auto result = run.nextRecord()) {
+        if (run.passes(*result))
+            return result->file;
+        if (!result->record)
+            run.fail(result->file->filename(), result->record.error().description);
+    }
+    return nullptr;
+}
+
+Expected<void> writeReceipts(const QString &path, const std::vector<RemovalReceipt> &receipts, bool isPlan)
+{
+    const bool isJson = path.endsWith(".json"_L1, Qt::CaseInsensitive);
+    const QByteArray bytes = isJson ? receiptsAsJson(receipts) : receiptsAsText(receipts, isPlan).toUtf8();
+    return AtomicFile::create(path).and_then([&](const std::unique_ptr<AtomicFile> &file) -> Expected<void> {
+        if (file->device().write(bytes) != bytes.size())
+            return failure(file->device().errorString());
+        return file->commit();
+    });
+}
+
+/// A line for what was done; the whole receipt for what would be.
+QString told(const RemovalReceipt &receipt, bool isPlan)
+{
+    const QString all = receiptsAsText(std::span(&receipt, 1), isPlan);
+    return isPlan ? all : all.left(all.indexOf(u'\n') + 1);
+}
+
+} // namespace
+
+QList<Option> stripOptions()
+{
+    return {
+        filterOption(),
+        {.names = {u"exif"_s},
+         .description = u"Remove what Exif tells of the picture; its structure stays."_s,
+         .take = put<&Arguments::stripExif>},
+        {.names = {u"makernote"_s},
+         .description = u"Remove the notes of the camera's maker; not from raw files, which need them."_s,
+         .take = put<&Arguments::stripMakernote>},
+        {.names = {u"gps"_s}, .description = u"Remove the position."_s, .take = put<&Arguments::stripGps>},
+        {.names = {u"iptc"_s}, .description = u"Remove all IPTC."_s, .take = put<&Arguments::stripIptc>},
+        {.names = {u"xmp"_s}, .description = u"Remove all XMP."_s, .take = put<&Arguments::stripXmp>},
+        {.names = {u"dry-run"_s},
+         .description = u"Only tell what would go, and what would stay and why."_s,
+         .take = put<&Arguments::dryRun>},
+        {.names = {u"d"_s, u"output-dir"_s},
+         .description = u"Leave the files as they are, and write copies into this folder, as in theirs."_s,
+         .valueName = u"DIR"_s,
+         .take = put<&Arguments::outputDir>},
+        {.names = {u"keep-mtime"_s},
+         .description = u"Keep the dates of access and modification."_s,
+         .take = put<&Arguments::keepTimes>},
+        {.names = {u"receipt"_s},
+         .description = u"Write what was removed and kept, with digests, to FILE; *.json is JSON."_s,
+         .valueName = u"FILE"_s,
+         .take = put<&Arguments::receipt>},
+    };
+}
+
+Expected<void> checkStrip(const Arguments &arguments)
+{
+    if (!arguments.stripExif && !arguments.stripMakernote && !arguments.stripGps && !arguments.stripIptc
+        && !arguments.stripXmp)
+        return failure(u"strip takes at least one of --exif, --makernote, --gps, --iptc, --xmp"_s);
+    if (arguments.dryRun && arguments.outputDir)
+        return failure(u"--dry-run and --output-dir exclude each other"_s);
+    return {};
+}
+
+Status runStrip(const Context &context)
+{
+    const Arguments &arguments = context.arguments;
+    FileRun run(context);
+    const oEXIV2Metadata options{.removeExif = arguments.stripExif,
+                                 .removeMakernote = arguments.stripMakernote,
+                                 .removeGPS = arguments.stripGps,
+                                 .removeIPTC = arguments.stripIptc,
+                                 .removeXMP = arguments.stripXmp};
+    MetadataRemover remover(options, run.limits(), run.makeRunner());
+    std::vector<RemovalReceipt> receipts;
+    while (const FilelistItemPtr file = nextWanted(context, run)) {
+        RemovalReceipt receipt = strip(context, remover, *file);
+        if (receipt.failure.isEmpty())
+            context.console.write(told(receipt, arguments.dryRun).toUtf8());
+        else
+            run.fail(receipt.path, receipt.failure);
+        if (arguments.receipt)
+            receipts.push_back(std::move(receipt));
+    }
+    if (arguments.receipt) {
+        if (const auto written = writeReceipts(*arguments.receipt, receipts, arguments.dryRun); !written)
+            run.fail(*arguments.receipt, written.error().description);
+    }
+    return run.finish(true);
+}
+
+} // namespace quorvin::cli

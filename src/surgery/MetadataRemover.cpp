@@ -1,0 +1,138 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "surgery/MetadataRemover.h"
+
+#include "filefacts/FileHash.h"
+#include "platform/LinkTarget.h"
+#include "platform/NativePath.h"
+#include "platform/RegularFile.h"
+#include "process/ReaderRunner.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace quorvin {
+
+namespace {
+
+QString text(const char *words)
+{
+    return QCoreApplication::translate("MetadataRemover", words);
+}
+
+bool isTheSame(const struct stat &a, const struct stat &b)
+{
+    return a.st_ino == b.st_ino && a.st_dev == b.st_dev && a.st_size == b.st_size
+        && a.st_mtim.tv_sec == b.st_mtim.tv_sec && a.st_mtim.tv_nsec == b.st_mtim.tv_nsec;
+}
+
+/// Whether a file may be replaced: as a rename would do it, whatever its mode.
+Expected<void> checkReplaceable(const QString &path, const struct stat &facts, bool allowsHardLinks)
+{
+    if (::faccessat(AT_FDCWD, encodePath(path).constData(), W_OK, AT_EACCESS) != 0)
+        return posixFailure(errno);
+    if (facts.st_nlink > 1 && !allowsHardLinks)
+        return failure(text("the file has several names (hard links)"));
+    return {};
+}
+
+Expected<QString> digestOf(const QString &path)
+{
+    return FileHash::sha512HashOfFileAtPath(path);
+}
+
+} // namespace
+
+MetadataRemover::MetadataRemover(const oEXIV2Metadata &options, const JobLimits &limits,
+                                 std::unique_ptr<JobRunner> reader)
+    : _options(options), _limits(limits), _reader(std::move(reader))
+{
+}
+
+Expected<RemovalResult> MetadataRemover::run(JobRunner &runner, RemovalRequest request,
+                                             const std::stop_token &stop) const
+{
+    return runner.run(Job{std::move(request), _limits}, stop).map([](JobAnswer answer) {
+        return std::get<RemovalResult>(std::move(answer));
+    });
+}
+
+RemovalReceipt MetadataRemover::planned(const QString &path, const std::stop_token &stop)
+{
+    RemovalReceipt receipt{.path = path};
+    if (auto result = run(*_reader, {path, {}, _options}, stop))
+        receipt.result = *std::move(result);
+    else
+        receipt.failure = result.error().description;
+    return receipt;
+}
+
+RemovalReceipt MetadataRemover::remove(const Order &order, const std::stop_token &stop)
+{
+    RemovalReceipt receipt = planned(order.path, stop);
+    const bool isInPlace = order.target.isEmpty();
+    if (!receipt.failure.isEmpty() || (isInPlace && receipt.result.removed.empty()))
+        return receipt;
+    if (const auto rewritten = rewrite(order, receipt, stop); !rewritten) {
+        receipt = {.path = order.path};
+        receipt.failure = rewritten.error().description;
+    }
+    if (_folder)
+        _folder->discard();
+    return receipt;
+}
+
+Expected<void> MetadataRemover::workIn(const QString &folder)
+{
+    if (_folder && _folder->parent() == folder)
+        return {};
+    _writer.reset();
+    _folder.reset();
+    return WorkFolder::create(folder).map([&](std::unique_ptr<WorkFolder> made) {
+        _folder = std::move(made);
+        _writer = makeWriterRunner(_folder->path());
+    });
+}
+
+Expected<void> MetadataRemover::rewrite(const Order &order, RemovalReceipt &receipt,
+                                        const std::stop_token &stop)
+{
+    const QString real = decodePath(LinkTarget::of(encodePath(order.path)).path);
+    const bool isInPlace = order.target.isEmpty();
+    const QString target = isInPlace ? real : order.target;
+    const auto file = RegularFile::open(real);
+    if (!file)
+        return tl::unexpected(file.error());
+    struct stat before { };
+    ::fstat(file->descriptor(), &before);
+    if (isInPlace) {
+        if (auto allowed = checkReplaceable(real, before, order.allowsHardLinks); !allowed)
+            return allowed;
+    }
+    auto done = workIn(QFileInfo(target).path()).and_then([&] { return _folder->copyFrom(*file); });
+    if (done && !receipt.result.removed.empty())
+        done = run(*_writer, {real, _folder->copy(), _options}, stop).map([&](RemovalResult result) {
+            receipt.result = std::move(result);
+        });
+    if (!done)
+        return done;
+    const auto was = digestOf(real);
+    const auto is = digestOf(_folder->copy());
+    struct stat now { };
+    if (!was || !is || ::stat(encodePath(real).constData(), &now) != 0 || !isTheSame(before, now))
+        return failure(text("the file was changed meanwhile"));
+    receipt.digestBefore = *was;
+    receipt.digestAfter = *is;
+    receipt.target = order.target;
+    return _folder->publish({target, real, order.keepsTimes});
+}
+
+} // namespace quorvin

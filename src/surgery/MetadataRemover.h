@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "process/JobRunner.h"
+#include "surgery/RemovalReceipt.h"
+#include "surgery/WorkFolder.h"
+
+#include <QString>
+
+#include <memory>
+#include <stop_token>
+
+namespace quorvin {
+
+/// Takes metadata from images, file after file, each whole or not at all: the work is done on a copy beside
+/// its place, in a process that may write nothing but this copy, and the copy is renamed over the file.
+/// Owner, mode, access lists and extended attributes stay. Where a symbolic link is given, what it leads to
+/// is rewritten. A file in which there is nothing to remove is not written. One thread.
+class MetadataRemover {
+public:
+    struct Order {
+        QString path;
+        QString target = {}; ///< where the result goes; "" is the place of the file
+        bool keepsTimes = false; ///< of last access and modification
+        /// Else a file of several names (hard links) is refused: under the others it would stay as it was.
+        bool allowsHardLinks = false;
+    };
+
+    /// `reader` does the jobs that only read.
+    MetadataRemover(const oEXIV2Metadata &options, const JobLimits &limits,
+                    std::unique_ptr<JobRunner> reader);
+
+    /// What would go. Nothing is written.
+    RemovalReceipt planned(const QString &path, const std::stop_token &stop = {});
+    /// After a stop the file is as it was, and that is the receipt's failure.
+    RemovalReceipt remove(const Order &order, const std::stop_token &stop = {});
+
+private:
+    Expected<RemovalResult> run(JobRunner &runner, RemovalRequest request, const std::stop_token &stop) const;
+    Expected<void> rewrite(const Order &order, RemovalReceipt &receipt, const std::stop_token &stop);
+    Expected<void> workIn(const QString &folder);
+
+    oEXIV2Metadata _options;
+    JobLimits _limits;
+    std::unique_ptr<JobRunner> _reader;
+    std::unique_ptr<WorkFolder> _folder; ///< of the file before
+    std::unique_ptr<JobRunner> _writer; ///< may write in it
+};
+
+} // namespace quorvin

@@ -1,0 +1,163 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "surgery/WorkFolder.h"
+
+#include "platform/AtomicFile.h"
+#include "platform/FileRights.h"
+#include "platform/NativePath.h"
+#include "platform/TemporaryFiles.h"
+#include "platform/UnfinishedFiles.h"
+
+#include <fcntl.h>
+#include <linux/fs.h>
+#include <sys/ioctl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <utility>
+
+namespace quorvin {
+
+namespace {
+
+const QByteArray kCopyName = QByteArrayLiteral("/copy");
+constexpr std::size_t kPiece = std::size_t{1} << 30;
+
+/// Closes a descriptor, and tells what went wrong with it.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : _number(number) { }
+    ~Descriptor() { ::close(_number); }
+    Descriptor(const Descriptor &) = delete;
+    Descriptor &operator=(const Descriptor &) = delete;
+
+    int number() const { return _number; }
+    bool isOpen() const { return _number >= 0; }
+
+private:
+    int _number;
+};
+
+/// For file systems between which the kernel does not copy.
+bool copyByHand(int from, int to)
+{
+    std::array<char, 65'536> piece;
+    off_t at = 0;
+    while (true) {
+        const ssize_t count = ::pread(from, piece.data(), piece.size(), at);
+        if (count <= 0)
+            return count == 0;
+        for (ssize_t done = 0; done < count;) {
+            const ssize_t written
+                = ::pwrite(to, piece.data() + done, static_cast<std::size_t>(count - done), at + done);
+            if (written <= 0)
+                return false;
+            done += written;
+        }
+        at += count;
+    }
+}
+
+bool copyBytes(int from, int to)
+{
+    if (::ioctl(to, FICLONE, from) == 0)
+        return true;
+    loff_t at = 0;
+    while (true) {
+        const ssize_t count = ::copy_file_range(from, &at, to, nullptr, kPiece, 0);
+        if (count == 0)
+            // Some file systems have files that the kernel takes to be empty.
+            return at > 0 || copyByHand(from, to);
+        if (count < 0)
+            return at == 0 && copyByHand(from, to);
+    }
+}
+
+bool inheritTimes(const QByteArray &from, int to)
+{
+    struct stat facts { };
+    if (::stat(from.constData(), &facts) != 0)
+        return false;
+    const std::array times{facts.st_atim, facts.st_mtim};
+    return ::futimens(to, times.data()) == 0;
+}
+
+} // namespace
+
+Expected<std::unique_ptr<WorkFolder>> WorkFolder::create(const QString &parent)
+{
+    const QByteArray folder = encodePath(parent);
+    TemporaryFiles::removeLeftovers(folder);
+    return TemporaryFiles::openFolder(folder).map([&](const TemporaryFiles::Opened &opened) {
+        return std::unique_ptr<WorkFolder>(new WorkFolder(parent, opened.descriptor, opened.path));
+    });
+}
+
+WorkFolder::WorkFolder(QString parent, int descriptor, QByteArray path)
+    : _parent(std::move(parent)),
+      _descriptor(descriptor),
+      _path(std::move(path)),
+      _folderSlot(UnfinishedFiles::add(_path)),
+      _copySlot(UnfinishedFiles::add(_path + kCopyName))
+{
+}
+
+WorkFolder::~WorkFolder()
+{
+    TemporaryFiles::removeFolder(_path);
+    UnfinishedFiles::remove(_copySlot);
+    UnfinishedFiles::remove(_folderSlot);
+    ::close(_descriptor);
+}
+
+QString WorkFolder::path() const
+{
+    return decodePath(_path);
+}
+
+QString WorkFolder::copy() const
+{
+    return decodePath(_path + kCopyName);
+}
+
+Expected<void> WorkFolder::copyFrom(const RegularFile &file)
+{
+    const QByteArray path = _path + kCopyName;
+    const Descriptor to(::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (to.isOpen() && copyBytes(file.descriptor(), to.number()))
+        return {};
+    const int problem = errno;
+    discard();
+    return posixFailure(problem);
+}
+
+Expected<void> WorkFolder::publish(const Place &place)
+{
+    const QByteArray copy = _path + kCopyName;
+    const QByteArray rightsOf = encodePath(place.rightsOf);
+    // The process that has worked on it could have put anything there.
+    const Descriptor file(::open(copy.constData(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC));
+    struct stat facts { };
+    if (!file.isOpen() || ::fstat(file.number(), &facts) != 0)
+        return posixFailure(errno);
+    if (!S_ISREG(facts.st_mode) || facts.st_nlink != 1)
+        return posixFailure(EINVAL);
+    inheritRights(rightsOf, file.number());
+    if ((place.keepsTimes && !inheritTimes(rightsOf, file.number())) || ::fsync(file.number()) != 0)
+        return posixFailure(errno);
+    if (std::rename(copy.constData(), encodePath(place.target).constData()) != 0)
+        return posixFailure(errno);
+    AtomicFile::syncFolder(_parent);
+    return {};
+}
+
+void WorkFolder::discard()
+{
+    ::unlink((_path + kCopyName).constData());
+}
+
+} // namespace quorvin

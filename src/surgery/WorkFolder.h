@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/Error.h"
+#include "platform/RegularFile.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+namespace quorvin {
+
+/// A hidden folder of this run beside files that are to be rewritten, in which one copy at a time is worked
+/// on. It goes with the object, or else when something is written beside it again. One thread.
+class WorkFolder {
+public:
+    /// `parent` is a folder; the error is of the POSIX domain.
+    static Expected<std::unique_ptr<WorkFolder>> create(const QString &parent);
+
+    WorkFolder(const WorkFolder &) = delete;
+    WorkFolder &operator=(const WorkFolder &) = delete;
+    ~WorkFolder();
+
+    const QString &parent() const { return _parent; }
+    QString path() const;
+    /// The path of the copy.
+    QString copy() const;
+
+    /// Makes the copy, which shares the file's blocks where the file system can.
+    Expected<void> copyFrom(const RegularFile &file);
+    /// What the copy gets before it takes its place.
+    struct Place {
+        QString target; ///< a path in the parent folder
+        QString rightsOf; ///< a file whose owner, mode and extended attributes it takes
+        bool keepsTimes = false; ///< those of last access and modification, too
+    };
+    /// Syncs the copy and renames it into place, over what stands there.
+    Expected<void> publish(const Place &place);
+    /// Drops the copy, if there is one.
+    void discard();
+
+private:
+    WorkFolder(QString parent, int descriptor, QByteArray path);
+
+    QString _parent;
+    int _descriptor; ///< of the folder, with its lock
+    QByteArray _path;
+    int _folderSlot;
+    int _copySlot;
+};
+
+} // namespace quorvin
