@@ -45,7 +45,28 @@ void IndexQuery::markTerms(const RecordIndex &index)
     }
     for (std::size_t i = 0; i < _conditions.size(); ++i) {
         if (_matcher.conditions()[i].needsValue())
-            _conditions[i].holds.resize(index.valueTable().size(), Answer::Unknown);
+            markHolding(i, index.valueTable());
+    }
+}
+
+/// Prepares the answers on new values. Of what is asked of all values, those that contain its text are found
+/// in one pass, and no other can hold.
+void IndexQuery::markHolding(std::size_t condition, const ValueTable &table)
+{
+    const RuleCondition &asked = _matcher.conditions()[condition];
+    std::vector<Answer> &holds = _conditions[condition].holds;
+    const std::size_t known = holds.size();
+    const bool isOfAll
+        = asked.kind() == Rule::Kind::ParameterValue && asked.needsContained() && !asked.text().isEmpty();
+    holds.resize(table.size(), isOfAll ? Answer::No : Answer::Unknown);
+    if (!isOfAll)
+        return;
+    Marks having;
+    having.resize(table.size());
+    table.markHaving(asked.text(), having, static_cast<quint32>(known), {});
+    for (std::size_t value = known; value < table.size(); ++value) {
+        if (having[value])
+            holds[value] = Answer::Unknown;
     }
 }
 
@@ -75,8 +96,8 @@ bool IndexQuery::markValues(const RecordIndex &index, const IndexQuery *wider, c
 
 bool IndexQuery::hasText(const RecordIndex &index, const RecordIndex::Entry &entry) const
 {
-    if (entry.unindexed)
-        return entry.unindexed->isContentHas(_text);
+    if (!entry.isIndexed)
+        return index.unindexed(entry)->isContentHas(_text);
     const auto terms = index.terms(entry);
     const auto values = index.values(entry);
     for (std::size_t i = 0; i < terms.size(); ++i) {
@@ -88,21 +109,23 @@ bool IndexQuery::hasText(const RecordIndex &index, const RecordIndex::Entry &ent
 
 bool IndexQuery::matches(const RecordIndex &index, const RecordIndex::Entry &entry)
 {
-    const bool isFailed = entry.fileType.isEmpty();
+    const bool isFailed = entry.fileType == RecordIndex::kFailed;
     if (!_text.isEmpty() && (isFailed || !hasText(index, entry)))
         return false;
     if (isFailed)
         return _matcher.isEmpty() || _matcher.matchesFailed();
-    if (entry.unindexed)
-        return _matcher.matches(*entry.unindexed);
+    if (!entry.isIndexed)
+        return _matcher.matches(*index.unindexed(entry));
     return _matcher.matchesBy([&](std::size_t condition) { return holds(condition, index, entry); });
 }
 
 bool IndexQuery::holds(std::size_t condition, const RecordIndex &index, const RecordIndex::Entry &entry)
 {
     const RuleCondition &asked = _matcher.conditions()[condition];
-    if (asked.kind() == Rule::Kind::FileType)
-        return asked.holdsFor(QByteArrayView(entry.fileType.data(), entry.fileType.size()));
+    if (asked.kind() == Rule::Kind::FileType) {
+        const QLatin1String type = kFileTypes[static_cast<std::size_t>(entry.fileType)];
+        return asked.holdsFor(QByteArrayView(type.data(), type.size()));
+    }
     const auto terms = index.terms(entry);
     const auto values = index.values(entry);
     const quint8 *const isAbout = _conditions[condition].isAbout.data();
@@ -120,6 +143,7 @@ bool IndexQuery::holdsFor(std::size_t condition, const ValueTable &table, quint3
     if (answer == Answer::Unknown) {
         const RuleCondition &asked = _matcher.conditions()[condition];
         const bool isHeld = asked.isByQuantity() ? asked.holdsFor(table.quantity(value))
+            : asked.isByFoldedText()             ? asked.holdsForFolded(table.folded(value))
                                                  : asked.holdsFor(table.value(value));
         answer = isHeld ? Answer::Yes : Answer::No;
     }

@@ -50,6 +50,7 @@ private:
 
     bool markValues(const RecordIndex &index, const IndexQuery *wider, const std::stop_token &stop);
     void markTerms(const RecordIndex &index);
+    void markHolding(std::size_t condition, const ValueTable &table);
     bool hasText(const RecordIndex &index, const RecordIndex::Entry &entry) const;
     bool holds(std::size_t condition, const RecordIndex &index, const RecordIndex::Entry &entry);
     bool holdsFor(std::size_t condition, const ValueTable &table, quint32 value);

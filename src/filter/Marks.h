@@ -10,6 +10,16 @@
 
 namespace quorvin {
 
+/// Room for so many elements, and for some more: less to spare than the container itself would take, as many
+/// of them stand beside each other.
+template <typename Container>
+void makeRoom(Container &container, std::size_t size)
+{
+    using Size = decltype(container.size());
+    if (static_cast<std::size_t>(container.capacity()) < size)
+        container.reserve(static_cast<Size>(size + size / 8 + 64));
+}
+
 /// A yes or no for each of many numbers from 0, in a bit each.
 class Marks {
 public:
@@ -19,6 +29,7 @@ public:
     /// What is new is not marked.
     void resize(std::size_t size)
     {
+        makeRoom(_words, (size + kWord - 1) / kWord);
         _words.resize((size + kWord - 1) / kWord);
         _size = size;
     }

@@ -40,11 +40,13 @@ void RecordIndex::put(const FilelistItemPtr &file, const QuorvinDataPtr &record)
     Entry entry;
     entry.file = file;
     if (record) {
-        entry.fileType = fileTypeOf(*record);
+        const auto *const type = std::ranges::find(kFileTypes, fileTypeOf(*record));
+        entry.fileType = static_cast<qint8>(type - kFileTypes.begin());
         if (fillRow(*record))
             appendRow(entry);
         else
-            entry.unindexed = record;
+            _unindexed.insert(file.get(), record);
+        entry.isIndexed = !_unindexed.contains(file.get());
     }
     _entryOf[file.get()] = _entries.size();
     _entries.push_back(std::move(entry));
@@ -63,8 +65,8 @@ void RecordIndex::bury(std::size_t entry)
 {
     _alive -= _entries[entry].count;
     _dead += _entries[entry].count;
+    _unindexed.remove(_entries[entry].file.get());
     _entries[entry].file.reset();
-    _entries[entry].unindexed.reset();
 }
 
 bool RecordIndex::fillRow(const QuorvinData &record)
@@ -158,6 +160,7 @@ void RecordIndex::compact(std::size_t least)
         living._entryOf[entry.file.get()] = living._entries.size();
         living._entries.push_back(std::move(entry));
     }
+    living._unindexed = std::move(_unindexed);
     living._generation = _generation + 1;
     *this = std::move(living);
 }

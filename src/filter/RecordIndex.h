@@ -32,12 +32,13 @@ public:
 
     struct Entry {
         FilelistItemPtr file; ///< null: the record is dead
-        QuorvinDataPtr unindexed; ///< of a record that has no place in the columns; it is walked instead
-        QLatin1String fileType; ///< "" of a file that could not be read
         quint32 block = 0;
         quint32 first = 0;
         quint32 count = 0;
+        qint8 fileType = kFailed; ///< place in `kFileTypes`
+        bool isIndexed = true; ///< else the record has no place in the columns, and is walked instead
     };
+    static constexpr qint8 kFailed = -1; ///< the file could not be read
 
     /// Takes in what an analysis of the file gave, in the place of what it gave before; no record: it failed.
     void put(const FilelistItemPtr &file, const QuorvinDataPtr &record);
@@ -51,6 +52,8 @@ public:
     /// In the order in which they came, the dead ones among them.
     std::span<const Entry> entries() const { return _entries; }
     std::optional<std::size_t> entryOf(const FilelistItem *file) const;
+    /// Of an entry that is not indexed.
+    QuorvinDataPtr unindexed(const Entry &entry) const { return _unindexed.value(entry.file.get()); }
     std::span<const quint16> terms(const Entry &entry) const;
     std::span<const quint32> values(const Entry &entry) const;
     /// What the numbers of the columns stand for.
@@ -79,6 +82,7 @@ private:
 
     std::vector<Entry> _entries;
     std::unordered_map<const FilelistItem *, std::size_t> _entryOf;
+    QHash<const FilelistItem *, QuorvinDataPtr> _unindexed;
     std::vector<Block> _blocks;
     Row _row; ///< being filled
     std::vector<Name> _names;

@@ -83,6 +83,20 @@ bool RuleCondition::holdsFor(QByteArrayView value) const
     }
 }
 
+bool RuleCondition::holdsForFolded(QByteArrayView folded) const
+{
+    switch (_comparison) {
+    case Equal:
+        return folded == QByteArrayView(_text.folded());
+    case NotEqual:
+        return folded != QByteArrayView(_text.folded());
+    case Contains:
+        return _text.isInFolded(folded);
+    default:
+        return false;
+    }
+}
+
 bool RuleCondition::holdsFor(const Quantity &quantity) const
 {
     const auto order = compareQuantities(quantity, _quantity);

@@ -41,6 +41,16 @@ public:
     /// It looks only at what a value measures; then this holds as the other does.
     bool isByQuantity() const { return _isByQuantity; }
     bool holdsFor(const Quantity &quantity) const;
+    /// It looks only at the folded form of a value; then this holds as the other does.
+    bool isByFoldedText() const { return !_isByQuantity && _comparison != Rule::Comparison::Matches; }
+    bool holdsForFolded(QByteArrayView folded) const;
+    /// It holds for no value that does not contain its text.
+    bool needsContained() const
+    {
+        return isByFoldedText()
+            && (_comparison == Rule::Comparison::Contains || _comparison == Rule::Comparison::Equal);
+    }
+    const SearchText &text() const { return _text; }
 
 private:
     Rule::Kind _kind;

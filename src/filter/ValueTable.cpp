@@ -16,12 +16,24 @@ namespace {
 
 constexpr char kEnd = '\xff'; ///< in no UTF-8
 constexpr ValueTable::Number kFree = std::numeric_limits<ValueTable::Number>::max();
-constexpr std::size_t kFirstSlots = 1024; ///< a power of two, as all sizes
+constexpr std::size_t kFirstSlots = 1024;
 constexpr std::size_t kMarksBetweenStops = 4096;
 
 bool isCapital(char c)
 {
     return c >= 'A' && c <= 'Z';
+}
+
+/// Where to look first among so many slots.
+std::size_t firstSlot(QByteArrayView foldedForm, std::size_t slots)
+{
+    const quint64 mixed = quint64{qHash(foldedForm)} * 0x9e3779b97f4a7c15U;
+    return static_cast<std::size_t>((mixed >> 32U) * slots >> 32U);
+}
+
+std::size_t slotAfter(std::size_t slot, std::size_t slots)
+{
+    return slot + 1 == slots ? 0 : slot + 1;
 }
 
 /// Whether a value is its folded form but for capitals of ASCII.
@@ -71,9 +83,9 @@ bool ValueTable::isValue(Number number, QByteArrayView utf8, QByteArrayView fold
 
 std::size_t ValueTable::slotOf(QByteArrayView utf8, QByteArrayView foldedForm) const
 {
-    std::size_t slot = qHash(foldedForm) & (_slots.size() - 1);
+    std::size_t slot = firstSlot(foldedForm, _slots.size());
     while (_slots[slot] != kFree && !isValue(_slots[slot], utf8, foldedForm))
-        slot = (slot + 1) & (_slots.size() - 1);
+        slot = slotAfter(slot, _slots.size());
     return slot;
 }
 
@@ -86,7 +98,7 @@ std::optional<ValueTable::Number> ValueTable::numberOf(QByteArrayView utf8)
         return _slots[slot];
     if (_folded.size() + _room.size() >= std::numeric_limits<quint32>::max())
         return std::nullopt;
-    if (size() * 10 >= _slots.size() * 7) {
+    if (size() * 10 >= _slots.size() * 8) {
         grow();
         slot = slotOf(utf8, _room);
     }
@@ -99,8 +111,10 @@ void ValueTable::append(QByteArrayView utf8)
 {
     const auto number = static_cast<Number>(size());
     const auto start = static_cast<std::size_t>(_folded.size());
+    makeRoom(_folded, start + static_cast<std::size_t>(_room.size()) + 1);
     _folded += _room;
     _folded += kEnd;
+    makeRoom(_starts, _starts.size() + 1);
     _starts.push_back(static_cast<quint32>(_folded.size()));
     _isCapital.resize(static_cast<std::size_t>(_folded.size()));
     if (isFoldedWithCapitals(utf8, _room)) {
@@ -123,20 +137,22 @@ void ValueTable::appendQuantity(Number number, const Quantity &quantity)
         return;
     const Quantity measure{quantity.kind, 0, quantity.unit};
     const auto known = std::ranges::find(_measures, measure);
+    makeRoom(_measureOf, _measureOf.size() + 1);
     _measureOf.push_back(static_cast<quint8>(known - _measures.begin()));
     if (known == _measures.end())
         _measures.push_back(measure);
+    makeRoom(_quantities, _quantities.size() + 1);
     _quantities.push_back(quantity.value);
     _isQuantity.set(number);
 }
 
 void ValueTable::grow()
 {
-    _slots.assign(_slots.size() * 2, kFree);
+    _slots = std::vector(_slots.size() * 3 / 2, kFree);
     for (Number number = 0; number < size(); ++number) {
-        std::size_t slot = qHash(folded(number)) & (_slots.size() - 1);
+        std::size_t slot = firstSlot(folded(number), _slots.size());
         while (_slots[slot] != kFree)
-            slot = (slot + 1) & (_slots.size() - 1);
+            slot = slotAfter(slot, _slots.size());
         _slots[slot] = number;
     }
 }
