@@ -79,6 +79,8 @@ constexpr std::array kTable{
     row<Setting::extComparisonRows>(Integer, "0", 0, 2),
     row<Setting::extComparisonNamesWidth>(Integer, "0", 0, 10'000),
     row<Setting::extComparisonColumnWidths>(String, ""),
+    row<Setting::watchedParameters>(String, ""),
+    row<Setting::savedRules>(String, ""),
 };
 static_assert(hasRowOfEach(kTable, &SettingRow::setting));
 static_assert(std::ranges::all_of(kTable, [](const SettingRow &row) {

@@ -66,6 +66,8 @@ enum class Setting {
     extComparisonRows,
     extComparisonNamesWidth,
     extComparisonColumnWidths,
+    watchedParameters,
+    savedRules,
 };
 
 enum class SettingType { Boolean, Integer, Float, String };

@@ -43,6 +43,15 @@ enum class Command {
     selectNextFailed,
     openPreferences,
 
+    performProjectFind,
+    filterByName,
+    toggleFilelistFilter,
+    toggleHideUnknownFiles,
+    showOnlyWithValue,
+    showOnlyWithoutParameter,
+    showAllFiles,
+    toggleWatch,
+
     selectGeneralTab,
     selectExtendedTab,
     selectComparisonTab,
@@ -90,6 +99,10 @@ struct CommandState {
     bool canCopy = false; ///< what has the keyboard has something to copy
     bool listHasKeyboard = false;
     bool canCopyValue = false; ///< it is a value with a name beside it
+    bool selectsParameter = false; ///< the one selected row of the Extended tree is one
+    bool watchesParameter = false; ///< and it is watched
+    bool hidesUnknownFiles = false;
+    bool isListNarrowed = false; ///< files of the list may be hidden
     bool showsCover = false; ///< a picture that came out of the current file
     bool selectsStream = false; ///< the selected line of General leads to a group of the Extended tree
     bool canFind = false; ///< the pane that is looked at can be searched
@@ -109,7 +122,7 @@ struct CommandState {
     constexpr bool showsTree() const { return hasRecord && currentTab == Tab::Extended; }
 };
 
-enum class CommandMenu { File, Edit, View, Help };
+enum class CommandMenu { File, Edit, Search, View, Help };
 
 /// Where a command stands beside its menu.
 enum class CommandPlace {
@@ -123,6 +136,7 @@ enum class CommandPlace {
     FactMenu = 64, ///< the context menu of a fact of General
     CoverMenu = 128, ///< the context menu of the cover
     ComparisonMenu = 256, ///< the context menu of a cell, a file or a parameter of the comparison
+    ToolBarEnd = 512, ///< behind the tabs
 };
 Q_DECLARE_FLAGS(CommandPlaces, CommandPlace)
 Q_DECLARE_OPERATORS_FOR_FLAGS(CommandPlaces)

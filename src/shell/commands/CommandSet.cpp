@@ -21,9 +21,8 @@ namespace quorvin {
 namespace {
 
 constexpr std::array kMenuTitles{
-    QT_TRANSLATE_NOOP("Commands", "&File"),
-    QT_TRANSLATE_NOOP("Commands", "&Edit"),
-    QT_TRANSLATE_NOOP("Commands", "&View"),
+    QT_TRANSLATE_NOOP("Commands", "&File"),   QT_TRANSLATE_NOOP("Commands", "&Edit"),
+    QT_TRANSLATE_NOOP("Commands", "&Search"), QT_TRANSLATE_NOOP("Commands", "&View"),
     QT_TRANSLATE_NOOP("Commands", "&Help"),
 };
 

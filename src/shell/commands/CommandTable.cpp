@@ -8,6 +8,7 @@
 #include "shell/commands/FileChanges.h"
 #include "shell/commands/FileMenu.h"
 #include "shell/commands/HelpMenu.h"
+#include "shell/commands/SearchMenu.h"
 #include "shell/commands/ViewMenu.h"
 
 #include <algorithm>
@@ -25,7 +26,8 @@ consteval auto joined(const Menus &...menus)
     return table;
 }
 
-constexpr auto kTable = joined(kFileMenu, kEditMenu, kViewMenu, kComparisonCommands, kFileChanges, kHelpMenu);
+constexpr auto kTable
+    = joined(kFileMenu, kEditMenu, kSearchMenu, kViewMenu, kComparisonCommands, kFileChanges, kHelpMenu);
 
 consteval bool isInOrder()
 {

@@ -12,6 +12,7 @@
 
 namespace quorvin {
 
+class FilelistFiltering;
 class FilelistModel;
 
 /// The files of a window as it shows them: those of the whole list that no filter hides, in the order of the
@@ -30,11 +31,21 @@ public:
     int rowInWholeList(int row) const;
     const std::vector<FilelistItemPtr> &files() const;
 
+    /// From now on only files that pass are shown. `filter` must outlive this object.
+    void setFilter(const FilelistFiltering &filter);
+    /// Other files pass than before. With many of them here and there the model is reset.
+    void rearrange();
+
     /// Rows are just being taken out: they are still there, and nobody may lean on them.
     bool isLosingRows() const { return _isLosingRows; }
 
+protected:
+    bool filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const override;
+
 private:
     FilelistModel &_whole;
+    const FilelistFiltering *_filter = nullptr;
+    std::vector<bool> _decided; ///< by the row of the whole list, while it is arranged anew; else empty
     mutable std::optional<std::vector<FilelistItemPtr>> _files; ///< made when asked for
     bool _isLosingRows = false;
 };

@@ -8,17 +8,12 @@
 #include "shell/desktop/BackgroundRun.h"
 #include "shell/filelist/Disposal.h"
 
+#include <QScopedValueRollback>
+
 #include <algorithm>
 #include <utility>
 
 namespace quorvin {
-
-namespace {
-
-/// Whoever shows a selection takes long for one of thousands of ranges.
-constexpr int kMostRanges = 1000;
-
-} // namespace
 
 FilelistController::FilelistController(const LiveSettings &settings, QObject *parent)
     : QObject(parent), _reading(settings)
@@ -35,6 +30,9 @@ FilelistController::FilelistController(const LiveSettings &settings, QObject *pa
     connect(&_arranged, &ArrangedFilelist::layoutChanged, this,
             &FilelistController::arrangedObjectsDidChange);
     connect(&_arranged, &ArrangedFilelist::modelReset, this, &FilelistController::arrangedObjectsDidChange);
+    connect(&_filter, &FilelistFiltering::didChange, this, &FilelistController::arrange);
+    _filter.setCriteria({.hideUnknownFiles = settings.boolean(Setting::hideUnknownFiles)});
+    _arranged.setFilter(_filter);
 }
 
 FilelistController::~FilelistController()
@@ -113,8 +111,23 @@ void FilelistController::insertFiles(int index, const std::vector<FilelistItemPt
     updateTotals();
 }
 
+void FilelistController::arrange()
+{
+    if (_isWindowClosing)
+        return;
+    {
+        const QScopedValueRollback arranging(_isArranging, true);
+        _selection.rearrange(worker().currentFile());
+    }
+    selectionDidChange();
+    updateTotals();
+    Q_EMIT windowArrangedFilelistDidChange();
+}
+
 void FilelistController::arrangedObjectsDidChange()
 {
+    if (_isArranging)
+        return;
     // Whoever shows the rows has to learn of the change before a row is selected.
     QMetaObject::invokeMethod(this, &FilelistController::selectionDidChange, Qt::QueuedConnection);
     updateTotals();
@@ -129,42 +142,9 @@ void FilelistController::fileIsReady(const DataCacherDelivery &delivery)
     Q_EMIT stateDidChange();
 }
 
-int FilelistController::selectedRow() const
-{
-    const QModelIndex current = _selection.currentIndex();
-    if (current.isValid() && _selection.isSelected(current))
-        return current.row();
-    const auto rows = selectedRows();
-    return rows.empty() ? -1 : rows.front();
-}
-
-std::vector<int> FilelistController::selectedRows() const
-{
-    std::vector<int> rows;
-    for (const QItemSelectionRange &range : _selection.selection()) {
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            rows.push_back(row);
-    }
-    std::ranges::sort(rows);
-    return rows;
-}
-
-int FilelistController::selectedCount() const
-{
-    int count = 0;
-    for (const QItemSelectionRange &range : _selection.selection())
-        count += range.height();
-    return count;
-}
-
-void FilelistController::selectRow(int row)
-{
-    _selection.setCurrentIndex(_arranged.index(row, 0), QItemSelectionModel::ClearAndSelect);
-}
-
 void FilelistController::selectionDidChange()
 {
-    if (_arranged.isLosingRows())
+    if (_isArranging || _arranged.isLosingRows())
         return;
     const int row = selectedRow();
     if (row < 0 && _arranged.rowCount() > 0)
@@ -294,31 +274,8 @@ void FilelistController::undoRemoval()
     _reading.add(back.files);
     _selection.reset();
     _whole.insertFilesAt(back.rows, back.files);
-    selectFiles(back.files);
+    _selection.selectFiles(back.files);
     updateTotals();
-}
-
-void FilelistController::selectFiles(const std::vector<FilelistItemPtr> &files)
-{
-    std::vector<int> rows;
-    rows.reserve(files.size());
-    for (const FilelistItemPtr &file : files) {
-        if (const int row = _arranged.rowOf(file); row >= 0)
-            rows.push_back(row);
-    }
-    std::ranges::sort(rows);
-    QItemSelection selection;
-    for (std::size_t first = 0; first < rows.size() && selection.size() < kMostRanges;) {
-        std::size_t last = first;
-        while (last + 1 < rows.size() && rows[last + 1] == rows[last] + 1)
-            ++last;
-        selection.append({_arranged.index(rows[first], 0), _arranged.index(rows[last], 0)});
-        first = last + 1;
-    }
-    if (selection.isEmpty())
-        return;
-    _selection.select(selection, QItemSelectionModel::Select);
-    _selection.setCurrentIndex(selection.front().topLeft(), QItemSelectionModel::NoUpdate);
 }
 
 void FilelistController::selectNextFailed()
@@ -345,7 +302,7 @@ bool FilelistController::canExport() const
 
 bool FilelistController::canExportAll() const
 {
-    return worker().processingIsDone() && !_reading.isUnderWay() && !filelist().empty();
+    return worker().processingIsDone() && !_reading.isUnderWay() && _arranged.rowCount() > 0;
 }
 
 std::vector<MapLocationInfo> FilelistController::allMapLocationInfo() const

@@ -8,12 +8,12 @@
 #include "model/Error.h"
 #include "shell/filelist/ArrangedFilelist.h"
 #include "shell/filelist/FileReading.h"
+#include "shell/filelist/FilelistFiltering.h"
 #include "shell/filelist/FilelistModel.h"
+#include "shell/filelist/FilelistSelection.h"
 #include "shell/filelist/FolderWalks.h"
 #include "shell/filelist/RemovedFiles.h"
 #include "shell/session/LiveSettings.h"
-
-#include <QItemSelectionModel>
 
 #include <functional>
 #include <vector>
@@ -48,7 +48,9 @@ public:
     const std::vector<FilelistItemPtr> &filelist() const { return _whole.files(); }
     ArrangedFilelist &arranged() { return _arranged; }
     const ArrangedFilelist &arranged() const { return _arranged; }
-    QItemSelectionModel &selection() { return _selection; }
+    FilelistSelection &selection() { return _selection; }
+    /// What narrows the arranged list.
+    FilelistFiltering &filtering() { return _filter; }
     const WindowWorker &worker() const { return _reading.worker(); }
     FolderWalks &walks() { return _walks; }
     bool isWalking() const { return _walks.isUnderWay(); }
@@ -57,13 +59,11 @@ public:
     /// It has never been given files, or is empty again.
     bool isUntouched() const;
 
-    /// The row of the current file where it is selected, else the first selected one; -1 for none.
-    int selectedRow() const;
-    /// In their order.
-    std::vector<int> selectedRows() const;
-    int selectedCount() const;
-    /// Selects that row alone.
-    void selectRow(int row);
+    /// As those of `selection`.
+    int selectedRow() const { return _selection.selectedRow(); }
+    std::vector<int> selectedRows() const { return _selection.rows(); }
+    int selectedCount() const { return _selection.count(); }
+    void selectRow(int row) { _selection.selectRow(row); }
     /// Makes the file of that row the current one; with -1 and an empty list, none.
     void showFileAtIndex(int row);
 
@@ -126,22 +126,23 @@ private:
     void takeFiles(const FolderWalks::Request &request, const std::vector<FilelistItemPtr> &files);
     void replaceContent(const std::vector<FilelistItemPtr> &files, const QStringList &roots);
     void insertFiles(int index, const std::vector<FilelistItemPtr> &files);
+    void arrange();
     void arrangedObjectsDidChange();
     void selectionDidChange();
     void fileIsReady(const DataCacherDelivery &delivery);
     void readAgain(const std::vector<FilelistItemPtr> &files);
     void reprocess(const FilelistItemPtr &file);
-    /// Those that are shown, in addition; the first of them is the keyboard's place.
-    void selectFiles(const std::vector<FilelistItemPtr> &files);
     void updateTotals();
 
     FileReading _reading;
     FilelistModel _whole;
     ArrangedFilelist _arranged{_whole};
-    QItemSelectionModel _selection{&_arranged};
+    FilelistSelection _selection{_arranged};
+    FilelistFiltering _filter{_whole};
     FilelistTotals _totals;
     FolderWalks _walks;
     RemovedFiles _removed;
+    bool _isArranging = false; ///< rows come and go, and nobody is to lean on them
     bool _isWindowClosing = false;
 };
 

@@ -48,13 +48,14 @@ InfoView::InfoView(LiveSettings &settings, QWidget *parent)
       _pages(new QStackedWidget),
       _noFile(new EmptyPane(QStringLiteral("drop-files"))),
       _walk(new EmptyPane(QStringLiteral("drop-files"))),
+      _nothingPasses(new EmptyPane(QStringLiteral("edit-find"))),
       _failure(new FailurePane),
       _waiting(new EmptyPane(QStringLiteral("icon-dashedbox"))),
       _general(new GeneralPane),
-      _extended(new ExtendedPane),
+      _extended(new ExtendedPane(settings)),
       _comparison(new ComparisonPane(settings)),
       _custom(new EmptyPane(QStringLiteral("view-report"))),
-      _panes{_noFile, _walk, _failure, _waiting, _general, _extended, _comparison, _custom},
+      _panes{_noFile, _walk, _nothingPasses, _failure, _waiting, _general, _extended, _comparison, _custom},
       _skip(_waiting->addButton(tr("&Skip"), EmptyPane::UnderHint))
 {
     auto *column = new QVBoxLayout(this);
@@ -82,6 +83,8 @@ void InfoView::connectPanes()
             &InfoView::openWanted);
     connect(_walk->addButton(tr("&Cancel"), EmptyPane::UnderHint), &QPushButton::clicked, this,
             &InfoView::cancelWalkWanted);
+    connect(_nothingPasses->addButton(tr("Show &All Files"), EmptyPane::UnderHint), &QPushButton::clicked,
+            this, &InfoView::showAllWanted);
     connect(_failure, &FailurePane::retryWanted, this, &InfoView::retryWanted);
     connect(_failure, &FailurePane::preferencesWanted, this, &InfoView::preferencesWanted);
     _report = _custom->addButton(tr("&Raw Report…"), EmptyPane::UnderHint);
@@ -109,6 +112,8 @@ void InfoView::setCurrentTab(Tab tab)
 
 Pane *InfoView::wantedPane() const
 {
+    if (!_hasFile && _isAllHidden)
+        return _nothingPasses;
     if (!_hasFile)
         return _isWalking ? _walk : _noFile;
     if (_tab == Tab::Comparison)
@@ -136,6 +141,19 @@ void InfoView::showNoFile()
 {
     clear();
     _hasFile = false;
+    _isAllHidden = false;
+    showPage();
+}
+
+void InfoView::showNothingPasses(const QStringList &filters, bool isReading)
+{
+    clear();
+    _hasFile = false;
+    _isAllHidden = true;
+    const QString hint = filters.join(u'\n');
+    _nothingPasses->setTexts(filters.size() == 1 ? tr("No file passes the filter")
+                                                 : tr("No file passes all filters"),
+                             isReading ? tr("%1\n\nFiles appear as they are read.").arg(hint) : hint);
     showPage();
 }
 

@@ -43,6 +43,8 @@ public:
 
     /// The window has no file.
     void showNoFile();
+    /// It has some, but these filters let none of them pass. `isReading`: some may come.
+    void showNothingPasses(const QStringList &filters, bool isReading);
     /// A file of which nothing is known yet.
     void clear();
     void showRecord(const QuorvinDataPtr &record);
@@ -74,9 +76,11 @@ public:
     ComparisonView &comparison();
     /// The row of that parameter in Extended, which is current, as `rowOfParameter` finds it.
     void showParameter(const QString &section, quint32 stream, const QString &key);
+    ExtendedPane &extended() { return *_extended; }
 
 Q_SIGNALS:
     void openWanted();
+    void showAllWanted();
     void cancelWalkWanted();
     void retryWanted();
     void preferencesWanted();
@@ -103,18 +107,20 @@ private:
     QStackedWidget *_pages;
     EmptyPane *_noFile;
     EmptyPane *_walk;
+    EmptyPane *_nothingPasses;
     FailurePane *_failure;
     EmptyPane *_waiting;
     GeneralPane *_general;
     ExtendedPane *_extended;
     ComparisonPane *_comparison;
     EmptyPane *_custom;
-    const std::array<Pane *, 8> _panes; ///< all of these
+    const std::array<Pane *, 9> _panes; ///< all of these
     QPushButton *_skip;
     QPushButton *_report = nullptr;
     QString _path;
     Tab _tab = Tab::General;
     bool _hasFile = false;
+    bool _isAllHidden = false;
     bool _hasFailed = false;
     bool _isWalking = false;
     bool _isWaiting = false;

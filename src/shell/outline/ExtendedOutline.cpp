@@ -3,6 +3,7 @@
 
 #include "shell/outline/ExtendedOutline.h"
 
+#include "shell/outline/HitPlaces.h"
 #include "shell/outline/OutlineCopy.h"
 #include "shell/outline/OutlineDelegate.h"
 #include "shell/outline/OutlineHeader.h"
@@ -69,52 +70,42 @@ void ExtendedOutline::noteToggle(const QModelIndex &index, bool opens)
     updateStickyGroup();
 }
 
-void ExtendedOutline::setContent(ExtTreeItems items)
+void ExtendedOutline::setContent(ExtTreeItems items, bool opensAll)
 {
-    notePlaces();
+    _places.note(*this, _content, _sticky->isHidden() ? 0 : _sticky->height());
     _content.setContent(std::move(items));
-    expandAllItems();
-    restorePlaces();
-}
-
-void ExtendedOutline::notePlaces()
-{
-    if (_content.rowCount() == 0)
-        return;
-    const int scrolled = verticalScrollBar()->value();
-    if (std::exchange(_unplacedAt, -1) == scrolled)
-        return;
-    const QModelIndex current = currentIndex();
-    _currentRow = current.isValid() ? std::optional(RowPlace(_content, current)) : std::nullopt;
-    const QRect seen = current.isValid() ? visualRect(current) : QRect();
-    const bool isSeen = !seen.isEmpty() && viewport()->rect().intersects(seen);
-    const QModelIndex top
-        = isSeen ? current : indexAt({viewport()->width() / 2, _sticky->isHidden() ? 0 : _sticky->height()});
-    _topRow = scrolled > 0 && top.isValid() ? std::optional(RowPlace(_content, top)) : std::nullopt;
-    _topRowY = top.isValid() ? visualRect(top).top() : 0;
-}
-
-void ExtendedOutline::restorePlaces()
-{
+    expandAllItems(opensAll);
     if (_content.rowCount() == 0)
         return;
     executeDelayedItemsLayout();
-    if (const QModelIndex current = _currentRow ? _currentRow->exactIn(_content) : QModelIndex();
-        current.isValid())
-        selectionModel()->setCurrentIndex(current,
-                                          QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    QScrollBar *bar = verticalScrollBar();
-    const QModelIndex top = _topRow ? _topRow->nearestIn(_content) : QModelIndex();
-    if (top.isValid() && !visualRect(top).isEmpty())
-        bar->setValue(bar->value() + visualRect(top).top() - _topRowY);
-    else
-        bar->setValue(0);
-    // The user may go on to a file that has the row, without having looked for another one.
-    _unplacedAt = _topRow && !_topRow->exactIn(_content).isValid() ? bar->value() : -1;
+    _places.restore(*this, _content);
     updateStickyGroup();
 }
 
-void ExtendedOutline::expandAllItems()
+void ExtendedOutline::setSearch(const QString &text)
+{
+    _delegate->hits = SearchText(text);
+    viewport()->update();
+}
+
+bool ExtendedOutline::selectHit(bool backwards, bool fromEnd)
+{
+    const QModelIndex hit
+        = nextHit(_content, _delegate->hits, fromEnd ? QModelIndex() : currentIndex(), backwards);
+    if (!hit.isValid())
+        return false;
+    {
+        // A group that the user has closed opens for this hit, and is not noted as open.
+        const QScopedValueRollback toggling(_isToggling, true);
+        for (QModelIndex above = hit.parent(); above.isValid(); above = above.parent())
+            expand(above);
+    }
+    setCurrentIndex(hit);
+    scrollTo(hit);
+    return true;
+}
+
+void ExtendedOutline::expandAllItems(bool opensAll)
 {
     const QScopedValueRollback toggling(_isToggling, true);
     setUpdatesEnabled(false);
@@ -128,7 +119,7 @@ void ExtendedOutline::expandAllItems()
             if (!item->children())
                 continue;
             setFirstColumnSpanned(row, above, true);
-            setExpanded(index, _groups.shouldExpandItem(*item, true));
+            setExpanded(index, opensAll || _groups.shouldExpandItem(*item, true));
             open.push_back(index);
         }
     }

@@ -5,11 +5,9 @@
 
 #include "shell/outline/ExtTreeModel.h"
 #include "shell/outline/GroupMemory.h"
-#include "shell/outline/RowPlace.h"
+#include "shell/outline/OutlinePlaces.h"
 
 #include <QTreeView>
-
-#include <optional>
 
 namespace quorvin {
 
@@ -27,8 +25,15 @@ public:
 
     const ExtTreeModel &content() const { return _content; }
     /// Shows the tree, its groups open but for those that were closed before, and scrolled so that the row
-    /// that was looked at stands where it stood, if this tree has it too.
-    void setContent(ExtTreeItems items);
+    /// that was looked at stands where it stood, if this tree has it too. `opensAll`: also what was closed,
+    /// which stays so in other trees.
+    void setContent(ExtTreeItems items, bool opensAll = false);
+
+    /// Marks the text wherever it stands; "" marks nothing.
+    void setSearch(const QString &text);
+    /// Selects the next row that has it, or the one before, from the selected row or, at an end, from that
+    /// end. False when there is none.
+    bool selectHit(bool backwards, bool fromEnd);
 
     void expandAllIn();
     void collapseAllIn();
@@ -74,7 +79,7 @@ protected:
 
 private:
     /// Opens all items, but for the groups that are to stay closed.
-    void expandAllItems();
+    void expandAllItems(bool opensAll);
     void setAllExpanded(bool expanded);
     void noteToggle(const QModelIndex &index, bool opens);
     bool isOnDisclosureSign(const QPoint &position, const QModelIndex &index) const;
@@ -85,18 +90,13 @@ private:
     QModelIndex groupOfFirstRow() const;
     int stickyHeight() const;
     void updateStickyGroup();
-    void notePlaces();
-    void restorePlaces();
 
     ExtTreeModel _content;
     GroupMemory _groups;
     OutlineDelegate *_delegate;
     OutlineHeader *_header;
     StickyGroup *_sticky;
-    std::optional<RowPlace> _topRow; ///< the row that is to stay where it is from file to file
-    std::optional<RowPlace> _currentRow;
-    int _topRowY = 0; ///< in the viewport
-    int _unplacedAt = -1; ///< where a tree without that row was shown; -1: the last one has it
+    OutlinePlaces _places;
     bool _isToggling = false; ///< groups open and close without the user
     bool _isLayingOut = false;
 };

@@ -5,6 +5,7 @@
 
 #include "export/HtmlText.h"
 #include "shell/outline/ExtTreeModel.h"
+#include "shell/outline/HitPlaces.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -25,6 +26,8 @@ namespace {
 
 constexpr qsizetype kMostTipLetters = 1'000;
 constexpr int kLead = 2; ///< above and below a text
+constexpr std::size_t kMostMarks = 200; ///< of hits in one cell
+constexpr float kMarkStrength = 0.35F; ///< of the ground behind a hit
 
 QString markupOf(const QString &text)
 {
@@ -93,6 +96,23 @@ CellText OutlineDelegate::cellOf(const QFont &font, const QModelIndex &index) co
     cell.alignment = toTheRight ? Qt::AlignTrailing : Qt::AlignLeading;
     cell.formats = formatsOf(index, cell.length());
     return cell;
+}
+
+void OutlineDelegate::markHits(CellText &cell, const QModelIndex &index, const QPalette &palette,
+                               bool selected) const
+{
+    if (hits.isEmpty() || index.data(ExtTreeModel::GroupRole).toBool())
+        return;
+    QColor ground
+        = palette.color(QPalette::Active, selected ? QPalette::HighlightedText : QPalette::Highlight);
+    ground.setAlphaF(kMarkStrength);
+    QTextCharFormat mark;
+    mark.setBackground(ground);
+    // The colour alone is no sign for everybody.
+    mark.setFontUnderline(true);
+    const QString text = index.data().toString().left(cell.length());
+    for (const LetterRange &place : hitPlaces(hits, text, kMostMarks))
+        cell.formats.append({static_cast<int>(place.start), static_cast<int>(place.length), mark});
 }
 
 int OutlineDelegate::textWidth(const QModelIndex &index) const
@@ -202,6 +222,8 @@ void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
 
     CellText cell = cellOf(option.font, index);
     cell.alignment = QStyle::visualAlignment(option.direction, cell.alignment) | Qt::AlignAbsolute;
+    const bool selected = own.state.testFlag(QStyle::State_Selected);
+    markHits(cell, index, own.palette, selected);
     const QRect inner = textRect(option.rect);
     QTextLayout layout;
     const CellText::Extent extent = cell.layOut(layout, std::max(inner.width(), 1));
@@ -213,7 +235,6 @@ void OutlineDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     const int room = inner.height() - metrics.height();
     const int above = room > 0 && option.rect.height() <= minimumRowHeight ? room / 2 : 0;
     const qreal top = inner.top() + above + metrics.ascent() - extent.firstAscent;
-    const bool selected = own.state.testFlag(QStyle::State_Selected);
     const auto group = own.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
     painter->save();
     painter->setClipRect(option.rect);

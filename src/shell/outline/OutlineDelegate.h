@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/SearchText.h"
 #include "shell/outline/CellHeights.h"
 #include "shell/outline/CellText.h"
 
@@ -31,6 +32,7 @@ public:
 
     bool wrapsLongLines = true;
     bool rightAlignsParameters = true;
+    SearchText hits{QString()}; ///< marked wherever it stands
     int minimumRowHeight = 0; ///< device-independent pixels
 
     /// Room above a group, beyond that of other rows. It is in the height of the row, and whoever draws the
@@ -56,6 +58,8 @@ public:
                      const QModelIndex &index) override;
 
 private:
+    /// Adds the marks of what is looked for.
+    void markHits(CellText &cell, const QModelIndex &index, const QPalette &palette, bool selected) const;
     CellText cellOf(const QFont &font, const QModelIndex &index) const;
     int textWidth(const QModelIndex &index) const;
     CellHeights::Place placeOf(const QModelIndex &index) const;

@@ -8,6 +8,7 @@
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/filelist/FilelistController.h"
+#include "shell/filelist/FilelistPane.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/filelist/SelectionSum.h"
 #include "shell/info/InfoView.h"
@@ -31,8 +32,9 @@ MainView::MainView(LiveSettings &settings, FilelistController &files, QWidget *p
     : QWidget(parent),
       _files(files),
       _table(new FilelistTable(files.arranged(), files.selection())),
+      _list(new FilelistPane(files, _table)),
       _info(new InfoView(settings)),
-      _sidebar(new SidebarSplitView(_table, _info)),
+      _sidebar(new SidebarSplitView(_list, _info)),
       _status(new StatusLine),
       _sum(new SelectionSum(files, this))
 {
@@ -136,13 +138,21 @@ void MainView::showCurrentFile()
 {
     const FilelistItemPtr &file = _files.worker().currentFile();
     if (!file)
-        _info->showNoFile();
+        showNoFile();
     else if (file->isFailed() || file->quorvinData())
         showCurrentResult();
     else if (_files.worker().isUnread(file))
         _info->showUnread();
     else
         _info->clear();
+}
+
+void MainView::showNoFile()
+{
+    if (_files.filelist().empty())
+        _info->showNoFile();
+    else
+        _info->showNothingPasses(_list->filterTexts(), _files.isReading());
 }
 
 void MainView::showCurrentResult()
@@ -168,6 +178,8 @@ void MainView::showTotals()
 {
     _status->setTotals(_files.totals());
     _status->setProgress(_files.worker());
+    if (!_files.worker().currentFile())
+        showNoFile();
 }
 
 } // namespace quorvin

@@ -13,6 +13,7 @@
 namespace quorvin {
 
 class FilelistController;
+class FilelistPane;
 class FilelistTable;
 class InfoView;
 class LiveSettings;
@@ -29,6 +30,7 @@ public:
     MainView(LiveSettings &settings, FilelistController &files, QWidget *parent = nullptr);
 
     FilelistTable &table() { return *_table; }
+    FilelistPane &list() { return *_list; }
     InfoView &info() { return *_info; }
     SidebarSplitView &sidebar() { return *_sidebar; }
     StatusLine &statusLine() { return *_status; }
@@ -39,6 +41,7 @@ private:
     void connectWalks();
     void showCurrentFile();
     void showCurrentResult();
+    void showNoFile();
     void showWait();
     void tellWalk(const QStringList &paths, std::size_t files,
                   const std::vector<FilelistFiller::Problem> &problems);
@@ -47,6 +50,7 @@ private:
 
     FilelistController &_files;
     FilelistTable *_table;
+    FilelistPane *_list; ///< the table, and what stands over it
     InfoView *_info;
     SidebarSplitView *_sidebar;
     StatusLine *_status;

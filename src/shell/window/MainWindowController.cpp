@@ -15,8 +15,11 @@
 #include "shell/window/CopyDrops.h"
 #include "shell/window/DropHint.h"
 #include "shell/window/FileCommands.h"
+#include "shell/window/FilterCommands.h"
+#include "shell/window/FindCommands.h"
 #include "shell/window/ListCommands.h"
 #include "shell/window/MainView.h"
+#include "shell/window/MenuKeys.h"
 #include "shell/window/OpenPanels.h"
 #include "shell/window/OpenWithMenu.h"
 #include "shell/window/SidebarSplitView.h"
@@ -28,13 +31,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
-#include <QShortcut>
 #include <QStyle>
 #include <QTimer>
 
@@ -58,6 +59,7 @@ MainWindowController::MainWindowController(Session &session)
       _export(new ExportController(session.settings, this)),
       _listCommands(new ListCommands(*_view, _files, *_export, this)),
       _compare(new CompareCommands(session.settings, *_view, _files, this)),
+      _filterCommands(new FilterCommands(session.settings, *_view, _files, this)),
       _drags(new FilelistDrags(_files, session, this)),
       _dropHint(new DropHint(_view))
 {
@@ -65,15 +67,18 @@ MainWindowController::MainWindowController(Session &session)
     setAcceptDrops(true);
     new CopyDrops(this);
     _view->table().setDrags(*_drags);
+    new FindCommands(*_view, _files, this);
     connect(_drags, &FilelistDrags::hintDidChange, _dropHint, &DropHint::tell);
     setCentralWidget(_view);
     setUpCommands();
-    addToolBar(new ToolBar(*_commands));
+    auto *bar = new ToolBar(*_commands);
+    addToolBar(bar);
+    _filterCommands->follow(bar->globalSearchField());
     // Readers go by this order: menus and tool bar come before the content.
     _view->raise();
     connectView();
     connectExport();
-    setUpMenuKeys();
+    new MenuKeys(this);
     setMinimumHeight(kMinimumHeight);
     restoreFrame();
     updateWindowTitle();
@@ -100,6 +105,7 @@ void MainWindowController::setUpCommands()
     _commands->menu(CommandMenu::File)->insertMenu(_commands->action(Command::revealInFinder), _openWith);
     _listCommands->registerAt(*_commands);
     _compare->registerAt(*_commands);
+    _filterCommands->registerAt(*_commands);
     registerCommands();
     connect(_commands, &CommandSet::didRun, this, &MainWindowController::validateCommands);
 }
@@ -125,20 +131,6 @@ void MainWindowController::registerCommands()
     on(Command::toggleSidebar, [this] { _sidebars->toggle(); });
     on(Command::clickWrapLongLines, [this] { _session.settings.toggle(Setting::wrapLongLines); });
     on(Command::toggleFullScreen, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
-}
-
-void MainWindowController::setUpMenuKeys()
-{
-    connect(new QShortcut(QKeySequence(Qt::Key_F10), this), &QShortcut::activated, this, [this] {
-        menuBar()->setFocus(Qt::MenuBarFocusReason);
-        menuBar()->setActiveAction(menuBar()->actions().constFirst());
-    });
-    connect(new QShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10), this), &QShortcut::activated, this, [] {
-        if (QWidget *focus = QApplication::focusWidget()) {
-            QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), focus->mapToGlobal(QPoint()));
-            QApplication::sendEvent(focus, &event);
-        }
-    });
 }
 
 void MainWindowController::connectView()
@@ -268,6 +260,7 @@ CommandState MainWindowController::commandState() const
     _fileCommands->describe(state);
     _listCommands->describe(state);
     _compare->describe(state);
+    _filterCommands->describe(state);
     return state;
 }
 

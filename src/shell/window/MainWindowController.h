@@ -19,6 +19,7 @@ class ExportController;
 class DropHint;
 class FileCommands;
 class FilelistDrags;
+class FilterCommands;
 class ListCommands;
 class MainView;
 class OpenWithMenu;
@@ -77,7 +78,6 @@ private:
     };
 
     void setUpCommands();
-    void setUpMenuKeys();
     void connectView();
     void connectExport();
     void restoreFrame();
@@ -101,6 +101,7 @@ private:
     ExportController *_export;
     ListCommands *_listCommands;
     CompareCommands *_compare;
+    FilterCommands *_filterCommands;
     FilelistDrags *_drags;
     DropHint *_dropHint;
     Keyboard _keyboard;

@@ -5,6 +5,7 @@
 
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/AccessibleRole.h"
+#include "shell/window/FindField.h"
 #include "shell/window/TabSelector.h"
 
 #include <QAction>
@@ -19,13 +20,15 @@ namespace {
 
 constexpr int kIconSide = 18;
 constexpr int kMargin = 4;
+constexpr int kFieldWidth = 220;
 
 } // namespace
 
 ToolBar::ToolBar(const CommandSet &commands, QWidget *parent)
     : QToolBar(tr("Tool Bar"), parent),
       _tabs(new TabSelector(commands.actionsAt(CommandPlace::TabSelector), this)),
-      _room(new QWidget)
+      _room(new QWidget),
+      _globalSearchField(new FindField(this))
 {
     setObjectName(QStringLiteral("toolbar"));
     setMovable(false);
@@ -38,20 +41,27 @@ ToolBar::ToolBar(const CommandSet &commands, QWidget *parent)
         if (action != sidebar)
             addAction(action);
     }
-    for (QAction *action : actions())
-        widgetForAction(action)->setAccessibleDescription(action->statusTip());
     setAccessibleRole(_room, QAccessible::Whitespace);
     _room->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     _room->setMinimumSize(_tabs->sizeHint() + QSize(0, 2 * kMargin));
-    addWidget(_room);
+    QAction *room = addWidget(_room);
+    for (QAction *action : commands.actionsAt(CommandPlace::ToolBarEnd))
+        addAction(action);
+    _findButton = widgetForAction(commands.action(Command::performProjectFind));
+    for (QAction *action : actions()) {
+        if (action != room)
+            widgetForAction(action)->setAccessibleDescription(action->statusTip());
+    }
     _tabs->raise();
 }
 
 bool ToolBar::event(QEvent *event)
 {
     const bool handled = QToolBar::event(event);
-    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest)
+    if (event->type() == QEvent::Resize || event->type() == QEvent::LayoutRequest) {
         centreTabs();
+        placeField();
+    }
     return handled;
 }
 
@@ -71,6 +81,18 @@ void ToolBar::centreTabs()
     const int left = std::clamp((width() - size.width()) / 2, room.left(),
                                 std::max(room.right() + 1 - size.width(), room.left()));
     _tabs->setGeometry(QRect(QPoint(left, room.center().y() - size.height() / 2), size));
+}
+
+void ToolBar::placeField()
+{
+    const int width = std::min(kFieldWidth, this->width() / 2);
+    const int height = _globalSearchField->sizeHint().height();
+    QRect place(0, (this->height() - height) / 2, width, height);
+    if (isRightToLeft())
+        place.moveLeft(_findButton->geometry().left());
+    else
+        place.moveRight(_findButton->geometry().right());
+    _globalSearchField->place(place, place.adjusted(-kMargin, 0, kMargin, 0).intersects(_tabs->geometry()));
 }
 
 } // namespace quorvin

@@ -8,13 +8,17 @@
 namespace quorvin {
 
 class CommandSet;
+class FindField;
 
-/// The tool bar of a window: commands at its start, the tabs in its middle.
+/// The tool bar of a window: commands at its start, the tabs in its middle, the search of all files at its
+/// end.
 class ToolBar : public QToolBar {
     Q_OBJECT
 public:
     /// `commands` must outlive the bar.
     explicit ToolBar(const CommandSet &commands, QWidget *parent = nullptr);
+
+    FindField &globalSearchField() { return *_globalSearchField; }
 
     /// All of it: nothing gives way into a menu of its own.
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -26,9 +30,12 @@ protected:
 
 private:
     void centreTabs();
+    void placeField();
 
     QWidget *_tabs; ///< stands free, over the room that is kept for it
     QWidget *_room;
+    FindField *_globalSearchField; ///< comes up over its button
+    QWidget *_findButton = nullptr;
 };
 
 } // namespace quorvin

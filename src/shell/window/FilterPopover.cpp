@@ -1,0 +1,115 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/window/FilterPopover.h"
+
+#include "filter/ParameterNames.h"
+#include "shell/desktop/Counts.h"
+#include "shell/filelist/FilelistController.h"
+#include "shell/filelist/FilelistTable.h"
+#include "shell/filelist/RuleEditor.h"
+#include "shell/window/MainView.h"
+
+#include <QEvent>
+
+namespace quorvin {
+
+namespace {
+
+constexpr QSize kMostPopover(640, 360);
+constexpr int kPopoverMargin = 12;
+
+QStringList namesIn(const std::vector<QuorvinDataPtr> &records, const RunControl &run)
+{
+    ParameterNames names;
+    for (const QuorvinDataPtr &record : records) {
+        if (run.isStopped())
+            return {};
+        names.add(*record);
+    }
+    return names.names();
+}
+
+} // namespace
+
+FilterPopover::FilterPopover(LiveSettings &settings, MainView &view, FilelistController &files,
+                             QObject *parent)
+    : QObject(parent), _view(view), _files(files), _editor(new RuleEditor(settings, &view))
+{
+    _editor->hide();
+    view.installEventFilter(this);
+    FilelistFiltering &filtering = files.filtering();
+    connect(_editor, &RuleEditor::closeWanted, this, &FilterPopover::close);
+    connect(_editor, &RuleEditor::ruleDidChange, &filtering, [&filtering](const Rule &rule) {
+        FilelistFilter criteria = filtering.criteria();
+        criteria.rule = rule;
+        filtering.setCriteria(criteria);
+    });
+    connect(&filtering, &FilelistFiltering::criteriaDidChange, this,
+            [this, &filtering] { _editor->setRule(filtering.criteria().rule); });
+    connect(&files, &FilelistController::totalsDidChange, this, &FilterPopover::showMatches);
+}
+
+void FilterPopover::toggle()
+{
+    if (_editor->isVisible())
+        return close();
+    place();
+    _editor->show();
+    _editor->raise();
+    _editor->edit();
+    collectNames();
+    showMatches();
+}
+
+void FilterPopover::close()
+{
+    const bool hadKeyboard = _editor->isAncestorOf(_view.window()->focusWidget());
+    _editor->hide();
+    if (hadKeyboard)
+        _view.table().setFocus();
+}
+
+void FilterPopover::place()
+{
+    const QSize size = kMostPopover.boundedTo(_view.size() - QSize(2 * kPopoverMargin, 2 * kPopoverMargin));
+    // Under its button at the end of the tool bar, so that the list stays in sight.
+    const int left = _view.isRightToLeft() ? kPopoverMargin : _view.width() - size.width() - kPopoverMargin;
+    _editor->setGeometry(QRect(QPoint(left, kPopoverMargin), size));
+}
+
+void FilterPopover::collectNames()
+{
+    std::vector<QuorvinDataPtr> records;
+    for (const FilelistItemPtr &file : _files.filelist()) {
+        if (QuorvinDataPtr record = file->quorvinData())
+            records.push_back(std::move(record));
+    }
+    _names.start(
+        "ParameterNames",
+        [records = std::move(records)](const RunControl &run) { return namesIn(records, run); },
+        [this](const QStringList &names) { _editor->setNames(names); });
+}
+
+void FilterPopover::showMatches()
+{
+    if (!_editor->isVisible())
+        return;
+    const FilelistFiltering &filtering = _files.filtering();
+    if (filtering.criteria().rule.isEmpty())
+        return _editor->setMatches(tr("No rule: all files match"));
+    if (filtering.isSearching())
+        return _editor->setMatches(tr("Searching…"));
+    _editor->setMatches(tr("%1 of %2 match the rule")
+                            .arg(groupedCount(filtering.countOfRule()),
+                                 countOfFiles(static_cast<qint64>(_files.filelist().size()))));
+}
+
+bool FilterPopover::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize)
+        place();
+    return QObject::eventFilter(watched, event);
+}
+
+} // namespace quorvin
