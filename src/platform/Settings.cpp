@@ -81,6 +81,8 @@ constexpr std::array kTable{
     row<Setting::extComparisonColumnWidths>(String, ""),
     row<Setting::watchedParameters>(String, ""),
     row<Setting::savedRules>(String, ""),
+    row<Setting::quickInfoFrame>(String, ""),
+    row<Setting::quickInfoClosed>(String, ""),
 };
 static_assert(hasRowOfEach(kTable, &SettingRow::setting));
 static_assert(std::ranges::all_of(kTable, [](const SettingRow &row) {

@@ -68,6 +68,8 @@ enum class Setting {
     extComparisonColumnWidths,
     watchedParameters,
     savedRules,
+    quickInfoFrame,
+    quickInfoClosed,
 };
 
 enum class SettingType { Boolean, Integer, Float, String };

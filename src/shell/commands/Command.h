@@ -59,6 +59,7 @@ enum class Command {
     selectPreviousTab,
     selectNextTab,
     toggleSidebar,
+    toggleQuickInfo,
     clickWrapLongLines,
     zoomIn,
     zoomOut,
@@ -111,6 +112,7 @@ struct CommandState {
     bool selectsColumn = false; ///< of a file in the comparison
     bool selectsReference = false; ///< and it is the one that others are held against
     bool sidebarIsCollapsed = false;
+    bool showsQuickInfo = false;
     bool wrapLongLines = false;
     bool isFullScreen = false;
     bool selectsAttribute

@@ -40,15 +40,12 @@ QString kindsText(const std::vector<FileSum::Kind> &kinds)
 }
 
 /// What the files have in common, or that they differ, and how many have any of it where not all do.
-StyledText sharedText(const FileSum::Shared &shared, qint64 records)
+QString sharedText(const FileSum::Shared &shared, qint64 records)
 {
-    StyledText text = shared.text.value_or(StyledText{SheetWords::tr("differs")});
-    if (shared.count < records)
-        text = {SheetWords::tr("%1 (in %2 of %3)")
-                    .arg(text.plain, groupedCount(shared.count), countOfFiles(records))};
-    if (shared.differs())
-        text.italicLength = text.plain.size();
-    return text;
+    const QString text = shared.text ? shared.text->plain : SheetWords::tr("differs");
+    if (shared.count >= records)
+        return text;
+    return SheetWords::tr("%1 (in %2 of %3)").arg(text, groupedCount(shared.count), countOfFiles(records));
 }
 
 QString missingText(const FileSum &sum)
@@ -110,7 +107,7 @@ GeneralSheet sheetOf(const FileSum &sum, bool useSIUnits)
     };
     const auto addShared = [&sheet, &sum](const QString &label, const FileSum::Shared &shared) {
         if (shared.count > 0)
-            sheet.facts.push_back({label, sharedText(shared, sum.records()).plain, shared.differs()});
+            sheet.facts.push_back({label, sharedText(shared, sum.records()), shared.differs()});
     };
     if (sum.mimeName.count == sum.records() && sum.mimeName.text)
         sheet.mimeName = sum.mimeName.text->plain;
@@ -128,7 +125,7 @@ GeneralSheet sheetOf(const FileSum &sum, bool useSIUnits)
     add(SheetWords::tr("Missing"), missingText(sum));
     for (const FileSum::Line &line : sum.lines) {
         if (line.value.count > 0)
-            sheet.lines.push_back({{}, line.name, sharedText(line.value, sum.records())});
+            sheet.lines.push_back({{}, line.name, {sharedText(line.value, sum.records())}});
     }
     return sheet;
 }

@@ -13,6 +13,7 @@
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QMimeData>
+#include <QWheelEvent>
 
 namespace quorvin {
 
@@ -131,6 +132,11 @@ void StreamTable::keyPressEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         return openCurrent();
     QTreeView::keyPressEvent(event);
+}
+
+void StreamTable::wheelEvent(QWheelEvent *event)
+{
+    event->ignore();
 }
 
 void StreamTable::contextMenuEvent(QContextMenuEvent *event)

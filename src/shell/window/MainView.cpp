@@ -73,6 +73,7 @@ void MainView::connectFiles()
     connect(&_files.selection(), &QItemSelectionModel::selectionChanged, this,
             [this] { _status->setSelectedCount(_files.selectedCount()); });
     connect(_sum, &SelectionSum::changed, this, [this] { _info->showSum(_sum->sum()); });
+    connect(_status, &StatusLine::nextFailedWanted, &_files, &FilelistController::selectNextFailed);
     connect(_status, &StatusLine::stopWanted, &_files, &FilelistController::stopReading);
     connect(&_files, &FilelistController::readingDidStop, this, &MainView::tellStop);
     connect(_info, &InfoView::retryWanted, &_files, &FilelistController::refreshInfo);

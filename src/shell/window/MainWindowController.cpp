@@ -22,6 +22,7 @@
 #include "shell/window/MenuKeys.h"
 #include "shell/window/OpenPanels.h"
 #include "shell/window/OpenWithMenu.h"
+#include "shell/window/QuickInfo.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
 #include "shell/window/TabSidebars.h"
@@ -56,6 +57,7 @@ MainWindowController::MainWindowController(Session &session)
       _sidebars(new TabSidebars(_view->sidebar(), session.settings)),
       _commands(new CommandSet(this, &_view->table())),
       _fileCommands(new FileCommands(*_view, _files, this)),
+      _quickInfo(new QuickInfo(_files, session.settings, _view->table(), this)),
       _export(new ExportController(session.settings, this)),
       _listCommands(new ListCommands(*_view, _files, *_export, this)),
       _compare(new CompareCommands(session.settings, *_view, _files, this)),
@@ -106,6 +108,7 @@ void MainWindowController::setUpCommands()
     _listCommands->registerAt(*_commands);
     _compare->registerAt(*_commands);
     _filterCommands->registerAt(*_commands);
+    _quickInfo->registerAt(*_commands);
     registerCommands();
     connect(_commands, &CommandSet::didRun, this, &MainWindowController::validateCommands);
 }
@@ -138,6 +141,7 @@ void MainWindowController::connectView()
     connect(&_files, &FilelistController::currentFileDidChange, this,
             &MainWindowController::updateWindowTitle);
     connect(&_files, &FilelistController::stateDidChange, this, &MainWindowController::validateCommands);
+    connect(_quickInfo, &QuickInfo::stateDidChange, this, &MainWindowController::validateCommands);
     for (const auto signal : {&BackgroundRunBase::started, &BackgroundRunBase::ended})
         connect(&_files.walks().run(), signal, this, &MainWindowController::validateCommands);
     connect(&_files, &FilelistController::filesTaken, this,
@@ -258,6 +262,7 @@ CommandState MainWindowController::commandState() const
     state.currentTab = info.currentTab();
     info.describe(state);
     _fileCommands->describe(state);
+    _quickInfo->describe(state);
     _listCommands->describe(state);
     _compare->describe(state);
     _filterCommands->describe(state);
@@ -272,6 +277,8 @@ void MainWindowController::validateCommands()
     if (!qobject_cast<QMenuBar *>(QApplication::focusWidget())) {
         _keyboard.isInList = _view->table().hasFocus();
         _keyboard.canCopy = _keyboard.isInList ? _files.arranged().rowCount() > 0 : _view->info().canCopy();
+        if (_quickInfo->hasKeyboard())
+            _keyboard.canCopy = _quickInfo->canCopy();
     }
     _openWith->setFile(worker().currentFilePath());
     _commands->validate(commandState());
@@ -279,7 +286,9 @@ void MainWindowController::validateCommands()
 
 void MainWindowController::copy()
 {
-    if (_keyboard.isInList)
+    if (_quickInfo->hasKeyboard())
+        _quickInfo->copy();
+    else if (_keyboard.isInList)
         _view->table().copy();
     else
         _view->info().copy();
@@ -355,6 +364,7 @@ void MainWindowController::windowWillClose()
     if (std::exchange(_isClosed, true))
         return;
     hide();
+    _quickInfo->close();
     _sidebars->save();
     _session.settings.set(Setting::mainWindowFrame, QString::fromLatin1(saveGeometry().toBase64()));
     disconnect(qApp, nullptr, this, nullptr);

@@ -23,6 +23,7 @@ class FilterCommands;
 class ListCommands;
 class MainView;
 class OpenWithMenu;
+class QuickInfo;
 class TabSidebars;
 struct Session;
 
@@ -98,6 +99,7 @@ private:
     CommandSet *_commands;
     FileCommands *_fileCommands;
     OpenWithMenu *_openWith = nullptr;
+    QuickInfo *_quickInfo;
     ExportController *_export;
     ListCommands *_listCommands;
     CompareCommands *_compare;

@@ -30,7 +30,7 @@ QString durationText(qint64 duration)
 }
 
 /// "1 file", "5 files", "2 files (of 5 total)", with a duration "00:01:30 in 5 files", and behind that what
-/// has no record: "5 files · 1 failed"; "" for an empty list.
+/// was not read: "5 files · 1 not read"; "" for an empty list.
 QString textOf(const ListTotals &totals)
 {
     if (totals.all == 0)
@@ -40,8 +40,6 @@ QString textOf(const ListTotals &totals)
         : StatusLine::tr("%1 (of %2 total)").arg(countOfFiles(totals.shown), groupedCount(totals.all));
     if (totals.duration)
         text = StatusLine::tr("%1 in %2").arg(durationText(*totals.duration), text);
-    if (totals.failed > 0)
-        text += StatusLine::tr(" · %1 failed").arg(groupedCount(totals.failed));
     if (totals.unread > 0)
         text += StatusLine::tr(" · %1 not read").arg(groupedCount(totals.unread));
     return text;
@@ -53,6 +51,7 @@ StatusLine::StatusLine(QWidget *parent)
     : QWidget(parent),
       _line(new QHBoxLayout(this)),
       _total(plainLabel()),
+      _failed(new QToolButton),
       _selected(plainLabel()),
       _message(new StatusMessage),
       _bgProgress(new QProgressBar),
@@ -66,12 +65,16 @@ StatusLine::StatusLine(QWidget *parent)
     _line->setContentsMargins(10, 4, 10, 4);
     _line->setSpacing(8);
     _line->addWidget(_total);
+    _line->addWidget(_failed);
     _line->addWidget(_selected);
     _line->addWidget(_message);
     _line->addStretch();
     _line->addWidget(_bgProgress);
     _line->addWidget(_count);
     _line->addWidget(_stop);
+    _failed->setAutoRaise(true);
+    _failed->setToolTip(plainTip(tr("Go to the next file that could not be read (F8)")));
+    connect(_failed, &QToolButton::clicked, this, &StatusLine::nextFailedWanted);
     _stop->setText(tr("Stop"));
     const QString tip = tr("Stop reading; what is read stays, and F5 goes on with the rest");
     _stop->setToolTip(plainTip(tip));
@@ -79,6 +82,7 @@ StatusLine::StatusLine(QWidget *parent)
     connect(_stop, &QToolButton::clicked, this, &StatusLine::stopWanted);
     setFixedHeight(std::max(fontMetrics().height() + 10, QToolButton().sizeHint().height() + 4));
     setSelectedCount(0);
+    _failed->hide();
     _bgProgress->hide();
     _count->hide();
     _stop->hide();
@@ -89,6 +93,8 @@ void StatusLine::setTotals(const ListTotals &totals)
     const QString text = textOf(totals);
     _total->setText(text);
     _total->setVisible(!text.isEmpty());
+    _failed->setText(tr("Failed files: %1").arg(groupedCount(totals.failed)));
+    _failed->setVisible(totals.failed > 0);
 }
 
 void StatusLine::setSelectedCount(int rows)

@@ -21,8 +21,8 @@ class StatusMessage;
 class WindowWorker;
 struct ListTotals;
 
-/// The line under the window: count and duration, how far the analysis is, and whatever long work is
-/// under way.
+/// The line under the window: count and duration, which files failed, how far the analysis is, and whatever
+/// long work is under way.
 class StatusLine : public QWidget {
     Q_OBJECT
 public:
@@ -46,10 +46,13 @@ public:
 Q_SIGNALS:
     /// Reading is to stop.
     void stopWanted();
+    /// The next file that failed is to be selected.
+    void nextFailedWanted();
 
 private:
     QHBoxLayout *_line;
     QLabel *_total;
+    QToolButton *_failed; ///< how many have failed; goes to the next one
     QLabel *_selected;
     StatusMessage *_message;
     QProgressBar *_bgProgress;

@@ -3,6 +3,8 @@
 
 #include "shell/filelist/FilelistDrags.h"
 
+#include "platform/FileUri.h"
+#include "platform/NativePath.h"
 #include "shell/app/AppController.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/window/MainView.h"
@@ -208,6 +210,46 @@ TEST_F(FilelistDrag, IsACopyToASourceThatOffersAMoveAlone)
     EXPECT_EQ(end.dropAction(), Qt::CopyAction);
     EXPECT_FALSE(isTold(u"replace the list"_s));
     EXPECT_TRUE(spinUntil([&] { return files(to) == u"n"_s; }));
+}
+
+TEST_F(FilelistDrag, BesideTheListAnotherWindowsRowsAreTakenAndItsOwnAreNot)
+{
+    const auto dropBeside = [](MainWindowController *window, const QMimeData &content) {
+        const QPoint position = window->myView().mapTo(window, QPoint(500, 200));
+        QDragEnterEvent enter(position, Qt::CopyAction, &content, Qt::LeftButton, {});
+        QApplication::sendEvent(window->windowHandle(), &enter);
+        QDropEvent end(position, Qt::CopyAction, &content, Qt::LeftButton, {});
+        if (enter.isAccepted())
+            QApplication::sendEvent(window->windowHandle(), &end);
+        return enter.isAccepted() && end.isAccepted();
+    };
+    auto content = dragged({1, 3});
+    EXPECT_FALSE(dropBeside(from, *content));
+    EXPECT_EQ(drop(from, *content,
+                   from->myView().table().visualRect(from->files().arranged().index(3, 0)).center()),
+              Qt::IgnoreAction)
+        << "on a row, not between two";
+    EXPECT_EQ(files(from), u"a b c d e"_s);
+    EXPECT_TRUE(dropBeside(to, *content));
+    EXPECT_TRUE(spinUntil([&] { return files(to) == u"x y b d"_s && selected(to) == u"b"_s; }))
+        << files(to).toStdString();
+    EXPECT_TRUE(spinUntil([&] { return files(from) == u"a c e"_s; })) << "they have moved";
+}
+
+TEST_F(FilelistDrag, TakesFoldersAndNamesOfAnyBytes)
+{
+    made(u"f/one"_s);
+    const QByteArray folderUri = "file://localhost" + QUrl::fromLocalFile(folder / u"f"_s).path().toUtf8();
+    const QString odd = folder.write(decodePath("a%20\xff\xc3\xa9"));
+    QMimeData content;
+    content.setData(u"text/uri-list"_s, folderUri + "\r\n" + uriListOf({odd}));
+    EXPECT_EQ(drop(to, content, above(to, 1)), Qt::CopyAction);
+    EXPECT_TRUE(spinUntil([&] { return to->files().filelist().size() == 4; })) << files(to).toStdString();
+    QStringList paths;
+    for (const FilelistItemPtr &file : to->files().filelist())
+        paths.append(file->filename());
+    EXPECT_TRUE(paths.contains(odd));
+    EXPECT_TRUE(paths.contains(folder / u"f/one"_s));
 }
 
 TEST_F(FilelistDrag, WhatHasLeftTheListMeanwhileStaysAway)

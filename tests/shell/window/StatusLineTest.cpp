@@ -27,8 +27,19 @@ TEST(StatusLine, CountsInWordsAndSaysThingsOnce)
     EXPECT_EQ(text(), QStringLiteral("00:00:00 in 1 file"));
     line.setTotals({1204, 56'789, {}});
     EXPECT_EQ(text(), QStringLiteral("1,204 files (of 56,789 total)"));
+    int gone = 0;
+    QObject::connect(&line, &StatusLine::nextFailedWanted, [&gone] { ++gone; });
+    QToolButton *failed = nullptr;
+    line.setTotals({20, 20, {}, 12, 3});
+    EXPECT_EQ(text(), QStringLiteral("20 files · 3 not read"));
+    for (auto *found : line.findChildren<QToolButton *>())
+        failed = found->text() == QStringLiteral("Failed files: 12") ? found : failed;
+    ASSERT_TRUE(failed && failed->isVisibleTo(&line));
+    failed->click();
+    EXPECT_EQ(gone, 1);
     line.setTotals({});
     EXPECT_EQ(text(), QString());
+    EXPECT_FALSE(failed->isVisibleTo(&line));
 
     int shown = 0;
     line.say(QStringLiteral("<b>.txt was written"), QStringLiteral("Show"), [&shown] { ++shown; });
