@@ -3,6 +3,7 @@
 
 #include "cli/Commands.h"
 
+#include "cli/AttachmentsCommand.h"
 #include "cli/CompareCommand.h"
 #include "cli/ExportCommand.h"
 #include "cli/GeneralCommand.h"
@@ -68,6 +69,12 @@ constexpr std::array kCommands{
             .reads = files,
             .run = runStrip,
             .check = checkStrip},
+    Command{.name = "attachments"_L1,
+            .description = "attached files of Matroska files, into a folder"_L1,
+            .options = attachmentsOptions,
+            .reads = files,
+            .run = runAttachments,
+            .check = checkAttachments},
     Command{.name = "settings"_L1,
             .description = "the settings: key, type, default, value"_L1,
             .options = noOptions,

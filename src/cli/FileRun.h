@@ -50,6 +50,11 @@ public:
     const JobLimits &limits() const { return _setup.limits; }
     Job reportOf(const QString &path, const QString &source) const { return _setup.reportOf(path, source); }
 
+    Job attachmentsOf(const QString &path, const QString &folder) const
+    {
+        return _setup.attachmentsOf(path, folder);
+    }
+
     /// One line of errors; the call counts as failed.
     void fail(const QString &path, const QString &reason);
     /// The same for a failure that is told elsewhere.

@@ -5,6 +5,7 @@
 
 #include "jobs/InProcessRunner.h"
 #include "process/ReaderRunner.h"
+#include "readers/RawReport.h"
 
 namespace quorvin {
 
@@ -18,6 +19,20 @@ RecordOptions recordOptionsFrom(const Settings &settings)
     options.skipExtAttributes = !settings.boolean(Setting::useSystemMetadata);
     options.useExiftoolForVideo = settings.string(Setting::videoUtility) == QLatin1String("exiftool");
     return options;
+}
+
+Job AnalysisSetup::reportOf(const QString &path, const QString &source) const
+{
+    return {ReportRequest{path, source, rawSourceUsesExifTool(source)}, limits};
+}
+
+Job AnalysisSetup::attachmentsOf(const QString &path, const QString &folder) const
+{
+    constexpr int kTimesAsLong = 10;
+    JobLimits longer = limits;
+    longer.cpuSeconds *= kTimesAsLong;
+    longer.wallSeconds *= kTimesAsLong;
+    return {AttachmentsRequest{path, folder}, longer};
 }
 
 AnalysisSetup analysisSetupFrom(const Settings &settings, const std::shared_ptr<RootSet> &roots)

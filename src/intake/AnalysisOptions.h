@@ -21,10 +21,9 @@ struct AnalysisSetup {
     std::function<std::unique_ptr<JobRunner>()> makeRunner;
 
     Job recordOf(const QString &path) const { return {RecordRequest{path, options}, limits}; }
-    Job reportOf(const QString &path, const QString &source) const
-    {
-        return {ReportRequest{path, source}, limits};
-    }
+    Job reportOf(const QString &path, const QString &source) const;
+    /// Into a folder that exists. It may take longer than what only reads.
+    Job attachmentsOf(const QString &path, const QString &folder) const;
 };
 
 /// By the settings as they stand now. Any thread.

@@ -5,29 +5,37 @@
 
 #include "readers/RawReport.h"
 #include "readers/RecordBuilder.h"
+#include "surgery/AttachmentExtraction.h"
 #include "surgery/MetadataRemoval.h"
 
 namespace quorvin {
 
-Expected<QuorvinDataPtr> doJob(const RecordRequest &request, const DigestWatch &watch)
+Expected<QuorvinDataPtr> doJob(const RecordRequest &request, const JobTools &tools)
 {
-    return RecordBuilder(request.options, watch).dataAboutFile(request.path);
+    return RecordBuilder(request.options, tools.watch, tools.exifTool).dataAboutFile(request.path);
 }
 
-Expected<Report> doJob(const ReportRequest &request, const DigestWatch &)
+Expected<Report> doJob(const ReportRequest &request, const JobTools &tools)
 {
-    return rawReport(request.source, request.path).map([](QString text) { return Report{std::move(text)}; });
+    return rawReport(request.source, request.path, tools.exifTool).map([](QString text) {
+        return Report{std::move(text)};
+    });
 }
 
-Expected<RemovalResult> doJob(const RemovalRequest &request, const DigestWatch &)
+Expected<RemovalResult> doJob(const RemovalRequest &request, const JobTools & /*tools*/)
 {
     return request.copy.isEmpty() ? plannedRemoval(request.options, request.path)
                                   : removeMetadata(request.options, request.path, request.copy);
 }
 
-JobResult doJob(const JobRequest &request, const DigestWatch &watch)
+Expected<SavedFiles> doJob(const AttachmentsRequest &request, const JobTools &tools)
 {
-    return std::visit([&](const auto &kind) { return JobResult(doJob(kind, watch)); }, request);
+    return ExifToolUtilities::saveEmbeddedFilesFromFile(request.path, request.folder, tools.exifTool);
+}
+
+JobResult doJob(const JobRequest &request, const JobTools &tools)
+{
+    return std::visit([&](const auto &kind) { return JobResult(doJob(kind, tools)); }, request);
 }
 
 } // namespace quorvin

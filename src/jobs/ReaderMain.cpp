@@ -10,6 +10,7 @@
 #include "process/JobCounter.h"
 #include "process/RecordBytes.h"
 #include "process/RootOpener.h"
+#include "process/oExifToolStayOpenProcess.h"
 #include "readers/RecordBuilder.h"
 
 #include <QCoreApplication>
@@ -33,7 +34,8 @@
 
 // The resident reader: takes jobs from its socket, one after the other, and answers them. Started by
 // ReaderProcess as "quorvin-reader PARENT LOG", with the parent's process number and the parts of the log
-// that it wants to have. The parent limits its memory.
+// that it wants to have. The parent limits its memory. Where jobs need exiftool, it runs beside the reader;
+// one that ends takes the reader with it, which may start no other.
 
 using namespace quorvin;
 
@@ -142,6 +144,7 @@ private:
         const EncodedRemoval answer{job, result};
         return frameOf(answer).size() > qsizetype{EncodedRemoval::kMostBytes} ? tooLarge(job) : answer;
     }
+    static ReaderMessage made(quint32 job, const SavedFiles &files) { return FilesSaved{job, files}; }
     static ReaderMessage tooLarge(quint32 job)
     {
         return JobFailed{job, failure(QStringLiteral("there is too much to tell of it")).value()};
@@ -200,9 +203,10 @@ bool liesOutside(const QString &path)
 }
 
 /// A file that the parent knows to be `through` links is not sent back.
-bool answer(const JobOrder &order, const QString &through, AnswerMaker &answers)
+bool answer(const JobOrder &order, const QString &through, oExifToolStayOpenProcess *exifTool,
+            AnswerMaker &answers)
 {
-    const JobResult result = doJob(order.request, ProgressTeller(order.number));
+    const JobResult result = doJob(order.request, {ProgressTeller(order.number), exifTool});
     const QString &path = pathOf(order.request);
     if (!result && path != through && liesOutside(path))
         return writeAll(frameOf(JobOutside{order.number}));
@@ -243,16 +247,23 @@ bool isShortOfMemory()
     std::_Exit(kOutOfMemoryStatus);
 }
 
-void work(const QString &through)
+void work(const QString &through, oExifToolStayOpenProcess *exifTool)
 {
     JobCounter counter(kReaderCounter);
     AnswerMaker answers;
     for (int jobs = 1; const auto order = nextOf(orderOf); ++jobs) {
         counter.take();
         // One that earlier files have left short of memory makes way for a fresh one.
-        if (!answer(*order, through, answers) || (jobs % kJobsBetweenMemoryChecks == 0 && isShortOfMemory()))
+        if (!answer(*order, through, exifTool, answers) || (exifTool && !exifTool->isRunning())
+            || (jobs % kJobsBetweenMemoryChecks == 0 && isShortOfMemory()))
             break;
     }
+}
+
+/// Null when it is not installed.
+oExifToolStayOpenProcess *startedExifTool(int memoryMiB)
+{
+    return oExifToolStayOpenProcess::init({.memoryMiB = memoryMiB}).value_or(nullptr).release();
 }
 
 /// What the libraries read in the places of this user.
@@ -283,6 +294,10 @@ quint32 raiseGuardFor(const ReaderRoots &roots, std::vector<int> readable)
 
 int main(int argc, char **argv)
 try {
+    if (argc > 1 && qstrcmp(argv[1], kBecomeExifTool) == 0) {
+        becomeExifTool(argc, argv);
+        return EXIT_FAILURE;
+    }
     if (argc != 3)
         return EXIT_FAILURE;
     tieTo(static_cast<pid_t>(std::strtol(argv[1], nullptr, 10)));
@@ -291,6 +306,9 @@ try {
     if (!roots)
         return EXIT_FAILURE;
     RootOpener opener(*roots);
+    // Never destroyed: a guarded process can end no other, and exiftool ends with this one.
+    auto *const exifTool
+        = roots->exifToolMiB == 0 ? nullptr : startedExifTool(static_cast<int>(roots->exifToolMiB));
     setUpLog(static_cast<quint32>(std::strtoul(argv[2], nullptr, 10)));
     const QCoreApplication application(argc, argv);
     useUtf8CharacterType();
@@ -298,9 +316,11 @@ try {
     RootOpener::Opened opened = opener.take();
     openOwnPaths(opened.descriptors);
     const quint32 parts = raiseGuardFor(*roots, std::move(opened.descriptors));
-    if (!writeAll(frameOf(Greeting{.guardParts = parts, .reached = std::move(opened.reached)})))
+    if (!writeAll(frameOf(Greeting{.guardParts = parts,
+                                   .reached = std::move(opened.reached),
+                                   .exifTool = exifTool ? exifTool->pid() : 0})))
         return EXIT_FAILURE;
-    work(roots->through);
+    work(roots->through, exifTool);
     std::_Exit(EXIT_SUCCESS);
 } catch (...) {
     // The parent sees a reader that does not greet.

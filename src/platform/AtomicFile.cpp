@@ -29,12 +29,9 @@ QByteArray folderOf(const QByteArray &path)
     return slash < 0 ? QByteArrayLiteral(".") : path.left(std::max<qsizetype>(slash, 1));
 }
 
-/// Read before any thread starts, since the mask can only be told by changing it.
-const mode_t modeOfNewFile = [] {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    return static_cast<mode_t>(0666 & ~mask);
-}();
+constexpr mode_t kModeOfNewFile = 0666;
+/// Of one that is going to get the mode of the file that it replaces.
+constexpr mode_t kModeForNow = 0600;
 
 bool renameKeepingExisting(const QByteArray &from, const QByteArray &to)
 {
@@ -58,7 +55,8 @@ Expected<std::unique_ptr<AtomicFile>> AtomicFile::create(const QString &target, 
     // A rename would replace what may not be written to.
     if (exists && ::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) != 0)
         return posixFailure(errno);
-    const auto opened = isFile ? file->openTemporary(path) : file->openDirectly(path);
+    const auto opened = isFile ? file->openTemporary(path, exists ? kModeForNow : kModeOfNewFile)
+                               : file->openDirectly(path);
     if (!opened)
         return tl::unexpected(opened.error());
     if (exists && isFile)
@@ -66,18 +64,17 @@ Expected<std::unique_ptr<AtomicFile>> AtomicFile::create(const QString &target, 
     return file;
 }
 
-Expected<void> AtomicFile::openTemporary(const QByteArray &target)
+Expected<void> AtomicFile::openTemporary(const QByteArray &target, mode_t mode)
 {
     const QByteArray folder = folderOf(target);
     if (_extent == Extent::Single)
         TemporaryFiles::removeLeftovers(folder);
-    const auto opened = TemporaryFiles::open(folder);
+    const auto opened = TemporaryFiles::open(folder, mode);
     if (!opened)
         return tl::unexpected(opened.error());
     _target = target;
     _temporary = opened->path;
     _slot = UnfinishedFiles::add(_temporary);
-    ::fchmod(opened->descriptor, modeOfNewFile);
     _device.open(opened->descriptor, kWriting, QFileDevice::AutoCloseHandle);
     return {};
 }

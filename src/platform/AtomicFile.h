@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QString>
 
+#include <sys/types.h>
+
 #include <memory>
 
 namespace quorvin {
@@ -52,7 +54,7 @@ public:
 
 private:
     explicit AtomicFile(Extent extent) : _extent(extent) { }
-    Expected<void> openTemporary(const QByteArray &target);
+    Expected<void> openTemporary(const QByteArray &target, mode_t mode);
     Expected<void> openDirectly(const QByteArray &target);
 
     Extent _extent;

@@ -3,6 +3,8 @@
 
 #include "platform/TemporaryFiles.h"
 
+#include <QRandomGenerator>
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/file.h>
@@ -20,6 +22,15 @@ namespace {
 
 constexpr QByteArrayView kPrefix(".quorvin-");
 constexpr QByteArrayView kPattern("XXXXXX");
+
+QByteArray randomName()
+{
+    constexpr QByteArrayView kLetters("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789");
+    QByteArray name(kPattern.size(), Qt::Uninitialized);
+    for (char &letter : name)
+        letter = kLetters[QRandomGenerator::global()->bounded(static_cast<int>(kLetters.size()))];
+    return name;
+}
 
 bool hasOurName(QByteArrayView name)
 {
@@ -68,12 +79,14 @@ void removeUnlessHeld(int folder, const char *name)
 
 } // namespace
 
-Expected<Opened> open(const QByteArray &folder)
+Expected<Opened> open(const QByteArray &folder, mode_t mode)
 {
     while (true) {
         Opened opened;
-        opened.path = folder + '/' + kPrefix.toByteArray() + kPattern.toByteArray();
-        opened.descriptor = ::mkostemp(opened.path.data(), O_CLOEXEC);
+        opened.path = folder + '/' + kPrefix.toByteArray() + randomName();
+        opened.descriptor = ::open(opened.path.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+        if (opened.descriptor < 0 && errno == EEXIST)
+            continue;
         if (opened.descriptor < 0)
             return posixFailure(errno);
         // Where the file system has no locks, nobody gets one to remove the file with.

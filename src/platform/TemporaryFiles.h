@@ -7,6 +7,8 @@
 
 #include <QByteArray>
 
+#include <sys/types.h>
+
 /// The files ".quorvin-XXXXXX" that stand beside their target until they are complete, and folders of such
 /// names with one file or none. Whoever writes one holds a lock on it, so that others can tell it from what a
 /// killed run has left. Any thread.
@@ -17,8 +19,8 @@ struct Opened {
     QByteArray path;
 };
 
-/// A new one, for this user only. The error is of the POSIX domain.
-Expected<Opened> open(const QByteArray &folder);
+/// A new one of this mode, as far as the user's mask leaves it. The error is of the POSIX domain.
+Expected<Opened> open(const QByteArray &folder, mode_t mode);
 
 /// A new folder in that one, likewise.
 Expected<Opened> openFolder(const QByteArray &folder);

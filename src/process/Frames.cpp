@@ -53,7 +53,23 @@ struct Fields<RecordRequest> {
 
 template <>
 struct Fields<ReportRequest> {
-    static constexpr auto list = std::tuple(&ReportRequest::path, &ReportRequest::source);
+    static constexpr auto list
+        = std::tuple(&ReportRequest::path, &ReportRequest::source, &ReportRequest::usesExifTool);
+};
+
+template <>
+struct Fields<AttachmentsRequest> {
+    static constexpr auto list = std::tuple(&AttachmentsRequest::path, &AttachmentsRequest::folder);
+};
+
+template <>
+struct Fields<SavedFiles> {
+    static constexpr auto list = std::tuple(&SavedFiles::paths, &SavedFiles::problems);
+};
+
+template <>
+struct Fields<FilesSaved> {
+    static constexpr auto list = std::tuple(&FilesSaved::job, &FilesSaved::files);
 };
 
 template <>
@@ -86,8 +102,8 @@ struct Fields<EncodedRemoval> {
 
 template <>
 struct Fields<ReaderRoots> {
-    static constexpr auto list
-        = std::tuple(&ReaderRoots::paths, &ReaderRoots::through, &ReaderRoots::writable);
+    static constexpr auto list = std::tuple(&ReaderRoots::paths, &ReaderRoots::through,
+                                            &ReaderRoots::writable, &ReaderRoots::exifToolMiB);
 };
 
 template <>
@@ -97,7 +113,8 @@ struct Fields<JobOrder> {
 
 template <>
 struct Fields<Greeting> {
-    static constexpr auto list = std::tuple(&Greeting::magic, &Greeting::guardParts, &Greeting::reached);
+    static constexpr auto list
+        = std::tuple(&Greeting::magic, &Greeting::guardParts, &Greeting::reached, &Greeting::exifTool);
     static bool isValid(const Greeting &greeting) { return greeting.magic == Greeting::kMagic; }
 };
 

@@ -38,6 +38,7 @@ struct ReaderRoots {
     std::vector<QString> paths; ///< of files and folders that the reader may read
     QString through; ///< a file that is to be read wherever links on its way lead; may be empty
     QString writable = {}; ///< the folder of a writer; "" for a reader
+    quint32 exifToolMiB = 0; ///< memory for an exiftool beside the reader; 0 for none
 };
 
 struct JobOrder {
@@ -53,6 +54,7 @@ struct Greeting {
     quint32 magic = kMagic;
     quint32 guardParts = 0; ///< as `raiseGuard` gives them
     std::vector<QString> reached = {}; ///< what the way `through` needs beside the roots
+    qint32 exifTool = 0; ///< the process number of that beside the reader; 0 for none
 };
 
 struct JobDone {
@@ -98,6 +100,13 @@ struct EncodedRemoval {
     RemovalResult result;
 };
 
+struct FilesSaved {
+    static constexpr quint32 kMostBytes = 16 << 20;
+
+    quint32 job = 0;
+    SavedFiles files;
+};
+
 /// Digests of the job's file have come so far: each time further. The job's limits count anew from then on.
 struct JobProgress {
     static constexpr quint32 kMostBytes = 64;
@@ -116,7 +125,7 @@ struct LogLine {
 };
 
 using ReaderMessage = std::variant<Greeting, JobDone, JobOutside, JobFailed, EncodedRecord, EncodedReport,
-                                   LogLine, JobProgress, EncodedRemoval>;
+                                   LogLine, JobProgress, EncodedRemoval, FilesSaved>;
 
 inline constexpr quint32 kMostOrderBytes = 1 << 20;
 

@@ -11,6 +11,7 @@
 #include <QString>
 
 #include <variant>
+#include <vector>
 
 namespace quorvin {
 
@@ -32,6 +33,20 @@ struct ReportRequest {
 
     QString path;
     QString source; ///< name of the report
+    bool usesExifTool = false;
+};
+
+struct SavedFiles {
+    std::vector<QString> paths;
+    std::vector<QString> problems; ///< with what could not be written, each with what it is
+};
+
+/// Asks for what is attached to a file, as files in a folder; its process may write there.
+struct AttachmentsRequest {
+    using Result = SavedFiles;
+
+    QString path;
+    QString folder; ///< exists
 };
 
 /// Takes metadata from a copy of an image, which only a writer can do.
@@ -50,7 +65,7 @@ struct JobKinds {
 };
 
 /// All that a guarded process can be asked for. The answer to a request stands at the request's place.
-using AllJobs = JobKinds<RecordRequest, ReportRequest, RemovalRequest>;
+using AllJobs = JobKinds<RecordRequest, ReportRequest, RemovalRequest, AttachmentsRequest>;
 using JobRequest = AllJobs::Request;
 using JobAnswer = AllJobs::Answer;
 using JobResult = Expected<JobAnswer>;
@@ -81,6 +96,22 @@ inline QString libraryStateOf(const JobRequest &request)
 {
     const auto *report = std::get_if<ReportRequest>(&request);
     return report ? report->source : QString();
+}
+
+/// Whether a job is done with the help of exiftool, which then runs beside its process.
+inline bool usesExifTool(const JobRequest &request)
+{
+    const auto *record = std::get_if<RecordRequest>(&request);
+    const auto *report = std::get_if<ReportRequest>(&request);
+    return (record && record->options.useExiftoolForVideo) || (report && report->usesExifTool)
+        || std::holds_alternative<AttachmentsRequest>(request);
+}
+
+/// The one folder that a job writes into; "" for none.
+inline QString targetOf(const JobRequest &request)
+{
+    const auto *attachments = std::get_if<AttachmentsRequest>(&request);
+    return attachments ? attachments->folder : QString();
 }
 
 } // namespace quorvin

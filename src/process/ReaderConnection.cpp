@@ -73,6 +73,8 @@ ReaderConnection::open(const std::string &program, const ReaderRoots &roots, con
     if (!greeting)
         return stop.stop_requested() ? failure(kStopped) : noReader();
     connection->_greeting = *greeting;
+    if (greeting->exifTool > 0)
+        connection->_reader->setCompanion(greeting->exifTool);
     static std::once_flag once;
     if (const QString missing = missingGuardNames(greeting->guardParts); !missing.isEmpty())
         std::call_once(once, [&] { qCInfo(lcQuorvin).noquote() << "Readers run without" << missing; });
@@ -175,6 +177,11 @@ std::optional<JobAnswer> ReaderConnection::answerOf(const EncodedRecord &record)
 std::optional<JobAnswer> ReaderConnection::answerOf(const EncodedReport &report)
 {
     return Report{QString::fromUtf8(report.text)};
+}
+
+std::optional<JobAnswer> ReaderConnection::answerOf(const FilesSaved &saved)
+{
+    return saved.files;
 }
 
 Expected<ReaderMessage> ReaderConnection::receive(const std::stop_token &stop)

@@ -78,6 +78,7 @@ private:
     std::optional<JobAnswer> answerOf(const EncodedRecord &record);
     static std::optional<JobAnswer> answerOf(const EncodedReport &report);
     static std::optional<JobAnswer> answerOf(const EncodedRemoval &removal) { return removal.result; }
+    static std::optional<JobAnswer> answerOf(const FilesSaved &saved);
     template <typename Message>
     static std::optional<JobAnswer> answerOf(const Message &)
     {

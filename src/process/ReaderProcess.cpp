@@ -5,6 +5,7 @@
 
 #include "model/Log.h"
 #include "process/Frames.h"
+#include "process/ReaderProgram.h"
 #include "process/Reaper.h"
 
 #include <fcntl.h>
@@ -17,7 +18,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <climits>
 #include <ctime>
 #include <string>
 #include <string_view>
@@ -36,17 +36,6 @@ constexpr bool kLimitsMemory = false;
 #else
 constexpr bool kLimitsMemory = true;
 #endif
-
-Expected<std::string> readerProgram()
-{
-    std::array<char, PATH_MAX> self{};
-    const ssize_t length = ::readlink("/proc/self/exe", self.data(), self.size() - 1);
-    const std::string path(self.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
-    // Without its folder the name would be looked for in the current one.
-    if (!path.starts_with('/'))
-        return posixFailure(length < 0 ? errno : ENOENT);
-    return path.substr(0, path.rfind('/') + 1) + "quorvin-reader";
-}
 
 /// Of the environment only what decides over texts, dates and the kinds of files.
 class ReaderEnvironment {
@@ -67,7 +56,7 @@ public:
 
 private:
     static constexpr auto kPassed = std::to_array<std::string_view>(
-        {"LANG", "LANGUAGE", "TZ", "TZDIR", "HOME", "XDG_DATA_HOME", "XDG_DATA_DIRS", "ASAN_OPTIONS",
+        {"LANG", "LANGUAGE", "PATH", "TZ", "TZDIR", "HOME", "XDG_DATA_HOME", "XDG_DATA_DIRS", "ASAN_OPTIONS",
          "LSAN_OPTIONS", "TSAN_OPTIONS", "UBSAN_OPTIONS"});
 
     std::vector<char *> _entries;
@@ -95,6 +84,13 @@ public:
 private:
     posix_spawn_file_actions_t _actions{};
 };
+
+/// That of its processor time.
+std::optional<clockid_t> clockOf(pid_t pid)
+{
+    clockid_t clock{};
+    return ::clock_getcpuclockid(pid, &clock) == 0 ? std::optional(clock) : std::nullopt;
+}
 
 } // namespace
 
@@ -134,13 +130,11 @@ Expected<std::unique_ptr<ReaderProcess>> ReaderProcess::start(const std::string 
 
 ReaderProcess::ReaderProcess(pid_t pid, int socket, std::unique_ptr<JobCounter> counter)
     : _pid(pid),
+      _clock(clockOf(pid)),
       _handle(static_cast<int>(::syscall(SYS_pidfd_open, pid, 0))),
       _socket(socket),
       _counter(std::move(counter))
 {
-    clockid_t clock{};
-    if (::clock_getcpuclockid(pid, &clock) == 0)
-        _clock = clock;
 }
 
 ReaderProcess::~ReaderProcess()
@@ -152,10 +146,18 @@ ReaderProcess::~ReaderProcess()
 
 qint64 ReaderProcess::cpuTime() const
 {
-    timespec time{};
-    if (!_clock || ::clock_gettime(*_clock, &time) != 0)
-        return 0;
-    return time.tv_sec * 1000 + time.tv_nsec / 1'000'000;
+    qint64 sum = 0;
+    for (const auto &clock : {_clock, _clockOfCompanion}) {
+        timespec time{};
+        if (clock && ::clock_gettime(*clock, &time) == 0)
+            sum += time.tv_sec * 1000 + time.tv_nsec / 1'000'000;
+    }
+    return sum;
+}
+
+void ReaderProcess::setCompanion(pid_t pid)
+{
+    _clockOfCompanion = clockOf(pid);
 }
 
 void ReaderProcess::limitMemory(int mebibytes)

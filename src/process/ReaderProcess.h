@@ -31,8 +31,10 @@ public:
     int socket() const { return _socket; }
     /// Whether the reader has begun with so many jobs.
     bool hasTaken(quint32 jobs) const { return _counter->hasTaken(jobs); }
-    /// Processor time used so far, in milliseconds.
+    /// Processor time used so far, in milliseconds; with that of its companion.
     qint64 cpuTime() const;
+    /// A process that works for the reader, and ends with it.
+    void setCompanion(pid_t pid);
     /// Limits the memory that the process may take from now on. Files that it maps do not count: they are
     /// as large as they like, and their pages are the system's to drop. It can't lift the limit itself.
     void limitMemory(int mebibytes);
@@ -45,6 +47,7 @@ private:
 
     pid_t _pid;
     std::optional<clockid_t> _clock; ///< of its processor time
+    std::optional<clockid_t> _clockOfCompanion;
     int _handle; ///< a descriptor of the process
     int _socket;
     int _memoryMiB = 0; ///< the limit that is set; 0 for none

@@ -41,6 +41,8 @@ private:
     ReadableRoots _readable; ///< by the reader
     Job _job; ///< the last one begun
     bool _isSent = false; ///< to this reader
+    bool _hasExifTool = false; ///< beside the reader
+    QString _target; ///< the folder that the reader may write into
     int _failedStarts = 0; ///< since the last reader that greeted
     Error _startError;
     Expected<void> _awaited; ///< of the job that was waited for: why it has failed already
@@ -75,6 +77,7 @@ JobResult ReaderRunner::take(const std::stop_token &stop)
 bool ReaderRunner::readerServes(const Job &job) const
 {
     return _reader && !_reader->isLost() && _libraryState == libraryStateOf(job.request)
+        && _target == targetOf(job.request) && (_hasExifTool || !usesExifTool(job.request))
         && _readable.cover(pathOf(job.request));
 }
 
@@ -88,6 +91,8 @@ Expected<void> ReaderRunner::handOver(const std::stop_token &stop)
     if (auto started = startReader(isOutside ? pathOf(_job.request) : QString(), stop); !started)
         return started;
     _libraryState = libraryStateOf(_job.request);
+    _hasExifTool = usesExifTool(_job.request);
+    _target = targetOf(_job.request);
     _isSent = _reader->send(_job);
     return {};
 }
@@ -117,7 +122,11 @@ ReaderRoots ReaderRunner::rootsWith(const QString &through)
     if (!_roots->roots().cover(path))
         _roots->add({path});
     _readable = _roots->roots();
-    return {{_readable.paths().begin(), _readable.paths().end()}, through, _writable};
+    const int memoryMiB = usesExifTool(_job.request) ? _job.limits.memoryMiB : 0;
+    return {{_readable.paths().begin(), _readable.paths().end()},
+            through,
+            _writable.isEmpty() ? targetOf(_job.request) : _writable,
+            static_cast<quint32>(memoryMiB)};
 }
 
 } // namespace

@@ -4,6 +4,8 @@
 #include "readers/RawReport.h"
 
 #include "platform/RegularFile.h"
+#include "readers/Engines.h"
+#include "readers/exiftool/ExifToolUtilities.h"
 #include "readers/image/SystemImage.h"
 #include "readers/image/oEXIV2Reports.h"
 #include "readers/mediainfo/oMediaInfo.h"
@@ -19,6 +21,8 @@ struct Source {
     QLatin1String name;
     bool takesFiles;
     Expected<QString> (*report)(const QString &path);
+    /// In place of that, of a source that needs exiftool.
+    Expected<QString> (*reportWith)(const QString &path, oExifToolStayOpenProcess *exifTool) = nullptr;
 };
 
 constexpr std::array kSources{
@@ -28,6 +32,8 @@ constexpr std::array kSources{
     Source{QLatin1String("exiv2"), true, oEXIV2Reports::outputOnFile},
     Source{QLatin1String("exiv2-structure"), true, oEXIV2Reports::structureOfFile},
     Source{QLatin1String("xmp"), true, oEXIV2Reports::rawXmpOfFile},
+    Source{QLatin1String("exiftool"), true, nullptr, ExifToolUtilities::exiftoolOutputForFile},
+    Source{QLatin1String("engines"), true, nullptr, enginesReport},
     Source{QLatin1String("system-image"), true, imageioReport},
     Source{QLatin1String("parameters"), false,
            [](const QString &) { return Expected<QString>(oMediaInfo::parameterReport()); }},
@@ -55,13 +61,20 @@ bool rawSourceTakesFiles(const QString &source)
     return sourceNamed(source).takesFiles;
 }
 
-Expected<QString> rawReport(const QString &source, const QString &path)
+bool rawSourceUsesExifTool(const QString &source)
+{
+    return sourceNamed(source).reportWith != nullptr;
+}
+
+Expected<QString> rawReport(const QString &source, const QString &path, oExifToolStayOpenProcess *exifTool)
 {
     const Source &row = sourceNamed(source);
     if (row.takesFiles) {
         if (const auto file = RegularFile::open(path); !file)
             return tl::unexpected(file.error());
     }
+    if (row.reportWith)
+        return row.reportWith(path, exifTool);
     // Which library refused and why went to the log.
     return row.report(path).map_error([](const Error &) {
         return Error{kErrorDomain, 0, QStringLiteral("Can not process the file")};

@@ -18,11 +18,12 @@ namespace quorvin {
 namespace {
 
 Expected<RecordContents> readByItsWays(const QString &filename, const RegularFile &file,
-                                       const RecordOptions &options, const DigestWatch &watch)
+                                       const RecordOptions &options, const DigestWatch &watch,
+                                       oExifToolStayOpenProcess *exifTool)
 {
     Expected<RecordContents> contents = failure(QStringLiteral("Can not process the file"));
     for (const Way *way : waysFor(file.head(kBrandHeadLength), options)) {
-        contents = way->read(filename, file, options, watch);
+        contents = way->read(filename, file, options, watch, exifTool);
         if (contents)
             break;
     }
@@ -54,7 +55,7 @@ Expected<QuorvinDataPtr> RecordBuilder::dataAboutFile(const QString &filename) c
         qCInfo(lcQuorvin).noquote() << "Failed to open" << filename << file.error().description;
         return tl::unexpected(file.error());
     }
-    return readByItsWays(filename, *file, _options, _watch).map(recordOf);
+    return readByItsWays(filename, *file, _options, _watch, _exifTool).map(recordOf);
 }
 
 } // namespace quorvin

@@ -14,6 +14,8 @@
 
 namespace quorvin {
 
+class oExifToolStayOpenProcess;
+
 /// Makes the record of a file. Knows neither the list nor the thread or process it runs in.
 class RecordBuilder {
 public:
@@ -21,9 +23,11 @@ public:
     /// anything; the others wait for it. Any thread.
     static void setupLibraries();
 
-    /// `watch` follows the digests, where the options ask for them.
-    explicit RecordBuilder(RecordOptions options, DigestWatch watch = {})
-        : _options(options), _watch(std::move(watch))
+    /// `watch` follows the digests, where the options ask for them. `exifTool` is only looked at where the
+    /// options want it; null stands for one that is not installed.
+    explicit RecordBuilder(RecordOptions options, DigestWatch watch = {},
+                           oExifToolStayOpenProcess *exifTool = nullptr)
+        : _options(options), _watch(std::move(watch)), _exifTool(exifTool)
     {
     }
 
@@ -34,6 +38,7 @@ public:
 private:
     RecordOptions _options;
     DigestWatch _watch;
+    oExifToolStayOpenProcess *_exifTool;
 };
 
 } // namespace quorvin

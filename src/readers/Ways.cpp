@@ -3,6 +3,7 @@
 
 #include "readers/Ways.h"
 
+#include "readers/exiftool/ExifToolReader.h"
 #include "readers/image/ImageBrand.h"
 #include "readers/image/ImageReader.h"
 #include "readers/image/SystemImage.h"
@@ -14,16 +15,29 @@ namespace quorvin {
 
 namespace {
 
+/// A reader that does without exiftool.
+template <auto Read>
+Expected<RecordContents> readAlone(const QString &filename, const RegularFile &file,
+                                   const RecordOptions &options, const DigestWatch &watch,
+                                   oExifToolStayOpenProcess * /*exifTool*/)
+{
+    return Read(filename, file, options, watch);
+}
+
 constexpr std::array kWays{
     Way{.name = QLatin1String("image"),
         .takes = [](QByteArrayView head, const RecordOptions &) { return brandMayBeImage(head); },
-        .read = readImage},
+        .read = readAlone<readImage>},
     Way{.name = QLatin1String("system-image"),
         .takes = [](QByteArrayView head, const RecordOptions &) { return brandMayBeHeic(head); },
-        .read = readSystemImage},
+        .read = readAlone<readSystemImage>},
+    Way{.name = QLatin1String("exiftool"),
+        .takes = [](QByteArrayView, const RecordOptions &options) { return options.useExiftoolForVideo; },
+        .read = readExifTool,
+        .takesAnything = true},
     Way{.name = QLatin1String("media"),
         .takes = [](QByteArrayView, const RecordOptions &) { return true; },
-        .read = readMedia,
+        .read = readAlone<readMedia>,
         .takesAnything = true},
 };
 

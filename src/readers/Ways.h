@@ -16,15 +16,18 @@
 
 namespace quorvin {
 
+class oExifToolStayOpenProcess;
+
 /// A way in which a file can be read: one reader.
 struct Way {
     QLatin1String name;
     /// Whether it has a try at a file that begins with these bytes, `kBrandHeadLength` of them.
     bool (*takes)(QByteArrayView head, const RecordOptions &options);
     /// The contents of a record; an error when the file is none for this reader. `file` is open on
-    /// `filename`.
+    /// `filename`. `exifTool` is null where it is not installed.
     Expected<RecordContents> (*read)(const QString &filename, const RegularFile &file,
-                                     const RecordOptions &options, const DigestWatch &watch);
+                                     const RecordOptions &options, const DigestWatch &watch,
+                                     oExifToolStayOpenProcess *exifTool);
     /// Readers of any file whatever are alternatives and never a chain: of several that take a file only the
     /// first has its try.
     bool takesAnything = false;

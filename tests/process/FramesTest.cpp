@@ -47,7 +47,7 @@ TEST(Frames, WhatIsNoMessageIsRefused)
         EXPECT_FALSE(orderOf(order.first(length))) << length;
     EXPECT_FALSE(orderOf(order + 'x'));
     QByteArray unknown = order;
-    unknown[sizeof(quint32)] = 2;
+    unknown[sizeof(quint32)] = std::variant_size_v<JobRequest>;
     EXPECT_FALSE(orderOf(unknown));
 
     EXPECT_FALSE(messageOf(contentOf(Greeting{.magic = 1})));

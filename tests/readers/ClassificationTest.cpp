@@ -46,7 +46,7 @@ TEST(Classification, HeadDecidesOnTheWays)
                          8);
     EXPECT_EQ(ways(box + "isom"), QStringLiteral("media")) << "a movie never meets the image reader";
     EXPECT_EQ(ways("\xff\xd8\xff\xe0"), QStringLiteral("image media"));
-    EXPECT_EQ(ways("\xff\xd8\xff\xe0", {.useExiftoolForVideo = true}), QStringLiteral("image media"));
+    EXPECT_EQ(ways("\xff\xd8\xff\xe0", {.useExiftoolForVideo = true}), QStringLiteral("image exiftool"));
     EXPECT_EQ(ways(box + "heic....mif1"), QStringLiteral("image system-image media"));
     EXPECT_EQ(ways(box + "mif1....avifmif1"), QStringLiteral("image media"));
 }

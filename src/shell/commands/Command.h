@@ -26,6 +26,7 @@ enum class Command {
     menuExportNew,
     exportSelection,
     exportComparison,
+    extractAttachments,
     closeWindow,
     quit,
 

@@ -51,6 +51,11 @@ FailureAdvice adviceOn(const QString &reason, const JobLimits &limits)
         return {said("The part of Quorvin that reads files can not be started. Is it installed completely?"),
                 {},
                 false};
+    if (reason == QLatin1String("stopped: exiftool broke down"))
+        return {said("exiftool broke down on it. It may be damaged; no other file is affected."), {}};
+    if (reason == QLatin1String("exiftool is not installed"))
+        return {said("It was to be read with exiftool, which is not installed."),
+                said("The preferences say what such files are read with.")};
     if (reason == QLatin1String("skipped"))
         return {said("It was skipped before it was read."), {}};
     if (reason == QLatin1String("Can not process the file"))

@@ -3,6 +3,8 @@
 
 #include "shell/preferences/PreferencesTable.h"
 
+#include "process/ExifToolStart.h"
+
 #include <QtGlobal>
 
 #include <array>
@@ -34,6 +36,10 @@ constexpr std::array kSides{
 constexpr std::array kUnits{
     PreferenceChoice{TEXT("Decimal: 1 KB is 1,000 bytes"), "true"},
     PreferenceChoice{TEXT("Binary: 1 KiB is 1,024 bytes"), "false"},
+};
+constexpr std::array kUtilities{
+    PreferenceChoice{TEXT("MediaInfo"), "mediainfo"},
+    PreferenceChoice{TEXT("exiftool"), "exiftool"},
 };
 constexpr std::array kThreads{
     PreferenceChoice{TEXT("1"), "0"},
@@ -75,8 +81,16 @@ constexpr std::array kWindow{
     PreferenceRow{Setting::terminateAppWhenAllWindowsClosed, TEXT("Quit when the last window is closed")},
     PreferenceRow{Setting::enableExperimentalPreferences, TEXT("Show advanced preferences")},
 };
+const char *obstacleOfUtilities()
+{
+    return exifToolProgram().empty() ? TEXT("exiftool is not installed.") : nullptr;
+}
+
 constexpr std::array kFacts{
     PreferenceRow{Setting::useSIUnits, TEXT("Sizes of files:"), kUnits},
+    PreferenceRow{Setting::videoUtility, TEXT("Files other than images are read with:"), kUtilities, nullptr,
+                  TEXT("exiftool knows more tags of a file, MediaInfo more of its streams"),
+                  obstacleOfUtilities},
     PreferenceRow{Setting::useSystemMetadata, TEXT("Tags, comments and origin of files")},
     PreferenceRow{Setting::displayOtherTracksInGeneral,
                   TEXT("Other tracks, such as timecode, on the General tab")},

@@ -24,6 +24,8 @@ struct PreferenceRow {
         = {}; ///< none: a box to tick, or a number within the setting's ends
     const char *unit = nullptr; ///< behind a number; nullptr: none
     const char *tip = nullptr; ///< what it is good for, where the label does not tell; or nullptr
+    /// What stands in the way of a choice, to be told below it; gives nullptr when nothing does.
+    const char *(*obstacle)() = nullptr;
 };
 
 /// Settings that belong together, under a heading.

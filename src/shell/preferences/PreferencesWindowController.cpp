@@ -170,6 +170,8 @@ void PreferencesWindowController::addRow(QFormLayout *form, const PreferenceRow 
         form->addRow(translated(row.label), numberOf(row));
     else
         form->addRow(QString(), switchOf(row));
+    if (const char *obstacle = row.obstacle ? row.obstacle() : nullptr)
+        form->addRow(QString(), plainLabel(translated(obstacle)));
 }
 
 QWidget *PreferencesWindowController::choiceOf(const PreferenceRow &row)

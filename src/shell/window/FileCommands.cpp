@@ -12,6 +12,7 @@
 #include "shell/info/ChangeableRows.h"
 #include "shell/info/InfoView.h"
 #include "shell/outline/ExtendedOutline.h"
+#include "shell/surgery/AttachmentController.h"
 #include "shell/window/MainView.h"
 #include "shell/window/StatusLine.h"
 
@@ -21,14 +22,36 @@
 
 namespace quorvin {
 
-FileCommands::FileCommands(MainView &view, FilelistController &files, QWidget *window)
-    : QObject(window), _view(view), _files(files), _window(window)
+FileCommands::FileCommands(LiveSettings &settings, MainView &view, FilelistController &files, QWidget *window)
+    : QObject(window),
+      _view(view),
+      _files(files),
+      _window(window),
+      _attachments(new AttachmentController(settings, window))
 {
+    connectAttachments();
+}
+
+void FileCommands::connectAttachments()
+{
+    BackgroundRunBase &run = _attachments->run();
+    _view.statusLine().follow(run,
+                              {tr("Stop; what is not yet saved whole is not saved"),
+                               [](int, int) { return tr("Saving attachments"); }, [&run] { run.cancel(); }});
+    connect(_attachments, &AttachmentController::saved, this,
+            [this](const QString &sentence, const QString &shown) {
+                _view.statusLine().say(sentence, shown.isEmpty() ? QString() : tr("Show in Folder"),
+                                       [this, shown] { revealInFinder(shown); });
+            });
 }
 
 void FileCommands::registerAt(CommandSet &commands)
 {
     commands.on(Command::revealInFinder, [this] { revealInFinder(); });
+    commands.on(Command::extractAttachments, [this] {
+        if (const auto path = _files.worker().currentFilePath())
+            _attachments->extractAttachments(*path);
+    });
     commands.on(Command::copyGeneralInfo, [this] { copyGeneralInfo(); });
     commands.on(Command::removeExtendedAttribute, [this] { removeExtendedAttribute(); });
     commands.on(Command::touchDate, [this] { touchDate(); });
@@ -52,9 +75,14 @@ void FileCommands::describe(CommandState &state) const
 void FileCommands::revealInFinder()
 {
     if (const auto path = _files.worker().currentFilePath())
-        revealInFileManager(*path, this, [this, name = lastPathComponent(*path)] {
-            _view.statusLine().say(tr("Show in Folder failed for “%1”: there is no file manager").arg(name));
-        });
+        revealInFinder(*path);
+}
+
+void FileCommands::revealInFinder(const QString &path)
+{
+    revealInFileManager(path, this, [this, name = lastPathComponent(path)] {
+        _view.statusLine().say(tr("Show in Folder failed for “%1”: there is no file manager").arg(name));
+    });
 }
 
 void FileCommands::copyGeneralInfo()

@@ -13,7 +13,9 @@ namespace quorvin {
 
 class CommandSet;
 class ExtTreeItem;
+class AttachmentController;
 class FilelistController;
+class LiveSettings;
 class MainView;
 
 /// The commands that act on the current file itself: where it lies, and what of it can be changed through the
@@ -22,7 +24,7 @@ class FileCommands : public QObject {
     Q_OBJECT
 public:
     /// Belongs to the window. The others must outlive this object.
-    FileCommands(MainView &view, FilelistController &files, QWidget *window);
+    FileCommands(LiveSettings &settings, MainView &view, FilelistController &files, QWidget *window);
 
     void registerAt(CommandSet &commands);
     /// Adds what the selected row offers.
@@ -31,7 +33,9 @@ public:
 private:
     /// Null when the tree is not shown, or not one row is selected.
     const ExtTreeItem *selectedRow() const;
+    void connectAttachments();
     void revealInFinder();
+    void revealInFinder(const QString &path);
     void copyGeneralInfo();
     void removeExtendedAttribute();
     void touchDate();
@@ -39,6 +43,7 @@ private:
     MainView &_view;
     FilelistController &_files;
     QWidget *_window;
+    AttachmentController *_attachments;
 };
 
 } // namespace quorvin

@@ -56,7 +56,7 @@ MainWindowController::MainWindowController(Session &session)
       _view(new MainView(session.settings, _files)),
       _sidebars(new TabSidebars(_view->sidebar(), session.settings)),
       _commands(new CommandSet(this, &_view->table())),
-      _fileCommands(new FileCommands(*_view, _files, this)),
+      _fileCommands(new FileCommands(session.settings, *_view, _files, this)),
       _quickInfo(new QuickInfo(_files, session.settings, _view->table(), this)),
       _export(new ExportController(session.settings, this)),
       _listCommands(new ListCommands(*_view, _files, *_export, this)),

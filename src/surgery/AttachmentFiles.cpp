@@ -1,0 +1,154 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "surgery/AttachmentFiles.h"
+
+#include "platform/AtomicFile.h"
+#include "platform/NativePath.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <utility>
+
+namespace quorvin {
+
+namespace {
+
+constexpr QByteArrayView kBase64("base64:");
+constexpr qsizetype kPiece = 1 << 20; ///< of base64; four characters are three bytes
+constexpr qsizetype kMostNameBytes = 240; ///< leaves room for a number
+constexpr int kMostTries = 9998;
+constexpr qsizetype kMostToldLetters = 200;
+
+bool writeBase64(QByteArrayView text, QIODevice &to)
+{
+    for (; !text.isEmpty(); text = text.sliced(std::min(kPiece, text.size()))) {
+        const QByteArrayView piece = text.first(std::min(kPiece, text.size()));
+        const QByteArray bytes = QByteArray::fromBase64(QByteArray::fromRawData(piece.data(), piece.size()));
+        if (to.write(bytes) != bytes.size())
+            return false;
+    }
+    return true;
+}
+
+/// The name with a number, ahead of its extension; 0 for none.
+QString numbered(const QString &name, int number)
+{
+    if (number == 0)
+        return name;
+    const QString extension = pathExtension(name);
+    const QString tail = extension.isEmpty() ? QString() : u'.' + extension;
+    return QStringLiteral("%1 (%2)%3").arg(name.chopped(tail.size()), QString::number(number), tail);
+}
+
+/// Shorter by its stem, so that its kind can still be told.
+QString shortened(QString name)
+{
+    const QString extension = pathExtension(name).left(kMostNameBytes / 8);
+    const QString tail = extension.isEmpty() ? QString() : u'.' + extension;
+    if (name.toUtf8().size() <= kMostNameBytes)
+        return name;
+    name.chop(pathExtension(name).size() + (extension.isEmpty() ? 0 : 1));
+    while (name.toUtf8().size() + tail.toUtf8().size() > kMostNameBytes)
+        name.chop(name.back().isLowSurrogate() ? 2 : 1);
+    return name + tail;
+}
+
+} // namespace
+
+QString fileNameOfAttachment(const QString &name)
+{
+    QString plain = name.section(u'/', -1).trimmed();
+    std::ranges::replace_if(
+        plain, [](QChar letter) { return letter.category() == QChar::Other_Control; }, u'_');
+    const bool isNone = std::ranges::all_of(plain, [](QChar letter) { return letter == u'.'; });
+    return isNone ? QStringLiteral("attachment") : shortened(plain);
+}
+
+AttachmentFiles::AttachmentFiles(QString folder) : _folder(std::move(folder))
+{
+    AtomicFile::removeLeftovers(_folder);
+}
+
+AttachmentFiles::~AttachmentFiles() = default;
+
+void AttachmentFiles::addName(const QByteArray &key, const QString &name)
+{
+    if (name.isEmpty())
+        return;
+    if (auto waiting = _files.extract(key))
+        save(name, std::move(waiting.mapped()));
+    else
+        _names.insert(key, name);
+}
+
+void AttachmentFiles::addContent(const QByteArray &key, QByteArrayView text)
+{
+    auto file = text.isEmpty() ? Expected<File>(File()) : write(text);
+    if (const QString name = _names.take(key); !name.isEmpty())
+        save(name, std::move(file));
+    else
+        _files.insert_or_assign(key, std::move(file));
+}
+
+Expected<AttachmentFiles::File> AttachmentFiles::write(QByteArrayView text) const
+{
+    // The name for now is one that no file has, so that none is taken for the one to replace.
+    auto file
+        = AtomicFile::create(_folder + QStringLiteral("/.quorvin-attachment"), AtomicFile::Extent::OneOfMany);
+    if (!file)
+        return file;
+    QFile &device = (*file)->device();
+    const bool isWritten = text.startsWith(kBase64) ? writeBase64(text.sliced(kBase64.size()), device)
+                                                    : device.write(text.data(), text.size()) == text.size();
+    if (!isWritten)
+        return failure(device.errorString());
+    if (device.pos() == 0)
+        return File();
+    return file;
+}
+
+void AttachmentFiles::save(const QString &name, Expected<File> file)
+{
+    const auto complain = [&](const QString &reason) {
+        _saved.problems.push_back(
+            QStringLiteral("attachment %1: %2").arg(name.left(kMostToldLetters), reason));
+    };
+    if (_saved.paths.size() + _saved.problems.size() >= kMost) {
+        if (!std::exchange(_isFull, true))
+            complain(QStringLiteral("it and what follows is too much"));
+        return;
+    }
+    const auto path = file.and_then(
+        [&](const File &content) { return content ? commit(name, *content) : Expected<QString>(QString()); });
+    if (!path)
+        complain(path.error().description);
+    else if (!path->isEmpty())
+        _saved.paths.push_back(*path);
+}
+
+Expected<QString> AttachmentFiles::commit(const QString &name, AtomicFile &file) const
+{
+    const QString plain = fileNameOfAttachment(name);
+    for (int number = 0; number <= kMostTries; ++number) {
+        const QString tried = numbered(plain, number);
+        file.setName(tried);
+        const auto committed = file.commit(AtomicFile::Existing::Keep);
+        if (committed)
+            return _folder + u'/' + tried;
+        if (committed.error().domain != kPosixErrorDomain || committed.error().code != EEXIST)
+            return tl::unexpected(committed.error());
+    }
+    return posixFailure(EEXIST);
+}
+
+SavedFiles AttachmentFiles::finish()
+{
+    _files.clear();
+    for (const QString &name : std::as_const(_names))
+        save(name, failure(QStringLiteral("exiftool does not give its contents")));
+    AtomicFile::syncFolder(_folder);
+    return std::move(_saved);
+}
+
+} // namespace quorvin

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "model/Error.h"
+#include "process/Job.h"
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+#include <cstddef>
+#include <map>
+#include <memory>
+
+namespace quorvin {
+
+class AtomicFile;
+
+/// Attached files on their way into a folder. Each is written as it comes, under a temporary name, and gets
+/// its own when that is known: name and content come in any order. A name stays in the folder, whatever it
+/// says, and replaces no file: "a (1).txt" in its place. One thread.
+class AttachmentFiles {
+public:
+    /// More are not saved.
+    static constexpr std::size_t kMost = 1000;
+
+    explicit AttachmentFiles(QString folder);
+    ~AttachmentFiles();
+    AttachmentFiles(const AttachmentFiles &) = delete;
+    AttachmentFiles &operator=(const AttachmentFiles &) = delete;
+
+    /// `key` pairs a name with its content. The content is the text itself, or what stands in base64 behind
+    /// "base64:". An empty one is no file.
+    void addContent(const QByteArray &key, QByteArrayView text);
+    void addName(const QByteArray &key, const QString &name);
+
+    /// What was saved; contents without a name are dropped, and a name without contents is a problem:
+    /// exiftool passes large ones over. Once.
+    SavedFiles finish();
+
+private:
+    using File = std::unique_ptr<AtomicFile>;
+
+    Expected<File> write(QByteArrayView text) const;
+    void save(const QString &name, Expected<File> file);
+    Expected<QString> commit(const QString &name, AtomicFile &file) const;
+
+    QString _folder;
+    QHash<QByteArray, QString> _names; ///< that wait for their contents
+    std::map<QByteArray, Expected<File>> _files; ///< that wait for their names
+    SavedFiles _saved;
+    bool _isFull = false;
+};
+
+/// What an attachment of that name is called in a folder: the part behind its last slash, without what no
+/// name can have, or "attachment".
+QString fileNameOfAttachment(const QString &name);
+
+} // namespace quorvin
