@@ -6,6 +6,7 @@
 #include "model/Log.h"
 
 #include <MediaInfoDLL/MediaInfoDLL_Static.h>
+#include <dlfcn.h>
 
 #include <cstddef>
 #include <exception>
@@ -15,6 +16,8 @@
 namespace quorvin::mi {
 
 namespace {
+
+constexpr char kLibrary[] = "libmediainfo.so.0";
 
 QString stringFromWChar(const wchar_t *text)
 {
@@ -26,80 +29,115 @@ MediaInfo_stream_C kindOf(StreamKind kind)
     return static_cast<MediaInfo_stream_C>(kind);
 }
 
-/// What the call gives, or nothing of its type if it throws.
-template <typename Call>
-auto guarded(Call call) -> decltype(call())
+/// Null when it can't be loaded.
+void *loadedLibrary()
 {
-    try {
-        return call();
-    } catch (const std::exception &error) {
-        qCDebug(lcLibraries) << "MediaInfo:" << error.what();
-    } catch (...) {
-        qCDebug(lcLibraries) << "MediaInfo: an exception without a name";
+    static void *const loaded = [] {
+        void *const opened = ::dlopen(kLibrary, RTLD_LAZY);
+        if (!opened)
+            qCInfo(lcQuorvin, "Failed to load %s: %s", kLibrary, ::dlerror());
+        return opened;
+    }();
+    return loaded;
+}
+
+/// A function of the library.
+template <typename Function>
+class Entry {
+public:
+    explicit Entry(const char *name)
+    {
+        if (void *const library = loadedLibrary())
+            _function = reinterpret_cast<Function *>(::dlsym(library, name));
     }
-    if constexpr (!std::is_void_v<decltype(call())>)
-        return {};
+
+    /// What the function gives, or nothing of its type if it throws or is not there.
+    template <typename... Arguments>
+    auto operator()(Arguments... arguments) const
+    {
+        using Result = std::invoke_result_t<Function *, Arguments...>;
+        try {
+            return _function ? _function(arguments...) : Result();
+        } catch (const std::exception &error) {
+            qCDebug(lcLibraries) << "MediaInfo:" << error.what();
+        } catch (...) {
+            qCDebug(lcLibraries) << "MediaInfo: an exception without a name";
+        }
+        return Result();
+    }
+
+private:
+    Function *_function = nullptr;
+};
+
+/// Loaded when it is first called: it brings some forty libraries with it, for which a program that leaves
+/// the reading to others need not wait.
+struct Library {
+    Entry<decltype(MediaInfo_New)> create{"MediaInfo_New"};
+    Entry<decltype(MediaInfo_Delete)> destroy{"MediaInfo_Delete"};
+    Entry<decltype(MediaInfo_Open)> open{"MediaInfo_Open"};
+    Entry<decltype(MediaInfo_Inform)> inform{"MediaInfo_Inform"};
+    Entry<decltype(MediaInfo_Option)> option{"MediaInfo_Option"};
+    Entry<decltype(MediaInfo_Count_Get)> count{"MediaInfo_Count_Get"};
+    Entry<decltype(MediaInfo_GetI)> getByNumber{"MediaInfo_GetI"};
+    Entry<decltype(MediaInfo_Get)> getByName{"MediaInfo_Get"};
+};
+
+const Library &library()
+{
+    static const Library library;
+    return library;
 }
 
 } // namespace
 
 void *create()
 {
-    return guarded([] { return MediaInfo_New(); });
+    return library().create();
 }
 
 void destroy(void *handle)
 {
-    guarded([&] { MediaInfo_Delete(handle); });
+    library().destroy(handle);
 }
 
 bool open(void *handle, const QString &path)
 {
-    const std::wstring wide = path.toStdWString();
-    return guarded([&] { return MediaInfo_Open(handle, wide.c_str()) != 0; });
+    return library().open(handle, path.toStdWString().c_str()) != 0;
 }
 
 QString inform(void *handle)
 {
-    return guarded([&] { return stringFromWChar(MediaInfo_Inform(handle, 0)); });
+    return stringFromWChar(library().inform(handle, std::size_t(0)));
 }
 
 QString option(void *handle, const QString &name, const QString &value)
 {
-    const std::wstring wideName = name.toStdWString();
-    const std::wstring wideValue = value.toStdWString();
-    return guarded(
-        [&] { return stringFromWChar(MediaInfo_Option(handle, wideName.c_str(), wideValue.c_str())); });
+    return stringFromWChar(
+        library().option(handle, name.toStdWString().c_str(), value.toStdWString().c_str()));
 }
 
 qint64 count(void *handle, StreamKind kind)
 {
-    return guarded([&] {
-        return static_cast<qint64>(MediaInfo_Count_Get(handle, kindOf(kind), static_cast<std::size_t>(-1)));
-    });
+    return static_cast<qint64>(library().count(handle, kindOf(kind), static_cast<std::size_t>(-1)));
 }
 
 qint64 count(void *handle, StreamKind kind, quint64 number)
 {
-    return guarded([&] { return static_cast<qint64>(MediaInfo_Count_Get(handle, kindOf(kind), number)); });
+    return static_cast<qint64>(library().count(handle, kindOf(kind), number));
 }
 
 QString get(void *handle, StreamKind kind, quint64 number, qint64 parameter, int info)
 {
-    return guarded([&] {
-        return stringFromWChar(MediaInfo_GetI(handle, kindOf(kind), number,
-                                              static_cast<std::size_t>(parameter),
-                                              static_cast<MediaInfo_info_C>(info)));
-    });
+    return stringFromWChar(library().getByNumber(handle, kindOf(kind), number,
+                                                 static_cast<std::size_t>(parameter),
+                                                 static_cast<MediaInfo_info_C>(info)));
 }
 
 QString get(void *handle, StreamKind kind, quint64 number, const QString &parameter, int info)
 {
-    const std::wstring name = parameter.toStdWString();
-    return guarded([&] {
-        return stringFromWChar(MediaInfo_Get(handle, kindOf(kind), number, name.c_str(),
-                                             static_cast<MediaInfo_info_C>(info), MediaInfo_Info_Name));
-    });
+    return stringFromWChar(library().getByName(handle, kindOf(kind), number, parameter.toStdWString().c_str(),
+                                               static_cast<MediaInfo_info_C>(info), MediaInfo_Info_Name));
 }
 
 } // namespace quorvin::mi

@@ -9,9 +9,9 @@
 
 namespace quorvin::mi {
 
-/// The C interface of the library, with strings in place of wide characters. A failure of any kind gives
-/// null, false, 0 or
-/// "". Only `oMediaInfo` and what it is made of call it.
+/// The C interface of the library, with strings in place of wide characters; the first call loads it. A
+/// failure of any kind, also a library that is not there, gives null, false, 0 or "". Only `oMediaInfo` and
+/// what it is made of call it.
 
 void *create();
 void destroy(void *handle);
