@@ -19,6 +19,8 @@
 #include <algorithm>
 #include <ctime>
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace {
 
@@ -81,8 +83,51 @@ void fill(const QString &folder, const QString &seeds)
     }
 }
 
-/// The longest turn of the event loop in each of the things that one does with a very long list; from the
-/// drop to the first row, and to the first record.
+/// Of what is done at once and of the turns that follow it.
+double longestTurnOf(const std::function<void()> &work, int milliseconds = 300)
+{
+    return std::max(millisecondsOf(work), longestTurnFor(milliseconds));
+}
+
+/// From the drop to the first row, and to the first record.
+void measureIntake(benchmark::State &state, FilelistController &files, const QString &folder)
+{
+    QElapsedTimer clock;
+    clock.start();
+    files.processFiles({folder});
+    const double add = longestTurnUntil([&] { return !files.filelist().empty(); });
+    state.counters["first_row_ms"] = static_cast<double>(clock.elapsed());
+    const double first = longestTurnUntil([&] { return files.canExport(); });
+    state.counters["first_record_ms"] = static_cast<double>(clock.elapsed());
+    state.counters["add_turn_ms"] = std::max(add, first);
+    state.counters["read_turn_ms"] = longestTurnFor(5000);
+}
+
+void measureReading(benchmark::State &state, FilelistController &files)
+{
+    state.counters["refresh_turn_ms"] = longestTurnOf([&] { files.refreshAll(); }, 3000);
+    state.counters["stop_turn_ms"] = longestTurnOf([&] { files.stopReading(); });
+    state.counters["go_on_turn_ms"] = longestTurnOf([&] { files.goOn(); });
+}
+
+/// Every so many rows, taken out, brought back and moved.
+void measureEditing(benchmark::State &state, FilelistController &files, int step, const std::string &name)
+{
+    std::vector<int> rows;
+    QItemSelection selection;
+    for (int row = 1; row < kFiles; row += step) {
+        rows.push_back(row);
+        selection.append(QItemSelectionRange(files.arranged().index(row, 0)));
+    }
+    // Nobody selects so many by hand: without the turn that this takes.
+    files.selection().select(selection, QItemSelectionModel::ClearAndSelect);
+    longestTurnFor(300);
+    state.counters["remove" + name] = longestTurnOf([&] { files.removeSelectedItems(); });
+    state.counters["undo" + name] = longestTurnOf([&] { files.undoRemoval(); });
+    state.counters["move" + name] = longestTurnOf([&] { files.moveFiles(rows, kFiles / 2); });
+}
+
+/// The longest turn of the event loop in each of the things that one does with a very long list.
 void longList(benchmark::State &state)
 {
     const QTemporaryDir folder;
@@ -94,35 +139,11 @@ void longList(benchmark::State &state)
         AppController application(settings);
         MainWindowController *window = application.openEmptyWindow();
         FilelistController &files = window->files();
-        QItemSelectionModel &selection = files.selection();
         longestTurnFor(500);
-
-        QElapsedTimer clock;
-        clock.start();
-        files.processFiles({folder.path()});
-        const double add = longestTurnUntil([&] { return !files.filelist().empty(); });
-        state.counters["first_row_ms"] = static_cast<double>(clock.elapsed());
-        const double first = longestTurnUntil([&] { return files.canExport(); });
-        state.counters["first_record_ms"] = static_cast<double>(clock.elapsed());
-        state.counters["add_turn_ms"] = std::max(add, first);
-        state.counters["read_turn_ms"] = longestTurnFor(5000);
-
-        const double refresh = millisecondsOf([&] { files.refreshAll(); });
-        state.counters["refresh_turn_ms"] = std::max(refresh, longestTurnFor(3000));
-        const double stop = millisecondsOf([&] { files.stopReading(); });
-        state.counters["stop_turn_ms"] = std::max(stop, longestTurnFor(300));
-        const double goOn = millisecondsOf([&] { files.goOn(); });
-        state.counters["go_on_turn_ms"] = std::max(goOn, longestTurnFor(300));
-
-        QItemSelection everySecond;
-        for (int row = 1; row < kFiles; row += 2)
-            everySecond.append(QItemSelectionRange(files.arranged().index(row, 0)));
-        selection.select(everySecond, QItemSelectionModel::ClearAndSelect);
-        longestTurnFor(300);
-        const double remove = millisecondsOf([&] { files.removeSelectedItems(); });
-        state.counters["remove_turn_ms"] = std::max(remove, longestTurnFor(300));
-        const double undo = millisecondsOf([&] { files.undoRemoval(); });
-        state.counters["undo_turn_ms"] = std::max(undo, longestTurnFor(300));
+        measureIntake(state, files, folder.path());
+        measureReading(state, files);
+        measureEditing(state, files, 2, "_half_turn_ms");
+        measureEditing(state, files, kFiles / 30, "_few_turn_ms");
         state.counters["export_turn_ms"] = millisecondsOf([&] { files.arrayWithDataForExport(); });
         state.counters["close_turn_ms"] = millisecondsOf([&] { window->close(); });
     }

@@ -3,7 +3,6 @@
 
 #include "intake/DataCacherFileQueue.h"
 
-#include <iterator>
 #include <unordered_set>
 #include <utility>
 
@@ -12,10 +11,7 @@ namespace quorvin {
 void DataCacherFileQueue::addFilesToEnd(const std::vector<FilelistItemPtr> &files)
 {
     const std::lock_guard guard(queueLock);
-    std::vector<FilelistItemPtr> stack(files.rbegin(), files.rend());
-    stack.insert(stack.end(), std::make_move_iterator(fileQueue.begin()),
-                 std::make_move_iterator(fileQueue.end()));
-    fileQueue = std::move(stack);
+    fileQueue.insert(fileQueue.begin(), files.rbegin(), files.rend());
     keepCount();
 }
 
@@ -57,7 +53,7 @@ FilelistItemPtr DataCacherFileQueue::nextForcedItem()
     return takeLast(forcedFiles);
 }
 
-FilelistItemPtr DataCacherFileQueue::takeLast(std::vector<FilelistItemPtr> &files)
+FilelistItemPtr DataCacherFileQueue::takeLast(std::deque<FilelistItemPtr> &files)
 {
     if (files.empty())
         return nullptr;

@@ -7,6 +7,7 @@
 
 #include <atomic>
 #include <cstddef>
+#include <deque>
 #include <mutex>
 #include <vector>
 
@@ -34,12 +35,12 @@ public:
     std::size_t count() const { return _count; }
 
 private:
-    FilelistItemPtr takeLast(std::vector<FilelistItemPtr> &files);
+    FilelistItemPtr takeLast(std::deque<FilelistItemPtr> &files);
     void keepCount() { _count = fileQueue.size() + forcedFiles.size(); }
 
     std::mutex queueLock;
-    std::vector<FilelistItemPtr> fileQueue;
-    std::vector<FilelistItemPtr> forcedFiles;
+    std::deque<FilelistItemPtr> fileQueue;
+    std::deque<FilelistItemPtr> forcedFiles;
     std::atomic<std::size_t> _count = 0;
 };
 

@@ -128,10 +128,18 @@ void FilelistController::arrangedObjectsDidChange()
 {
     if (_isArranging)
         return;
-    // Whoever shows the rows has to learn of the change before a row is selected.
-    QMetaObject::invokeMethod(this, &FilelistController::selectionDidChange, Qt::QueuedConnection);
+    // Once for all the runs of rows that come or go together. Whoever shows the rows has to learn of the
+    // change before a row is selected.
+    if (!std::exchange(_isChangeToBeTold, true))
+        QMetaObject::invokeMethod(this, &FilelistController::tellOfChange, Qt::QueuedConnection);
+}
+
+void FilelistController::tellOfChange()
+{
+    _isChangeToBeTold = false;
     updateTotals();
     Q_EMIT windowArrangedFilelistDidChange();
+    selectionDidChange();
 }
 
 void FilelistController::fileIsReady(const DataCacherDelivery &delivery)

@@ -108,6 +108,7 @@ public:
 Q_SIGNALS:
     /// Files of these paths have become the content, or joined it.
     void filesTaken(const QStringList &paths);
+    /// One signal for all that comes, goes or moves in one turn of the event loop.
     void windowArrangedFilelistDidChange();
     /// How many files there are, or how many of them are processed, has changed.
     void totalsDidChange();
@@ -128,6 +129,7 @@ private:
     void insertFiles(int index, const std::vector<FilelistItemPtr> &files);
     void arrange();
     void arrangedObjectsDidChange();
+    void tellOfChange();
     void selectionDidChange();
     void fileIsReady(const DataCacherDelivery &delivery);
     void readAgain(const std::vector<FilelistItemPtr> &files);
@@ -143,6 +145,7 @@ private:
     FolderWalks _walks;
     RemovedFiles _removed;
     bool _isArranging = false; ///< rows come and go, and nobody is to lean on them
+    bool _isChangeToBeTold = false; ///< of the arranged list
     bool _isWindowClosing = false;
 };
 

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -40,18 +41,19 @@ int runsOf(const std::vector<int> &rows)
 }
 
 /// With each of the new files at its row of the result.
-std::vector<FilelistItemPtr> merged(const std::vector<FilelistItemPtr> &old, const std::vector<int> &rows,
+std::vector<FilelistItemPtr> merged(std::vector<FilelistItemPtr> old, const std::vector<int> &rows,
                                     const std::vector<FilelistItemPtr> &files)
 {
     std::vector<FilelistItemPtr> all;
     all.reserve(old.size() + files.size());
-    auto next = old.begin();
+    auto next = std::move_iterator(old.begin());
+    const auto end = std::move_iterator(old.end());
     for (std::size_t i = 0; i < files.size(); ++i) {
-        while (next != old.end() && all.size() < static_cast<std::size_t>(rows[i]))
+        while (next != end && all.size() < static_cast<std::size_t>(rows[i]))
             all.push_back(*next++);
         all.push_back(files[i]);
     }
-    all.insert(all.end(), next, old.end());
+    all.insert(all.end(), next, end);
     return all;
 }
 
@@ -100,12 +102,11 @@ FilelistItemPtr FilelistModel::fileAt(int row) const
 int FilelistModel::rowOf(const FilelistItemPtr &file) const
 {
     if (_rows.empty()) {
-        _rows.reserve(_files.size());
-        for (std::size_t row = 0; row < _files.size(); ++row)
-            _rows.emplace(_files[row].get(), static_cast<int>(row));
+        _rows.reserve(rowCount());
+        for (int row = 0; row < rowCount(); ++row)
+            _rows.insert(_files[static_cast<std::size_t>(row)].get(), row);
     }
-    const auto found = _rows.find(file.get());
-    return found == _rows.end() ? -1 : found->second;
+    return _rows.value(file.get(), -1);
 }
 
 std::vector<FilelistItemPtr> FilelistModel::setFiles(std::vector<FilelistItemPtr> files)
@@ -131,7 +132,7 @@ void FilelistModel::insertFilesAt(const std::vector<int> &rows, const std::vecto
 {
     if (runsOf(rows) > kMostRuns) {
         beginResetModel();
-        _files = merged(_files, rows, files);
+        _files = merged(std::move(_files), rows, files);
         _rows.clear();
         return endResetModel();
     }
@@ -149,14 +150,13 @@ void FilelistModel::insertFilesAt(const std::vector<int> &rows, const std::vecto
 std::vector<FilelistItemPtr> FilelistModel::removeFiles(std::vector<int> rows)
 {
     std::ranges::sort(rows);
+    if (runsOf(rows) > kMostRuns)
+        return removeScattered(rows);
     std::vector<FilelistItemPtr> removed;
     removed.reserve(rows.size());
     for (const int row : rows)
         removed.push_back(fileAt(row));
-    if (runsOf(rows) > kMostRuns)
-        removeScattered(rows);
-    else
-        removeRuns(std::move(rows));
+    removeRuns(std::move(rows));
     return removed;
 }
 
@@ -177,14 +177,17 @@ void FilelistModel::removeRuns(std::vector<int> rows)
     }
 }
 
-void FilelistModel::removeScattered(const std::vector<int> &rows)
+std::vector<FilelistItemPtr> FilelistModel::removeScattered(const std::vector<int> &rows)
 {
+    std::vector<FilelistItemPtr> removed;
+    removed.reserve(rows.size());
     beginResetModel();
     for (const int row : rows)
-        _files[static_cast<std::size_t>(row)] = nullptr;
+        removed.push_back(std::move(_files[static_cast<std::size_t>(row)]));
     std::erase(_files, nullptr);
     _rows.clear();
     endResetModel();
+    return removed;
 }
 
 void FilelistModel::moveFiles(const std::vector<int> &rows, int before)

@@ -7,9 +7,9 @@
 #include "shell/filelist/FileIcons.h"
 
 #include <QAbstractListModel>
+#include <QHash>
 #include <QTimer>
 
-#include <unordered_map>
 #include <vector>
 
 namespace quorvin {
@@ -53,11 +53,11 @@ public:
 private:
     /// Whoever shows the rows follows each run by itself, in a time that grows with the list.
     void removeRuns(std::vector<int> rows);
-    void removeScattered(const std::vector<int> &rows);
+    std::vector<FilelistItemPtr> removeScattered(const std::vector<int> &rows);
 
     mutable FileIcons _icons;
     std::vector<FilelistItemPtr> _files;
-    mutable std::unordered_map<const FilelistItem *, int> _rows; ///< made when asked for; else empty
+    mutable QHash<const FilelistItem *, int> _rows; ///< made when asked for; else empty
     std::vector<FilelistItemPtr> _coversReady; ///< not announced yet
     QTimer _coversTimer;
 };

@@ -31,6 +31,8 @@ namespace {
 
 constexpr int kSpinnerMilliseconds = 80;
 constexpr int kDropLineWidth = 2; ///< of the mark where a drop goes
+/// To find out where thousands of ranges lie takes longer than to paint all that is in sight.
+constexpr qsizetype kMostMeasuredRanges = 50;
 
 } // namespace
 
@@ -252,6 +254,12 @@ void FilelistTable::currentChanged(const QModelIndex &current, const QModelIndex
     if (!_isExtending)
         _anchor = current;
     QListView::currentChanged(current, previous);
+}
+
+QRegion FilelistTable::visualRegionForSelection(const QItemSelection &selection) const
+{
+    return selection.size() > kMostMeasuredRanges ? QRegion(viewport()->rect())
+                                                  : QListView::visualRegionForSelection(selection);
 }
 
 void FilelistTable::keyPressEvent(QKeyEvent *event)

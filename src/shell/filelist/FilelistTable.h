@@ -50,6 +50,7 @@ protected:
     void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    QRegion visualRegionForSelection(const QItemSelection &selection) const override;
 
 private:
     static constexpr int kNoLine = -1;
