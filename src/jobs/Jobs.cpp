@@ -3,10 +3,14 @@
 
 #include "jobs/Jobs.h"
 
+#include "pictures/Cover.h"
+#include "pictures/WholePicture.h"
 #include "readers/RawReport.h"
 #include "readers/RecordBuilder.h"
 #include "surgery/AttachmentExtraction.h"
 #include "surgery/MetadataRemoval.h"
+
+#include <algorithm>
 
 namespace quorvin {
 
@@ -26,6 +30,18 @@ Expected<RemovalResult> doJob(const RemovalRequest &request, const JobTools & /*
 {
     return request.copy.isEmpty() ? plannedRemoval(request.options, request.path)
                                   : removeMetadata(request.options, request.path, request.copy);
+}
+
+Expected<Picture> doJob(const PictureRequest &request, const JobTools & /*tools*/)
+{
+    const auto picture = pictureOfFile(request.path, request.side);
+    const int side = picture ? std::max(picture->width, picture->height) : 0;
+    if (side >= std::min(Cover::kMostSide, request.side))
+        return picture;
+    // What opens a raw photo as a picture sees its smallest thumbnail only; a song has its cover.
+    const auto record = RecordBuilder(RecordOptions()).dataAboutFile(request.path);
+    const QImage cover = record ? imageOfCover((*record)->generalInfo().cover) : QImage();
+    return std::max(cover.width(), cover.height()) > side ? pictureOf(cover) : picture;
 }
 
 Expected<SavedFiles> doJob(const AttachmentsRequest &request, const JobTools &tools)

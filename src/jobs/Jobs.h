@@ -22,6 +22,7 @@ Expected<QuorvinDataPtr> doJob(const RecordRequest &request, const JobTools &too
 Expected<Report> doJob(const ReportRequest &request, const JobTools &tools = {});
 Expected<RemovalResult> doJob(const RemovalRequest &request, const JobTools &tools = {});
 Expected<SavedFiles> doJob(const AttachmentsRequest &request, const JobTools &tools = {});
+Expected<Picture> doJob(const PictureRequest &request, const JobTools &tools = {});
 
 /// The one of the request's kind.
 JobResult doJob(const JobRequest &request, const JobTools &tools = {});

@@ -3,6 +3,7 @@
 
 #include "jobs/Jobs.h"
 #include "model/Log.h"
+#include "platform/EndWithParent.h"
 #include "platform/NativePath.h"
 #include "platform/UserLocale.h"
 #include "process/Frames.h"
@@ -17,7 +18,6 @@
 #include <QStandardPaths>
 
 #include <fcntl.h>
-#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -25,7 +25,6 @@
 #include <array>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <cstdlib>
 #include <mutex>
 #include <new>
@@ -145,6 +144,7 @@ private:
         return frameOf(answer).size() > qsizetype{EncodedRemoval::kMostBytes} ? tooLarge(job) : answer;
     }
     static ReaderMessage made(quint32 job, const SavedFiles &files) { return FilesSaved{job, files}; }
+    static ReaderMessage made(quint32 job, const Picture &picture) { return EncodedPicture{job, picture}; }
     static ReaderMessage tooLarge(quint32 job)
     {
         return JobFailed{job, failure(QStringLiteral("there is too much to tell of it")).value()};
@@ -212,17 +212,6 @@ bool answer(const JobOrder &order, const QString &through, oExifToolStayOpenProc
         return writeAll(frameOf(JobOutside{order.number}));
     return writeAll(frameOf(JobDone{order.number}))
         && writeAll(frameOf(answers.messageOf(order.number, result)));
-}
-
-/// A reader ends with its parent, whatever it is doing.
-void tieTo(pid_t parent)
-{
-    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (::getppid() != parent)
-        std::_Exit(EXIT_SUCCESS);
-    // What interrupts the parent at the terminal is the parent's affair.
-    std::signal(SIGINT, SIG_IGN);
-    ::close_range(kReaderCounter + 1, ~0U, 0);
 }
 
 /// Whether more than half of the memory is in use that this process may take.
@@ -300,7 +289,7 @@ try {
     }
     if (argc != 3)
         return EXIT_FAILURE;
-    tieTo(static_cast<pid_t>(std::strtol(argv[1], nullptr, 10)));
+    endWithParent(static_cast<pid_t>(std::strtol(argv[1], nullptr, 10)), kReaderCounter);
     std::set_new_handler(endWithoutMemory);
     const auto roots = nextOf(rootsOf);
     if (!roots)

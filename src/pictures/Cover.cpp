@@ -39,15 +39,6 @@ QByteArray encodedWithin(const QImage &picture, qsizetype most)
     return {};
 }
 
-QImage imageOf(const Cover &cover)
-{
-    const int bytesOfPixel = cover.hasAlpha ? 4 : 3;
-    const QImage view(reinterpret_cast<const uchar *>(cover.pixels.constData()), cover.width, cover.height,
-                      qsizetype{cover.width} * bytesOfPixel,
-                      cover.hasAlpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
-    return view.copy();
-}
-
 } // namespace
 
 Cover coverOf(const QImage &picture, int side)
@@ -71,11 +62,22 @@ Cover coverOfData(const QByteArray &encoded, int side)
     return coverOf(Utilities::thumbnailedImageFromData(encoded, side), side);
 }
 
-QByteArray packedCover(const Cover &cover)
+QImage imageOfCover(const Cover &cover)
 {
     if (cover.isEmpty() || !cover.isValid())
         return {};
-    QImage picture = imageOf(cover);
+    const int bytesOfPixel = cover.hasAlpha ? 4 : 3;
+    const QImage view(reinterpret_cast<const uchar *>(cover.pixels.constData()), cover.width, cover.height,
+                      qsizetype{cover.width} * bytesOfPixel,
+                      cover.hasAlpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
+    return view.copy();
+}
+
+QByteArray packedCover(const Cover &cover)
+{
+    QImage picture = imageOfCover(cover);
+    if (picture.isNull())
+        return {};
     while (std::max(picture.width(), picture.height()) >= kSmallestSide) {
         if (QByteArray packed = encodedWithin(picture, kMostPackedBytes); !packed.isEmpty())
             return packed;

@@ -21,6 +21,9 @@ Cover coverOf(const QImage &picture, int side = Cover::kMostSide);
 /// what cannot be decoded.
 Cover coverOfData(const QByteArray &encoded, int side = Cover::kMostSide);
 
+/// The way back; null for an empty cover, and for one that is not valid.
+QImage imageOfCover(const Cover &cover);
+
 /// A cover as JPEG, or PNG for one with transparency, in `kMostPackedBytes` at most; made coarser, then
 /// smaller, until it fits. "" for an empty one, and for one that is not valid.
 QByteArray packedCover(const Cover &cover);

@@ -33,7 +33,7 @@ bool isPixelFormat(const QByteArray &format)
     return std::ranges::find(kPixelFormats, QByteArrayView(format)) != kPixelFormats.end();
 }
 
-QImage decoded(QIODevice &device, QSize limit, bool applyOrientation)
+QImage decoded(QIODevice &device, QSize limit, bool applyOrientation, const PixelLimits &limits = {})
 {
     const JpegScans scans = scansOf(device);
     QImageReader reader(&device);
@@ -46,7 +46,9 @@ QImage decoded(QIODevice &device, QSize limit, bool applyOrientation)
     }
     reader.setAutoTransform(applyOrientation);
     const QSize size = reader.size();
-    if (qint64{size.width()} * size.height() > kMostPixels || scans.count > kMostScans)
+    const bool isReduced = scans.count > 0 && !scans.isProgressive;
+    if (qint64{size.width()} * size.height() > (isReduced ? limits.reduced : limits.whole)
+        || scans.count > kMostScans)
         return {};
     // A progressive file is held as a whole whatever size is asked for.
     if (size.isValid() && fitting(size, limit) != size && !scans.isProgressive)
@@ -54,23 +56,23 @@ QImage decoded(QIODevice &device, QSize limit, bool applyOrientation)
     return imageResize(reader.read(), limit);
 }
 
-QImage decodedHeif(const QString &path, int size)
+QImage decodedHeif(const QString &path, int size, qint64 mostPixels)
 {
     const auto picture = HeifImage::open(path).and_then(
-        [size](const HeifImage &image) { return image.decoded(size, kMostPixels); });
+        [&](const HeifImage &image) { return image.decoded(size, mostPixels); });
     return picture ? imageResize(*picture, {size, size}) : QImage();
 }
 
 } // namespace
 
-QImage thumbnailedImageFromURL(const QString &path, int size)
+QImage thumbnailedImageFromURL(const QString &path, int size, const PixelLimits &limits)
 {
     const auto file = RegularFile::open(path);
     QFile device;
     if (!file || !device.open(file->descriptor(), QIODevice::ReadOnly))
         return {};
-    QImage image = decoded(device, {size, size}, true);
-    return image.isNull() ? decodedHeif(file->descriptorPath(), size) : image;
+    QImage image = decoded(device, {size, size}, true, limits);
+    return image.isNull() ? decodedHeif(file->descriptorPath(), size, limits.whole) : image;
 }
 
 QImage thumbnailedImageFromData(const QByteArray &data, int size)

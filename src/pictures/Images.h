@@ -14,9 +14,20 @@ namespace quorvin::Utilities {
 /// pixels (a drawing may name other files), or goes beyond the limits below, before anything is decoded. HEIF
 /// and AVIF come through libheif. Sizes are in pixels. Any thread.
 
+/// Most pixels of a picture.
+inline constexpr qint64 kMostPixels = qint64{32} * 1000 * 1000;
+/// Most scans of a progressive JPEG, each of which goes over all of it. Usual ones have about ten.
+inline constexpr int kMostScans = 100;
+
+/// Most pixels of a picture that lies in memory as a whole while it is decoded, and of one that does not.
+struct PixelLimits {
+    qint64 whole = kMostPixels;
+    qint64 reduced = kMostPixels;
+};
+
 /// The picture with its orientation applied, scaled down so that its longer side is at most `size`; decoded
 /// at reduced size where the format can. A smaller picture keeps its size.
-QImage thumbnailedImageFromURL(const QString &path, int size);
+QImage thumbnailedImageFromURL(const QString &path, int size, const PixelLimits &limits = {});
 QImage thumbnailedImageFromData(const QByteArray &data, int size);
 
 /// A copy scaled down to fit the size with its proportions kept; a picture that fits is copied as it is.
@@ -27,10 +38,5 @@ QImage resizedImageFromData(const QByteArray &data, QSize maxSize);
 
 /// "" for a null image.
 QByteArray pngDataFromImage(const QImage &image);
-
-/// Most pixels of a picture.
-inline constexpr qint64 kMostPixels = qint64{32} * 1000 * 1000;
-/// Most scans of a progressive JPEG, each of which goes over all of it. Usual ones have about ten.
-inline constexpr int kMostScans = 100;
 
 } // namespace quorvin::Utilities

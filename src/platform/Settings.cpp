@@ -83,6 +83,8 @@ constexpr std::array kTable{
     row<Setting::savedRules>(String, ""),
     row<Setting::quickInfoFrame>(String, ""),
     row<Setting::quickInfoClosed>(String, ""),
+    row<Setting::previewMuted>(Boolean, "false"),
+    row<Setting::previewFrame>(String, ""),
 };
 static_assert(hasRowOfEach(kTable, &SettingRow::setting));
 static_assert(std::ranges::all_of(kTable, [](const SettingRow &row) {

@@ -70,6 +70,8 @@ enum class Setting {
     savedRules,
     quickInfoFrame,
     quickInfoClosed,
+    previewMuted,
+    previewFrame,
 };
 
 enum class SettingType { Boolean, Integer, Float, String };

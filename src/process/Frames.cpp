@@ -101,6 +101,11 @@ struct Fields<EncodedRemoval> {
 };
 
 template <>
+struct Fields<PictureRequest> {
+    static constexpr auto list = std::tuple(&PictureRequest::path, &PictureRequest::side);
+};
+
+template <>
 struct Fields<ReaderRoots> {
     static constexpr auto list = std::tuple(&ReaderRoots::paths, &ReaderRoots::through,
                                             &ReaderRoots::writable, &ReaderRoots::exifToolMiB);
@@ -146,6 +151,18 @@ struct Fields<EncodedRecord> {
 template <>
 struct Fields<EncodedReport> {
     static constexpr auto list = std::tuple(&EncodedReport::job, &EncodedReport::text);
+};
+
+template <>
+struct Fields<Picture> {
+    static constexpr auto list = std::tuple(&Picture::width, &Picture::height, &Picture::fullWidth,
+                                            &Picture::fullHeight, &Picture::isAnimated, &Picture::pixels);
+    static bool isValid(const Picture &picture) { return picture.isValid(); }
+};
+
+template <>
+struct Fields<EncodedPicture> {
+    static constexpr auto list = std::tuple(&EncodedPicture::job, &EncodedPicture::picture);
 };
 
 template <>

@@ -107,6 +107,14 @@ struct FilesSaved {
     SavedFiles files;
 };
 
+struct EncodedPicture {
+    static constexpr quint32 kMostBytes
+        = Picture::kMostSide * Picture::kMostSide * Picture::kBytesOfPixel + 64;
+
+    quint32 job = 0;
+    Picture picture;
+};
+
 /// Digests of the job's file have come so far: each time further. The job's limits count anew from then on.
 struct JobProgress {
     static constexpr quint32 kMostBytes = 64;
@@ -125,7 +133,7 @@ struct LogLine {
 };
 
 using ReaderMessage = std::variant<Greeting, JobDone, JobOutside, JobFailed, EncodedRecord, EncodedReport,
-                                   LogLine, JobProgress, EncodedRemoval, FilesSaved>;
+                                   LogLine, JobProgress, EncodedRemoval, FilesSaved, EncodedPicture>;
 
 inline constexpr quint32 kMostOrderBytes = 1 << 20;
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "model/Error.h"
+#include "model/Picture.h"
 #include "model/QuorvinData.h"
 #include "model/RecordOptions.h"
 #include "model/RemovalResult.h"
@@ -58,6 +59,14 @@ struct RemovalRequest {
     oEXIV2Metadata options;
 };
 
+/// Asks for the picture of a file to look at: the file itself, or the cover that it carries.
+struct PictureRequest {
+    using Result = Picture;
+
+    QString path;
+    int side = Picture::kMostSide; ///< most pixels of its longer side
+};
+
 template <typename... Requests>
 struct JobKinds {
     using Request = std::variant<Requests...>;
@@ -65,7 +74,7 @@ struct JobKinds {
 };
 
 /// All that a guarded process can be asked for. The answer to a request stands at the request's place.
-using AllJobs = JobKinds<RecordRequest, ReportRequest, RemovalRequest, AttachmentsRequest>;
+using AllJobs = JobKinds<RecordRequest, ReportRequest, RemovalRequest, AttachmentsRequest, PictureRequest>;
 using JobRequest = AllJobs::Request;
 using JobAnswer = AllJobs::Answer;
 using JobResult = Expected<JobAnswer>;

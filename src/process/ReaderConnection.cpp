@@ -184,6 +184,11 @@ std::optional<JobAnswer> ReaderConnection::answerOf(const FilesSaved &saved)
     return saved.files;
 }
 
+std::optional<JobAnswer> ReaderConnection::answerOf(const EncodedPicture &picture)
+{
+    return picture.picture;
+}
+
 Expected<ReaderMessage> ReaderConnection::receive(const std::stop_token &stop)
 {
     for (;;) {

@@ -79,6 +79,7 @@ private:
     static std::optional<JobAnswer> answerOf(const EncodedReport &report);
     static std::optional<JobAnswer> answerOf(const EncodedRemoval &removal) { return removal.result; }
     static std::optional<JobAnswer> answerOf(const FilesSaved &saved);
+    static std::optional<JobAnswer> answerOf(const EncodedPicture &picture);
     template <typename Message>
     static std::optional<JobAnswer> answerOf(const Message &)
     {

@@ -60,6 +60,11 @@ QString commandLineProgram()
     return QStringLiteral(QUORVIN_CLI);
 }
 
+QString faultyPanelProgram()
+{
+    return QStringLiteral(QUORVIN_FAULTY_PANEL);
+}
+
 QString faultyReaderProgram()
 {
     return QStringLiteral(QUORVIN_FAULTY_READER);

@@ -41,5 +41,6 @@ QString sample(const QString &name);
 /// The programs that tests run.
 QString commandLineProgram();
 QString faultyReaderProgram();
+QString faultyPanelProgram();
 
 } // namespace quorvin::test

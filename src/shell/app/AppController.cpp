@@ -15,6 +15,7 @@
 #include "shell/window/CompareCommands.h"
 #include "shell/window/MainView.h"
 #include "shell/window/MainWindowController.h"
+#include "shell/window/PreviewCommands.h"
 
 #include <QDesktopServices>
 #include <QFile>
@@ -89,6 +90,7 @@ MainWindowController *AppController::compareInNewWindow(const std::vector<Fileli
 void AppController::registerCommands(MainWindowController &window)
 {
     CommandSet &commands = window.commands();
+    new PreviewCommands(_preview, window);
     commands.on(Command::openEmptyWindow, [this] { openEmptyWindow(); });
     commands.on(Command::openFileInNewWindow, [this] { openFileInNewWindow(); });
     commands.on(Command::quit, [this] { quit(); });

@@ -7,6 +7,7 @@
 #include "intake/FilelistItem.h"
 #include "shell/app/ApplicationService.h"
 #include "shell/desktop/ColorScheme.h"
+#include "shell/preview/PreviewPanel.h"
 #include "shell/session/Session.h"
 
 #include <QObject>
@@ -32,6 +33,7 @@ public:
 
     Session &session() { return _session; }
     ApplicationService &service() { return *_service; }
+    PreviewPanel &preview() { return _preview; }
 
     /// Oldest first.
     const std::vector<MainWindowController *> &windows() const { return _windows; }
@@ -69,6 +71,7 @@ private:
     void settingDidChange(Setting setting);
 
     Session _session;
+    PreviewPanel _preview{_session.settings};
     QPointer<PreferencesWindowController> _preferences;
     ColorScheme _colorScheme;
     ApplicationService *_service;

@@ -22,6 +22,7 @@ enum class Command {
     refreshAll,
     stopReading,
     cancelWalks,
+    togglePreviewPanel,
     revealInFinder,
     menuExportNew,
     exportSelection,

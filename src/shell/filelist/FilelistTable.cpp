@@ -212,9 +212,26 @@ void FilelistTable::paintDropLine()
     painter.drawLine(0, y, viewport()->width(), y);
 }
 
+bool FilelistTable::event(QEvent *event)
+{
+    // Within a name a blank is a letter, whatever command it is elsewhere.
+    if (event->type() == QEvent::ShortcutOverride && isTyping()
+        && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Space) {
+        event->accept();
+        return true;
+    }
+    return QListView::event(event);
+}
+
+bool FilelistTable::isTyping() const
+{
+    return !_typed.isEmpty() && _sinceTyped.isValid()
+        && _sinceTyped.elapsed() <= QApplication::keyboardInputInterval();
+}
+
 void FilelistTable::keyboardSearch(const QString &search)
 {
-    if (!_sinceTyped.isValid() || _sinceTyped.elapsed() > QApplication::keyboardInputInterval())
+    if (!isTyping())
         _typed.clear();
     _sinceTyped.start();
     if (_typed.isEmpty() && search.trimmed().isEmpty())

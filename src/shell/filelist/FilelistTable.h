@@ -41,6 +41,7 @@ Q_SIGNALS:
     void openWanted(const QString &path);
 
 protected:
+    bool event(QEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -53,6 +54,9 @@ protected:
     QRegion visualRegionForSelection(const QItemSelection &selection) const override;
 
 private:
+    /// The next letter goes to the name that is being typed.
+    bool isTyping() const;
+
     static constexpr int kNoLine = -1;
     static constexpr int kWholeList = -2;
 
