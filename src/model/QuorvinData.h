@@ -61,8 +61,8 @@ private:
 
 using QuorvinDataPtr = std::shared_ptr<const QuorvinData>;
 
-/// The leaves in whose name or value the text occurs, as copies in copies of their groups. A group without one
-/// is dropped, whatever its own name; so is a leaf without value.
+/// The leaves in whose name or value the text occurs, as copies in copies of their groups. A group without
+/// one is dropped, whatever its own name; so is a leaf without value.
 ExtTreeItems extTree(const ExtTreeItems &items, const SearchText &having);
 
 /// Appends the text unless it is "".

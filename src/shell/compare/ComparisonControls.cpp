@@ -3,6 +3,7 @@
 
 #include "shell/compare/ComparisonControls.h"
 
+#include "shell/desktop/PlainText.h"
 #include "shell/session/LiveSettings.h"
 
 #include <QCheckBox>
@@ -69,7 +70,7 @@ QWidget *ComparisonControls::makeFilters()
     const auto add = [&](ComparisonFilter filter, const QString &text, const QString &tip) {
         auto *button = new ChoiceButton;
         button->setText(text);
-        button->setToolTip(tip);
+        button->setToolTip(plainTip(tip));
         button->setCheckable(true);
         button->setFocusPolicy(Qt::TabFocus);
         button->setShortcut(QKeySequence::mnemonic(text));
@@ -117,7 +118,7 @@ void ComparisonControls::settingDidChange(Setting setting)
         const int value = std::min(_settings.integer(setting), kMostDimming);
         const QSignalBlocker quiet(_contrastSlider);
         _contrastSlider->setValue(value);
-        _contrastSlider->setToolTip(tr("%1%").arg(value * 10));
+        _contrastSlider->setToolTip(plainTip(tr("%1%").arg(value * 10)));
     }
 }
 

@@ -50,7 +50,7 @@ QToolButton *FindBar::addButton(Qt::ArrowType arrow, const QString &name)
     auto *button = new QToolButton;
     button->setArrowType(arrow);
     button->setAutoRaise(true);
-    button->setToolTip(name);
+    button->setToolTip(plainTip(name));
     button->setAccessibleName(name);
     button->setFocusPolicy(Qt::TabFocus);
     return button;
