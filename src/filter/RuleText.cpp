@@ -13,7 +13,6 @@
 #include <algorithm>
 #include <array>
 #include <optional>
-#include <ranges>
 #include <utility>
 
 namespace quorvin {
@@ -258,9 +257,10 @@ QLatin1String signOf(Rule::Comparison comparison)
     if (comparison == IsMissing)
         return "IS MISSING"_L1;
     const auto *const word = std::ranges::find(kWords, comparison, &Sign::comparison);
-    const auto symbols = std::views::reverse(kSymbols);
-    return word != kWords.end() ? word->text
-                                : std::ranges::find(symbols, comparison, &Sign::comparison)->text;
+    // Of several the last is the one to write.
+    const auto symbol = std::find_if(kSymbols.rbegin(), kSymbols.rend(),
+                                     [=](const Sign &sign) { return sign.comparison == comparison; });
+    return word != kWords.end() ? word->text : symbol->text;
 }
 
 QString textOfCondition(const Rule &rule)

@@ -14,8 +14,8 @@ using namespace Qt::StringLiterals;
 using enum QuantityKind;
 
 constexpr qsizetype kMostDigits = 64;
-constexpr double kMinute = 60;
-constexpr double kHour = 60 * kMinute;
+constexpr double kSecondsOfMinute = 60;
+constexpr double kSecondsOfHour = 60 * kSecondsOfMinute;
 constexpr double kKibi = 1024;
 
 constexpr std::array kUnits{
@@ -25,9 +25,9 @@ constexpr std::array kUnits{
     QuantityUnit{"ms"_L1, Duration, 1e-3, "s"_L1},
     QuantityUnit{"s"_L1, Duration, 1, "s"_L1},
     QuantityUnit{"sec"_L1, Duration, 1, "s"_L1},
-    QuantityUnit{"min"_L1, Duration, kMinute, "s"_L1},
-    QuantityUnit{"mn"_L1, Duration, kMinute, "s"_L1},
-    QuantityUnit{"h"_L1, Duration, kHour, "s"_L1},
+    QuantityUnit{"min"_L1, Duration, kSecondsOfMinute, "s"_L1},
+    QuantityUnit{"mn"_L1, Duration, kSecondsOfMinute, "s"_L1},
+    QuantityUnit{"h"_L1, Duration, kSecondsOfHour, "s"_L1},
     QuantityUnit{"byte"_L1, Size, 1, "B"_L1},
     QuantityUnit{"bytes"_L1, Size, 1, "B"_L1},
     QuantityUnit{"B"_L1, Size, 1, "B"_L1},

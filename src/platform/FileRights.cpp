@@ -3,6 +3,8 @@
 
 #include "platform/FileRights.h"
 
+#include <QList>
+
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>

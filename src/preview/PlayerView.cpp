@@ -24,7 +24,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kMargin = 8;
+constexpr int kPlayerMargin = 8;
 constexpr int kPageMilliseconds = 10'000; ///< that a click beside the slider's handle goes
 
 /// 0 where no picture follows another.
@@ -83,12 +83,12 @@ QToolButton *PlayerView::makeButton(const QString &name)
 void PlayerView::layOut()
 {
     _note->setWordWrap(true);
-    _note->setMargin(kMargin / 2);
+    _note->setMargin(kPlayerMargin / 2);
     _note->hide();
     _place->setAccessibleName(tr("Place"));
     _place->setPageStep(kPageMilliseconds);
     auto *controls = new QHBoxLayout;
-    controls->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
+    controls->setContentsMargins(kPlayerMargin, kPlayerMargin / 2, kPlayerMargin, kPlayerMargin / 2);
     controls->addWidget(_playButton);
     controls->addWidget(_place, 1);
     controls->addWidget(_time);

@@ -37,7 +37,7 @@ constexpr qsizetype kHeadBytes = 16 << 10; ///< by which the kind of a file is t
 constexpr int kKeepMilliseconds = 400; ///< that the picture before stays while the next one is decoded
 constexpr int kSeekMilliseconds = 5'000; ///< that a key goes on or back
 constexpr int kStillSide = 512; ///< pixels of what stands for a sound
-constexpr int kIconSide = 128;
+constexpr int kStillIconSide = 128;
 
 } // namespace
 
@@ -166,7 +166,7 @@ void PreviewWindow::playMedium(RegularFile file)
     _player->play(std::move(file));
     if (_choice.hasPictures)
         return;
-    _player->setStill(mimeIcon(_choice.mimeName).pixmap(kIconSide).toImage());
+    _player->setStill(mimeIcon(_choice.mimeName).pixmap(kStillIconSide).toImage());
     _decoder.decode(_path, kStillSide, [this](const Expected<Picture> &cover) {
         if (cover)
             _player->setStill(imageOf(*cover));

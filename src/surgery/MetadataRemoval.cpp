@@ -35,7 +35,7 @@ constexpr std::array kDescriptive{"Exif.Image.DateTime",  "Exif.Image.ImageDescr
 constexpr char kNikonRaw[] = "image/x-nikon-nef";
 constexpr std::array kCamera{"Exif.Image.Make", "Exif.Image.Model"};
 
-QString text(const char *words)
+QString removalText(const char *words)
 {
     return QCoreApplication::translate("MetadataRemoval", words);
 }
@@ -82,7 +82,7 @@ private:
     void keep(const char *key, const char *reason)
     {
         if (has(key))
-            _plan.result.kept.push_back({QString::fromLatin1(key), text(reason)});
+            _plan.result.kept.push_back({QString::fromLatin1(key), removalText(reason)});
     }
 
     void addDirectory(const char *name, const char *but)
@@ -196,9 +196,9 @@ std::optional<QString> refusal(const Plan &plan, const Exiv2::Image &image)
         && (!plan.clearsIptc || canWrite(image, Exiv2::mdIptc))
         && ((plan.xmp.empty() && !plan.clearsXmp) || canWrite(image, Exiv2::mdXmp));
     if (!isWritable)
-        return text(QT_TRANSLATE_NOOP("MetadataRemoval", "files of this format can not be rewritten"));
+        return removalText(QT_TRANSLATE_NOOP("MetadataRemoval", "files of this format can not be rewritten"));
     if (wouldSpoilMakerNote(plan, image))
-        return text(
+        return removalText(
             QT_TRANSLATE_NOOP("MetadataRemoval", "the maker note would be lost with the make of the camera"));
     return std::nullopt;
 }
@@ -220,7 +220,8 @@ void apply(const Plan &plan, Exiv2::Image &image)
 
 tl::unexpected<Error> noImage()
 {
-    return failure(text(QT_TRANSLATE_NOOP("MetadataRemoval", "this is no image whose metadata can be read")));
+    return failure(
+        removalText(QT_TRANSLATE_NOOP("MetadataRemoval", "this is no image whose metadata can be read")));
 }
 
 /// Opens and reads an image, and gives it to `use`. What the library throws becomes an error.

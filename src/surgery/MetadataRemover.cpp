@@ -23,7 +23,7 @@ namespace quorvin {
 
 namespace {
 
-QString text(const char *words)
+QString removerText(const char *words)
 {
     return QCoreApplication::translate("MetadataRemover", words);
 }
@@ -40,7 +40,7 @@ Expected<void> checkReplaceable(const QString &path, const struct stat &facts, b
     if (::faccessat(AT_FDCWD, encodePath(path).constData(), W_OK, AT_EACCESS) != 0)
         return posixFailure(errno);
     if (facts.st_nlink > 1 && !allowsHardLinks)
-        return failure(text("the file has several names (hard links)"));
+        return failure(removerText("the file has several names (hard links)"));
     return {};
 }
 
@@ -128,7 +128,7 @@ Expected<void> MetadataRemover::rewrite(const Order &order, RemovalReceipt &rece
     const auto is = digestOf(_folder->copy());
     struct stat now { };
     if (!was || !is || ::stat(encodePath(real).constData(), &now) != 0 || !isTheSame(before, now))
-        return failure(text("the file was changed meanwhile"));
+        return failure(removerText("the file was changed meanwhile"));
     receipt.digestBefore = *was;
     receipt.digestAfter = *is;
     receipt.target = order.target;

@@ -40,9 +40,9 @@ constexpr std::array<std::string_view, 10> kFollowingTags{
 };
 constexpr std::array<std::string_view, 2> kFollowingKeys{"Exif.MakerNote.Offset", "Exif.MakerNote.ByteOrder"};
 constexpr char kNotAll[] = QT_TRANSLATE_NOOP("RemovalCheck", "not all of it can be removed");
-constexpr char kMakerNote[] = "Exif.Photo.MakerNote";
+constexpr char kMakerNoteBlock[] = "Exif.Photo.MakerNote";
 
-QString text(const char *words)
+QString checkText(const char *words)
 {
     return QCoreApplication::translate("RemovalCheck", words);
 }
@@ -50,7 +50,7 @@ QString text(const char *words)
 tl::unexpected<Error> wouldLose(const QString &what)
 {
     return failure(
-        text(QT_TRANSLATE_NOOP("RemovalCheck", "it can not be rewritten without loss (%1)")).arg(what));
+        checkText(QT_TRANSLATE_NOOP("RemovalCheck", "it can not be rewritten without loss (%1)")).arg(what));
 }
 
 struct Item {
@@ -60,7 +60,7 @@ struct Item {
     bool operator==(const Item &) const = default;
 };
 
-bool isOfMakerNote(const Exiv2::Exifdatum &datum)
+bool isMakerNoteItem(const Exiv2::Exifdatum &datum)
 {
     return std::strcmp(datum.ifdName(), "Makernote") == 0;
 }
@@ -71,7 +71,7 @@ bool follows(const Exiv2::Exifdatum &datum, bool readsMakerNote)
     const std::string key = datum.key();
     return std::ranges::find(kFollowingTags, std::string_view(datum.tagName())) != kFollowingTags.end()
         || std::ranges::find(kFollowingKeys, std::string_view(key)) != kFollowingKeys.end()
-        || (readsMakerNote ? key == kMakerNote : isOfMakerNote(datum));
+        || (readsMakerNote ? key == kMakerNoteBlock : isMakerNoteItem(datum));
 }
 
 std::string bytesOf(const Exiv2::Exifdatum &datum)
@@ -143,10 +143,10 @@ try {
     const auto before = read(original);
     const auto after = read(copy);
     if (!before || !after || before->mimeType() != after->mimeType())
-        return wouldLose(text(QT_TRANSLATE_NOOP("RemovalCheck", "the format")));
+        return wouldLose(checkText(QT_TRANSLATE_NOOP("RemovalCheck", "the format")));
     if (stillHas(*after, removed))
-        return failure(text(kNotAll));
-    const bool readsMakerNote = std::ranges::any_of(after->exifData(), isOfMakerNote);
+        return failure(checkText(kNotAll));
+    const bool readsMakerNote = std::ranges::any_of(after->exifData(), isMakerNoteItem);
     if (const auto lost
         = lostOf(itemsOf(*before, removed, readsMakerNote), itemsOf(*after, removed, readsMakerNote)))
         return wouldLose(*lost);
@@ -186,17 +186,17 @@ Expected<void> checkParts(const oEXIV2Metadata &options, const QString &original
     const Mapping after(copy);
     const auto were = imagePartsOf(before.bytes());
     if (!were)
-        return failure(text(QT_TRANSLATE_NOOP(
+        return failure(checkText(QT_TRANSLATE_NOOP(
             "RemovalCheck", "what a rewriting would do to the picture can not be checked in this format")));
     const auto are = imagePartsOf(after.bytes());
     if (!are)
-        return wouldLose(text(QT_TRANSLATE_NOOP("RemovalCheck", "the picture")));
+        return wouldLose(checkText(QT_TRANSLATE_NOOP("RemovalCheck", "the picture")));
     const auto goesWhole = [&](const ImagePart &part) {
         return (options.removeIPTC && part.kind == ImagePart::Iptc)
             || (options.removeXMP && part.kind == ImagePart::Xmp);
     };
     if (std::ranges::any_of(*are, goesWhole))
-        return failure(text(kNotAll));
+        return failure(checkText(kNotAll));
     const auto was = pictureIn(*were);
     const auto is = pictureIn(*are);
     const auto [lost, added] = std::ranges::mismatch(was, is);

@@ -14,7 +14,7 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-QString text(const char *words, int number = -1)
+QString receiptText(const char *words, int number = -1)
 {
     return QCoreApplication::translate("RemovalReceipt", words, nullptr, number);
 }
@@ -25,22 +25,22 @@ QString outcomeOf(const RemovalReceipt &receipt, bool isPlan)
     if (!receipt.failure.isEmpty())
         return receipt.failure;
     if (count == 0)
-        return text("nothing to remove");
-    return isPlan ? text("%n item(s) would go", count) : text("%n item(s) removed", count);
+        return receiptText("nothing to remove");
+    return isPlan ? receiptText("%n item(s) would go", count) : receiptText("%n item(s) removed", count);
 }
 
 QString textOf(const RemovalReceipt &receipt, bool isPlan)
 {
     QString lines = receipt.path + ": "_L1 + outcomeOf(receipt, isPlan) + u'\n';
     if (!receipt.target.isEmpty())
-        lines += "    "_L1 + text("written to %1").arg(receipt.target) + u'\n';
+        lines += "    "_L1 + receiptText("written to %1").arg(receipt.target) + u'\n';
     for (const QString &key : receipt.result.removed)
         lines += "    - "_L1 + key + u'\n';
     for (const KeptItem &item : receipt.result.kept)
-        lines += "    "_L1 + text("%1 stays: %2").arg(item.key, item.reason) + u'\n';
+        lines += "    "_L1 + receiptText("%1 stays: %2").arg(item.key, item.reason) + u'\n';
     if (!receipt.digestBefore.isEmpty())
-        lines += "    "_L1 + text("SHA-512 before") + u' ' + receipt.digestBefore + "\n    "_L1
-            + text("SHA-512 after") + u' ' + receipt.digestAfter + u'\n';
+        lines += "    "_L1 + receiptText("SHA-512 before") + u' ' + receipt.digestBefore + "\n    "_L1
+            + receiptText("SHA-512 after") + u' ' + receipt.digestAfter + u'\n';
     return lines;
 }
 

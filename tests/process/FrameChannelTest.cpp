@@ -6,6 +6,8 @@
 #include "process/PanelFrames.h"
 #include "support/Events.h"
 
+#include <QCoreApplication>
+
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 #include <unistd.h>

@@ -18,7 +18,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kMargin = 8;
+constexpr int kControlsMargin = 8;
 constexpr int kSliderWidth = 110;
 
 /// One of several, which is seen to be the chosen one in any palette.
@@ -45,8 +45,8 @@ ComparisonControls::ComparisonControls(LiveSettings &settings, QWidget *parent)
       _contrastSlider(new QSlider(Qt::Horizontal))
 {
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
-    row->setSpacing(kMargin);
+    row->setContentsMargins(kControlsMargin, kControlsMargin / 2, kControlsMargin, kControlsMargin / 2);
+    row->setSpacing(kControlsMargin);
     row->addWidget(makeFilters());
     row->addStretch();
     row->addWidget(_highlight);

@@ -20,7 +20,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kMargin = 16;
+constexpr int kSheetMargin = 16;
 
 } // namespace
 
@@ -43,8 +43,8 @@ ComparisonExportSheet::ComparisonExportSheet(LiveSettings &settings, QWidget *pa
     connect(buttons, &QDialogButtonBox::accepted, this, &ComparisonExportSheet::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &ComparisonExportSheet::reject);
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    column->setSpacing(kMargin);
+    column->setContentsMargins(kSheetMargin, kSheetMargin, kSheetMargin, kSheetMargin);
+    column->setSpacing(kSheetMargin);
     column->addLayout(form);
     column->addWidget(buttons);
     column->setSizeConstraint(QLayout::SetFixedSize);

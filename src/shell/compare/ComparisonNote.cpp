@@ -15,7 +15,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kMargin = 8;
+constexpr int kNoteMargin = 8;
 constexpr float kLineAlpha = 0.15F;
 
 } // namespace
@@ -27,8 +27,8 @@ ComparisonNote::ComparisonNote(QWidget *parent)
       _preferences(new QPushButton(tr("&Preferences…")))
 {
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
-    row->setSpacing(kMargin);
+    row->setContentsMargins(kNoteMargin, kNoteMargin / 2, kNoteMargin, kNoteMargin / 2);
+    row->setSpacing(kNoteMargin);
     _text->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     _text->setWordWrap(true);
     row->addWidget(_text, 1);

@@ -17,7 +17,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kMargin = 6; ///< beside a name
+constexpr int kNameMargin = 6; ///< beside a name
 constexpr int kCrossSide = 14;
 constexpr int kCrossEdge = 5; ///< between the cross and the border, which is for dragging
 constexpr int kMarkHeight = 2;
@@ -127,8 +127,9 @@ void FileHeader::paintSection(QPainter *painter, const QRect &rect, int column) 
     QFont font = this->font();
     if (isReference)
         font.setWeight(QFont::DemiBold);
-    const int trailing = hasCross ? kCrossEdge + kCrossSide : kMargin;
-    const QRect room = QStyle::visualRect(layoutDirection(), rect, rect.adjusted(kMargin, 0, -trailing, 0));
+    const int trailing = hasCross ? kCrossEdge + kCrossSide : kNameMargin;
+    const QRect room
+        = QStyle::visualRect(layoutDirection(), rect, rect.adjusted(kNameMargin, 0, -trailing, 0));
     const QString name = model()->headerData(column, orientation()).toString();
     painter->setFont(font);
     painter->setPen(palette().color(QPalette::WindowText));

@@ -17,7 +17,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kMargin = 8;
+constexpr int kBarMargin = 8;
 constexpr int kTextWidth = 240;
 
 } // namespace
@@ -25,7 +25,7 @@ constexpr int kTextWidth = 240;
 FindBar::FindBar(QWidget *parent) : QWidget(parent), _text(new QLineEdit), _hits(plainLabel())
 {
     auto *row = new QHBoxLayout(this);
-    row->setContentsMargins(kMargin, kMargin / 2, kMargin, kMargin / 2);
+    row->setContentsMargins(kBarMargin, kBarMargin / 2, kBarMargin, kBarMargin / 2);
     _text->setPlaceholderText(tr("Find in the comparison"));
     _text->setAccessibleName(tr("Find in the comparison"));
     _text->setClearButtonEnabled(true);

@@ -20,7 +20,7 @@ namespace quorvin {
 namespace {
 
 constexpr int kSpace = 8;
-constexpr int kPictureSide = 48;
+constexpr int kWarningSide = 48;
 constexpr int kMostWidth = 560; ///< of the text; a longer line is hard to read
 
 QLabel *wrappedLabel()
@@ -107,7 +107,7 @@ void FailurePane::setLook(const RowLook &look)
 void FailurePane::drawPicture()
 {
     _picture->setPixmap(themedIcon(QStringLiteral("dialog-warning"))
-                            .pixmap(QSize(kPictureSide, kPictureSide), devicePixelRatioF()));
+                            .pixmap(QSize(kWarningSide, kWarningSide), devicePixelRatioF()));
 }
 
 void FailurePane::changeEvent(QEvent *event)
