@@ -62,10 +62,13 @@ public:
     FileSum take()
     {
         std::ranges::stable_sort(_sum.kinds, std::greater(), &FileSum::Kind::count);
-        std::ranges::stable_sort(
-            _lines, {}, [](const GatheredLine &line) { return std::pair(line.rank, line.streamIndex); });
+        std::vector<GatheredLine *> sorted;
         for (GatheredLine &line : _lines)
-            _sum.lines.push_back(std::move(line.line));
+            sorted.push_back(&line);
+        std::ranges::stable_sort(
+            sorted, {}, [](const GatheredLine *line) { return std::pair(line->rank, line->streamIndex); });
+        for (GatheredLine *line : sorted)
+            _sum.lines.push_back(std::move(line->line));
         return std::move(_sum);
     }
     FileSum &sum() { return _sum; }
