@@ -27,6 +27,7 @@ struct Rule {
         Any, ///< at least one part; OR
         Not, ///< not its one part
         Failed, ///< could not be read; the only condition that such a file can satisfy
+        Private, ///< has a parameter that gives a person away, as `privateKindOf` tells
         FileType, ///< what the file is: one of `kFileTypes`
         ParameterName, ///< the label of any parameter
         ParameterValue, ///< the value of any parameter
@@ -57,6 +58,7 @@ struct Rule {
     static Rule any(std::vector<Rule> parts) { return {.kind = Kind::Any, .parts = std::move(parts)}; }
     static Rule negated(Rule part);
     static Rule failed() { return {.kind = Kind::Failed}; }
+    static Rule givesAway() { return {.kind = Kind::Private}; }
     static Rule fileType(const QString &type, Comparison comparison = Comparison::Equal);
     /// A condition on `ParameterName` or `ParameterValue`.
     static Rule anyParameter(Kind kind, Comparison comparison, const QString &text);
@@ -66,6 +68,8 @@ struct Rule {
     static Rule without(const QString &section, const QString &name);
 
     bool isGroup() const { return kind == Kind::All || kind == Kind::Any; }
+    /// A condition that is a word alone.
+    bool isWord() const { return kind == Kind::Failed || kind == Kind::Private; }
     /// Whether each file satisfies it because it says nothing: no condition anywhere in it.
     bool isEmpty() const;
     /// The same without groups that are empty, or that stand around one part alone. What a text says is so.

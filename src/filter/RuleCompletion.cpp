@@ -73,7 +73,7 @@ QStringList wordsFor(const RuleMistake &missing)
     switch (missing.wanted) {
     case Wanted::Condition:
         return {QStringLiteral("fileType"), QStringLiteral("parameterName"), QStringLiteral("parameterValue"),
-                QStringLiteral("failed"), QStringLiteral("NOT")};
+                QStringLiteral("failed"),   QStringLiteral("private"),       QStringLiteral("NOT")};
     case Wanted::Comparison: {
         QStringList words;
         for (const ComparisonWord &word : kComparisonWords) {

@@ -3,6 +3,7 @@
 
 #include "filter/RuleCondition.h"
 
+#include "model/PrivateParameters.h"
 #include "model/Utf8.h"
 
 namespace quorvin {
@@ -54,6 +55,8 @@ RuleCondition::RuleCondition(const Rule &rule)
 
 bool RuleCondition::isAbout(const ParameterPlace &place, const Term &term) const
 {
+    if (_kind == Rule::Kind::Private)
+        return privateKindOf(term.key).has_value();
     if (_kind == Rule::Kind::ParameterName)
         return holdsFor(term.label.toUtf8());
     if (_kind != Rule::Kind::Parameter)
@@ -67,6 +70,8 @@ bool RuleCondition::isAbout(const ParameterPlace &place, const Term &term) const
 
 bool RuleCondition::holdsFor(QByteArrayView value) const
 {
+    if (_kind == Rule::Kind::Private)
+        return isTelling(value);
     if (_isByQuantity)
         return holdsFor(quantityOf(textOfUtf8(value)));
     switch (_comparison) {

@@ -42,7 +42,10 @@ public:
     bool isByQuantity() const { return _isByQuantity; }
     bool holdsFor(const Quantity &quantity) const;
     /// It looks only at the folded form of a value; then this holds as the other does.
-    bool isByFoldedText() const { return !_isByQuantity && _comparison != Rule::Comparison::Matches; }
+    bool isByFoldedText() const
+    {
+        return _kind != Rule::Kind::Private && !_isByQuantity && _comparison != Rule::Comparison::Matches;
+    }
     bool holdsForFolded(QByteArrayView folded) const;
     /// It holds for no value that does not contain its text.
     bool needsContained() const

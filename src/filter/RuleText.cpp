@@ -34,6 +34,12 @@ constexpr std::array kSubjects{
     Subject{"parameterValue"_L1, Rule::Kind::ParameterValue},
 };
 
+/// Conditions of one word.
+constexpr std::array kConditionWords{
+    Subject{"failed"_L1, Rule::Kind::Failed},
+    Subject{"private"_L1, Rule::Kind::Private},
+};
+
 struct Sign {
     QLatin1String text;
     Rule::Comparison comparison;
@@ -106,9 +112,11 @@ private:
 
     Rule condition()
     {
-        if (_lexer.takeWord("failed"_L1))
-            return Rule::failed();
         Rule rule;
+        for (const Subject &condition : kConditionWords) {
+            if (_lexer.takeWord(condition.word))
+                return {.kind = condition.kind};
+        }
         if (_lexer.isBracketNext())
             return name(rule);
         for (const Subject &subject : kSubjects) {
@@ -117,8 +125,9 @@ private:
                 return comparison(rule);
             }
         }
-        return refuse(u"fileType, parameterName, parameterValue, [SECTION/NAME] or failed was expected"_s,
-                      Wanted::Condition);
+        return refuse(
+            u"fileType, parameterName, parameterValue, [SECTION/NAME], failed or private was expected"_s,
+            Wanted::Condition);
     }
 
     Rule name(Rule &rule)
@@ -265,8 +274,8 @@ QLatin1String signOf(Rule::Comparison comparison)
 
 QString textOfCondition(const Rule &rule)
 {
-    if (rule.kind == Rule::Kind::Failed)
-        return u"failed"_s;
+    if (rule.isWord())
+        return std::ranges::find(kConditionWords, rule.kind, &Subject::kind)->word;
     const auto *const subject = std::ranges::find(kSubjects, rule.kind, &Subject::kind);
     QString text = subject != kSubjects.end() ? QString(subject->word) : bracketedName(rule.parameter);
     text += u' ' + signOf(rule.comparison);

@@ -88,12 +88,12 @@ TEST(RecordIndex, FindsWhatTheWalkFinds)
         expectEqualToWalk(texts.one(4), {}, index, files);
     for (const char *text : {"AVC", "kb/s", "english", "File"})
         expectEqualToWalk(QLatin1String(text), {}, index, files);
-    for (const char *rule :
-         {"fileType = 'Video'", "NOT fileType = 'Image' AND NOT failed", "failed", "[Video/Width] >= 320",
-          "[Audio/Language] != 'French'", "[Audio/Language] MATCHES '^(en|fr)' OR parameterName = 'iso'",
-          "[EXIF/FNumber] IN 2..6 OR [G/A] > 5", "[GPS/GPS Latitude] IS MISSING",
-          "parameterValue CONTAINS 'MAIN' OR [G/A] = 'F5.6'",
-          "[File/Size] < 80 KB AND parameterName != 'x'"}) {
+    for (const char *rule : {"fileType = 'Video'", "NOT fileType = 'Image' AND NOT failed", "failed",
+                             "private", "[Video/Width] >= 320", "[Audio/Language] != 'French'",
+                             "[Audio/Language] MATCHES '^(en|fr)' OR parameterName = 'iso'",
+                             "[EXIF/FNumber] IN 2..6 OR [G/A] > 5", "[GPS/GPS Latitude] IS MISSING",
+                             "parameterValue CONTAINS 'MAIN' OR [G/A] = 'F5.6'",
+                             "[File/Size] < 80 KB AND parameterName != 'x'"}) {
         const Rule read = parseRule(QString::fromLatin1(rule)).value();
         expectEqualToWalk({}, read, index, files);
         expectEqualToWalk(u"e"_s, read, index, files);

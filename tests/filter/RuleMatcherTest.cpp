@@ -28,6 +28,7 @@ QuorvinDataPtr movie()
     groups.beginStream(0);
     add("Width", "Breadth", "1 920 pixels");
     add("BitRate", "Bit rate", "5 034 kb/s");
+    add("xyz", "Recorded at", "+40.68-074.04/");
     groups.beginGroup(u"Audio"_s, true);
     groups.beginStream(1);
     add("Language", "Language", "English");
@@ -79,6 +80,7 @@ TEST(RuleMatcher, FindsParametersByHeadingAndName)
              "parameterName = 'bit rate' AND parameterName != 'bit rate' AND parameterName CONTAINS 'rat'",
              "parameterValue CONTAINS 'kb/S' AND NOT parameterValue = 'secret'",
              "failed OR fileType = 'Video'",
+             "PRIVATE AND fileType = 'Video'",
          })
         EXPECT_TRUE(matches(rule, *record)) << rule;
     for (const char *rule : {
@@ -92,6 +94,7 @@ TEST(RuleMatcher, FindsParametersByHeadingAndName)
              "parameterName CONTAINS 'hidden'",
              "[Video/Height] != 'x'",
              "NOT (failed OR [Video/Width] = 1920)",
+             "NOT private",
          })
         EXPECT_FALSE(matches(rule, *record)) << rule;
 }
@@ -144,9 +147,9 @@ TEST(ParameterNames, AreThoseOfTheTreeInTheOrderOfABrowser)
     ParameterNames names;
     names.add(*movie());
     names.add(*movie());
-    EXPECT_EQ(
-        names.names(),
-        (QStringList{u"Audio/Language"_s, u"Canon [x]/ISO"_s, u"Video/Bit rate"_s, u"Video/Breadth"_s}));
+    EXPECT_EQ(names.names(),
+              (QStringList{u"Audio/Language"_s, u"Canon [x]/ISO"_s, u"Video/Bit rate"_s, u"Video/Breadth"_s,
+                           u"Video/Recorded at"_s}));
 }
 
 } // namespace quorvin

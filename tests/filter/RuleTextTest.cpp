@@ -48,7 +48,7 @@ private:
         const QString any = text(u"a'\"[]/ .()\\\n\u00e9AND"_s);
         switch (number(5)) {
         case 0:
-            return Rule::failed();
+            return number(2) == 0 ? Rule::failed() : Rule::givesAway();
         case 1:
             return Rule::fileType(kFileTypes[static_cast<std::size_t>(number(4))], NotEqual);
         case 2:

@@ -30,6 +30,7 @@ constexpr std::array kKinds{
     std::pair{Kind::ParameterName, QT_TRANSLATE_NOOP("quorvin::ConditionRow", "Parameter Name")},
     std::pair{Kind::ParameterValue, QT_TRANSLATE_NOOP("quorvin::ConditionRow", "Parameter Value")},
     std::pair{Kind::Parameter, QT_TRANSLATE_NOOP("quorvin::ConditionRow", "Parameter")},
+    std::pair{Kind::Private, QT_TRANSLATE_NOOP("quorvin::ConditionRow", "Gives a Person Away")},
     std::pair{Kind::Failed, QT_TRANSLATE_NOOP("quorvin::ConditionRow", "Could Not Be Read")},
 };
 
@@ -136,7 +137,7 @@ void ConditionRow::kindDidChange()
         _comparison->setCurrentIndex(std::max(_comparison->findData(before), 0));
     }
     _parameter->setVisible(kind() == Kind::Parameter);
-    _comparison->setVisible(kind() != Kind::Failed);
+    _comparison->setVisible(_comparison->count() > 0);
     _fileType->setVisible(kind() == Kind::FileType);
     comparisonDidChange();
 }
@@ -144,7 +145,7 @@ void ConditionRow::kindDidChange()
 void ConditionRow::comparisonDidChange()
 {
     _isQuoted = false;
-    const bool hasText = kind() != Kind::Failed && kind() != Kind::FileType;
+    const bool hasText = _comparison->count() > 0 && kind() != Kind::FileType;
     const bool isRange = hasText && comparison() == Comparison::Within;
     _value->setVisible(hasText && comparison() != Comparison::IsMissing);
     _and->setVisible(isRange);
@@ -177,8 +178,8 @@ RuleValue ConditionRow::valueOf(const QLineEdit &field) const
 Rule ConditionRow::rule() const
 {
     Rule rule{.kind = kind(), .comparison = comparison()};
-    if (rule.kind == Kind::Failed)
-        return Rule::failed();
+    if (rule.isWord())
+        return {.kind = rule.kind};
     if (rule.kind == Kind::FileType)
         return Rule::fileType(_fileType->currentData().toString(), rule.comparison);
     if (rule.kind == Kind::Parameter)

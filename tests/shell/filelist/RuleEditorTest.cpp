@@ -94,7 +94,7 @@ TEST(ConditionGroup, ShowsEveryRuleAndGivesItBack)
          {"fileType = 'Video'", "fileType != 'Image' AND parameterName CONTAINS 'GPS'",
           "parameterValue = 'Canon' OR parameterValue != ''''", "[Video/Width] >= 1920 AND NOT failed",
           "[Video/Width] IN 100..400 OR [Audio/Language] = 'French'", "[General/Title] MATCHES '^a.*b$'",
-          "NOT (fileType = 'Video' AND [Video/Width] < 10)", "[A/B] IS MISSING AND (failed OR [C/D] != 5)",
+          "NOT (fileType = 'Video' AND [Video/Width] < 10)", "[A/B] IS MISSING AND (private OR [C/D] != 5)",
           "NOT (failed OR NOT (fileType = 'Audio' OR [E/F] > 1/500))", "[A/B] = '1920'", "[A/B] = 1920"}) {
         const Rule rule = ruleOf(QLatin1String(text));
         group.setRule(rule);
