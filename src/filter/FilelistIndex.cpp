@@ -22,8 +22,12 @@ constexpr std::chrono::milliseconds kBetweenAnswers(100);
 } // namespace
 
 FilelistIndex::FilelistIndex(TakeAnswer takeAnswer, TakeNames takeNames)
-    : _takeAnswer(std::move(takeAnswer)),
-      _takeNames(std::move(takeNames)),
+    : _mailbox(
+        [this, take = std::move(takeAnswer)](const IndexAnswerPtr &answer) {
+            if (answer->question() == _asked)
+                take(answer);
+        },
+        std::move(takeNames)),
       _thread([this](const std::stop_token &stop) { run(stop); })
 {
 }
@@ -218,7 +222,7 @@ void FilelistIndex::lookAround()
 /// Delivers what is new, from time to time while there is more to come.
 void FilelistIndex::tell(bool isIdle)
 {
-    if (isIdle && _takeNames && _index.names().size() > _namesTold)
+    if (isIdle && _mailbox.takesNames() && _index.names().size() > _namesTold)
         deliverNames();
     const bool isDue = Clock::now() - _told >= kBetweenAnswers;
     if (_isToTell && (isDue || (isIdle && !_isAnswered)))
@@ -238,12 +242,7 @@ void FilelistIndex::deliver()
         if (_hits[entry] && entries[entry].file)
             files.push_back(entries[entry].file);
     }
-    const auto answer = std::make_shared<const IndexAnswer>(_question.number, isComplete, std::move(files));
-    const auto hand = [this, answer] {
-        if (answer->question() == _asked)
-            _takeAnswer(answer);
-    };
-    QMetaObject::invokeMethod(&_context, hand, Qt::QueuedConnection);
+    _mailbox.post(std::make_shared<const IndexAnswer>(_question.number, isComplete, std::move(files)));
     _isToTell = !isComplete;
     _isAnswered = isComplete;
     _told = Clock::now();
@@ -255,8 +254,7 @@ void FilelistIndex::deliverNames()
     ParameterNames names;
     for (const RecordIndex::Name &name : _index.names())
         names.add(name.group, name.subgroup, *name.term);
-    const auto hand = [this, list = names.names()] { _takeNames(list); };
-    QMetaObject::invokeMethod(&_context, hand, Qt::QueuedConnection);
+    _mailbox.post(names.names());
 }
 
 } // namespace quorvin

@@ -3,7 +3,7 @@
 
 #pragma once
 
-#include "filter/IndexAnswer.h"
+#include "filter/IndexMailbox.h"
 #include "filter/IndexQuery.h"
 #include "filter/Marks.h"
 #include "filter/RecordIndex.h"
@@ -11,14 +11,11 @@
 #include "intake/FilelistItem.h"
 #include "model/QuorvinData.h"
 
-#include <QObject>
 #include <QString>
-#include <QStringList>
 
 #include <chrono>
 #include <condition_variable>
 #include <deque>
-#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -36,8 +33,8 @@ namespace quorvin {
 /// answer. One thread, that of its maker.
 class FilelistIndex {
 public:
-    using TakeAnswer = std::function<void(const IndexAnswerPtr &)>;
-    using TakeNames = std::function<void(const QStringList &)>;
+    using TakeAnswer = IndexMailbox::TakeAnswer;
+    using TakeNames = IndexMailbox::TakeNames;
 
     /// `takeAnswer` is handed the answers to the newest question alone; `takeNames`, which may be empty, the
     /// names of all parameters that rules can use, when there are new ones.
@@ -98,9 +95,7 @@ private:
     void deliver();
     void deliverNames();
 
-    TakeAnswer _takeAnswer;
-    TakeNames _takeNames;
-    QObject _context; ///< of deliveries: those under way go with it
+    IndexMailbox _mailbox; ///< deliveries under way go with it
     quint64 _asked = 0; ///< number of the newest question
 
     std::mutex _lock; ///< guards the four below
