@@ -54,6 +54,19 @@ void forEachHit(const ComparisonRow &row, const QString &text, Use use)
     }
 }
 
+/// What a reader says of a cell, or with -1 of the head of its row: no cell is empty, and a heading tells
+/// what is drawn over all its columns.
+QString accessibleText(const ComparisonRow &row, int file)
+{
+    if (row.isHeading())
+        return QCoreApplication::translate("ComparisonController", "%1, %2 of %3 differ")
+            .arg(row.values.value(0))
+            .arg(row.differing)
+            .arg(row.rows);
+    const QString &value = row.values[file + 1];
+    return value.isEmpty() ? QCoreApplication::translate("ComparisonController", "nothing") : value;
+}
+
 } // namespace
 
 void ComparisonController::setContent(ComparisonContent content, QStringList contentDescription)
@@ -287,6 +300,12 @@ QVariant ComparisonController::cellData(const ComparisonRow &row, const QModelIn
         const auto color = textColorOf(cell.row(), false);
         return color ? QVariant(*color) : QVariant();
     }
+    case Qt::AccessibleTextRole:
+        return accessibleText(row, file);
+    case Qt::AccessibleDescriptionRole:
+        return file >= 0 && differsFromReference(row, file)
+            ? QVariant(QCoreApplication::translate("ComparisonController", "differs from the reference"))
+            : QVariant();
     case HeadingRole:
         return row.isHeading();
     case AllEqualRole:
@@ -308,6 +327,8 @@ QVariant ComparisonController::headerData(int section, Qt::Orientation orientati
 {
     if (orientation == Qt::Vertical) {
         const ComparisonRow *row = rowAt(section);
+        if (row && role == Qt::AccessibleTextRole)
+            return accessibleText(*row, -1);
         return row && role == Qt::DisplayRole ? QVariant(row->values.value(0)) : QVariant();
     }
     if (section == 0)

@@ -181,6 +181,21 @@ TEST_F(ComparisonControllerTest, OthersAreHeldAgainstTheReference)
     EXPECT_EQ(table.referenceFile(), std::nullopt);
 }
 
+TEST_F(ComparisonControllerTest, ReadersMeetNoEmptyCellAndWhatIsDrawnAsWell)
+{
+    show(table, {kFiles[0], {u"/y/b.mov"_s, {u"Video/codec=avc"_s}}});
+    table.setReferenceFile(0);
+    const auto read
+        = [this](int row, int column) { return cell(row, column).data(Qt::AccessibleTextRole).toString(); };
+    EXPECT_EQ(table.headerData(0, Qt::Vertical, Qt::AccessibleTextRole), u"Video, 1 of 2 differ"_s);
+    EXPECT_EQ(read(0, 2), u"Video, 1 of 2 differ"_s) << "it stands over all columns";
+    EXPECT_EQ(table.headerData(2, Qt::Vertical, Qt::AccessibleTextRole), u"WIDTH"_s);
+    EXPECT_EQ((QStringList{read(2, 0), read(2, 1), read(2, 2)}),
+              (QStringList{u"WIDTH"_s, u"320"_s, u"nothing"_s}));
+    EXPECT_EQ(cell(2, 2).data(Qt::AccessibleDescriptionRole), u"differs from the reference"_s);
+    EXPECT_FALSE(cell(2, 1).data(Qt::AccessibleDescriptionRole).isValid());
+}
+
 TEST_F(ComparisonControllerTest, HitsAndDifferencesAreWalkedInTurn)
 {
     EXPECT_EQ(table.numberOfHits(u"avc"_s), 4);

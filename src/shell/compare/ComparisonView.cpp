@@ -108,6 +108,12 @@ void ComparisonView::applySetting(Setting setting)
         Q_EMIT filesWanted();
 }
 
+const ComparisonRow *ComparisonView::extComparisonSelectionInfo() const
+{
+    const std::vector<int> rows = _table->selectedRows();
+    return rows.empty() ? nullptr : _content.rowAt(rows.front());
+}
+
 void ComparisonView::setLook(const TableLook &look)
 {
     _table->setLook(look);

@@ -44,6 +44,9 @@ public:
     ComparisonTable &table() { return *_table; }
     bool isEmpty() const { return _content.contentDescription().isEmpty(); }
 
+    /// The selected row, the first of several; null without one. It lasts until the content changes.
+    const ComparisonRow *extComparisonSelectionInfo() const;
+
     void setLook(const TableLook &look);
     void setFilter(ComparisonFilter filter);
 

@@ -5,6 +5,7 @@
 
 #include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
+#include "shell/compare/ComparisonView.h"
 #include "shell/desktop/Counts.h"
 #include "shell/exporting/ExportController.h"
 #include "shell/filelist/FilelistDrags.h"
@@ -227,6 +228,12 @@ void MainWindowController::showEvent(QShowEvent *event)
 Tab MainWindowController::currentTab() const
 {
     return _view->info().currentTab();
+}
+
+const ComparisonRow *MainWindowController::comparisonSelectionInfo() const
+{
+    const bool isLookedAt = currentTab() == Tab::Comparison;
+    return isLookedAt ? _view->info().comparison().extComparisonSelectionInfo() : nullptr;
 }
 
 void MainWindowController::setCurrentTab(Tab tab)

@@ -15,6 +15,7 @@ namespace quorvin {
 
 class CommandSet;
 class CompareCommands;
+struct ComparisonRow;
 class ExportController;
 class DropHint;
 class FileCommands;
@@ -56,6 +57,9 @@ public:
     void processUrls(const QStringList &paths);
 
     std::optional<MapLocationInfo> mapLocationInfo() const { return worker().currentMapLocationInfo(); }
+    /// The selected row of the comparison, the first of several, while that is looked at; null else. It lasts
+    /// until the comparison changes.
+    const ComparisonRow *comparisonSelectionInfo() const;
     CommandState commandState() const;
 
 Q_SIGNALS:

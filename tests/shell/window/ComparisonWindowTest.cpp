@@ -78,10 +78,14 @@ struct ComparisonWindow : test::SampleWindow {
 
 TEST_F(ComparisonWindow, LeadsToTheParameterInItsFile)
 {
+    EXPECT_EQ(window->comparisonSelectionInfo(), nullptr);
     select(u"Audio"_s, u"Format"_s, 2);
     EXPECT_TRUE(canRun(Command::showStream));
+    ASSERT_TRUE(window->comparisonSelectionInfo());
+    EXPECT_EQ(window->comparisonSelectionInfo()->values.value(3), u"PCM"_s);
     QTest::keyClick(&cells, Qt::Key_Return);
     EXPECT_EQ(window->currentTab(), Tab::Extended);
+    EXPECT_EQ(window->comparisonSelectionInfo(), nullptr) << "it is not looked at";
     EXPECT_TRUE(window->worker().currentFilePath()->endsWith(u"tone.wav"_s));
     const ExtendedOutline &tree = window->myView().info().outline();
     ASSERT_TRUE(tree.selectedItem());
