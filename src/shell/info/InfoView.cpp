@@ -296,13 +296,24 @@ void InfoView::registerAt(CommandSet &commands)
     commands.on(Command::selectAll, [this] { wantedPane()->selectAll(); });
     commands.on(Command::showStream, [this] { wantedPane()->openCurrent(); });
     commands.on(Command::performExtFind, [this] { wantedPane()->find(); });
-    commands.on(Command::findNext, [this] { wantedPane()->findNext(false); });
-    commands.on(Command::findPrevious, [this] { wantedPane()->findNext(true); });
+    commands.on(Command::findNext, [this] { findNext(false); });
+    commands.on(Command::findPrevious, [this] { findNext(true); });
     commands.on(Command::zoomIn, [this] { zoom(1); });
     commands.on(Command::zoomOut, [this] { zoom(-1); });
     commands.on(Command::actualSize, [this] { zoom(0); });
     for (Pane *pane : _panes)
         pane->registerAt(commands);
+}
+
+/// Where nothing can be searched, the hits of Extended are walked.
+void InfoView::findNext(bool backwards)
+{
+    CommandState state;
+    wantedPane()->describe(state);
+    if (state.canFind)
+        return wantedPane()->findNext(backwards);
+    Q_EMIT tabWanted(Tab::Extended);
+    _extended->findNext(backwards);
 }
 
 void InfoView::describe(CommandState &state) const

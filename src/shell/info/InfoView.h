@@ -96,6 +96,7 @@ private:
     void applySettings();
     /// Texts larger or smaller by that, from the size of the settings; 0 gives the usual size.
     void zoom(int step);
+    void findNext(bool backwards);
     void showReport();
     /// Of the file that is shown; "" while nothing is known of it.
     void setPath(const QString &path);

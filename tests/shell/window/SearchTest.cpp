@@ -146,6 +146,11 @@ TEST_F(SearchWindow, HitsAreWalkedThroughAllFiles)
     EXPECT_NE(second, first) << "the next one in the file";
     run(Command::findPrevious);
     EXPECT_EQ(selectedRow(), first);
+    run(Command::selectGeneralTab);
+    run(Command::findNext);
+    EXPECT_EQ(window->currentTab(), Tab::Extended) << "from any tab";
+    EXPECT_EQ(selectedRow(), second);
+    run(Command::findPrevious);
     run(Command::findPrevious);
     EXPECT_TRUE(
         spinUntil([this] { return window->myView().statusLine().saying() == u"No other file has “pcm”"_s; }));
