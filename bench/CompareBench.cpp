@@ -5,12 +5,17 @@
 #include "comparison/ComparisonController.h"
 #include "comparison/ComparisonExport.h"
 #include "comparison/ComparisonRows.h"
+#include "shell/compare/ComparisonTable.h"
 
+#include <QApplication>
 #include <QFile>
+#include <QScrollBar>
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
+#include <ctime>
 #include <vector>
 
 namespace {
@@ -89,6 +94,55 @@ void searchOfATab(benchmark::State &state)
         benchmark::DoNotOptimize(table.numberOfHits(QStringLiteral("nowhere")));
 }
 BENCHMARK(searchOfATab)->Unit(benchmark::kMillisecond);
+
+/// Processor time of this thread, so that what else the machine does counts for nothing.
+double turnMilliseconds()
+{
+    const auto now = [] {
+        timespec time{};
+        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) * 1e-6;
+    };
+    const double start = now();
+    QApplication::processEvents();
+    return now() - start;
+}
+
+/// The longest turn of the event loop while a bar is moved from end to end.
+double longestTurnOf(QScrollBar &bar, QAbstractSlider::SliderAction action)
+{
+    double longest = 0;
+    for (bar.setValue(bar.minimum()); bar.value() < bar.maximum();) {
+        bar.triggerAction(action);
+        longest = std::max(longest, turnMilliseconds());
+    }
+    return longest;
+}
+
+/// A table on the screen that is scrolled through by the page, the line and the column, and brought back at
+/// once.
+void scrollOfATab(benchmark::State &state, bool wraps)
+{
+    const auto records = madeRecords(70, 2000);
+    ComparisonController content;
+    ComparisonTable table(content);
+    table.setLook({.font = QApplication::font(), .rowHeight = 20, .wraps = wraps});
+    table.resize(1400, 900);
+    table.show();
+    table.change([&] { content.setContent(comparisonRows(records), pathsOf(records)); });
+    QApplication::processEvents();
+    for ([[maybe_unused]] auto _ : state) {
+        QScrollBar &rows = *table.verticalScrollBar();
+        state.counters["page_ms"] = longestTurnOf(rows, QAbstractSlider::SliderPageStepAdd);
+        state.counters["line_ms"] = longestTurnOf(rows, QAbstractSlider::SliderSingleStepAdd);
+        state.counters["column_ms"]
+            = longestTurnOf(*table.horizontalScrollBar(), QAbstractSlider::SliderSingleStepAdd);
+        rows.setValue(rows.minimum());
+        state.counters["end_ms"] = turnMilliseconds();
+    }
+}
+BENCHMARK_CAPTURE(scrollOfATab, cut, false)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(scrollOfATab, wrapped, true)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 /// The whole table of the command line, from records to a document, against reading each value once.
 void tableOfTheCommandLine(benchmark::State &state, const char *format)
