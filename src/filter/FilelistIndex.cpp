@@ -18,39 +18,43 @@ namespace {
 constexpr std::size_t kChangesAtOnce = 64; ///< a question waits for no more
 constexpr std::size_t kEntriesAtOnce = 1024;
 constexpr std::chrono::milliseconds kBetweenAnswers(100);
+constexpr std::chrono::milliseconds kBetweenNames(1000); ///< lists of thousands take their time to be sorted
 
 } // namespace
 
 FilelistIndex::FilelistIndex(TakeAnswer takeAnswer, TakeNames takeNames)
-    : _mailbox(
-        [this, take = std::move(takeAnswer)](const IndexAnswerPtr &answer) {
-            if (answer->question() == _asked)
-                take(answer);
-        },
-        std::move(takeNames)),
+    : _takesNames(takeNames != nullptr),
+      _mailbox(std::make_unique<IndexMailbox>(
+          [this, take = std::move(takeAnswer)](const IndexAnswerPtr &answer) {
+              if (answer->question() == _asked)
+                  take(answer);
+          },
+          std::move(takeNames))),
       _thread([this](const std::stop_token &stop) { run(stop); })
 {
 }
 
 FilelistIndex::~FilelistIndex()
 {
+    stop();
+}
+
+void FilelistIndex::stop()
+{
+    _thread.request_stop();
     const std::lock_guard guard(_lock);
     _looking.request_stop();
+    _mailbox.reset();
 }
 
-void FilelistIndex::put(const FilelistItemPtr &file, const QuorvinDataPtr &record)
+void FilelistIndex::setFiles(const std::vector<FilelistItemPtr> &files)
 {
-    post(Put{file, record});
+    post(Files{files});
 }
 
-void FilelistIndex::remove(const std::vector<FilelistItemPtr> &files)
+void FilelistIndex::fileIsDone(const FilelistItemPtr &file)
 {
-    post(Remove{files});
-}
-
-void FilelistIndex::setOrder(const std::vector<FilelistItemPtr> &files)
-{
-    post(Order{files});
+    post(Done{file});
 }
 
 quint64 FilelistIndex::ask(const QString &text, const Rule &rule)
@@ -62,6 +66,13 @@ quint64 FilelistIndex::ask(const QString &text, const Rule &rule)
 void FilelistIndex::stopAsking()
 {
     post(std::unique_ptr<IndexQuery>());
+}
+
+void FilelistIndex::find(const QString &text, TakeAnswer takeFound)
+{
+    const std::lock_guard guard(_lock);
+    _newestFind = Find{++_findAsked, text, std::move(takeFound)};
+    _news.notify_one();
 }
 
 void FilelistIndex::post(Change change)
@@ -84,25 +95,34 @@ void FilelistIndex::run(const std::stop_token &stop)
 {
     ::pthread_setname_np(::pthread_self(), "FilelistIndex");
     while (!stop.stop_requested()) {
-        std::deque<Change> changes;
-        std::optional<Question> newest;
-        {
-            std::unique_lock lock(_lock);
-            const auto isNews = [this] { return this->isNews(); };
-            if (_isToTell)
-                _news.wait_until(lock, stop, _told + kBetweenAnswers, isNews);
-            else
-                _news.wait(lock, stop, isNews);
-            newest = std::exchange(_newest, {});
-            const auto count = static_cast<std::ptrdiff_t>(std::min(_changes.size(), kChangesAtOnce));
-            std::move(_changes.begin(), _changes.begin() + count, std::back_inserter(changes));
-            _changes.erase(_changes.begin(), _changes.begin() + count);
-        }
-        if (newest)
-            begin(*std::move(newest));
-        applyAll(std::move(changes));
+        Work work = awaitWork(stop);
+        if (work.newest)
+            begin(*std::move(work.newest));
+        applyAll(std::move(work.changes));
+        if (const auto find = takeFind())
+            answer(*find);
         lookAround();
     }
+}
+
+FilelistIndex::Work FilelistIndex::awaitWork(const std::stop_token &stop)
+{
+    std::unique_lock lock(_lock);
+    const auto isNews = [this] { return this->isNews(); };
+    const bool hasNewNames = _takesNames && _index.names().size() > _namesTold;
+    if (_isToTell)
+        _news.wait_until(lock, stop, _told + kBetweenAnswers, isNews);
+    else if (hasNewNames)
+        _news.wait_until(lock, stop, _toldNames + kBetweenNames, isNews);
+    else
+        _news.wait(lock, stop, isNews);
+    Work work;
+    work.newest = std::exchange(_newest, {});
+    const auto count = static_cast<std::ptrdiff_t>(std::min(_changes.size(), kChangesAtOnce));
+    std::move(_changes.begin(), _changes.begin() + count, std::back_inserter(work.changes));
+    _changes.erase(_changes.begin(), _changes.begin() + count);
+    _isBehind = !_changes.empty();
+    return work;
 }
 
 void FilelistIndex::applyAll(std::deque<Change> changes)
@@ -120,33 +140,44 @@ void FilelistIndex::applyAll(std::deque<Change> changes)
         begin({_question.number, std::make_unique<IndexQuery>(_question.query->anew()), _question.stop});
 }
 
-void FilelistIndex::apply(const Put &put)
+void FilelistIndex::apply(const Done &done)
 {
-    if (_question.query && _index.entryOf(put.file.get()))
+    // A file that is to be read again keeps its entry until it was.
+    if (!done.file->isDone() || !_order.contains(done.file.get()))
+        return;
+    if (_question.query && _index.entryOf(done.file.get()))
         _isToTell = true;
-    _index.put(put.file, put.record);
+    _index.put(done.file, done.file->quorvinData());
     _isSorted = false;
 }
 
-void FilelistIndex::apply(const Remove &removed)
-{
-    for (const FilelistItemPtr &file : removed.files) {
-        _index.remove(file);
-        _order.erase(file.get());
-    }
-    _isToTell = _question.query != nullptr;
-}
-
-void FilelistIndex::apply(const Order &order)
+void FilelistIndex::apply(const Files &list)
 {
     _order.clear();
-    for (std::size_t i = 0; i < order.files.size(); ++i)
-        _order[order.files[i].get()] = i;
+    _order.reserve(list.files.size());
+    std::deque<Change> known;
+    for (std::size_t i = 0; i < list.files.size(); ++i) {
+        const FilelistItemPtr &file = list.files[i];
+        _order[file.get()] = i;
+        if (file->isDone() && !_index.entryOf(file.get()))
+            known.emplace_back(Done{file});
+    }
+    for (std::size_t entry = 0; entry < _index.entries().size(); ++entry) {
+        const FilelistItemPtr file = _index.entries()[entry].file;
+        if (file && !_order.contains(file.get()))
+            _index.remove(file);
+    }
     _isSorted = false;
     _isToTell = _question.query != nullptr;
+    if (known.empty())
+        return;
+    // With the others, so that a question waits for few of them.
+    const std::lock_guard guard(_lock);
+    std::ranges::move(known, std::back_inserter(_changes));
+    _isBehind = true;
 }
 
-void FilelistIndex::sort()
+std::vector<std::size_t> FilelistIndex::entriesInOrder() const
 {
     const auto entries = _index.entries();
     std::vector<std::pair<std::size_t, std::size_t>> places;
@@ -154,13 +185,19 @@ void FilelistIndex::sort()
     for (std::size_t entry = 0; entry < entries.size(); ++entry) {
         if (!entries[entry].file)
             continue;
-        const auto known = _order.find(entries[entry].file.get());
-        places.emplace_back(known == _order.end() ? _order.size() : known->second, entry);
+        const auto place = _order.find(entries[entry].file.get());
+        places.emplace_back(place == _order.end() ? _order.size() : place->second, entry);
     }
     if (!std::ranges::is_sorted(places))
         std::ranges::sort(places);
-    _sorted.resize(places.size());
-    std::ranges::transform(places, _sorted.begin(), [](const auto &place) { return place.second; });
+    std::vector<std::size_t> sorted(places.size());
+    std::ranges::transform(places, sorted.begin(), [](const auto &place) { return place.second; });
+    return sorted;
+}
+
+void FilelistIndex::sort()
+{
+    _sorted = entriesInOrder();
     _isSorted = true;
 }
 
@@ -173,6 +210,8 @@ void FilelistIndex::begin(Question question)
         && !question.query->mark(_index, isWithin ? _question.query.get() : nullptr, question.stop))
         return;
     const Marks candidates = std::exchange(_hits, {});
+    if (!isWithin)
+        _satisfying = {};
     _question = std::move(question);
     _isToTell = _question.query != nullptr;
     _isAnswered = false;
@@ -181,6 +220,7 @@ void FilelistIndex::begin(Question question)
         sort();
     _looked = _index.entries().size();
     _hits.resize(_looked);
+    _satisfying.resize(_looked);
     _next = isWithin ? _sorted.size() : 0;
     for (std::size_t entry = 0; isWithin && entry < candidates.size(); ++entry) {
         if (candidates[entry])
@@ -191,10 +231,12 @@ void FilelistIndex::begin(Question question)
 void FilelistIndex::look(std::size_t entry)
 {
     const RecordIndex::Entry &one = _index.entries()[entry];
-    if (one.file && _question.query->matches(_index, one)) {
+    if (!one.file || !_question.query->satisfiesRule(_index, one))
+        return;
+    _satisfying.set(entry);
+    _isToTell = true;
+    if (_question.query->hasText(_index, one))
         _hits.set(entry);
-        _isToTell = true;
-    }
 }
 
 /// Looks at what was not looked at yet, until something else is wanted.
@@ -213,48 +255,87 @@ void FilelistIndex::lookAround()
         if (_looked < end && !_question.query->mark(_index, nullptr, _question.stop))
             return;
         _hits.resize(end);
+        _satisfying.resize(end);
         for (; _looked < end; ++_looked)
             look(_looked);
     }
-    tell(true);
+    tell(!_isBehind);
 }
 
 /// Delivers what is new, from time to time while there is more to come.
 void FilelistIndex::tell(bool isIdle)
 {
-    if (isIdle && _mailbox.takesNames() && _index.names().size() > _namesTold)
+    const auto now = Clock::now();
+    if (isIdle && _takesNames && _index.names().size() > _namesTold && now - _toldNames >= kBetweenNames)
         deliverNames();
-    const bool isDue = Clock::now() - _told >= kBetweenAnswers;
-    if (_isToTell && (isDue || (isIdle && !_isAnswered)))
+    if (_isToTell && (now - _told >= kBetweenAnswers || (isIdle && !_isAnswered)))
         deliver();
 }
 
 void FilelistIndex::deliver()
 {
-    const bool isComplete = _next == _sorted.size() && _looked == _index.entries().size();
-    if (!_isSorted && isComplete) {
+    IndexAnswer::Progress progress{_next, _sorted.size(), !_isBehind};
+    const bool isAllLookedAt = _next == _sorted.size() && _looked == _index.entries().size();
+    progress.isComplete = progress.isComplete && isAllLookedAt;
+    if (!_isSorted && isAllLookedAt) {
         sort();
         _next = _sorted.size();
     }
     std::vector<FilelistItemPtr> files;
+    std::size_t satisfying = 0;
     const auto entries = _index.entries();
     for (const std::size_t entry : _sorted) {
-        if (_hits[entry] && entries[entry].file)
+        if (!entries[entry].file)
+            continue;
+        satisfying += _satisfying[entry] ? 1 : 0;
+        if (_hits[entry])
             files.push_back(entries[entry].file);
     }
-    _mailbox.post(std::make_shared<const IndexAnswer>(_question.number, isComplete, std::move(files)));
-    _isToTell = !isComplete;
-    _isAnswered = isComplete;
+    const auto answer
+        = std::make_shared<const IndexAnswer>(_question.number, progress, std::move(files), satisfying);
+    hand([&](IndexMailbox &mailbox) { mailbox.post(answer); });
+    _isToTell = !progress.isComplete;
+    _isAnswered = progress.isComplete;
     _told = Clock::now();
+}
+
+/// Once all is looked at that was known when it was asked.
+std::optional<FilelistIndex::Find> FilelistIndex::takeFind()
+{
+    const std::lock_guard guard(_lock);
+    return _changes.empty() ? std::exchange(_newestFind, {}) : std::nullopt;
+}
+
+void FilelistIndex::answer(const Find &find)
+{
+    IndexQuery query(find.text, {});
+    query.mark(_index, nullptr, {});
+    // The order in which a question is looked at stays.
+    const std::vector<std::size_t> sorted = _isSorted ? _sorted : entriesInOrder();
+    std::vector<FilelistItemPtr> files;
+    for (const std::size_t entry : sorted) {
+        const RecordIndex::Entry &one = _index.entries()[entry];
+        if (one.file && query.hasText(_index, one))
+            files.push_back(one.file);
+    }
+    const IndexAnswer::Progress progress{sorted.size(), sorted.size(), true};
+    const auto answer = std::make_shared<const IndexAnswer>(find.number, progress, std::move(files), 0);
+    hand([&](IndexMailbox &mailbox) {
+        mailbox.postFound([this, answer, takeFound = find.takeFound] {
+            if (answer->question() == _findAsked)
+                takeFound(answer);
+        });
+    });
 }
 
 void FilelistIndex::deliverNames()
 {
     _namesTold = _index.names().size();
+    _toldNames = Clock::now();
     ParameterNames names;
     for (const RecordIndex::Name &name : _index.names())
         names.add(name.group, name.subgroup, *name.term);
-    _mailbox.post(names.names());
+    hand([list = names.names()](IndexMailbox &mailbox) { mailbox.post(list); });
 }
 
 } // namespace quorvin

@@ -8,10 +8,12 @@
 
 namespace quorvin {
 
-IndexAnswer::IndexAnswer(quint64 question, bool isComplete, std::vector<FilelistItemPtr> files)
+IndexAnswer::IndexAnswer(quint64 question, const Progress &progress, std::vector<FilelistItemPtr> files,
+                         std::size_t satisfyingRule)
     : _question(question),
-      _isComplete(isComplete),
+      _progress(progress),
       _files(std::move(files)),
+      _satisfyingRule(satisfyingRule),
       _slots(std::bit_ceil(_files.size() * 2 + 1), nullptr)
 {
     for (const FilelistItemPtr &file : _files)

@@ -30,6 +30,13 @@ void IndexMailbox::post(QStringList names)
 }
 
 /// One event for all that has come when it is handled.
+void IndexMailbox::postFound(std::function<void()> useFound)
+{
+    const std::lock_guard guard(_lock);
+    if (!std::exchange(_useFound, std::move(useFound)))
+        ring();
+}
+
 void IndexMailbox::ring()
 {
     QCoreApplication::postEvent(this, new QEvent(QEvent::User));
@@ -39,15 +46,19 @@ void IndexMailbox::customEvent(QEvent *)
 {
     IndexAnswerPtr answer;
     std::optional<QStringList> names;
+    std::function<void()> useFound;
     {
         const std::lock_guard guard(_lock);
         answer = std::exchange(_answer, nullptr);
         names = std::exchange(_names, std::nullopt);
+        useFound = std::exchange(_useFound, nullptr);
     }
     if (names)
         _takeNames(*names);
     if (answer)
         _takeAnswer(answer);
+    if (useFound)
+        useFound();
 }
 
 } // namespace quorvin

@@ -28,6 +28,8 @@ public:
     /// Any thread, as the next.
     void post(IndexAnswerPtr answer);
     void post(QStringList names);
+    /// What is to be done with the answer to something that was asked once.
+    void postFound(std::function<void()> useFound);
 
 protected:
     void customEvent(QEvent *event) override;
@@ -37,9 +39,10 @@ private:
 
     const TakeAnswer _takeAnswer;
     const TakeNames _takeNames;
-    std::mutex _lock; ///< guards the two below
+    std::mutex _lock; ///< guards the three below
     IndexAnswerPtr _answer;
     std::optional<QStringList> _names;
+    std::function<void()> _useFound;
 };
 
 } // namespace quorvin

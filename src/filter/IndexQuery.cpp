@@ -96,6 +96,8 @@ bool IndexQuery::markValues(const RecordIndex &index, const IndexQuery *wider, c
 
 bool IndexQuery::hasText(const RecordIndex &index, const RecordIndex::Entry &entry) const
 {
+    if (_text.isEmpty())
+        return true;
     if (!entry.isIndexed)
         return index.unindexed(entry)->isContentHas(_text);
     const auto terms = index.terms(entry);
@@ -107,13 +109,12 @@ bool IndexQuery::hasText(const RecordIndex &index, const RecordIndex::Entry &ent
     return false;
 }
 
-bool IndexQuery::matches(const RecordIndex &index, const RecordIndex::Entry &entry)
+bool IndexQuery::satisfiesRule(const RecordIndex &index, const RecordIndex::Entry &entry)
 {
-    const bool isFailed = entry.fileType == RecordIndex::kFailed;
-    if (!_text.isEmpty() && (isFailed || !hasText(index, entry)))
-        return false;
-    if (isFailed)
-        return _matcher.isEmpty() || _matcher.matchesFailed();
+    if (_matcher.isEmpty())
+        return true;
+    if (entry.fileType == RecordIndex::kFailed)
+        return _matcher.matchesFailed();
     if (!entry.isIndexed)
         return _matcher.matches(*index.unindexed(entry));
     return _matcher.matchesBy([&](std::size_t condition) { return holds(condition, index, entry); });

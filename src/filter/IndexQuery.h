@@ -37,7 +37,12 @@ public:
     bool isOf(const RecordIndex &index) const { return _generation == index.generation(); }
 
     /// Of a living entry; all its terms and values are marked.
-    bool matches(const RecordIndex &index, const RecordIndex::Entry &entry);
+    bool hasText(const RecordIndex &index, const RecordIndex::Entry &entry) const;
+    bool satisfiesRule(const RecordIndex &index, const RecordIndex::Entry &entry);
+    bool matches(const RecordIndex &index, const RecordIndex::Entry &entry)
+    {
+        return hasText(index, entry) && satisfiesRule(index, entry);
+    }
 
 private:
     enum class Answer : quint8 { Unknown, No, Yes };
@@ -51,7 +56,6 @@ private:
     bool markValues(const RecordIndex &index, const IndexQuery *wider, const std::stop_token &stop);
     void markTerms(const RecordIndex &index);
     void markHolding(std::size_t condition, const ValueTable &table);
-    bool hasText(const RecordIndex &index, const RecordIndex::Entry &entry) const;
     bool holds(std::size_t condition, const RecordIndex &index, const RecordIndex::Entry &entry);
     bool holdsFor(std::size_t condition, const ValueTable &table, quint32 value);
 

@@ -7,21 +7,6 @@
 
 namespace quorvin {
 
-void ParameterNames::add(const QuorvinData &record)
-{
-    const ParameterGroups &groups = record.groups();
-    for (const auto &group : groups.groups()) {
-        for (const auto &stream : group.streams) {
-            for (const auto &parameter : groups.parameters(stream)) {
-                if (!parameter.flags.testFlag(ParameterFlag::SkipInExtended))
-                    add(group.key,
-                        parameter.subgroup == 0 ? QString() : group.subgroups[parameter.subgroup - 1U],
-                        *parameter.term);
-            }
-        }
-    }
-}
-
 void ParameterNames::add(const QString &group, const QString &subgroup, const Term &term)
 {
     _names.insert((subgroup.isEmpty() ? group : subgroup) + u'/' + term.label);

@@ -3,9 +3,10 @@
 
 #pragma once
 
-#include "model/QuorvinData.h"
+#include "model/Vocabulary.h"
 
 #include <QSet>
+#include <QString>
 #include <QStringList>
 
 namespace quorvin {
@@ -13,7 +14,6 @@ namespace quorvin {
 /// The names that rules can use of the parameters of many records. One thread.
 class ParameterNames {
 public:
-    void add(const QuorvinData &record);
     /// `subgroup` is the name of the group within the group, "" in none.
     void add(const QString &group, const QString &subgroup, const Term &term);
 

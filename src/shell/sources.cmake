@@ -50,6 +50,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/filelist/FilelistFiltering.cpp
     shell/filelist/FilelistModel.cpp
     shell/filelist/FilelistPane.cpp
+    shell/filelist/FilelistSearch.cpp
     shell/filelist/FilelistSelection.cpp
     shell/filelist/FilelistTable.cpp
     shell/filelist/FilterStrip.cpp

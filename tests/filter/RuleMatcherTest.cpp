@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "filter/FilelistFilter.h"
-#include "filter/ParameterNames.h"
 #include "filter/RuleText.h"
 
 #include <gtest/gtest.h>
@@ -140,16 +139,6 @@ TEST(FilelistFilter, EachPartHasToHold)
     EXPECT_EQ(shown({.filenameText = u"mov"_s, .globalText = u"none"_s}), QString());
     EXPECT_EQ(shown({.hideUnknownFiles = true, .filenameText = u"three"_s, .rule = Rule::failed()}),
               u"three"_s);
-}
-
-TEST(ParameterNames, AreThoseOfTheTreeInTheOrderOfABrowser)
-{
-    ParameterNames names;
-    names.add(*movie());
-    names.add(*movie());
-    EXPECT_EQ(names.names(),
-              (QStringList{u"Audio/Language"_s, u"Canon [x]/ISO"_s, u"Video/Bit rate"_s, u"Video/Breadth"_s,
-                           u"Video/Recorded at"_s}));
 }
 
 } // namespace quorvin

@@ -54,14 +54,19 @@ void BackgroundRunBase::cancel()
     finish();
 }
 
+void BackgroundRunBase::advance(int done, int total)
+{
+    _done = done;
+    _total = total;
+    Q_EMIT progressed(_done, _total);
+}
+
 void BackgroundRunBase::follow(QFutureWatcherBase &watcher)
 {
     connect(&watcher, &QFutureWatcherBase::progressRangeChanged, this,
             [this](int, int total) { _total = total; });
-    connect(&watcher, &QFutureWatcherBase::progressValueChanged, this, [this](int done) {
-        _done = done;
-        Q_EMIT progressed(_done, _total);
-    });
+    connect(&watcher, &QFutureWatcherBase::progressValueChanged, this,
+            [this](int done) { advance(done, _total); });
 }
 
 void BackgroundRunBase::runOnThread(const char *name, std::function<void()> work)

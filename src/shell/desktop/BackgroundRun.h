@@ -72,6 +72,8 @@ protected:
     std::stop_token begin();
     /// The run under way has its result.
     void finish();
+    /// The work tells how far it is.
+    void advance(int done, int total);
     void follow(QFutureWatcherBase &watcher);
     virtual void forget() = 0;
 

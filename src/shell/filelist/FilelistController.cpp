@@ -144,6 +144,7 @@ void FilelistController::tellOfChange()
 
 void FilelistController::fileIsReady(const DataCacherDelivery &delivery)
 {
+    _filter.fileIsDone(delivery.file);
     if (delivery.file != worker().currentFile())
         return;
     Q_EMIT currentFileIsReady(delivery.status == DataCacherDelivery::Fresh);

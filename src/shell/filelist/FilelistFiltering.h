@@ -4,30 +4,32 @@
 #pragma once
 
 #include "filter/FilelistFilter.h"
+#include "filter/FilelistIndex.h"
 #include "intake/FilelistItem.h"
-#include "shell/desktop/BackgroundRun.h"
+#include "shell/filelist/FilelistSearch.h"
 
 #include <QObject>
+#include <QStringList>
 #include <QTimer>
 
 #include <memory>
-#include <unordered_map>
-#include <vector>
 
 namespace quorvin {
 
 class FilelistModel;
 
 /// What narrows a window's list, and which of its files pass. Names are looked at when asked; what is in the
-/// files is searched elsewhere, and the list stays as it was until that has ended. Files that are read
-/// later, or come later, are asked then. Main thread.
+/// files is asked of an index that follows the list, and the list stays as it was until that has answered.
+/// Files that are read later, or come later, pass when they have been looked at. Main thread.
 class FilelistFiltering : public QObject {
     Q_OBJECT
 public:
     /// `whole` must outlive this object.
     explicit FilelistFiltering(FilelistModel &whole, QObject *parent = nullptr);
+    ~FilelistFiltering() override;
 
-    /// As they were set last. While `isSearching`, those before them still count for what is in the files.
+    /// As they were set last. While `isSearching`, those before them may still count for what is in the
+    /// files.
     const FilelistFilter &criteria() const { return _criteria; }
     void setCriteria(const FilelistFilter &criteria);
     /// Nothing is searched for any more.
@@ -37,44 +39,37 @@ public:
     BackgroundRunBase &search() { return _search; }
     /// How many files satisfy the rule, whatever else narrows the list; 0 while there is none.
     int countOfRule() const;
-
     bool passes(const FilelistItemPtr &file) const;
+
+    /// An analysis of the file has ended.
+    void fileIsDone(const FilelistItemPtr &file);
+    /// Looks for the files of the list that have a text, narrowed or not; `takeFound` is told of them unless
+    /// another text is looked for meanwhile.
+    void findFiles(const QString &text, FilelistIndex::TakeAnswer takeFound);
+    /// SECTION/NAME of all parameters that rules can use, in the order of a file browser.
+    const QStringList &parameterNames() const { return _parameterNames; }
 
 Q_SIGNALS:
     void criteriaDidChange();
     /// Other files pass than before.
     void didChange();
+    void parameterNamesDidChange();
 
 private:
-    /// A file as it is when it is asked.
-    struct Subject {
-        FilelistItemPtr file;
-        QuorvinDataPtr record; ///< null: it could not be read
-    };
-    struct Answer {
-        std::weak_ptr<const QuorvinData> record; ///< that was asked
-        bool hasText = false;
-        bool matchesRule = false;
-    };
-    using Answers = std::unordered_map<FilelistItemPtr, Answer>;
-
-    static Answers answersOf(const std::vector<Subject> &subjects, const FilelistFilter &criteria,
-                             const RunControl &run);
-    void startSearch();
-    void takeRows(int first, int last);
-    void askNewcomers();
-    void forgetRemoved();
-    bool isAnswered(const Subject &subject) const;
+    void takeAnswer(const IndexAnswerPtr &answer);
+    void listDidChange();
+    void tellList();
 
     FilelistModel &_whole;
     FilelistFilter _criteria;
     FilelistFilterFunction _function{_criteria};
-    bool _hasAnswers = false; ///< what is in the files counts
-    Answers _answers;
-    BackgroundRun<Answers> _search{this};
-    BackgroundRun<Answers> _newcomersSearch{this};
-    std::vector<FilelistItemPtr> _newcomers; ///< may have to be asked
-    QTimer _newcomersTimer;
+    IndexAnswerPtr _answer; ///< that counts; null while what is in the files does not
+    FilelistSearch _search;
+    QStringList _parameterNames;
+    bool _wasLong = false; ///< the list had very many files once
+    bool _isListNews = false; ///< the index has not been told of the list as it is
+    QTimer _listTimer; ///< then it will be
+    std::shared_ptr<FilelistIndex> _index;
 };
 
 } // namespace quorvin

@@ -3,7 +3,7 @@
 
 #include "shell/window/FilterPopover.h"
 
-#include "filter/ParameterNames.h"
+#include "shell/desktop/BackgroundRun.h"
 #include "shell/desktop/Counts.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/filelist/FilelistTable.h"
@@ -18,17 +18,6 @@ namespace {
 
 constexpr QSize kMostPopover(640, 360);
 constexpr int kPopoverMargin = 12;
-
-QStringList namesIn(const std::vector<QuorvinDataPtr> &records, const RunControl &run)
-{
-    ParameterNames names;
-    for (const QuorvinDataPtr &record : records) {
-        if (run.isStopped())
-            return {};
-        names.add(*record);
-    }
-    return names.names();
-}
 
 } // namespace
 
@@ -47,6 +36,9 @@ FilterPopover::FilterPopover(LiveSettings &settings, MainView &view, FilelistCon
     });
     connect(&filtering, &FilelistFiltering::criteriaDidChange, this,
             [this, &filtering] { _editor->setRule(filtering.criteria().rule); });
+    connect(&filtering, &FilelistFiltering::parameterNamesDidChange, this,
+            [this, &filtering] { _editor->setNames(filtering.parameterNames()); });
+    connect(&filtering.search(), &BackgroundRunBase::ended, this, &FilterPopover::showMatches);
     connect(&files, &FilelistController::totalsDidChange, this, &FilterPopover::showMatches);
 }
 
@@ -58,7 +50,6 @@ void FilterPopover::toggle()
     _editor->show();
     _editor->raise();
     _editor->edit();
-    collectNames();
     showMatches();
 }
 
@@ -76,19 +67,6 @@ void FilterPopover::place()
     // Under its button at the end of the tool bar, so that the list stays in sight.
     const int left = _view.isRightToLeft() ? kPopoverMargin : _view.width() - size.width() - kPopoverMargin;
     _editor->setGeometry(QRect(QPoint(left, kPopoverMargin), size));
-}
-
-void FilterPopover::collectNames()
-{
-    std::vector<QuorvinDataPtr> records;
-    for (const FilelistItemPtr &file : _files.filelist()) {
-        if (QuorvinDataPtr record = file->quorvinData())
-            records.push_back(std::move(record));
-    }
-    _names.start(
-        "ParameterNames",
-        [records = std::move(records)](const RunControl &run) { return namesIn(records, run); },
-        [this](const QStringList &names) { _editor->setNames(names); });
 }
 
 void FilterPopover::showMatches()

@@ -3,10 +3,7 @@
 
 #pragma once
 
-#include "shell/desktop/BackgroundRun.h"
-
 #include <QObject>
-#include <QStringList>
 
 namespace quorvin {
 
@@ -31,14 +28,11 @@ protected:
 private:
     void place();
     void close();
-    /// The parameters of the list's files, found out elsewhere.
-    void collectNames();
     void showMatches();
 
     MainView &_view;
     FilelistController &_files;
     RuleEditor *_editor;
-    BackgroundRun<QStringList> _names{this};
 };
 
 } // namespace quorvin

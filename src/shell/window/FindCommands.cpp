@@ -3,7 +3,6 @@
 
 #include "shell/window/FindCommands.h"
 
-#include "shell/desktop/Counts.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/info/ExtendedPane.h"
 #include "shell/info/InfoView.h"
@@ -14,62 +13,41 @@
 
 namespace quorvin {
 
-namespace {
-
-/// The first of the files whose record has the text; null without one.
-FilelistItemPtr firstWith(const std::vector<FilelistItemPtr> &files, const SearchText &text,
-                          const RunControl &run)
-{
-    int done = 0;
-    for (const FilelistItemPtr &file : files) {
-        if (run.isStopped())
-            break;
-        const QuorvinDataPtr record = file->quorvinData();
-        if (record && record->isContentHas(text))
-            return file;
-        run.report(++done, static_cast<int>(files.size()));
-    }
-    return nullptr;
-}
-
-} // namespace
-
 FindCommands::FindCommands(MainView &view, FilelistController &files, QObject *parent)
     : QObject(parent), _view(view), _files(files)
 {
-    view.statusLine().follow(
-        _search,
-        {tr("Stop the search"),
-         [](int done, int total) {
-             return tr("Searching: %1 of %2").arg(groupedCount(done), groupedCount(total));
-         },
-         [this] { _search.cancel(); }});
     connect(&view.info().extended(), &ExtendedPane::otherFileWanted, this, &FindCommands::goToOtherFile);
 }
 
 void FindCommands::goToOtherFile(bool backwards)
 {
     const QString text = _view.info().extended().searchText();
-    std::vector<FilelistItemPtr> files = _files.arranged().files();
-    if (text.isEmpty() || files.empty())
+    if (text.isEmpty())
         return;
-    const int current = std::max(_files.arranged().rowOf(_files.worker().currentFile()), 0);
-    std::rotate(files.begin(), files.begin() + current + 1, files.end());
-    // Backwards the current file comes last too.
-    if (backwards)
-        std::reverse(files.begin(), files.end() - 1);
-    _search.start(
-        "FindNext",
-        [files = std::move(files), text](const RunControl &run) { return firstWith(files, text, run); },
-        [this, text, backwards](const FilelistItemPtr &file) { goTo(file, text, backwards); });
+    _files.filtering().findFiles(text, [this, text, backwards](const IndexAnswerPtr &found) {
+        goTo(nextRow(*found, backwards), text, backwards);
+    });
 }
 
-void FindCommands::goTo(const FilelistItemPtr &file, const QString &text, bool backwards)
+/// Of the files found; -1 when the list shows none of them.
+int FindCommands::nextRow(const IndexAnswer &found, bool backwards) const
 {
-    const int row = file ? _files.arranged().rowOf(file) : -1;
+    const std::vector<FilelistItemPtr> &files = _files.arranged().files();
+    const auto count = static_cast<int>(files.size());
+    const int current = std::max(_files.arranged().rowOf(_files.worker().currentFile()), 0);
+    for (int i = 1; i <= count; ++i) {
+        const int row = (current + (backwards ? count - i : i)) % count;
+        if (found.has(files[static_cast<std::size_t>(row)].get()))
+            return row;
+    }
+    return -1;
+}
+
+void FindCommands::goTo(int row, const QString &text, bool backwards)
+{
     if (row < 0)
         return _view.statusLine().say(tr("No file has “%1”").arg(text));
-    const bool isOnlyOne = file == _files.worker().currentFile();
+    const bool isOnlyOne = _files.arranged().fileAt(row) == _files.worker().currentFile();
     if (!isOnlyOne)
         _files.selectRow(row);
     Q_EMIT _view.info().tabWanted(Tab::Extended);

@@ -3,8 +3,7 @@
 
 #pragma once
 
-#include "intake/FilelistItem.h"
-#include "shell/desktop/BackgroundRun.h"
+#include "filter/IndexAnswer.h"
 
 #include <QObject>
 
@@ -13,8 +12,8 @@ namespace quorvin {
 class FilelistController;
 class MainView;
 
-/// Walks hits from one file to the next that has one. The files are looked through elsewhere, in the order of
-/// the list and behind its end from its beginning. Main thread.
+/// Walks hits from one file to the next that has one, in the order of the list and behind its end from its
+/// beginning. Main thread.
 class FindCommands : public QObject {
     Q_OBJECT
 public:
@@ -26,11 +25,11 @@ public:
     void goToOtherFile(bool backwards);
 
 private:
-    void goTo(const FilelistItemPtr &file, const QString &text, bool backwards);
+    int nextRow(const IndexAnswer &found, bool backwards) const;
+    void goTo(int row, const QString &text, bool backwards);
 
     MainView &_view;
     FilelistController &_files;
-    BackgroundRun<FilelistItemPtr> _search{this}; ///< gives null when no file has the text
 };
 
 } // namespace quorvin

@@ -123,6 +123,7 @@ TEST_F(FilteredList, FilesPassAsTheyAreRead)
     list.removeSelectedItems();
     EXPECT_EQ(shown(), u"|"_s);
     list.undoRemoval();
+    ASSERT_TRUE(awaitDone());
     EXPECT_TRUE(spinUntil([this] { return list.arranged().rowCount() == 3; })) << "what comes back is asked";
     EXPECT_EQ(shown({.hideUnknownFiles = true, .globalText = u"jpeg"_s}).section(u'|', 1), u"photo.jpg"_s);
 }
