@@ -39,6 +39,7 @@ struct Arguments {
     bool stripXmp = false;
     bool dryRun = false;
     bool keepTimes = false;
+    bool allowHardLinks = false;
     std::optional<QString> receipt;
     QString source; ///< a key of `rawSources`
 };

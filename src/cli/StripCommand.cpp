@@ -7,7 +7,6 @@
 #include "cli/FileRun.h"
 #include "cli/FilterOption.h"
 #include "filefacts/Paths.h"
-#include "platform/AtomicFile.h"
 #include "surgery/MetadataRemover.h"
 
 #include <QFileInfo>
@@ -33,9 +32,11 @@ Expected<QString> targetIn(const QString &folder, const FilelistItem &file)
 RemovalReceipt strip(const Context &context, MetadataRemover &remover, const FilelistItem &file)
 {
     const Arguments &arguments = context.arguments;
+    MetadataRemover::Order order{.path = file.filename(),
+                                 .keepsTimes = arguments.keepTimes,
+                                 .allowsHardLinks = arguments.allowHardLinks};
     if (arguments.dryRun)
-        return remover.planned(file.filename());
-    MetadataRemover::Order order{.path = file.filename(), .keepsTimes = arguments.keepTimes};
+        return remover.planned(order);
     if (arguments.outputDir) {
         auto target = targetIn(*arguments.outputDir, file);
         if (!target)
@@ -57,17 +58,6 @@ FilelistItemPtr nextWanted(const Context &context, FileRun &run)
             run.fail(result->file->filename(), result->record.error().description);
     }
     return nullptr;
-}
-
-Expected<void> writeReceipts(const QString &path, const std::vector<RemovalReceipt> &receipts, bool isPlan)
-{
-    const bool isJson = path.endsWith(".json"_L1, Qt::CaseInsensitive);
-    const QByteArray bytes = isJson ? receiptsAsJson(receipts) : receiptsAsText(receipts, isPlan).toUtf8();
-    return AtomicFile::create(path).and_then([&](const std::unique_ptr<AtomicFile> &file) -> Expected<void> {
-        if (file->device().write(bytes) != bytes.size())
-            return failure(file->device().errorString());
-        return file->commit();
-    });
 }
 
 /// A line for what was done; the whole receipt for what would be.
@@ -102,6 +92,9 @@ QList<Option> stripOptions()
         {.names = {u"keep-mtime"_s},
          .description = u"Keep the dates of access and modification."_s,
          .take = put<&Arguments::keepTimes>},
+        {.names = {u"allow-hard-links"_s},
+         .description = u"Also rewrite files of several names; what the others lead to stays as it is."_s,
+         .take = put<&Arguments::allowHardLinks>},
         {.names = {u"receipt"_s},
          .description = u"Write what was removed and kept, with digests, to FILE; *.json is JSON."_s,
          .valueName = u"FILE"_s,

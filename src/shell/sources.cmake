@@ -91,6 +91,12 @@ set(QUORVIN_SHELL_SOURCES
     shell/compare/RowHeights.cpp
 
     shell/surgery/AttachmentController.cpp
+    shell/surgery/ReceiptModel.cpp
+    shell/surgery/RemovalController.cpp
+    shell/surgery/RemovalForm.cpp
+    shell/surgery/RemovalSheet.cpp
+    shell/surgery/RemovalTask.cpp
+    shell/surgery/RemovalWords.cpp
 
     shell/info/ChangeableRows.cpp
     shell/info/ComparisonPane.cpp
@@ -129,6 +135,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/window/OpenPanels.cpp
     shell/window/OpenWithMenu.cpp
     shell/window/QuickInfo.cpp
+    shell/window/RemovalCommands.cpp
     shell/window/PreviewCommands.cpp
     shell/window/SidebarSplitView.cpp
     shell/window/StatusLine.cpp

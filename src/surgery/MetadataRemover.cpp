@@ -35,9 +35,9 @@ bool isTheSame(const struct stat &a, const struct stat &b)
 }
 
 /// Whether a file may be replaced: as a rename would do it, whatever its mode.
-Expected<void> checkReplaceable(const QString &path, const struct stat &facts, bool allowsHardLinks)
+Expected<void> checkReplaceable(const QByteArray &path, const struct stat &facts, bool allowsHardLinks)
 {
-    if (::faccessat(AT_FDCWD, encodePath(path).constData(), W_OK, AT_EACCESS) != 0)
+    if (::faccessat(AT_FDCWD, path.constData(), W_OK, AT_EACCESS) != 0)
         return posixFailure(errno);
     if (facts.st_nlink > 1 && !allowsHardLinks)
         return failure(removerText("the file has several names (hard links)"));
@@ -65,7 +65,7 @@ Expected<RemovalResult> MetadataRemover::run(JobRunner &runner, RemovalRequest r
     });
 }
 
-RemovalReceipt MetadataRemover::planned(const QString &path, const std::stop_token &stop)
+RemovalReceipt MetadataRemover::receiptOfPlan(const QString &path, const std::stop_token &stop)
 {
     RemovalReceipt receipt{.path = path};
     if (auto result = run(*_reader, {path, {}, _options}, stop))
@@ -75,9 +75,24 @@ RemovalReceipt MetadataRemover::planned(const QString &path, const std::stop_tok
     return receipt;
 }
 
+RemovalReceipt MetadataRemover::planned(const Order &order, const std::stop_token &stop)
+{
+    RemovalReceipt receipt = receiptOfPlan(order.path, stop);
+    if (!order.target.isEmpty() || receipt.result.removed.empty())
+        return receipt;
+    const QByteArray real = LinkTarget::of(encodePath(order.path)).path;
+    struct stat facts { };
+    const auto allowed = ::stat(real.constData(), &facts) == 0
+        ? checkReplaceable(real, facts, order.allowsHardLinks)
+        : Expected<void>(posixFailure(errno));
+    if (!allowed)
+        return {.path = order.path, .failure = allowed.error().description};
+    return receipt;
+}
+
 RemovalReceipt MetadataRemover::remove(const Order &order, const std::stop_token &stop)
 {
-    RemovalReceipt receipt = planned(order.path, stop);
+    RemovalReceipt receipt = receiptOfPlan(order.path, stop);
     const bool isInPlace = order.target.isEmpty();
     if (!receipt.failure.isEmpty() || (isInPlace && receipt.result.removed.empty()))
         return receipt;
@@ -114,7 +129,7 @@ Expected<void> MetadataRemover::rewrite(const Order &order, RemovalReceipt &rece
     struct stat before { };
     ::fstat(file->descriptor(), &before);
     if (isInPlace) {
-        if (auto allowed = checkReplaceable(real, before, order.allowsHardLinks); !allowed)
+        if (auto allowed = checkReplaceable(encodePath(real), before, order.allowsHardLinks); !allowed)
             return allowed;
     }
     auto done = workIn(QFileInfo(target).path()).and_then([&] { return _folder->copyFrom(*file); });

@@ -32,12 +32,13 @@ public:
     MetadataRemover(const oEXIV2Metadata &options, const JobLimits &limits,
                     std::unique_ptr<JobRunner> reader);
 
-    /// What would go. Nothing is written.
-    RemovalReceipt planned(const QString &path, const std::stop_token &stop = {});
+    /// What would come of it. Nothing is written.
+    RemovalReceipt planned(const Order &order, const std::stop_token &stop = {});
     /// After a stop the file is as it was, and that is the receipt's failure.
     RemovalReceipt remove(const Order &order, const std::stop_token &stop = {});
 
 private:
+    RemovalReceipt receiptOfPlan(const QString &path, const std::stop_token &stop);
     Expected<RemovalResult> run(JobRunner &runner, RemovalRequest request, const std::stop_token &stop) const;
     Expected<void> rewrite(const Order &order, RemovalReceipt &receipt, const std::stop_token &stop);
     Expected<void> workIn(const QString &folder);

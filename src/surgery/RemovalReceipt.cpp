@@ -3,6 +3,8 @@
 
 #include "surgery/RemovalReceipt.h"
 
+#include "platform/AtomicFile.h"
+
 #include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -82,6 +84,17 @@ QByteArray receiptsAsJson(std::span<const RemovalReceipt> receipts)
     for (const RemovalReceipt &receipt : receipts)
         files.append(jsonOf(receipt));
     return QJsonDocument(QJsonObject{{u"files"_s, files}}).toJson();
+}
+
+Expected<void> writeReceipts(const QString &path, std::span<const RemovalReceipt> receipts, bool isPlan)
+{
+    const bool isJson = path.endsWith(".json"_L1, Qt::CaseInsensitive);
+    const QByteArray bytes = isJson ? receiptsAsJson(receipts) : receiptsAsText(receipts, isPlan).toUtf8();
+    return AtomicFile::create(path).and_then([&](const std::unique_ptr<AtomicFile> &file) -> Expected<void> {
+        if (file->device().write(bytes) != bytes.size())
+            return failure(file->device().errorString());
+        return file->commit();
+    });
 }
 
 } // namespace quorvin

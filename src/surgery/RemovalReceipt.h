@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/Error.h"
 #include "model/RemovalResult.h"
 
 #include <QByteArray>
@@ -20,6 +21,9 @@ struct RemovalReceipt {
     QString failure = {}; ///< why nothing was done; "" when it was, or nothing was to do
     QString digestBefore = {}; ///< SHA-512 in hex; both are "" where no file was written
     QString digestAfter = {};
+
+    /// The file was rewritten, or a copy of it written.
+    bool isWritten() const { return !digestAfter.isEmpty(); }
 };
 
 /// The receipts as text for a person: a line a file, and a line an item. `isPlan`: of what would go.
@@ -27,5 +31,7 @@ QString receiptsAsText(std::span<const RemovalReceipt> receipts, bool isPlan);
 /// As JSON in UTF-8: {"files": [{"path", "target", "removed": [KEY…], "kept": [{"key", "reason"}…],
 /// "failure", "before", "after"}…]}, without what is "".
 QByteArray receiptsAsJson(std::span<const RemovalReceipt> receipts);
+/// Writes them to a file, which is replaced: as JSON where its name ends in ".json", else as text.
+Expected<void> writeReceipts(const QString &path, std::span<const RemovalReceipt> receipts, bool isPlan);
 
 } // namespace quorvin

@@ -78,6 +78,8 @@ enum class Command {
     moveColumnForward,
     closeColumn,
 
+    menuRemoveImageMetadata,
+    removeLocationInfo,
     removeExtendedAttribute,
     touchDate,
 

@@ -11,8 +11,25 @@
 
 namespace quorvin {
 
-/// What changes the file on the disk; the last section of the Edit menu.
+/// What changes files on the disk; the last section of the Edit menu.
 inline constexpr std::array kFileChanges{
+    CommandRow{.command = Command::menuRemoveImageMetadata,
+               .text = QT_TRANSLATE_NOOP("Commands", "Remove &Metadata…"),
+               .icon = "edit-clear",
+               .keys = "Ctrl+Alt+M",
+               .menu = CommandMenu::Edit,
+               .section = 4,
+               .places = CommandPlace::FileMenu,
+               .isEnabled = [](const CommandState &state) { return state.canExportAll; },
+               .tip = QT_TRANSLATE_NOOP("Commands", "Take metadata out of images, and see first what goes")},
+    CommandRow{.command = Command::removeLocationInfo,
+               .text = QT_TRANSLATE_NOOP("Commands", "Remove P&osition…"),
+               .keys = "Ctrl+Alt+P",
+               .menu = CommandMenu::Edit,
+               .section = 4,
+               .places = CommandPlace::FileMenu,
+               .isEnabled = [](const CommandState &state) { return state.canExportAll; },
+               .tip = QT_TRANSLATE_NOOP("Commands", "Take out of images where they were taken")},
     CommandRow{.command = Command::removeExtendedAttribute,
                .text = QT_TRANSLATE_NOOP("Commands", "Remove from the File…"),
                .menu = CommandMenu::Edit,
@@ -21,7 +38,7 @@ inline constexpr std::array kFileChanges{
                .isEnabled = [](const CommandState &state) { return state.selectsAttribute; },
                .isHiddenWhileDisabled = true},
     CommandRow{.command = Command::touchDate,
-               .text = QT_TRANSLATE_NOOP("Commands", "Set the File's Date to This"),
+               .text = QT_TRANSLATE_NOOP("Commands", "Set the File's Date to This…"),
                .menu = CommandMenu::Edit,
                .section = 4,
                .places = CommandPlace::TreeMenu,

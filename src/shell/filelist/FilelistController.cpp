@@ -210,6 +210,15 @@ void FilelistController::reprocess(const FilelistItemPtr &file)
     _reading.readFirstly(file);
 }
 
+void FilelistController::reprocessFiles(const std::vector<FilelistItemPtr> &files)
+{
+    _reading.readAgain(files);
+    const FilelistItemPtr &current = worker().currentFile();
+    if (files.size() > 1 && current && !current->isDone())
+        _reading.readFirstly(current);
+    Q_EMIT stateDidChange();
+}
+
 void FilelistController::refreshInfo()
 {
     std::vector<FilelistItemPtr> files;

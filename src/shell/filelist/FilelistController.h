@@ -79,6 +79,8 @@ public:
     /// `change` is told the path.
     void changeCurrentFile(const QString &command,
                            const std::function<Expected<void>(const QString &)> &change);
+    /// Reads files that were changed on the disk again; what is shown of the current one stays until then.
+    void reprocessFiles(const std::vector<FilelistItemPtr> &files);
     /// Takes the selected files out of the list; nothing on the disk is touched.
     void removeSelectedItems();
     /// Puts the files at these rows of the whole list in front of another; what is selected stays so.

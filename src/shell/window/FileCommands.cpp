@@ -95,32 +95,45 @@ void FileCommands::copyGeneralInfo()
         QStringLiteral("%1\n%2\n%3").arg(name, QString(name.size(), u'-'), record->stringForExportGeneral()));
 }
 
+void FileCommands::askFirst(const QString &title, const QString &text, const QString &explanation,
+                            const QString &verb, const std::function<void()> &change)
+{
+    QMessageBox *question = plainMessage(_window, title, text, explanation, QMessageBox::Cancel);
+    const QPushButton *button = question->addButton(verb, QMessageBox::DestructiveRole);
+    question->setDefaultButton(QMessageBox::Cancel);
+    question->setEscapeButton(QMessageBox::Cancel);
+    connect(button, &QPushButton::clicked, this, change);
+    question->open();
+}
+
 void FileCommands::removeExtendedAttribute()
 {
     const ExtTreeItem *row = selectedRow();
     const auto attribute = row ? attributeOfKey(row->key().value_or(QString())) : std::nullopt;
     if (!attribute)
         return;
-    QMessageBox *question = plainMessage(
-        _window, tr("Remove from the File"), tr("Remove “%1” from the file?").arg(row->name()),
-        tr("It is taken from the file on the disk, and cannot be brought back."), QMessageBox::Cancel);
-    const QPushButton *remove = question->addButton(tr("Remove"), QMessageBox::DestructiveRole);
-    question->setDefaultButton(QMessageBox::Cancel);
-    question->setEscapeButton(QMessageBox::Cancel);
-    connect(remove, &QPushButton::clicked, this, [this, attribute] {
-        _files.changeCurrentFile(tr("Remove from the File"), [attribute](const QString &path) {
-            return Utilities::removeExtendedAtrribute(*attribute, path);
-        });
-    });
-    question->open();
+    const QString title = tr("Remove from the File");
+    askFirst(title, tr("Remove “%1” from the file?").arg(row->name()),
+             tr("It is taken from the file on the disk, and cannot be brought back."), tr("Remove"),
+             [this, title, attribute] {
+                 _files.changeCurrentFile(title, [attribute](const QString &path) {
+                     return Utilities::removeExtendedAtrribute(*attribute, path);
+                 });
+             });
 }
 
 void FileCommands::touchDate()
 {
-    if (const ExtTreeItem *row = selectedRow())
-        _files.changeCurrentFile(tr("Set the File's Date"), [date = row->stringValue()](const QString &path) {
-            return Utilities::touchDate(date, path);
-        });
+    const ExtTreeItem *row = selectedRow();
+    if (!row)
+        return;
+    const QString title = tr("Set the File's Date");
+    askFirst(title, tr("Set the date of the file to “%1”?").arg(row->stringValue()),
+             tr("The file on the disk then counts as modified at that time, and no longer as it does now."),
+             tr("Set Date"), [this, title, date = row->stringValue()] {
+                 _files.changeCurrentFile(
+                     title, [date](const QString &path) { return Utilities::touchDate(date, path); });
+             });
 }
 
 } // namespace quorvin

@@ -7,6 +7,8 @@
 
 #include <QObject>
 
+#include <functional>
+
 class QWidget;
 
 namespace quorvin {
@@ -37,6 +39,9 @@ private:
     void revealInFinder();
     void revealInFinder(const QString &path);
     void copyGeneralInfo();
+    /// `change` is done when the user agrees.
+    void askFirst(const QString &title, const QString &text, const QString &explanation, const QString &verb,
+                  const std::function<void()> &change);
     void removeExtendedAttribute();
     void touchDate();
 

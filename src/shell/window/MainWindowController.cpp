@@ -24,6 +24,7 @@
 #include "shell/window/OpenPanels.h"
 #include "shell/window/OpenWithMenu.h"
 #include "shell/window/QuickInfo.h"
+#include "shell/window/RemovalCommands.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
 #include "shell/window/TabSidebars.h"
@@ -110,6 +111,7 @@ void MainWindowController::setUpCommands()
     _compare->registerAt(*_commands);
     _filterCommands->registerAt(*_commands);
     _quickInfo->registerAt(*_commands);
+    new RemovalCommands(_session.settings, _files, *_commands, this);
     registerCommands();
     connect(_commands, &CommandSet::didRun, this, &MainWindowController::validateCommands);
 }
