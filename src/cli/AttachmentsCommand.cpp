@@ -3,11 +3,7 @@
 
 #include "cli/AttachmentsCommand.h"
 
-#include "cli/Console.h"
-#include "cli/FileRun.h"
-#include "filefacts/Paths.h"
-#include "platform/AtomicFile.h"
-#include "platform/NativePath.h"
+#include "cli/Extraction.h"
 
 namespace quorvin::cli {
 
@@ -15,10 +11,7 @@ using namespace Qt::StringLiterals;
 
 QList<Option> attachmentsOptions()
 {
-    return {{.names = {u"d"_s, u"output-dir"_s},
-             .description = u"Write the files that are attached into DIR."_s,
-             .valueName = u"DIR"_s,
-             .take = put<&Arguments::outputDir>}};
+    return {extractionFolderOption(u"Write the files that are attached into DIR."_s)};
 }
 
 Expected<void> checkAttachments(const Arguments &arguments)
@@ -30,27 +23,7 @@ Expected<void> checkAttachments(const Arguments &arguments)
 
 Status runAttachments(const Context &context)
 {
-    const auto folder = Utilities::createFolder(*context.arguments.outputDir);
-    if (!folder) {
-        context.console.complain(*context.arguments.outputDir, u"the folder can not be made"_s);
-        return SomethingFailed;
-    }
-    FileRun run(context);
-    const auto runner = run.makeRunner();
-    while (const FilelistItemPtr file = run.nextFile()) {
-        const JobResult result = runner->run(run.attachmentsOf(file->filename(), absolutePath(*folder)));
-        if (!result) {
-            AtomicFile::removeLeftovers(*folder);
-            run.fail(file->filename(), result.error().description);
-            continue;
-        }
-        const auto &[paths, problems] = std::get<SavedFiles>(*result);
-        for (const QString &path : paths)
-            context.console.write(encodePath(path) + '\n');
-        for (const QString &problem : problems)
-            run.fail(file->filename(), problem);
-    }
-    return run.finish(true);
+    return runExtraction(context, ExtractionRequest::Kind::Attachments);
 }
 
 } // namespace quorvin::cli

@@ -6,6 +6,7 @@
 #include "cli/AttachmentsCommand.h"
 #include "cli/CompareCommand.h"
 #include "cli/ExportCommand.h"
+#include "cli/ExtractCommand.h"
 #include "cli/GeneralCommand.h"
 #include "cli/ListCommand.h"
 #include "cli/RawCommand.h"
@@ -69,6 +70,12 @@ constexpr std::array kCommands{
             .reads = files,
             .run = runStrip,
             .check = checkStrip},
+    Command{.name = "extract"_L1,
+            .description = "covers, thumbnails and previews, into a folder"_L1,
+            .options = extractOptions,
+            .reads = files,
+            .run = runExtract,
+            .check = checkExtract},
     Command{.name = "attachments"_L1,
             .description = "attached files of Matroska files, into a folder"_L1,
             .options = attachmentsOptions,

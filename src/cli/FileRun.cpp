@@ -76,6 +76,19 @@ bool FileRun::passes(const FileResult &result) const
     return result.record ? filter.matches(**result.record) : filter.matchesFailed();
 }
 
+FilelistItemPtr FileRun::nextWantedFile()
+{
+    if (_context.arguments.filter.isEmpty())
+        return nextFile();
+    while (const auto result = nextRecord()) {
+        if (passes(*result))
+            return result->file;
+        if (!result->record)
+            fail(result->file->filename(), result->record.error().description);
+    }
+    return nullptr;
+}
+
 std::optional<ExportEntry> FileRun::nextEntry()
 {
     while (const auto next = nextRecord()) {

@@ -42,6 +42,9 @@ public:
     std::optional<FileResult> nextRecord();
     /// Whether the filter of the call lets it through.
     bool passes(const FileResult &result) const;
+    /// The next file that passes the filter, null at the end; a file without a record is a failure then.
+    /// Without a filter none is read for it.
+    FilelistItemPtr nextWantedFile();
     /// The next file that has a record and passes the filter; a file without one is a failure.
     std::optional<ExportEntry> nextEntry();
 
@@ -50,9 +53,9 @@ public:
     const JobLimits &limits() const { return _setup.limits; }
     Job reportOf(const QString &path, const QString &source) const { return _setup.reportOf(path, source); }
 
-    Job attachmentsOf(const QString &path, const QString &folder) const
+    Job extractionOf(const QString &path, const QString &folder, ExtractionRequest::Kind kind) const
     {
-        return _setup.attachmentsOf(path, folder);
+        return _setup.extractionOf(path, folder, kind);
     }
 
     /// One line of errors; the call counts as failed.

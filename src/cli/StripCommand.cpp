@@ -46,20 +46,6 @@ RemovalReceipt strip(const Context &context, MetadataRemover &remover, const Fil
     return remover.remove(order);
 }
 
-/// The next file that the filter lets through. Without a filter none is read for it.
-FilelistItemPtr nextWanted(const Context &context, FileRun &run)
-{
-    if (context.arguments.filter.isEmpty())
-        return run.nextFile();
-    while (const auto result = run.nextRecord()) {
-        if (run.passes(*result))
-            return result->file;
-        if (!result->record)
-            run.fail(result->file->filename(), result->record.error().description);
-    }
-    return nullptr;
-}
-
 /// A line for what was done; the whole receipt for what would be.
 QString told(const RemovalReceipt &receipt, bool isPlan)
 {
@@ -123,7 +109,7 @@ Status runStrip(const Context &context)
                                  .removeXMP = arguments.stripXmp};
     MetadataRemover remover(options, run.limits(), run.makeRunner());
     std::vector<RemovalReceipt> receipts;
-    while (const FilelistItemPtr file = nextWanted(context, run)) {
+    while (const FilelistItemPtr file = run.nextWantedFile()) {
         RemovalReceipt receipt = strip(context, remover, *file);
         if (receipt.failure.isEmpty())
             context.console.write(told(receipt, arguments.dryRun).toUtf8());

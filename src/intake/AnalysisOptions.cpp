@@ -26,13 +26,14 @@ Job AnalysisSetup::reportOf(const QString &path, const QString &source) const
     return {ReportRequest{path, source, rawSourceUsesExifTool(source)}, limits};
 }
 
-Job AnalysisSetup::attachmentsOf(const QString &path, const QString &folder) const
+Job AnalysisSetup::extractionOf(const QString &path, const QString &folder,
+                                ExtractionRequest::Kind kind) const
 {
     constexpr int kTimesAsLong = 10;
     JobLimits longer = limits;
     longer.cpuSeconds *= kTimesAsLong;
     longer.wallSeconds *= kTimesAsLong;
-    return {AttachmentsRequest{path, folder}, longer};
+    return {ExtractionRequest{path, folder, kind}, longer};
 }
 
 AnalysisSetup analysisSetupFrom(const Settings &settings, const std::shared_ptr<RootSet> &roots)

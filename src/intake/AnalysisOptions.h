@@ -23,7 +23,7 @@ struct AnalysisSetup {
     Job recordOf(const QString &path) const { return {RecordRequest{path, options}, limits}; }
     Job reportOf(const QString &path, const QString &source) const;
     /// Into a folder that exists. It may take longer than what only reads.
-    Job attachmentsOf(const QString &path, const QString &folder) const;
+    Job extractionOf(const QString &path, const QString &folder, ExtractionRequest::Kind kind) const;
 };
 
 /// By the settings as they stand now. Any thread.

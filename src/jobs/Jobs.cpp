@@ -9,6 +9,7 @@
 #include "readers/RecordBuilder.h"
 #include "surgery/AttachmentExtraction.h"
 #include "surgery/MetadataRemoval.h"
+#include "surgery/PictureExtraction.h"
 
 #include <algorithm>
 
@@ -44,8 +45,10 @@ Expected<Picture> doJob(const PictureRequest &request, const JobTools & /*tools*
     return std::max(cover.width(), cover.height()) > side ? pictureOf(cover) : picture;
 }
 
-Expected<SavedFiles> doJob(const AttachmentsRequest &request, const JobTools &tools)
+Expected<SavedFiles> doJob(const ExtractionRequest &request, const JobTools &tools)
 {
+    if (request.kind == ExtractionRequest::Kind::Pictures)
+        return savePicturesOfFile(request.path, request.folder);
     return ExifToolUtilities::saveEmbeddedFilesFromFile(request.path, request.folder, tools.exifTool);
 }
 

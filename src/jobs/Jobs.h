@@ -21,7 +21,7 @@ struct JobTools {
 Expected<QuorvinDataPtr> doJob(const RecordRequest &request, const JobTools &tools = {});
 Expected<Report> doJob(const ReportRequest &request, const JobTools &tools = {});
 Expected<RemovalResult> doJob(const RemovalRequest &request, const JobTools &tools = {});
-Expected<SavedFiles> doJob(const AttachmentsRequest &request, const JobTools &tools = {});
+Expected<SavedFiles> doJob(const ExtractionRequest &request, const JobTools &tools = {});
 Expected<Picture> doJob(const PictureRequest &request, const JobTools &tools = {});
 
 /// The one of the request's kind.

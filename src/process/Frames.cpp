@@ -58,8 +58,13 @@ struct Fields<ReportRequest> {
 };
 
 template <>
-struct Fields<AttachmentsRequest> {
-    static constexpr auto list = std::tuple(&AttachmentsRequest::path, &AttachmentsRequest::folder);
+struct Fields<ExtractionRequest> {
+    static constexpr auto list
+        = std::tuple(&ExtractionRequest::path, &ExtractionRequest::folder, &ExtractionRequest::kind);
+    static bool isValid(const ExtractionRequest &request)
+    {
+        return request.kind <= ExtractionRequest::Kind::Pictures;
+    }
 };
 
 template <>

@@ -42,12 +42,17 @@ struct SavedFiles {
     std::vector<QString> problems; ///< with what could not be written, each with what it is
 };
 
-/// Asks for what is attached to a file, as files in a folder; its process may write there.
-struct AttachmentsRequest {
+/// Asks for what is inside a file, as files in a folder; its process may write there.
+struct ExtractionRequest {
     using Result = SavedFiles;
+    enum class Kind : quint8 {
+        Attachments, ///< of Matroska files
+        Pictures, ///< covers, thumbnails and previews
+    };
 
     QString path;
     QString folder; ///< exists
+    Kind kind = Kind::Attachments;
 };
 
 /// Takes metadata from a copy of an image, which only a writer can do.
@@ -74,7 +79,7 @@ struct JobKinds {
 };
 
 /// All that a guarded process can be asked for. The answer to a request stands at the request's place.
-using AllJobs = JobKinds<RecordRequest, ReportRequest, RemovalRequest, AttachmentsRequest, PictureRequest>;
+using AllJobs = JobKinds<RecordRequest, ReportRequest, RemovalRequest, ExtractionRequest, PictureRequest>;
 using JobRequest = AllJobs::Request;
 using JobAnswer = AllJobs::Answer;
 using JobResult = Expected<JobAnswer>;
@@ -112,15 +117,16 @@ inline bool usesExifTool(const JobRequest &request)
 {
     const auto *record = std::get_if<RecordRequest>(&request);
     const auto *report = std::get_if<ReportRequest>(&request);
+    const auto *extraction = std::get_if<ExtractionRequest>(&request);
     return (record && record->options.useExiftoolForVideo) || (report && report->usesExifTool)
-        || std::holds_alternative<AttachmentsRequest>(request);
+        || (extraction && extraction->kind == ExtractionRequest::Kind::Attachments);
 }
 
 /// The one folder that a job writes into; "" for none.
 inline QString targetOf(const JobRequest &request)
 {
-    const auto *attachments = std::get_if<AttachmentsRequest>(&request);
-    return attachments ? attachments->folder : QString();
+    const auto *extraction = std::get_if<ExtractionRequest>(&request);
+    return extraction ? extraction->folder : QString();
 }
 
 } // namespace quorvin

@@ -90,13 +90,14 @@ set(QUORVIN_SHELL_SOURCES
     shell/compare/ParameterHeader.cpp
     shell/compare/RowHeights.cpp
 
-    shell/surgery/AttachmentController.cpp
+    shell/surgery/ExtractionController.cpp
     shell/surgery/ReceiptModel.cpp
     shell/surgery/RemovalController.cpp
     shell/surgery/RemovalForm.cpp
     shell/surgery/RemovalSheet.cpp
     shell/surgery/RemovalTask.cpp
     shell/surgery/RemovalWords.cpp
+    shell/surgery/TracesOffer.cpp
 
     shell/info/ChangeableRows.cpp
     shell/info/ComparisonPane.cpp

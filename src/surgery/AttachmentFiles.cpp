@@ -65,7 +65,8 @@ QString fileNameOfAttachment(const QString &name)
     return isNone ? QStringLiteral("attachment") : shortened(plain);
 }
 
-AttachmentFiles::AttachmentFiles(QString folder) : _folder(std::move(folder))
+AttachmentFiles::AttachmentFiles(QString folder, QString what)
+    : _folder(std::move(folder)), _what(std::move(what))
 {
     AtomicFile::removeLeftovers(_folder);
 }
@@ -84,14 +85,27 @@ void AttachmentFiles::addName(const QByteArray &key, const QString &name)
 
 void AttachmentFiles::addContent(const QByteArray &key, QByteArrayView text)
 {
-    auto file = text.isEmpty() ? Expected<File>(File()) : write(text);
+    const bool isBase64 = text.startsWith(kBase64);
+    if (isBase64)
+        text = text.sliced(kBase64.size());
+    auto file = text.isEmpty() ? Expected<File>(File()) : write(text, isBase64);
     if (const QString name = _names.take(key); !name.isEmpty())
         save(name, std::move(file));
     else
         _files.insert_or_assign(key, std::move(file));
 }
 
-Expected<AttachmentFiles::File> AttachmentFiles::write(QByteArrayView text) const
+void AttachmentFiles::addFile(const QString &name, QByteArrayView bytes)
+{
+    save(name, bytes.isEmpty() ? Expected<File>(File()) : write(bytes, false));
+}
+
+void AttachmentFiles::addProblem(const QString &name, const QString &reason)
+{
+    save(name, failure(reason));
+}
+
+Expected<AttachmentFiles::File> AttachmentFiles::write(QByteArrayView content, bool isBase64) const
 {
     // The name for now is one that no file has, so that none is taken for the one to replace.
     auto file
@@ -99,8 +113,8 @@ Expected<AttachmentFiles::File> AttachmentFiles::write(QByteArrayView text) cons
     if (!file)
         return file;
     QFile &device = (*file)->device();
-    const bool isWritten = text.startsWith(kBase64) ? writeBase64(text.sliced(kBase64.size()), device)
-                                                    : device.write(text.data(), text.size()) == text.size();
+    const bool isWritten = isBase64 ? writeBase64(content, device)
+                                    : device.write(content.data(), content.size()) == content.size();
     if (!isWritten)
         return failure(device.errorString());
     if (device.pos() == 0)
@@ -112,7 +126,7 @@ void AttachmentFiles::save(const QString &name, Expected<File> file)
 {
     const auto complain = [&](const QString &reason) {
         _saved.problems.push_back(
-            QStringLiteral("attachment %1: %2").arg(name.left(kMostToldLetters), reason));
+            QStringLiteral("%1 %2: %3").arg(_what, name.left(kMostToldLetters), reason));
     };
     if (_saved.paths.size() + _saved.problems.size() >= kMost) {
         if (!std::exchange(_isFull, true))

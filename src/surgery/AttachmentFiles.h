@@ -18,15 +18,16 @@ namespace quorvin {
 
 class AtomicFile;
 
-/// Attached files on their way into a folder. Each is written as it comes, under a temporary name, and gets
-/// its own when that is known: name and content come in any order. A name stays in the folder, whatever it
-/// says, and replaces no file: "a (1).txt" in its place. One thread.
+/// Files that come out of another, on their way into a folder. Each is written as it comes, under a temporary
+/// name, and gets its own when that is known: name and content come in any order. A name stays in the folder,
+/// whatever it says, and replaces no file: "a (1).txt" in its place. One thread.
 class AttachmentFiles {
 public:
     /// More are not saved.
     static constexpr std::size_t kMost = 1000;
 
-    explicit AttachmentFiles(QString folder);
+    /// `what` each of them is, in words for problems.
+    explicit AttachmentFiles(QString folder, QString what = QStringLiteral("attachment"));
     ~AttachmentFiles();
     AttachmentFiles(const AttachmentFiles &) = delete;
     AttachmentFiles &operator=(const AttachmentFiles &) = delete;
@@ -35,6 +36,10 @@ public:
     /// "base64:". An empty one is no file.
     void addContent(const QByteArray &key, QByteArrayView text);
     void addName(const QByteArray &key, const QString &name);
+    /// Both at once; the bytes are the content as they are.
+    void addFile(const QString &name, QByteArrayView bytes);
+    /// The one of that name can't be had.
+    void addProblem(const QString &name, const QString &reason);
 
     /// What was saved; contents without a name are dropped, and a name without contents is a problem:
     /// exiftool passes large ones over. Once.
@@ -43,11 +48,12 @@ public:
 private:
     using File = std::unique_ptr<AtomicFile>;
 
-    Expected<File> write(QByteArrayView text) const;
+    Expected<File> write(QByteArrayView content, bool isBase64) const;
     void save(const QString &name, Expected<File> file);
     Expected<QString> commit(const QString &name, AtomicFile &file) const;
 
     QString _folder;
+    QString _what;
     QHash<QByteArray, QString> _names; ///< that wait for their contents
     std::map<QByteArray, Expected<File>> _files; ///< that wait for their names
     SavedFiles _saved;

@@ -44,7 +44,7 @@ QByteArray matroskaWith(const QByteArray &attachments)
 
 SavedFiles saved(JobRunner &runner, const QString &path, const QString &folder)
 {
-    const JobResult result = runner.run({AttachmentsRequest{path, folder}, {}});
+    const JobResult result = runner.run({ExtractionRequest{path, folder}, {}});
     EXPECT_TRUE(result) << result.error().description.toStdString();
     return result ? std::get<SavedFiles>(*result) : SavedFiles();
 }
@@ -97,11 +97,11 @@ TEST(Attachments, FilesWithoutAnyGiveNothing)
     const test::TestFolder folder;
     const auto runner = makeReaderRunner();
     EXPECT_TRUE(saved(*runner, test::sample(u"tone.wav"_s), folder.path()).paths.empty());
-    EXPECT_FALSE(runner->run({AttachmentsRequest{u"/none.mkv"_s, folder.path()}, {}}));
+    EXPECT_FALSE(runner->run({ExtractionRequest{u"/none.mkv"_s, folder.path()}, {}}));
     EXPECT_TRUE(folder.names().isEmpty());
     const test::NoExifTool none;
     const auto result
-        = makeReaderRunner()->run({AttachmentsRequest{test::sample(u"tone.wav"_s), folder.path()}, {}});
+        = makeReaderRunner()->run({ExtractionRequest{test::sample(u"tone.wav"_s), folder.path()}, {}});
     ASSERT_FALSE(result);
     EXPECT_EQ(result.error().description, u"exiftool is not installed"_s);
 }

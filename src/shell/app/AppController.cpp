@@ -95,6 +95,8 @@ void AppController::registerCommands(MainWindowController &window)
     commands.on(Command::openFileInNewWindow, [this] { openFileInNewWindow(); });
     commands.on(Command::quit, [this] { quit(); });
     connect(&window.comparing(), &CompareCommands::windowWanted, this, &AppController::compareInNewWindow);
+    connect(&window, &MainWindowController::temporaryFilesSaved, this,
+            &AppController::processTemporaryFilesInNewWindow);
     commands.on(Command::openPreferences, [this] { openPreferences(); });
     commands.on(Command::openAcknowledgments, [this, &window] { openAcknowledgments(&window); });
     commands.on(Command::openAboutPanel, [this, &window] { openAboutPanel(&window); });

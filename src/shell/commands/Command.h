@@ -27,6 +27,8 @@ enum class Command {
     menuExportNew,
     exportSelection,
     exportComparison,
+    displayCovers,
+    extractPreviewsAndCover,
     extractAttachments,
     closeWindow,
     quit,
@@ -108,6 +110,7 @@ struct CommandState {
     bool watchesParameter = false; ///< and it is watched
     bool hidesUnknownFiles = false;
     bool isListNarrowed = false; ///< files of the list may be hidden
+    bool hasPictures = false; ///< the current file carries some inside
     bool showsCover = false; ///< a picture that came out of the current file
     bool selectsStream = false; ///< the selected line of General leads to a group of the Extended tree
     bool canFind = false; ///< the pane that is looked at can be searched

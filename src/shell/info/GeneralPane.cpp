@@ -124,6 +124,7 @@ void GeneralPane::connectParts()
             [this](const QPoint &where) { Q_EMIT menuWanted(CommandPlace::StreamMenu, where); });
     connect(_facts, &FactList::menuWanted, this,
             [this](const QPoint &where) { Q_EMIT menuWanted(CommandPlace::FactMenu, where); });
+    connect(_cover, &CoverView::doubleClicked, this, &GeneralPane::coverOpened);
     _cover->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(_cover, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
         Q_EMIT menuWanted(CommandPlace::CoverMenu, _cover->mapToGlobal(at));

@@ -40,6 +40,8 @@ public:
 Q_SIGNALS:
     void streamActivated(const QString &key, quint64 streamIndex);
     void locationActivated();
+    /// A double click on the cover of a file.
+    void coverOpened();
 
 protected:
     void fill(const QuorvinData *record) override;

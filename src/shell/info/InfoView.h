@@ -86,6 +86,8 @@ Q_SIGNALS:
     void preferencesWanted();
     void skipWanted();
     void selectionDidChange();
+    /// The cover of the current file is to be opened.
+    void coverOpened();
     void menuWanted(quorvin::CommandPlace place, const QPoint &globalPosition);
     /// A stream line leads to its group on that tab.
     void tabWanted(quorvin::Tab tab);

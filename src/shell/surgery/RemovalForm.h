@@ -20,8 +20,8 @@ namespace quorvin {
 
 /// Files of a window that a removal may be meant for, in the order of the list; of them the images.
 struct RemovalFiles {
-    std::vector<FilelistItemPtr> selected;
-    std::vector<FilelistItemPtr> all;
+    std::vector<FilelistItemPtr> selected = {};
+    std::vector<FilelistItemPtr> all = {};
 };
 
 /// Asks what is to be removed, from which images, and how. Main thread.

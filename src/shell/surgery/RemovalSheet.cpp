@@ -10,6 +10,7 @@
 #include "shell/session/LiveSettings.h"
 #include "shell/surgery/ReceiptModel.h"
 #include "shell/surgery/RemovalWords.h"
+#include "shell/surgery/TracesOffer.h"
 
 #include <QDialogButtonBox>
 #include <QFileDialog>
@@ -18,10 +19,12 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSet>
 #include <QTreeView>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace quorvin {
@@ -55,6 +58,7 @@ RemovalSheet::RemovalSheet(LiveSettings &settings, const RemovalFiles &files, co
       _form(new RemovalForm(files, options, isFixed)),
       _state(plainLabel()),
       _progress(new QProgressBar),
+      _traces(new TracesOffer),
       _receipts(new ReceiptModel(this)),
       _list(new QTreeView),
       _remove(new QPushButton(tr("&Remove"))),
@@ -78,6 +82,7 @@ RemovalSheet::RemovalSheet(LiveSettings &settings, const RemovalFiles &files, co
     connect(_remove, &QPushButton::clicked, this, &RemovalSheet::clickDoRemoveMetaData);
     connect(_save, &QPushButton::clicked, this, &RemovalSheet::chooseReceipt);
     connect(_leave, &QPushButton::clicked, this, &RemovalSheet::reject);
+    connect(_traces, &TracesOffer::cleared, this, &RemovalSheet::filesDidChange);
     showPage(Page::Plan);
     plan();
 }
@@ -107,6 +112,7 @@ void RemovalSheet::layOut()
     column->addWidget(_form);
     column->addWidget(_state);
     column->addWidget(_progress);
+    column->addWidget(_traces);
     column->addWidget(_list, 1);
     column->addWidget(buttons);
     resize(kFirstSize);
@@ -178,15 +184,36 @@ void RemovalSheet::clickDoRemoveMetaData()
 
 void RemovalSheet::takeReceipts(std::vector<RemovalReceipt> receipts)
 {
-    std::vector<FilelistItemPtr> written;
-    for (std::size_t i = 0; i < receipts.size(); ++i) {
-        if (receipts[i].isWritten())
-            written.push_back(_files[i]);
+    QStringList written;
+    for (const RemovalReceipt &receipt : receipts) {
+        if (receipt.isWritten())
+            written.append(receipt.path);
     }
     showReceipts(std::move(receipts), false);
     showPage(Page::Receipt);
-    if (!written.empty())
-        Q_EMIT removed(written);
+    lookForTraces();
+    filesDidChange(written);
+}
+
+/// Of all but those that stay as they were for a reason.
+void RemovalSheet::lookForTraces()
+{
+    QStringList paths;
+    for (const RemovalReceipt &receipt : _receipts->receipts()) {
+        if (receipt.failure.isEmpty())
+            paths.append(receipt.path);
+    }
+    _traces->lookAt(paths);
+}
+
+void RemovalSheet::filesDidChange(const QStringList &paths)
+{
+    const QSet<QString> changed(paths.begin(), paths.end());
+    std::vector<FilelistItemPtr> files;
+    std::ranges::copy_if(_files, std::back_inserter(files),
+                         [&](const FilelistItemPtr &file) { return changed.contains(file->filename()); });
+    if (!files.empty())
+        Q_EMIT removed(files);
 }
 
 void RemovalSheet::showReceipts(std::vector<RemovalReceipt> receipts, bool isPlan)

@@ -23,6 +23,7 @@ namespace quorvin {
 
 class LiveSettings;
 class ReceiptModel;
+class TracesOffer;
 
 /// Takes images through a removal of metadata, page by page: what is asked for, and what would come of it for
 /// each image, anew with each change; the work, which can be stopped between two images; and the receipt,
@@ -41,7 +42,7 @@ public:
     void reject() override;
 
 Q_SIGNALS:
-    /// These were rewritten.
+    /// These are not what they were.
     void removed(const std::vector<quorvin::FilelistItemPtr> &files);
 
 private:
@@ -55,6 +56,8 @@ private:
     void clickDoRemoveMetaData();
     void takeReceipts(std::vector<RemovalReceipt> receipts);
     void showReceipts(std::vector<RemovalReceipt> receipts, bool isPlan);
+    void lookForTraces();
+    void filesDidChange(const QStringList &paths);
     void chooseReceipt();
     void saveReceipt(const QString &path);
 
@@ -62,6 +65,7 @@ private:
     RemovalForm *_form;
     QLabel *_state;
     QProgressBar *_progress;
+    TracesOffer *_traces;
     ReceiptModel *_receipts;
     QTreeView *_list;
     QPushButton *_remove;

@@ -17,7 +17,7 @@ namespace quorvin {
 /// One removal of metadata from images of a window: what, from which, and how.
 struct RemovalTask {
     AnalysisSetup setup;
-    std::vector<QString> paths;
+    std::vector<QString> paths = {};
     oEXIV2Metadata options = {};
     bool keepsTimes = false;
     bool allowsHardLinks = false;

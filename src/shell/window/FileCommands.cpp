@@ -12,9 +12,10 @@
 #include "shell/info/ChangeableRows.h"
 #include "shell/info/InfoView.h"
 #include "shell/outline/ExtendedOutline.h"
-#include "shell/surgery/AttachmentController.h"
+#include "shell/surgery/ExtractionController.h"
 #include "shell/window/MainView.h"
 #include "shell/window/StatusLine.h"
+#include "surgery/PictureExtraction.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -22,36 +23,43 @@
 
 namespace quorvin {
 
-FileCommands::FileCommands(LiveSettings &settings, MainView &view, FilelistController &files, QWidget *window)
+FileCommands::FileCommands(Session &session, MainView &view, FilelistController &files, QWidget *window)
     : QObject(window),
       _view(view),
       _files(files),
       _window(window),
-      _attachments(new AttachmentController(settings, window))
+      _extraction(new ExtractionController(session, window))
 {
-    connectAttachments();
+    connectExtraction();
+    connect(&view.info(), &InfoView::coverOpened, this, &FileCommands::displayCovers);
 }
 
-void FileCommands::connectAttachments()
+void FileCommands::connectExtraction()
 {
-    BackgroundRunBase &run = _attachments->run();
+    BackgroundRunBase &run = _extraction->run();
     _view.statusLine().follow(run,
                               {tr("Stop; what is not yet saved whole is not saved"),
-                               [](int, int) { return tr("Saving attachments"); }, [&run] { run.cancel(); }});
-    connect(_attachments, &AttachmentController::saved, this,
+                               [this](int, int) { return _extraction->progressText(); },
+                               [&run] { run.cancel(); }});
+    connect(_extraction, &ExtractionController::saved, this,
             [this](const QString &sentence, const QString &shown) {
                 _view.statusLine().say(sentence, shown.isEmpty() ? QString() : tr("Show in Folder"),
                                        [this, shown] { revealInFinder(shown); });
             });
+    connect(_extraction, &ExtractionController::temporaryFilesSaved, this,
+            &FileCommands::temporaryFilesSaved);
 }
 
 void FileCommands::registerAt(CommandSet &commands)
 {
     commands.on(Command::revealInFinder, [this] { revealInFinder(); });
-    commands.on(Command::extractAttachments, [this] {
+    const auto extract = [this](ExtractionRequest::Kind kind) {
         if (const auto path = _files.worker().currentFilePath())
-            _attachments->extractAttachments(*path);
-    });
+            _extraction->extract(*path, kind);
+    };
+    commands.on(Command::extractAttachments, [extract] { extract(ExtractionRequest::Kind::Attachments); });
+    commands.on(Command::extractPreviewsAndCover, [extract] { extract(ExtractionRequest::Kind::Pictures); });
+    commands.on(Command::displayCovers, [this] { displayCovers(); });
     commands.on(Command::copyGeneralInfo, [this] { copyGeneralInfo(); });
     commands.on(Command::removeExtendedAttribute, [this] { removeExtendedAttribute(); });
     commands.on(Command::touchDate, [this] { touchDate(); });
@@ -68,8 +76,17 @@ void FileCommands::describe(CommandState &state) const
 {
     const ExtTreeItem *row = selectedRow();
     const QString key = row ? row->key().value_or(QString()) : QString();
+    const QuorvinDataPtr record = _files.worker().currentQuorvinData();
+    state.hasPictures = record && hasPictures(*record);
     state.selectsAttribute = attributeOfKey(key).has_value();
     state.selectsDate = row && showsTouchDate(*row);
+}
+
+void FileCommands::displayCovers()
+{
+    const QuorvinDataPtr record = _files.worker().currentQuorvinData();
+    if (record && hasPictures(*record))
+        _extraction->displayCoversFrom(record->filename());
 }
 
 void FileCommands::revealInFinder()

@@ -15,27 +15,32 @@ namespace quorvin {
 
 class CommandSet;
 class ExtTreeItem;
-class AttachmentController;
+class ExtractionController;
 class FilelistController;
-class LiveSettings;
 class MainView;
+struct Session;
 
-/// The commands that act on the current file itself: where it lies, and what of it can be changed through the
-/// selected row of the Extended tree. Main thread.
+/// The commands that act on the current file itself: where it lies, what is inside it, and what of it can be
+/// changed through the selected row of the Extended tree. Main thread.
 class FileCommands : public QObject {
     Q_OBJECT
 public:
     /// Belongs to the window. The others must outlive this object.
-    FileCommands(LiveSettings &settings, MainView &view, FilelistController &files, QWidget *window);
+    FileCommands(Session &session, MainView &view, FilelistController &files, QWidget *window);
 
     void registerAt(CommandSet &commands);
     /// Adds what the selected row offers.
     void describe(CommandState &state) const;
 
+Q_SIGNALS:
+    /// As `ExtractionController` says it.
+    void temporaryFilesSaved(const QStringList &paths, const QString &folder);
+
 private:
     /// Null when the tree is not shown, or not one row is selected.
     const ExtTreeItem *selectedRow() const;
-    void connectAttachments();
+    void connectExtraction();
+    void displayCovers();
     void revealInFinder();
     void revealInFinder(const QString &path);
     void copyGeneralInfo();
@@ -48,7 +53,7 @@ private:
     MainView &_view;
     FilelistController &_files;
     QWidget *_window;
-    AttachmentController *_attachments;
+    ExtractionController *_extraction;
 };
 
 } // namespace quorvin

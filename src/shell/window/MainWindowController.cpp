@@ -58,7 +58,7 @@ MainWindowController::MainWindowController(Session &session)
       _view(new MainView(session.settings, _files)),
       _sidebars(new TabSidebars(_view->sidebar(), session.settings)),
       _commands(new CommandSet(this, &_view->table())),
-      _fileCommands(new FileCommands(session.settings, *_view, _files, this)),
+      _fileCommands(new FileCommands(session, *_view, _files, this)),
       _quickInfo(new QuickInfo(_files, session.settings, _view->table(), this)),
       _export(new ExportController(session.settings, this)),
       _listCommands(new ListCommands(*_view, _files, *_export, this)),
@@ -105,6 +105,8 @@ void MainWindowController::setUpCommands()
     panels->registerAt(*_commands);
     _view->info().registerAt(*_commands);
     _fileCommands->registerAt(*_commands);
+    connect(_fileCommands, &FileCommands::temporaryFilesSaved, this,
+            &MainWindowController::temporaryFilesSaved);
     _openWith = new OpenWithMenu(_view->statusLine(), this);
     _commands->menu(CommandMenu::File)->insertMenu(_commands->action(Command::revealInFinder), _openWith);
     _listCommands->registerAt(*_commands);

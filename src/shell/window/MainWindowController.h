@@ -65,6 +65,8 @@ public:
 Q_SIGNALS:
     /// Once, before it goes.
     void closed(quorvin::MainWindowController *window);
+    /// Files of this run, which lie in that folder, are to be shown in a window of their own.
+    void temporaryFilesSaved(const QStringList &paths, const QString &folder);
 
 protected:
     void dragEnterEvent(QDragEnterEvent *event) override;
