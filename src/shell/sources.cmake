@@ -113,6 +113,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/info/GeneralSheet.cpp
     shell/info/InfoView.cpp
     shell/info/Pane.cpp
+    shell/info/PrivacyChip.cpp
     shell/info/QuickInfoPanel.cpp
     shell/info/QuickInfoStack.cpp
     shell/info/QuickInfoView.cpp

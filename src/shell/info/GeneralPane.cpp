@@ -10,6 +10,7 @@
 #include "shell/desktop/PictureThread.h"
 #include "shell/info/CoverView.h"
 #include "shell/info/ElidedLabel.h"
+#include "shell/info/PrivacyChip.h"
 #include "shell/info/StreamTable.h"
 #include "shell/outline/OutlineDelegate.h"
 
@@ -22,6 +23,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace quorvin {
 
@@ -63,6 +65,7 @@ GeneralPane::GeneralPane(QWidget *parent)
       _headline(new ElidedLabel(Qt::ElideMiddle)),
       _folder(new ElidedLabel(Qt::ElideMiddle)),
       _facts(new FactList),
+      _privacy(new PrivacyChip),
       _line(new Hairline),
       _streams(new StreamTable),
       _top(new QBoxLayout(QBoxLayout::LeftToRight))
@@ -76,6 +79,7 @@ void GeneralPane::layOut()
 {
     _folder->setForegroundRole(QPalette::PlaceholderText);
     _facts->setGap(kValueGap);
+    _privacy->setGap(kValueGap);
     setAccessibleRole(_line, QAccessible::Separator);
 
     auto *block = new QVBoxLayout;
@@ -85,6 +89,8 @@ void GeneralPane::layOut()
     block->addWidget(_folder);
     block->addSpacing(kMargin);
     block->addWidget(_facts);
+    block->addSpacing(kGrid / 2);
+    block->addWidget(_privacy);
     block->addStretch();
     _top->addWidget(_cover, 0, Qt::AlignTop | Qt::AlignLeading);
     _top->addLayout(block, 1);
@@ -124,6 +130,7 @@ void GeneralPane::connectParts()
             [this](const QPoint &where) { Q_EMIT menuWanted(CommandPlace::StreamMenu, where); });
     connect(_facts, &FactList::menuWanted, this,
             [this](const QPoint &where) { Q_EMIT menuWanted(CommandPlace::FactMenu, where); });
+    connect(_privacy, &PrivacyChip::stripWanted, this, &GeneralPane::stripWanted);
     connect(_cover, &CoverView::doubleClicked, this, &GeneralPane::coverOpened);
     _cover->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(_cover, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
@@ -138,6 +145,7 @@ void GeneralPane::empty()
     _headline->setWholeText({});
     _folder->setWholeText({});
     _facts->setFacts({});
+    _privacy->setKinds({}, false);
     _streams->setLines({});
     _line->hide();
 }
@@ -157,6 +165,9 @@ void GeneralPane::setSum(std::optional<GeneralSheet> sum)
 
 void GeneralPane::fill(const QuorvinData *record)
 {
+    const QString path = record && !_sum ? record->filename() : QString();
+    const bool isSame = path == std::exchange(_path, path) && !path.isEmpty();
+    const int place = _scroll->verticalScrollBar()->value();
     empty();
     if (_sum) {
         showSheet(*_sum);
@@ -165,6 +176,10 @@ void GeneralPane::fill(const QuorvinData *record)
     } else if (record) {
         showSheet(sheetOf(*record));
         showCover(*record);
+        _privacy->setKinds(privateKindsIn(record->groups()), record->isImage());
+        // The file was read again.
+        if (isSame)
+            _scroll->verticalScrollBar()->setValue(place);
     }
 }
 
@@ -202,7 +217,9 @@ void GeneralPane::setLook(const RowLook &look)
     setFont(look.font);
     _headline->setFont(look.headlineFont());
     _streams->setLook(look);
-    _facts->setLabelsAlignment(look.rightAlignsParameters ? Qt::AlignTrailing : Qt::AlignLeading);
+    const Qt::Alignment alignment = look.rightAlignsParameters ? Qt::AlignTrailing : Qt::AlignLeading;
+    _facts->setLabelsAlignment(alignment);
+    _privacy->setLabelsAlignment(alignment);
     place();
 }
 
@@ -272,7 +289,9 @@ void GeneralPane::place()
     _top->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
     _top->setSpacing(isNarrow ? kMargin : kCoverGap);
     const int blockStart = kMargin + (isNarrow ? 0 : side + kCoverGap);
-    _facts->setLabelsWidth(std::max(labelsEnd - blockStart, 0));
+    const int labelsWidth = std::max(labelsEnd - blockStart, 0);
+    _facts->setLabelsWidth(labelsWidth);
+    _privacy->setLabelsWidth(labelsWidth);
     _streams->setNamesWidth(labelsEnd - kMargin + OutlineDelegate::kMargin);
 }
 

@@ -15,6 +15,7 @@ namespace quorvin {
 
 class CoverView;
 class ElidedLabel;
+class PrivacyChip;
 class StreamTable;
 
 /// What the General tab says of a file, on one sheet that scrolls as a whole: its cover, its name and folder,
@@ -42,6 +43,8 @@ Q_SIGNALS:
     void locationActivated();
     /// A double click on the cover of a file.
     void coverOpened();
+    /// What gives a person away is to be taken out of the file.
+    void stripWanted();
 
 protected:
     void fill(const QuorvinData *record) override;
@@ -64,10 +67,12 @@ private:
     ElidedLabel *_headline;
     ElidedLabel *_folder;
     FactList *_facts;
+    PrivacyChip *_privacy;
     QWidget *_line;
     StreamTable *_streams;
     std::optional<GeneralSheet> _sum; ///< of several files
     QBoxLayout *_top; ///< the cover and what stands beside it, or below it
+    QString _path; ///< of the file whose record is shown; "" else
     int _shown = 0; ///< counts what was shown, so that a late cover is not shown for another file
 };
 

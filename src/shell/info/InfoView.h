@@ -88,6 +88,8 @@ Q_SIGNALS:
     void selectionDidChange();
     /// The cover of the current file is to be opened.
     void coverOpened();
+    /// What gives a person away is to be taken out of the current file.
+    void stripWanted();
     void menuWanted(quorvin::CommandPlace place, const QPoint &globalPosition);
     /// A stream line leads to its group on that tab.
     void tabWanted(quorvin::Tab tab);

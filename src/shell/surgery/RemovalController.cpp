@@ -30,6 +30,11 @@ void RemovalController::menuRemoveImageMetadata(const RemovalFiles &files)
     open(files, _options, false);
 }
 
+void RemovalController::removeAll(const RemovalFiles &files)
+{
+    open(files, {true, true, true, true, true}, false);
+}
+
 void RemovalController::removeLocationInfo(const RemovalFiles &files)
 {
     open(files, {.removeGPS = true}, true);

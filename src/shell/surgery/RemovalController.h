@@ -20,6 +20,8 @@ public:
 
     /// Begins with what was checked the last time.
     void menuRemoveImageMetadata(const RemovalFiles &files);
+    /// Begins with all that can be checked.
+    void removeAll(const RemovalFiles &files);
     /// The same with the position alone.
     void removeLocationInfo(const RemovalFiles &files);
 

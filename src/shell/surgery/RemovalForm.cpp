@@ -19,8 +19,8 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kGap = 4;
-constexpr int kSectionGap = 12;
+constexpr int kFormGap = 4;
+constexpr int kFormSectionGap = 12;
 
 struct Kind {
     bool oEXIV2Metadata::*option;
@@ -62,7 +62,7 @@ RemovalForm::RemovalForm(const RemovalFiles &files, const oEXIV2Metadata &option
 {
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(kGap);
+    column->setSpacing(kFormGap);
     addFiles(*column);
     addKinds(*column);
     for (std::size_t i = 0; i < kKinds.size(); ++i) {
@@ -72,7 +72,7 @@ RemovalForm::RemovalForm(const RemovalFiles &files, const oEXIV2Metadata &option
     }
     _keepsTimes->setToolTip(plainTip(tr("Of last access and modification")));
     _allowsHardLinks->setToolTip(plainTip(tr("What their other names lead to stays as it is")));
-    column->addSpacing(kSectionGap);
+    column->addSpacing(kFormSectionGap);
     column->addWidget(_keepsTimes);
     column->addWidget(_allowsHardLinks);
     connect(_allowsHardLinks, &QCheckBox::toggled, this, &RemovalForm::changed);
@@ -115,7 +115,7 @@ void RemovalForm::addFiles(QVBoxLayout &column)
 
 void RemovalForm::addKinds(QVBoxLayout &column)
 {
-    column.addSpacing(kSectionGap);
+    column.addSpacing(kFormSectionGap);
     for (std::size_t i = 0; i < kKinds.size(); ++i) {
         _kinds[i] = new QCheckBox(formText(kKinds[i].text));
         _kinds[i]->setToolTip(plainTip(formText(kKinds[i].tip)));

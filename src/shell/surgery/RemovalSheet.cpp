@@ -31,9 +31,9 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kMargin = 16;
-constexpr QSize kFirstSize(680, 600);
-constexpr int kNamesWidth = 260;
+constexpr int kSheetMargin = 16;
+constexpr QSize kFirstSheetSize(680, 600);
+constexpr int kReceiptNamesWidth = 260;
 constexpr int kPlanMilliseconds = 100;
 
 /// The folders of the files, each once: what a reader has to see.
@@ -93,7 +93,7 @@ void RemovalSheet::layOut()
     _list->setUniformRowHeights(true);
     _list->setTextElideMode(Qt::ElideMiddle);
     _list->setAccessibleName(tr("What comes of each image"));
-    _list->header()->resizeSection(ReceiptModel::Name, kNamesWidth);
+    _list->header()->resizeSection(ReceiptModel::Name, kReceiptNamesWidth);
     _list->header()->setStretchLastSection(true);
     _state->setWordWrap(true);
     _progress->setAccessibleName(tr("Progress"));
@@ -107,15 +107,15 @@ void RemovalSheet::layOut()
     _leave->setDefault(true);
 
     auto *column = new QVBoxLayout(this);
-    column->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-    column->setSpacing(kMargin);
+    column->setContentsMargins(kSheetMargin, kSheetMargin, kSheetMargin, kSheetMargin);
+    column->setSpacing(kSheetMargin);
     column->addWidget(_form);
     column->addWidget(_state);
     column->addWidget(_progress);
     column->addWidget(_traces);
     column->addWidget(_list, 1);
     column->addWidget(buttons);
-    resize(kFirstSize);
+    resize(kFirstSheetSize);
 }
 
 void RemovalSheet::showPage(Page page)
@@ -222,7 +222,7 @@ void RemovalSheet::showReceipts(std::vector<RemovalReceipt> receipts, bool isPla
     for (std::size_t i = 0; i < receipts.size(); ++i)
         names.append(_files[i]->prefixedPath());
     _state->setText(receiptsInWords(receipts, isPlan, _files.size()));
-    _receipts->setReceipts(std::move(receipts), names, isPlan);
+    _receipts->setReceipts(std::move(receipts), std::move(names), isPlan);
     if (_receipts->rowCount() == 1)
         _list->expandAll();
 }

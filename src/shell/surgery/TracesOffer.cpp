@@ -15,7 +15,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kGap = 8;
+constexpr int kOfferGap = 8;
 constexpr qsizetype kMostFailedTraces = 5; ///< told one by one
 
 } // namespace
@@ -28,7 +28,7 @@ TracesOffer::TracesOffer(QWidget *parent)
     _clear->setToolTip(plainTip(tr("Takes the addresses from the files and deletes the thumbnails")));
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(kGap);
+    row->setSpacing(kOfferGap);
     row->addWidget(_text, 1);
     row->addWidget(_clear, 0, Qt::AlignTop);
     connect(_clear, &QPushButton::clicked, this, &TracesOffer::clear);

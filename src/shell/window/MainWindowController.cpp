@@ -113,7 +113,7 @@ void MainWindowController::setUpCommands()
     _compare->registerAt(*_commands);
     _filterCommands->registerAt(*_commands);
     _quickInfo->registerAt(*_commands);
-    new RemovalCommands(_session.settings, _files, *_commands, this);
+    new RemovalCommands(_session.settings, *_view, _files, *_commands, this);
     registerCommands();
     connect(_commands, &CommandSet::didRun, this, &MainWindowController::validateCommands);
 }

@@ -5,7 +5,10 @@
 
 #include "shell/commands/CommandSet.h"
 #include "shell/filelist/FilelistController.h"
+#include "shell/info/InfoView.h"
 #include "shell/surgery/RemovalController.h"
+#include "shell/window/MainView.h"
+#include "shell/window/StatusLine.h"
 
 namespace quorvin {
 
@@ -21,14 +24,20 @@ RemovalFiles removalFilesOf(const FilelistController &files)
 
 } // namespace
 
-RemovalCommands::RemovalCommands(LiveSettings &settings, FilelistController &files, CommandSet &commands,
-                                 QWidget *window)
+RemovalCommands::RemovalCommands(LiveSettings &settings, MainView &view, FilelistController &files,
+                                 CommandSet &commands, QWidget *window)
     : QObject(window), _files(files), _removal(new RemovalController(settings, window))
 {
     commands.on(Command::menuRemoveImageMetadata,
                 [this] { _removal->menuRemoveImageMetadata(removalFilesOf(_files)); });
     commands.on(Command::removeLocationInfo,
                 [this] { _removal->removeLocationInfo(removalFilesOf(_files)); });
+    connect(&view.info(), &InfoView::stripWanted, this, [this, &view] {
+        if (_files.canExportAll())
+            _removal->removeAll(removalFilesOf(_files));
+        else
+            view.statusLine().say(tr("Metadata can be removed when all files are read"));
+    });
     connect(_removal, &RemovalController::filesDidChange, &_files, &FilelistController::reprocessFiles);
 }
 

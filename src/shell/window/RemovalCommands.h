@@ -10,6 +10,7 @@ namespace quorvin {
 class CommandSet;
 class FilelistController;
 class LiveSettings;
+class MainView;
 class RemovalController;
 
 /// The commands that take metadata out of the images of the list, which are read again afterwards. Main
@@ -18,7 +19,8 @@ class RemovalCommands : public QObject {
     Q_OBJECT
 public:
     /// Belongs to the window. The others must outlive this object.
-    RemovalCommands(LiveSettings &settings, FilelistController &files, CommandSet &commands, QWidget *window);
+    RemovalCommands(LiveSettings &settings, MainView &view, FilelistController &files, CommandSet &commands,
+                    QWidget *window);
 
 private:
     FilelistController &_files;

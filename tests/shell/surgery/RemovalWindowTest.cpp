@@ -1,9 +1,11 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "shell/info/PrivacyChip.h"
 #include "shell/surgery/ReceiptModel.h"
 #include "shell/surgery/RemovalSheet.h"
 #include "shell/window/SampleWindow.h"
+#include "surgery/ImageTraces.h"
 
 #include <QAbstractItemModelTester>
 #include <QCheckBox>
@@ -11,6 +13,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QToolButton>
 #include <QTreeView>
 
 #include <gtest/gtest.h>
@@ -49,7 +52,7 @@ struct RemovalWindow : test::OneWindow {
     QPushButton *button(const QString &text) const
     {
         for (QPushButton *each : sheet->findChildren<QPushButton *>()) {
-            if (each->text().remove(u'&') == text && !each->isHidden())
+            if (each->text().remove(u'&') == text && each->isVisibleTo(sheet))
                 return each;
         }
         return nullptr;
@@ -86,6 +89,7 @@ TEST_F(RemovalWindow, TellsWhatGoesRemovesItAndReadsTheFileAgain)
     EXPECT_EQ(receipts().index(0, ReceiptModel::Name, file).data(), u"Exif.Image.Orientation"_s);
     EXPECT_EQ(receipts().index(0, ReceiptModel::Outcome, file).data(), u"stays: the picture would turn"_s);
     EXPECT_EQ(test::contentOf(paths[0]), photo) << "it is only a plan";
+    folder.setAttribute(paths[0], "user.xdg.origin.url", "https://example.org/one.jpg");
 
     button(u"Remove"_s)->click();
     ASSERT_TRUE(spinUntil([this] { return button(u"Close"_s) != nullptr; }));
@@ -98,6 +102,9 @@ TEST_F(RemovalWindow, TellsWhatGoesRemovesItAndReadsTheFileAgain)
     ASSERT_TRUE(record);
     EXPECT_FALSE(record->generalInfo().latitude);
 
+    ASSERT_TRUE(spinUntil([this] { return button(u"Clear That, Too"_s) != nullptr; }));
+    button(u"Clear That, Too"_s)->click();
+    EXPECT_TRUE(spinUntil([this] { return tracesOf(paths[0]).isEmpty(); }));
     button(u"Save Receipt…"_s)->click();
     auto *dialog = sheet->findChild<QFileDialog *>();
     ASSERT_TRUE(dialog);
@@ -135,6 +142,20 @@ TEST_F(RemovalWindow, TakesThePositionAloneFromAllAndStopsBetweenTwo)
         ASSERT_TRUE(file->quorvinData()) << file->filename().toStdString();
         EXPECT_FALSE(file->quorvinData()->generalInfo().latitude) << file->filename().toStdString();
     }
+}
+
+TEST_F(RemovalWindow, LeadsFromWhatGivesAPersonAwayToItsRemoval)
+{
+    const auto chip = [this] { return window->findChild<PrivacyChip *>(); };
+    ASSERT_TRUE(spinUntil([&] { return chip()->isVisible(); }));
+    EXPECT_TRUE(chip()->findChildren<QLabel *>().last()->text().startsWith(u"position"_s));
+    chip()->findChild<QToolButton *>()->click();
+    sheet = window->findChild<RemovalSheet *>();
+    ASSERT_TRUE(sheet);
+    EXPECT_EQ(sheet->options(), (oEXIV2Metadata{true, true, true, true, true}));
+    ASSERT_TRUE(spinUntil([this] { return isPlanned(); }));
+    button(u"Remove"_s)->click();
+    EXPECT_TRUE(spinUntil([&] { return isAtRest() && !chip()->isVisible(); }));
 }
 
 TEST_F(RemovalWindow, RefusesWhatHasSeveralNamesUnlessToldOtherwise)
