@@ -102,7 +102,8 @@ void removalAgainstCopying(benchmark::State &state)
     for ([[maybe_unused]] auto _ : state) {
         copying += secondsOf([&] { photos.copyAndSync(); });
         photos.removeCopies();
-        MetadataRemover remover(kAll, {}, makeReaderRunner(std::make_shared<RootSet>(QStringList(photos.folder()))));
+        MetadataRemover remover(kAll, {},
+                                makeReaderRunner(std::make_shared<RootSet>(QStringList(photos.folder()))));
         const double round = secondsOf([&] {
             for (const QString &path : photos.paths()) {
                 if (!remover.remove({.path = path}).isWritten())

@@ -106,6 +106,10 @@ TEST(StripCommand, FollowsLinksAndRefusesSeveralNames)
     EXPECT_EQ(refused.status, 1);
     EXPECT_TRUE(refused.errors.contains("several names")) << refused.errors.toStdString();
     EXPECT_EQ(test::contentOf(twice), photoBytes());
+    EXPECT_EQ(test::runCommandLine(kStrip + QStringList{u"--dry-run"_s, twice}).status, 1);
+    EXPECT_EQ(test::runCommandLine(kStrip + QStringList{u"--allow-hard-links"_s, twice}).status, 0);
+    EXPECT_LT(QFileInfo(twice).size(), photoBytes().size());
+    EXPECT_EQ(test::contentOf(folder / u"other.jpg"_s), photoBytes()) << "the other name keeps the file";
 }
 
 TEST(StripCommand, WritesCopiesAsInTheirFoldersAndPlansWithoutWriting)
