@@ -100,6 +100,8 @@ void findLens(const Exiv2::ExifData &exif, ImageMetadata &result)
         if (faceOf(datum).namesLens)
             candidates.add(datum);
     }
+    if (candidates.empty())
+        return;
     const auto lens = Exiv2::lensName(candidates);
     if (lens != candidates.end())
         result.lensName = exiv2::text(lens->print(&exif));

@@ -31,6 +31,12 @@ constexpr std::array<std::string_view, 5> kPreviewPointers{
     "JPEGInterchangeFormat", "StripOffsets", "TileOffsets", "Preview", "Thumbnail",
 };
 
+/// And of those that point to pixels. In an image directory they are those of a preview only where it says
+/// so.
+constexpr std::array<std::string_view, 2> kPixelPointers{"StripOffsets", "TileOffsets"};
+constexpr std::string_view kSubfileType = "NewSubfileType";
+constexpr std::array<std::string_view, 3> kImageGroups{"Image", "SubImage", "SubThumb"};
+
 const Exiv2::TagInfo *infoOf(const Exiv2::TagInfo *list, uint16_t tag)
 {
     while (list->tag_ != tag && list->tag_ != kEndOfList)
@@ -49,17 +55,28 @@ bool printsByDefault(const Exiv2::Exifdatum &datum)
     return info->printFct_ == byDefault && info->typeId_ != Exiv2::comment;
 }
 
-bool hasPreviews(const std::string &group)
+template <std::size_t count>
+bool beginsWithOneOf(const std::array<std::string_view, count> &beginnings, const std::string &text)
 {
-    return group == kCasioPreviews || std::ranges::any_of(kPreviewGroups, [&](std::string_view beginning) {
-               return group.starts_with(beginning);
-           });
+    return std::ranges::any_of(beginnings, [&](std::string_view part) { return text.starts_with(part); });
 }
 
-bool pointsToPreview(const std::string &name)
+template <std::size_t count>
+bool containsOneOf(const std::array<std::string_view, count> &parts, const std::string &text)
 {
-    return std::ranges::any_of(kPreviewPointers,
-                               [&](std::string_view part) { return name.find(part) != std::string::npos; });
+    return std::ranges::any_of(parts,
+                               [&](std::string_view part) { return text.find(part) != std::string::npos; });
+}
+
+bool hasPreviews(const std::string &group)
+{
+    return group == kCasioPreviews || beginsWithOneOf(kPreviewGroups, group);
+}
+
+bool pointsToPreview(const std::string &group, const std::string &name)
+{
+    const bool isOfMainPixels = beginsWithOneOf(kImageGroups, group) && containsOneOf(kPixelPointers, name);
+    return containsOneOf(kPreviewPointers, name) && !isOfMainPixels;
 }
 
 TermPtr termOf(const Exiv2::Exifdatum &datum, const std::string &name, const std::string &ifdName)
@@ -82,7 +99,8 @@ ExifTagFace makeFace(const Exiv2::Exifdatum &datum)
     face.printsAsItIs = printsByDefault(datum);
     face.namesLens = name.find("Lens") != std::string::npos;
     face.servesPreviews = hasPreviews(datum.groupName());
-    face.pointsToPreview = face.servesPreviews && pointsToPreview(name);
+    face.pointsToPreview = face.servesPreviews && pointsToPreview(datum.groupName(), name);
+    face.tellsReduced = face.servesPreviews && name == kSubfileType;
     return face;
 }
 

@@ -19,6 +19,7 @@ struct ExifTagFace {
     bool namesLens = false;
     bool servesPreviews = false; ///< in a directory that the library looks into for previews
     bool pointsToPreview = false; ///< and where it points a preview may lie
+    bool tellsReduced = false; ///< says of the pixels of such a directory whether they are a preview
 };
 
 /// The library makes key and label anew at each call, which takes longer than printing most values: a face is

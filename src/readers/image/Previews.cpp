@@ -5,6 +5,7 @@
 
 #include "model/Log.h"
 #include "readers/image/ExifTagFaces.h"
+#include "readers/image/Exiv2Library.h"
 
 #include <algorithm>
 
@@ -12,14 +13,14 @@ namespace quorvin {
 
 namespace {
 
-/// Bytes of a native preview as they stand in the file.
-QByteArray nativeBytes(const Exiv2::Image &image, const Exiv2::NativePreview &preview)
+/// So many bytes as they stand in the file; fewer where it ends before.
+QByteArray bytesAt(const Exiv2::Image &image, long position, long size)
 {
     Exiv2::BasicIo &io = image.io();
     const Exiv2::IoCloser closer(io);
-    if (io.open() != 0 || io.seek(preview.position_, Exiv2::BasicIo::beg) != 0)
+    if (io.open() != 0 || io.seek(position, Exiv2::BasicIo::beg) != 0)
         return {};
-    const Exiv2::DataBuf bytes = io.read(static_cast<long>(preview.size_));
+    const Exiv2::DataBuf bytes = io.read(size);
     return {reinterpret_cast<const char *>(bytes.pData_), bytes.size_};
 }
 
@@ -31,7 +32,8 @@ bool hasCutThumbnailResource(const Exiv2::Image &image)
     const auto isCut = [&](const Exiv2::NativePreview &preview) {
         if (preview.filter_ != "hex-irb")
             return false;
-        const QByteArray resources = QByteArray::fromHex(nativeBytes(image, preview));
+        const QByteArray resources
+            = QByteArray::fromHex(bytesAt(image, preview.position_, static_cast<long>(preview.size_)));
         const Exiv2::byte *resource = nullptr;
         uint32_t headerSize = 0;
         uint32_t dataSize = 0;
@@ -45,15 +47,36 @@ bool hasCutThumbnailResource(const Exiv2::Image &image)
 }
 
 constexpr char kJpegType[] = "image/jpeg";
+constexpr std::string_view kReducedImage = "1";
 constexpr std::string_view kXmpThumbnails = "Xmp.xmp.Thumbnails";
+
+/// Whether a tag leads the library to a preview, or says that the pixels of its directory are one.
+bool showsPreview(const Exiv2::Exifdatum &datum)
+{
+    const ExifTagFace &face = faceOf(datum);
+    return face.pointsToPreview || (face.tellsReduced && datum.toString() == kReducedImage);
+}
+
+/// The library also takes the main pixels for a preview where they are a file of their own, as in some raw
+/// photos: what begins like one.
+bool hasFileForPixels(const Exiv2::Image &image)
+{
+    constexpr long kBeginning = 256;
+    static const exiv2::TagNumber strips("Exif.Image.StripOffsets");
+    const Exiv2::Exifdatum *offsets = strips.in(image.exifData());
+    if (!offsets || offsets->count() == 0)
+        return false;
+    const QByteArray beginning = bytesAt(image, exiv2::toLong(*offsets), kBeginning);
+    return Exiv2::ImageFactory::getType(reinterpret_cast<const Exiv2::byte *>(beginning.constData()),
+                                        static_cast<long>(beginning.size()))
+        != Exiv2::ImageType::none;
+}
 
 /// Whether there is anything from which the library could make a preview.
 bool mayHavePreviews(const Exiv2::Image &image)
 {
-    return !image.nativePreviews().empty()
-        || std::ranges::any_of(image.exifData(),
-                               [](const Exiv2::Exifdatum &datum) { return faceOf(datum).pointsToPreview; })
-        || std::ranges::any_of(image.xmpData(), [](const Exiv2::Xmpdatum &datum) {
+    return !image.nativePreviews().empty() || std::ranges::any_of(image.exifData(), showsPreview)
+        || hasFileForPixels(image) || std::ranges::any_of(image.xmpData(), [](const Exiv2::Xmpdatum &datum) {
                return datum.key().starts_with(kXmpThumbnails);
            });
 }

@@ -11,10 +11,12 @@
 #include "support/Sweep.h"
 #include "support/TestFolder.h"
 
+#include <QDataStream>
 #include <QImage>
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <thread>
 
 namespace quorvin {
@@ -51,6 +53,46 @@ QuorvinDataPtr recordOf(const QByteArray &file, const QString &name, const Recor
 {
     const TestFolder folder;
     return RecordBuilder(options).dataAboutFile(folder.write(name, file)).value_or(nullptr);
+}
+
+const QByteArray kRawPhoto("CR\2\0\0\0\0\0", 8);
+
+/// A TIFF of 4 by 2 grey pixels in one strip, which is these bytes; `signature` stands behind its header.
+QByteArray tiffOfStrip(quint32 newSubfileType, const QByteArray &strip, const QByteArray &signature = {})
+{
+    constexpr quint32 kEntries = 9;
+    const auto directory = static_cast<quint32>(8 + signature.size());
+    const quint32 stripOffset = directory + 2 + kEntries * 12 + 4;
+    const std::array<std::array<quint32, 2>, kEntries> entries{{
+        {254, newSubfileType},
+        {256, 4},
+        {257, 2},
+        {258, 8},
+        {259, 1},
+        {262, 1},
+        {273, stripOffset},
+        {278, 2},
+        {279, static_cast<quint32>(strip.size())},
+    }};
+    QByteArray file;
+    QDataStream out(&file, QIODevice::WriteOnly);
+    out.setByteOrder(QDataStream::LittleEndian);
+    out << quint16{0x4949} << quint16{42} << directory;
+    out.writeRawData(signature.constData(), static_cast<int>(signature.size()));
+    out << static_cast<quint16>(kEntries);
+    constexpr quint16 kLong = 4;
+    for (const auto &[tag, value] : entries)
+        out << static_cast<quint16>(tag) << kLong << quint32{1} << value;
+    out << quint32{0};
+    return file + strip;
+}
+
+std::size_t previewsThatTheLibraryFinds(const QByteArray &file)
+{
+    const auto whole = Exiv2::ImageFactory::open(reinterpret_cast<const Exiv2::byte *>(file.constData()),
+                                                 static_cast<long>(file.size()));
+    whole->readMetadata();
+    return Exiv2::PreviewManager(*whole).getPreviewProperties().size();
 }
 
 bool hasProfile(const QuorvinDataPtr &record)
@@ -138,6 +180,21 @@ TEST(ImageRecord, PreviewsAreThoseOfTheWholeMetadata)
     // Nothing to look into: nothing is asked.
     EXPECT_EQ(oEXIV2::initWithMemData(withMetadata(picture("JPEG"), photoExif()))->data().thumbCount,
               QStringLiteral("0"));
+}
+
+TEST(ImageRecord, PixelsAreAPreviewWhereTheyAreReducedOrAFile)
+{
+    const auto expectPreviews = [](std::size_t count, const QByteArray &file) {
+        EXPECT_EQ(previewsThatTheLibraryFinds(file), count) << "the file is what it should be";
+        EXPECT_EQ(oEXIV2::initWithMemData(file)->data().thumbCount, QString::number(count));
+    };
+    const QByteArray pixels(8, '\x40');
+    const QByteArray photo = picture("JPEG", {4, 2});
+    expectPreviews(0, tiffOfStrip(0, pixels));
+    expectPreviews(1, tiffOfStrip(1, pixels));
+    expectPreviews(0, tiffOfStrip(0, photo));
+    expectPreviews(0, tiffOfStrip(0, pixels, kRawPhoto));
+    expectPreviews(1, tiffOfStrip(0, photo, kRawPhoto));
 }
 
 TEST(ImageRecord, CoverIsThePreviewOrTheSlowWay)
