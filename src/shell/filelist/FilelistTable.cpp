@@ -273,6 +273,13 @@ void FilelistTable::currentChanged(const QModelIndex &current, const QModelIndex
     QListView::currentChanged(current, previous);
 }
 
+void FilelistTable::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                                const QList<int> &roles)
+{
+    // A plain list would lay all rows out anew for each one that was read. They are alike whatever they show.
+    QAbstractItemView::dataChanged(topLeft, bottomRight, roles); // NOLINT(bugprone-parent-virtual-call)
+}
+
 QRegion FilelistTable::visualRegionForSelection(const QItemSelection &selection) const
 {
     return selection.size() > kMostMeasuredRanges ? QRegion(viewport()->rect())
