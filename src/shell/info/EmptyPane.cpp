@@ -7,6 +7,7 @@
 #include "shell/desktop/PlainText.h"
 
 #include <QEvent>
+#include <QHash>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -18,11 +19,45 @@ namespace {
 constexpr int kPictureSide = 96;
 constexpr double kSmallScale = 0.9;
 
-QLabel *centredLabel()
+/// A text that can be selected is laid out anew for each width that a layout tries, and it tries a few of
+/// them a hundred times while a window opens: their heights are kept.
+class HintLabel final : public QLabel {
+public:
+    int heightForWidth(int width) const override
+    {
+        if (_measured != text()) {
+            _heights.clear();
+            _measured = text();
+        }
+        auto known = _heights.constFind(width);
+        if (known == _heights.constEnd())
+            known = _heights.insert(width, QLabel::heightForWidth(width));
+        return *known;
+    }
+
+protected:
+    void changeEvent(QEvent *event) override
+    {
+        _heights.clear();
+        QLabel::changeEvent(event);
+    }
+
+private:
+    mutable QString _measured;
+    mutable QHash<int, int> _heights;
+};
+
+QLabel *centred(QLabel *label)
 {
-    QLabel *label = plainLabel();
     label->setAlignment(Qt::AlignCenter);
     label->setWordWrap(true);
+    return label;
+}
+
+QLabel *hintLabel()
+{
+    auto *label = new HintLabel;
+    label->setTextFormat(Qt::PlainText);
     return label;
 }
 
@@ -31,9 +66,9 @@ QLabel *centredLabel()
 EmptyPane::EmptyPane(QString iconName, QWidget *parent)
     : Pane(parent),
       _iconName(std::move(iconName)),
-      _picture(centredLabel()),
-      _title(centredLabel()),
-      _hint(centredLabel()),
+      _picture(centred(plainLabel())),
+      _title(centred(plainLabel())),
+      _hint(centred(hintLabel())),
       _column(new QVBoxLayout(this))
 {
     QFont large = font();
