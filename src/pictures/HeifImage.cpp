@@ -4,6 +4,7 @@
 #include "pictures/HeifImage.h"
 
 #include "model/Log.h"
+#include "pictures/HeifLibrary.h"
 #include "platform/NativePath.h"
 
 #include <algorithm>
@@ -11,6 +12,11 @@
 namespace quorvin {
 
 namespace {
+
+const HeifLibrary &heif()
+{
+    return HeifLibrary::instance();
+}
 
 Expected<void> checked(const heif_error &error)
 {
@@ -22,7 +28,7 @@ Expected<void> checked(const heif_error &error)
 
 QSize sizeOf(const heif_image_handle *handle)
 {
-    return {heif_image_handle_get_width(handle), heif_image_handle_get_height(handle)};
+    return {heif().width(handle), heif().height(handle)};
 }
 
 qint64 pixels(QSize size)
@@ -32,38 +38,61 @@ qint64 pixels(QSize size)
 
 Expected<QImage> decodedPicture(const heif_image_handle *handle)
 {
-    const bool alpha = heif_image_handle_has_alpha_channel(handle) != 0;
+    const bool alpha = heif().hasAlpha(handle) != 0;
     heif_image *picture = nullptr;
-    const auto decoded = checked(
-        heif_decode_image(handle, &picture, heif_colorspace_RGB,
-                          alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB, nullptr));
+    const auto decoded
+        = checked(heif().decode(handle, &picture, heif_colorspace_RGB,
+                                alpha ? heif_chroma_interleaved_RGBA : heif_chroma_interleaved_RGB, nullptr));
     if (!decoded)
         return tl::unexpected(decoded.error());
-    const std::unique_ptr<heif_image, decltype(&heif_image_release)> owner(picture, &heif_image_release);
+    const auto release = [](const heif_image *image) { heif().releaseImage(image); };
+    const std::unique_ptr<heif_image, decltype(release)> owner(picture, release);
     int stride = 0;
-    const uint8_t *bytes = heif_image_get_plane_readonly(picture, heif_channel_interleaved, &stride);
+    const uint8_t *bytes = heif().plane(picture, heif_channel_interleaved, &stride);
     if (!bytes)
         return failure(QStringLiteral("a picture without pixels"));
-    const QImage view(bytes, heif_image_get_width(picture, heif_channel_interleaved),
-                      heif_image_get_height(picture, heif_channel_interleaved), stride,
+    const QImage view(bytes, heif().imageWidth(picture, heif_channel_interleaved),
+                      heif().imageHeight(picture, heif_channel_interleaved), stride,
                       alpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
     return view.copy();
 }
 
 } // namespace
 
+void HeifImage::Release::operator()(heif_image_handle *handle) const
+{
+    heif().releaseHandle(handle);
+}
+
+void HeifImage::Release::operator()(heif_context *context) const
+{
+    heif().freeContext(context);
+}
+
+void HeifImage::setupLibrary()
+{
+    heif();
+}
+
+QString HeifImage::libraryVersion()
+{
+    return QString::fromUtf8(heif().version());
+}
+
 Expected<HeifImage> HeifImage::open(const QString &path)
 {
-    Context context(heif_context_alloc(), &heif_context_free);
+    if (!heif().isLoaded())
+        return failure(QStringLiteral("libheif is not there"));
+    Context context(heif().allocContext());
     heif_image_handle *primary = nullptr;
-    return checked(heif_context_read_from_file(context.get(), encodePath(path).constData(), nullptr))
-        .and_then([&] { return checked(heif_context_get_primary_image_handle(context.get(), &primary)); })
-        .map([&] { return HeifImage(std::move(context), Handle(primary, &heif_image_handle_release)); });
+    return checked(heif().readFromFile(context.get(), encodePath(path).constData(), nullptr))
+        .and_then([&] { return checked(heif().primaryImage(context.get(), &primary)); })
+        .map([&] { return HeifImage(std::move(context), Handle(primary)); });
 }
 
 int HeifImage::numberOfTopLevelImages() const
 {
-    return heif_context_get_number_of_top_level_images(_context.get());
+    return heif().numberOfTopLevelImages(_context.get());
 }
 
 int HeifImage::width() const
@@ -78,25 +107,24 @@ int HeifImage::height() const
 
 int HeifImage::depth() const
 {
-    return heif_image_handle_get_luma_bits_per_pixel(_handle.get());
+    return heif().lumaBits(_handle.get());
 }
 
 bool HeifImage::hasAlpha() const
 {
-    return heif_image_handle_has_alpha_channel(_handle.get()) != 0;
+    return heif().hasAlpha(_handle.get()) != 0;
 }
 
 Expected<std::vector<HeifImage::Handle>> HeifImage::thumbnails() const
 {
-    std::vector<heif_item_id> ids(
-        static_cast<std::size_t>(heif_image_handle_get_number_of_thumbnails(_handle.get())));
-    heif_image_handle_get_list_of_thumbnail_IDs(_handle.get(), ids.data(), static_cast<int>(ids.size()));
+    std::vector<heif_item_id> ids(static_cast<std::size_t>(heif().numberOfThumbnails(_handle.get())));
+    heif().thumbnailIds(_handle.get(), ids.data(), static_cast<int>(ids.size()));
     std::vector<Handle> handles;
     for (const heif_item_id id : ids) {
         heif_image_handle *thumbnail = nullptr;
-        if (const auto got = checked(heif_image_handle_get_thumbnail(_handle.get(), id, &thumbnail)); !got)
+        if (const auto got = checked(heif().thumbnail(_handle.get(), id, &thumbnail)); !got)
             return tl::unexpected(got.error());
-        handles.emplace_back(thumbnail, &heif_image_handle_release);
+        handles.emplace_back(thumbnail);
     }
     return handles;
 }
@@ -114,35 +142,30 @@ Expected<std::vector<QSize>> HeifImage::thumbnailSizes() const
 
 std::vector<heif_item_id> HeifImage::metadataBlocks() const
 {
-    std::vector<heif_item_id> ids(
-        static_cast<std::size_t>(heif_image_handle_get_number_of_metadata_blocks(_handle.get(), nullptr)));
-    heif_image_handle_get_list_of_metadata_block_IDs(_handle.get(), nullptr, ids.data(),
-                                                     static_cast<int>(ids.size()));
+    std::vector<heif_item_id> ids(static_cast<std::size_t>(heif().numberOfBlocks(_handle.get(), nullptr)));
+    heif().blockIds(_handle.get(), nullptr, ids.data(), static_cast<int>(ids.size()));
     return ids;
 }
 
 QByteArrayView HeifImage::blockType(heif_item_id id) const
 {
-    return heif_image_handle_get_metadata_type(_handle.get(), id);
+    return heif().blockType(_handle.get(), id);
 }
 
 Expected<QByteArray> HeifImage::block(heif_item_id id) const
 {
-    const auto size = static_cast<qsizetype>(heif_image_handle_get_metadata_size(_handle.get(), id));
+    const auto size = static_cast<qsizetype>(heif().blockSize(_handle.get(), id));
     QByteArray bytes(size, Qt::Uninitialized);
-    return checked(heif_image_handle_get_metadata(_handle.get(), id, bytes.data())).map([&] {
-        return bytes;
-    });
+    return checked(heif().block(_handle.get(), id, bytes.data())).map([&] { return bytes; });
 }
 
 QByteArray HeifImage::rawColorProfile() const
 {
-    if (heif_image_handle_get_color_profile_type(_handle.get()) == heif_color_profile_type_not_present)
+    if (heif().profileType(_handle.get()) == heif_color_profile_type_not_present)
         return {};
-    const auto size = static_cast<qsizetype>(heif_image_handle_get_raw_color_profile_size(_handle.get()));
+    const auto size = static_cast<qsizetype>(heif().profileSize(_handle.get()));
     QByteArray bytes(size, Qt::Uninitialized);
-    return checked(heif_image_handle_get_raw_color_profile(_handle.get(), bytes.data())) ? bytes
-                                                                                         : QByteArray();
+    return checked(heif().profile(_handle.get(), bytes.data())) ? bytes : QByteArray();
 }
 
 Expected<QImage> HeifImage::decoded(int side, qint64 mostPixels) const

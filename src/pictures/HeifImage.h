@@ -23,6 +23,10 @@ namespace quorvin {
 /// debug level. One thread at a time.
 class HeifImage {
 public:
+    /// Loads libheif, which the first file would do otherwise. Any thread.
+    static void setupLibrary();
+    /// "" when it can't be loaded. Any thread.
+    static QString libraryVersion();
     static Expected<HeifImage> open(const QString &path);
 
     int numberOfTopLevelImages() const;
@@ -43,8 +47,12 @@ public:
     Expected<QImage> decoded(int side, qint64 mostPixels) const;
 
 private:
-    using Handle = std::unique_ptr<heif_image_handle, decltype(&heif_image_handle_release)>;
-    using Context = std::unique_ptr<heif_context, decltype(&heif_context_free)>;
+    struct Release {
+        void operator()(heif_image_handle *handle) const;
+        void operator()(heif_context *context) const;
+    };
+    using Handle = std::unique_ptr<heif_image_handle, Release>;
+    using Context = std::unique_ptr<heif_context, Release>;
 
     HeifImage(Context context, Handle handle) : _context(std::move(context)), _handle(std::move(handle)) { }
     Expected<std::vector<Handle>> thumbnails() const;

@@ -4,6 +4,7 @@
 #include "readers/RecordBuilder.h"
 
 #include "model/Log.h"
+#include "pictures/HeifImage.h"
 #include "platform/RegularFile.h"
 #include "readers/Location.h"
 #include "readers/Ways.h"
@@ -45,6 +46,7 @@ void RecordBuilder::setupLibraries()
     std::call_once(once, [] {
         oMediaInfo::setupLibrary();
         oEXIV2::setupLibrary();
+        HeifImage::setupLibrary();
     });
 }
 

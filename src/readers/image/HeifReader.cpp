@@ -5,14 +5,13 @@
 
 #include "model/Log.h"
 #include "pictures/HeifImage.h"
+#include "pictures/HeifLibrary.h"
 #include "platform/RegularFile.h"
 #include "readers/image/ExifExtraction.h"
 #include "readers/image/Exiv2Library.h"
 #include "readers/image/ImageBrand.h"
 #include "readers/image/ImageProfile.h"
 #include "readers/image/IptcXmpExtraction.h"
-
-#include <libheif/heif.h>
 
 #include <algorithm>
 #include <array>
@@ -28,7 +27,7 @@ constexpr std::array<QByteArrayView, 2> kTiffHeaders{QByteArrayView("MM\0*", 4),
 QString brandText(heif_brand2 brand)
 {
     std::array<char, 5> letters{};
-    heif_brand_to_fourcc(brand, letters.data());
+    HeifLibrary::instance().brandLetters(brand, letters.data());
     return QString::fromLatin1(letters.data());
 }
 
@@ -139,12 +138,13 @@ std::optional<QStringList> compatibleBrands(QByteArrayView head)
 {
     if (head.size() < 12)
         return std::nullopt;
+    const HeifLibrary &heif = HeifLibrary::instance();
     std::array<uint8_t, kBrandHeadLength> bytes{};
     std::copy_n(head.begin(), std::min<qsizetype>(head.size(), kBrandHeadLength), bytes.begin());
-    QStringList brands{brandText(heif_read_main_brand(bytes.data(), static_cast<int>(bytes.size())))};
+    QStringList brands{brandText(heif.mainBrand(bytes.data(), static_cast<int>(bytes.size())))};
     heif_brand2 *list = nullptr;
     int count = 0;
-    const heif_error error = heif_list_compatible_brands(
+    const heif_error error = heif.compatibleBrands(
         bytes.data(), static_cast<int>(std::min<qsizetype>(head.size(), kBrandHeadLength)), &list, &count);
     if (error.code != heif_error_Ok) {
         qCInfo(lcQuorvin).noquote() << "HEIF: error reading brands:" << error.message;
@@ -152,7 +152,7 @@ std::optional<QStringList> compatibleBrands(QByteArrayView head)
     }
     for (int i = 0; i < count; ++i)
         brands.append(brandText(list[i]));
-    heif_free_list_of_compatible_brands(list);
+    heif.freeBrands(list);
     return brands;
 }
 

@@ -4,14 +4,13 @@
 #include "readers/image/oEXIV2.h"
 
 #include "model/Log.h"
+#include "pictures/HeifImage.h"
 #include "readers/image/ExifExtraction.h"
 #include "readers/image/Exiv2Library.h"
 #include "readers/image/HeifReader.h"
 #include "readers/image/ImageProfile.h"
 #include "readers/image/IptcXmpExtraction.h"
 #include "readers/image/Previews.h"
-
-#include <libheif/heif.h>
 
 namespace quorvin {
 
@@ -78,7 +77,7 @@ QString oEXIV2::libVersion()
 
 QString oEXIV2::heifVersion()
 {
-    return QString::fromUtf8(heif_get_version());
+    return HeifImage::libraryVersion();
 }
 
 Expected<oEXIV2> oEXIV2::initWithFilename(const QString &path, bool keepThumb)

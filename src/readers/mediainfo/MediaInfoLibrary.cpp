@@ -4,9 +4,9 @@
 #include "readers/mediainfo/MediaInfoLibrary.h"
 
 #include "model/Log.h"
+#include "platform/LoadedLibrary.h"
 
 #include <MediaInfoDLL/MediaInfoDLL_Static.h>
-#include <dlfcn.h>
 
 #include <cstddef>
 #include <exception>
@@ -29,15 +29,9 @@ MediaInfo_stream_C kindOf(StreamKind kind)
     return static_cast<MediaInfo_stream_C>(kind);
 }
 
-/// Null when it can't be loaded.
-void *loadedLibrary()
+const LoadedLibrary &loadedLibrary()
 {
-    static void *const loaded = [] {
-        void *const opened = ::dlopen(kLibrary, RTLD_LAZY);
-        if (!opened)
-            qCInfo(lcQuorvin, "Failed to load %s: %s", kLibrary, ::dlerror());
-        return opened;
-    }();
+    static const LoadedLibrary loaded(kLibrary);
     return loaded;
 }
 
@@ -45,11 +39,7 @@ void *loadedLibrary()
 template <typename Function>
 class Entry {
 public:
-    explicit Entry(const char *name)
-    {
-        if (void *const library = loadedLibrary())
-            _function = reinterpret_cast<Function *>(::dlsym(library, name));
-    }
+    explicit Entry(const char *name) : _function(loadedLibrary(), name) { }
 
     /// What the function gives, or nothing of its type if it throws or is not there.
     template <typename... Arguments>
@@ -57,7 +47,7 @@ public:
     {
         using Result = std::invoke_result_t<Function *, Arguments...>;
         try {
-            return _function ? _function(arguments...) : Result();
+            return _function(arguments...);
         } catch (const std::exception &error) {
             qCDebug(lcLibraries) << "MediaInfo:" << error.what();
         } catch (...) {
@@ -67,7 +57,7 @@ public:
     }
 
 private:
-    Function *_function = nullptr;
+    LibraryEntry<Function> _function;
 };
 
 /// Loaded when it is first called: it brings some forty libraries with it, for which a program that leaves
