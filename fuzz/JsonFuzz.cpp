@@ -5,6 +5,8 @@
 #include "SBJson5/SBJson5Parser.h"
 #include "SBJson5/SBJson5StreamParser.h"
 
+#include <QByteArrayList>
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -16,13 +18,16 @@ namespace {
 
 using namespace quorvin;
 
-std::pair<SBJson5ParserStatus, QStringList> outcomeOf(QByteArrayView first, QByteArrayView second)
+std::pair<SBJson5ParserStatus, QByteArrayList> outcomeOf(QByteArrayView first, QByteArrayView second)
 {
     Json5ParserHandler handler;
     SBJson5StreamParser parser(handler, SBJson5Parser::kMostDepth);
     parser.parse(first);
     const SBJson5ParserStatus status = parser.parse(second);
-    return {status, handler.keysOrder() + QStringList(handler.error())};
+    QByteArrayList told{handler.error().toUtf8()};
+    for (const QByteArrayView key : handler.keysOrder())
+        told.append(key.toByteArray());
+    return {status, told};
 }
 
 } // namespace

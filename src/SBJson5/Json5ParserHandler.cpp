@@ -3,35 +3,71 @@
 
 #include "SBJson5/Json5ParserHandler.h"
 
+#include <algorithm>
+#include <new>
 #include <utility>
 
 namespace quorvin {
 
+namespace {
+
+constexpr std::size_t kUsualMembers = 4; ///< of what exiftool tells of a tag
+
+void addTo(std::pmr::vector<Json5Member> &members, const Json5Member &member)
+{
+    // What a vector outgrows stays in the memory that is never given back.
+    if (members.empty())
+        members.reserve(kUsualMembers);
+    members.push_back(member);
+}
+
+} // namespace
+
+const Json5Value *Json5Object::find(QByteArrayView key) const
+{
+    const auto found = std::find_if(members.rbegin(), members.rend(),
+                                    [&](const Json5Member &member) { return member.key == key; });
+    return found == members.rend() ? nullptr : &found->value;
+}
+
 void Json5ParserHandler::parserFoundObjectStart()
 {
-    begin(std::make_shared<Json5Object>());
+    begin<Json5Object>();
 }
 
 void Json5ParserHandler::parserFoundArrayStart()
 {
-    begin(std::make_shared<Json5Array>());
+    begin<Json5Array>();
 }
 
-void Json5ParserHandler::begin(Json5Value container)
+template <typename Type>
+void Json5ParserHandler::begin()
 {
+    void *const room = _memory.allocate(sizeof(Type), alignof(Type));
+    auto *const container = new (room) Type(&_memory);
     if (_level < 0)
         _idata = container;
     else
         store(container);
     ++_level;
-    _parent = std::exchange(_top, std::move(container));
+    _parent = std::exchange(_top, container);
+}
+
+/// Texts of the parser last for the call only.
+QByteArrayView Json5ParserHandler::keep(QByteArrayView text)
+{
+    if (text.isEmpty())
+        return QByteArrayView("");
+    auto *const room = static_cast<char *>(_memory.allocate(static_cast<std::size_t>(text.size()), 1));
+    std::ranges::copy(text, room);
+    return {room, text.size()};
 }
 
 void Json5ParserHandler::parserFoundObjectKey(QByteArrayView key)
 {
-    _key = QString::fromUtf8(key);
+    _key = keep(key);
     if (_level == 1)
-        _keysOrder.append(_key);
+        _keysOrder.push_back(_key);
 }
 
 void Json5ParserHandler::parserFoundObjectEnd()
@@ -63,7 +99,8 @@ void Json5ParserHandler::parserFoundNumber(const SBJson5Number &number)
 
 void Json5ParserHandler::parserFoundString(QByteArrayView text)
 {
-    add(QString::fromUtf8(text));
+    if (_level >= 0)
+        store(keep(text));
 }
 
 void Json5ParserHandler::parserFoundError(const SBJson5Error &error)
@@ -79,10 +116,10 @@ void Json5ParserHandler::add(const Json5Value &value)
 
 void Json5ParserHandler::store(const Json5Value &value)
 {
-    if (const auto *array = std::get_if<std::shared_ptr<Json5Array>>(&_top))
+    if (auto *const *array = std::get_if<Json5Array *>(&_top))
         (*array)->elements.push_back(value);
-    else if (const auto *object = std::get_if<std::shared_ptr<Json5Object>>(&_top))
-        (*object)->members.insert(_key, value);
+    else if (auto *const *object = std::get_if<Json5Object *>(&_top))
+        addTo((*object)->members, {_key, value});
 }
 
 } // namespace quorvin

@@ -235,17 +235,19 @@ namespace {
 /// The keys of an object, sorted; "-" for any other value.
 QString keysOf(const Json5Value &value)
 {
-    const auto *object = std::get_if<std::shared_ptr<Json5Object>>(&value);
+    const auto *object = std::get_if<const Json5Object *>(&value);
     if (!object)
         return u"-"_s;
-    QStringList keys = (*object)->members.keys();
+    QStringList keys;
+    for (const Json5Member &member : (*object)->members)
+        keys.append(QString::fromUtf8(member.key));
     keys.sort();
     return keys.join(u' ');
 }
 
 const Json5Value &firstOf(const Json5Value &list)
 {
-    return std::get<std::shared_ptr<Json5Array>>(list)->elements.front();
+    return std::get<const Json5Array *>(list)->elements.front();
 }
 
 } // namespace
@@ -256,12 +258,13 @@ TEST(Json5ParserHandler, KeepsTheOrderOfKeysAndLosesWhatFollowsAList)
     SBJson5StreamParser parser(handler);
     ASSERT_EQ(parser.parse(R"([{"z":{"val":1},"a":{"val":[1,"x"],"desc":"A"},"b":{"val":2},"z":3}])"),
               Status::Complete);
-    EXPECT_EQ(handler.keysOrder(), (QStringList{u"z"_s, u"a"_s, u"b"_s, u"z"_s}));
-    const Json5Value root = firstOf(handler.data());
+    EXPECT_EQ(handler.keysOrder(), (std::vector<QByteArrayView>{"z", "a", "b", "z"}));
+    const Json5Value &root = firstOf(handler.data());
     EXPECT_EQ(keysOf(root), u"a z"_s);
-    const auto members = std::get<std::shared_ptr<Json5Object>>(root)->members;
-    EXPECT_EQ(keysOf(members.value(u"a"_s)), u"b desc val z"_s);
-    EXPECT_EQ(keysOf(members.value(u"z"_s)), u"val"_s);
+    const auto *object = std::get<const Json5Object *>(root);
+    EXPECT_EQ(keysOf(*object->find("a")), u"b desc val z"_s);
+    EXPECT_EQ(keysOf(*object->find("z")), u"val"_s);
+    EXPECT_EQ(object->find("b"), nullptr);
 }
 
 TEST(Json5ParserHandler, DropsWhatFollowsAnObjectThatHeldOne)
@@ -270,7 +273,7 @@ TEST(Json5ParserHandler, DropsWhatFollowsAnObjectThatHeldOne)
     SBJson5StreamParser parser(handler);
     ASSERT_EQ(parser.parse(R"({"a":{"b":{"c":{}}},"d":1})"), Status::Complete);
     EXPECT_EQ(keysOf(handler.data()), u"a"_s);
-    EXPECT_EQ(handler.keysOrder(), QStringList(u"b"_s));
+    EXPECT_EQ(handler.keysOrder(), std::vector<QByteArrayView>{"b"});
 }
 
 } // namespace quorvin

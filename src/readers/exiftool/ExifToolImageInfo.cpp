@@ -8,11 +8,10 @@
 #include "process/oExifToolStayOpenProcess.h"
 #include "readers/exiftool/ExifToolJson.h"
 
-#include <memory>
+#include <QByteArrayView>
+
 #include <optional>
-#include <utility>
 #include <variant>
-#include <vector>
 
 namespace quorvin {
 
@@ -20,8 +19,6 @@ namespace {
 
 constexpr qsizetype kLeastFields = 4;
 constexpr qsizetype kPlaceOfCopy = 3; ///< of the field that tells copies of a tag apart
-
-using ObjectPtr = std::shared_ptr<Json5Object>;
 
 /// The groups of a tag and its name; empty for what is no tag to show.
 QStringList fieldsOf(const QString &key)
@@ -38,13 +35,10 @@ QStringList fieldsOf(const QString &key)
 /// Absent for a tag without label or value.
 std::optional<ExifToolImageInfo::Item> itemOf(const Json5Value &tag, const QString &group)
 {
-    const auto *object = std::get_if<ObjectPtr>(&tag);
-    if (!object)
-        return std::nullopt;
-    const auto &members = (*object)->members;
-    const auto label = members.constFind(QStringLiteral("desc"));
-    const auto value = members.constFind(QStringLiteral("val"));
-    if (label == members.cend() || value == members.cend())
+    const auto *object = std::get_if<const Json5Object *>(&tag);
+    const Json5Value *label = object ? (*object)->find("desc") : nullptr;
+    const Json5Value *value = object ? (*object)->find("val") : nullptr;
+    if (!label || !value)
         return std::nullopt;
     return ExifToolImageInfo::Item{textOfJson(*value), textOfJson(*label),
                                    group == QLatin1String("File") ? QStringLiteral("Container") : group};
@@ -69,11 +63,15 @@ Expected<ExifToolImageInfo> ExifToolImageInfo::initWithOutput(const QByteArray &
     if (!root)
         return tl::unexpected(root.error());
     ExifToolImageInfo info;
-    for (const QString &key : root->keysOrder) {
-        const QStringList fields = fieldsOf(key);
+    QHash<QByteArrayView, const Json5Value *> tags;
+    for (const Json5Member &member : root->root->members)
+        tags.insert(member.key, &member.value);
+    for (const QByteArrayView key : root->document->keysOrder()) {
+        const QStringList fields = fieldsOf(QString::fromUtf8(key));
         if (fields.isEmpty())
             continue;
-        const auto item = itemOf(root->members->members.value(key), fields[1]);
+        const Json5Value *tag = tags.value(key);
+        const auto item = tag ? itemOf(*tag, fields[1]) : std::nullopt;
         if (!item)
             continue;
         const bool isDuration = fields.last() == QLatin1String("Duration");

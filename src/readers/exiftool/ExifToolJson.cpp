@@ -6,6 +6,9 @@
 #include "SBJson5/SBJson5StreamParser.h"
 #include "model/Log.h"
 
+#include <QStringList>
+
+#include <utility>
 #include <variant>
 
 namespace quorvin {
@@ -14,16 +17,13 @@ namespace {
 
 constexpr quint64 kMostDepth = 512;
 
-using ObjectPtr = std::shared_ptr<Json5Object>;
-using ArrayPtr = std::shared_ptr<Json5Array>;
-
 /// The object in the list that exiftool answers with; null when there is none.
-ObjectPtr rootOf(const Json5Value &data)
+const Json5Object *rootOf(const Json5Value &data)
 {
-    const auto *list = std::get_if<ArrayPtr>(&data);
+    const auto *list = std::get_if<const Json5Array *>(&data);
     if (!list || (*list)->elements.empty())
         return nullptr;
-    const auto *root = std::get_if<ObjectPtr>(&(*list)->elements.front());
+    const auto *root = std::get_if<const Json5Object *>(&(*list)->elements.front());
     return root ? *root : nullptr;
 }
 
@@ -50,15 +50,15 @@ QString textOfJson(const Json5Value &value)
         QString operator()(qint64 number) const { return QString::number(number); }
         QString operator()(quint64 number) const { return QString::number(number); }
         QString operator()(double number) const { return textOfReal(number); }
-        QString operator()(const QString &text) const { return text; }
-        QString operator()(const ArrayPtr &list) const
+        QString operator()(QByteArrayView text) const { return QString::fromUtf8(text); }
+        QString operator()(const Json5Array *list) const
         {
             QStringList texts;
             for (const Json5Value &element : list->elements)
                 texts.append(textOfJson(element));
             return texts.join(QLatin1String(", "));
         }
-        QString operator()(const ObjectPtr &) const { return {}; }
+        QString operator()(const Json5Object *) const { return {}; }
         QString operator()(std::monostate) const { return {}; }
     };
     return std::visit(Visitor(), value);
@@ -66,15 +66,15 @@ QString textOfJson(const Json5Value &value)
 
 Expected<Json5Root> rootOfOutput(const QByteArray &json)
 {
-    Json5ParserHandler handler;
-    SBJson5StreamParser parser(handler, kMostDepth);
+    auto document = std::make_shared<Json5ParserHandler>();
+    SBJson5StreamParser parser(*document, kMostDepth);
     const bool isWhole = parser.parse(json) == SBJson5ParserStatus::Complete;
     if (!isWhole)
-        qCInfo(lcQuorvin).noquote() << "json parser found error:" << handler.error();
-    const ObjectPtr root = isWhole ? rootOf(handler.data()) : nullptr;
+        qCInfo(lcQuorvin).noquote() << "json parser found error:" << document->error();
+    const Json5Object *root = isWhole ? rootOf(document->data()) : nullptr;
     if (!root)
         return failure(QStringLiteral("exiftool gave no proper answer"));
-    return Json5Root{root, handler.keysOrder()};
+    return Json5Root{std::move(document), root};
 }
 
 } // namespace quorvin

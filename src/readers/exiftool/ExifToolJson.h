@@ -8,7 +8,6 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QStringList>
 
 #include <memory>
 
@@ -16,8 +15,8 @@ namespace quorvin {
 
 /// What exiftool tells of one file in JSON.
 struct Json5Root {
-    std::shared_ptr<Json5Object> members; ///< never null
-    QStringList keysOrder; ///< as exiftool told them
+    std::shared_ptr<const Json5ParserHandler> document; ///< never null; all else belongs to it
+    const Json5Object *root; ///< never null
 };
 
 /// The first file of an answer. Any thread.

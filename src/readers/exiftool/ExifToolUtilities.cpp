@@ -29,8 +29,8 @@ Expected<QHash<QString, QString>> ExifToolUtilities::plainTagsOfFile(const QStri
         arguments.append('-' + tag.toLatin1());
     return exifTool->outputWithArguments(arguments).and_then(rootOfOutput).map([](const Json5Root &root) {
         QHash<QString, QString> values;
-        for (auto member = root.members->members.cbegin(); member != root.members->members.cend(); ++member)
-            values.insert(member.key(), textOfJson(member.value()));
+        for (const Json5Member &member : root.root->members)
+            values.insert(QString::fromUtf8(member.key), textOfJson(member.value));
         return values;
     });
 }
