@@ -5,6 +5,7 @@
 
 #include "platform/RegularFile.h"
 #include "readers/Engines.h"
+#include "readers/IsoMetadata.h"
 #include "readers/exiftool/ExifToolUtilities.h"
 #include "readers/image/SystemImage.h"
 #include "readers/image/oEXIV2Reports.h"
@@ -35,6 +36,7 @@ constexpr std::array kSources{
     Source{QLatin1String("exiftool"), true, nullptr, ExifToolUtilities::exiftoolOutputForFile},
     Source{QLatin1String("engines"), true, nullptr, enginesReport},
     Source{QLatin1String("system-image"), true, imageioReport},
+    Source{QLatin1String("iso-metadata"), true, isoMetadataReport},
     Source{QLatin1String("parameters"), false,
            [](const QString &) { return Expected<QString>(oMediaInfo::parameterReport()); }},
 };
