@@ -98,7 +98,7 @@ void FilelistIndex::run(const std::stop_token &stop)
         Work work = awaitWork(stop);
         if (work.newest)
             begin(*std::move(work.newest));
-        applyAll(std::move(work.changes));
+        applyAll(work.changes);
         if (const auto find = takeFind())
             answer(*find);
         lookAround();
@@ -125,7 +125,7 @@ FilelistIndex::Work FilelistIndex::awaitWork(const std::stop_token &stop)
     return work;
 }
 
-void FilelistIndex::applyAll(std::deque<Change> changes)
+void FilelistIndex::applyAll(const std::deque<Change> &changes)
 {
     for (const Change &change : changes)
         std::visit([this](const auto &one) { apply(one); }, change);

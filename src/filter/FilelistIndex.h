@@ -96,7 +96,7 @@ private:
     Work awaitWork(const std::stop_token &stop);
     void apply(const Done &done);
     void apply(const Files &list);
-    void applyAll(std::deque<Change> changes);
+    void applyAll(const std::deque<Change> &changes);
     void begin(Question question);
     std::optional<Find> takeFind();
     void answer(const Find &find);

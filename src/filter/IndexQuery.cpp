@@ -124,7 +124,7 @@ bool IndexQuery::holds(std::size_t condition, const RecordIndex &index, const Re
 {
     const RuleCondition &asked = _matcher.conditions()[condition];
     if (asked.kind() == Rule::Kind::FileType) {
-        const QLatin1String type = kFileTypes[static_cast<std::size_t>(entry.fileType)];
+        const QLatin1String type = kFileTypes[static_cast<quint8>(entry.fileType)];
         return asked.holdsFor(QByteArrayView(type.data(), type.size()));
     }
     const auto terms = index.terms(entry);

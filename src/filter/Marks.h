@@ -15,9 +15,9 @@ namespace quorvin {
 template <typename Container>
 void makeRoom(Container &container, std::size_t size)
 {
-    using Size = decltype(container.size());
+    const std::size_t enough = size + size / 8 + 64;
     if (static_cast<std::size_t>(container.capacity()) < size)
-        container.reserve(static_cast<Size>(size + size / 8 + 64));
+        container.reserve(static_cast<decltype(container.size())>(enough));
 }
 
 /// A yes or no for each of many numbers from 0, in a bit each.

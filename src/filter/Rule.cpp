@@ -50,7 +50,7 @@ Rule Rule::simplified() const
     if (isEmpty())
         return {};
     if (isGroup() && rule.parts.size() == 1)
-        return Rule(std::move(rule.parts.front()));
+        return {std::move(rule.parts.front())};
     return rule;
 }
 

@@ -17,7 +17,7 @@ FilelistItemPtr FilelistItem::itemWithFilename(const QString &filename, const QS
 
 FilelistItemPtr FilelistItem::copyWithResult() const
 {
-    const FilelistItemPtr copy = itemWithFilename(_filename, _prefixedPath);
+    FilelistItemPtr copy = itemWithFilename(_filename, _prefixedPath);
     const std::lock_guard guard(_lock);
     copy->_quorvinData = _quorvinData;
     copy->_isFailed = _isFailed;

@@ -83,6 +83,7 @@ std::vector<std::string> exifToolEnvironment()
 std::vector<char *> pointersTo(std::vector<std::string> &texts)
 {
     std::vector<char *> pointers;
+    pointers.reserve(texts.size() + 1);
     for (std::string &text : texts)
         pointers.push_back(text.data());
     pointers.push_back(nullptr);
@@ -113,7 +114,7 @@ std::string exifToolProgram()
     std::istringstream folders(variable ? variable : "/usr/local/bin:/usr/bin:/bin");
     for (std::string folder; std::getline(folders, folder, ':');) {
         // A relative one would let the current folder choose the program.
-        if (const std::string path = folder + "/exiftool"; folder.starts_with('/') && isProgram(path))
+        if (std::string path = folder + "/exiftool"; folder.starts_with('/') && isProgram(path))
             return path;
     }
     return {};

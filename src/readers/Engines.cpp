@@ -87,7 +87,7 @@ template <typename Names, typename WordOf>
 QString firstWord(const Names &names, WordOf wordOf)
 {
     for (const char *name : names) {
-        if (const QString word = name ? wordOf(name) : QString(); !word.isEmpty())
+        if (QString word = name ? wordOf(name) : QString(); !word.isEmpty())
             return word;
     }
     return {};

@@ -255,7 +255,7 @@ Expected<RemovalResult> plannedRemoval(const oEXIV2Metadata &options, const QStr
 Expected<RemovalResult> removeMetadata(const oEXIV2Metadata &options, const QString &original,
                                        const QString &copy)
 {
-    const auto result = plannedRemoval(options, original);
+    auto result = plannedRemoval(options, original);
     if (!result || result->removed.empty())
         return result;
     const auto written = withImage(copy, [&](Exiv2::Image &image) -> Expected<void> {

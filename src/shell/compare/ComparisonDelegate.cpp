@@ -19,7 +19,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr float kLineAlpha = 0.12F;
+constexpr float kGridAlpha = 0.12F;
 constexpr float kHitAlpha = 0.28F;
 constexpr qsizetype kMostTipLetters = 1'000;
 /// A longer text is not worth the attempt to draw it as one line.
@@ -48,7 +48,7 @@ void paintCellLines(QPainter *painter, const QRect &cell, const QPalette &palett
                     Qt::LayoutDirection direction)
 {
     QColor line = palette.color(QPalette::Text);
-    line.setAlphaF(kLineAlpha);
+    line.setAlphaF(kGridAlpha);
     const int end = direction == Qt::LeftToRight ? cell.right() : cell.left();
     painter->fillRect(QRect(end, cell.top(), 1, cell.height() - 1), line);
     painter->fillRect(QRect(cell.left(), cell.bottom(), cell.width(), 1), line);

@@ -16,7 +16,7 @@ namespace quorvin {
 namespace {
 
 constexpr int kNoteMargin = 8;
-constexpr float kLineAlpha = 0.15F;
+constexpr float kFrameAlpha = 0.15F;
 
 } // namespace
 
@@ -57,7 +57,7 @@ void ComparisonNote::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     QColor line = palette().color(QPalette::WindowText);
-    line.setAlphaF(kLineAlpha);
+    line.setAlphaF(kFrameAlpha);
     painter.fillRect(0, 0, width(), 1, line);
 }
 

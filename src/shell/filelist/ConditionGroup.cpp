@@ -46,7 +46,7 @@ ConditionGroup::ConditionGroup(QAbstractItemModel &names, Place place, QWidget *
 }
 
 void ConditionGroup::addButton(QHBoxLayout *row, const QString &text, const QString &name,
-                               void (ConditionGroup::*clicked)())
+                               void (ConditionGroup::*clicked)()) const
 {
     auto *button = new QToolButton;
     button->setText(text);

@@ -36,7 +36,7 @@ private:
     enum Mode { All, Any, None, NotAll };
 
     void addButton(QHBoxLayout *row, const QString &text, const QString &name,
-                   void (ConditionGroup::*clicked)());
+                   void (ConditionGroup::*clicked)()) const;
     void addCondition();
     void addGroup();
     void addPart(const Rule &part);

@@ -42,7 +42,7 @@ QString kindsText(const std::vector<FileSum::Kind> &kinds)
 /// What the files have in common, or that they differ, and how many have any of it where not all do.
 QString sharedText(const FileSum::Shared &shared, qint64 records)
 {
-    const QString text = shared.text ? shared.text->plain : SheetWords::tr("differs");
+    QString text = shared.text ? shared.text->plain : SheetWords::tr("differs");
     if (shared.count >= records)
         return text;
     return SheetWords::tr("%1 (in %2 of %3)").arg(text, groupedCount(shared.count), countOfFiles(records));

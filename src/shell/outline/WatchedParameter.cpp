@@ -83,7 +83,7 @@ WatchedParameters watchedFromText(const QString &text)
 {
     WatchedParameters parameters;
     const QJsonArray array = QJsonDocument::fromJson(text.toUtf8()).array();
-    for (const QJsonValue &value : array) {
+    for (const auto &value : array) {
         const QJsonArray fields = value.toArray();
         const WatchedParameter parameter{fields.at(0).toString(),
                                          static_cast<quint64>(std::max(fields.at(1).toInteger(), qint64(0))),

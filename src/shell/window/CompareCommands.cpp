@@ -87,6 +87,7 @@ std::vector<FilelistItemPtr> CompareCommands::filesToCompare() const
     if (rows.size() < 2)
         return _files.arranged().files();
     std::vector<FilelistItemPtr> files;
+    files.reserve(rows.size());
     for (const int row : rows)
         files.push_back(_files.arranged().fileAt(row));
     return files;
