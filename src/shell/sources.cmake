@@ -131,6 +131,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/window/FindField.cpp
     shell/window/FocusKeeper.cpp
     shell/window/ListCommands.cpp
+    shell/window/ListMenu.cpp
     shell/window/MainView.cpp
     shell/window/MainWindowController.cpp
     shell/window/MenuKeys.cpp

@@ -13,6 +13,7 @@
 #include "shell/preferences/PreferencesWindowController.h"
 #include "shell/session/LastFolder.h"
 #include "shell/window/CompareCommands.h"
+#include "shell/window/ListMenu.h"
 #include "shell/window/MainView.h"
 #include "shell/window/MainWindowController.h"
 #include "shell/window/PreviewCommands.h"
@@ -91,6 +92,7 @@ void AppController::registerCommands(MainWindowController &window)
 {
     CommandSet &commands = window.commands();
     new PreviewCommands(_preview, window);
+    new ListMenu(_preview, window);
     commands.on(Command::openEmptyWindow, [this] { openEmptyWindow(); });
     commands.on(Command::openFileInNewWindow, [this] { openFileInNewWindow(); });
     commands.on(Command::quit, [this] { quit(); });

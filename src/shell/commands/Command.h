@@ -63,6 +63,8 @@ enum class Command {
     selectPreviousTab,
     selectNextTab,
     toggleSidebar,
+    widenSidebar,
+    narrowSidebar,
     toggleQuickInfo,
     clickWrapLongLines,
     zoomIn,

@@ -267,21 +267,40 @@ void FilelistController::removeSelectedItems()
     const std::vector<int> rows = selectedRows();
     if (rows.empty())
         return;
-    RemovedFiles::Removal removal;
-    removal.rows.reserve(rows.size());
+    std::vector<int> wholeRows;
+    wholeRows.reserve(rows.size());
     for (const int row : rows)
-        removal.rows.push_back(_arranged.rowInWholeList(row));
-    std::ranges::sort(removal.rows);
+        wholeRows.push_back(_arranged.rowInWholeList(row));
+    std::ranges::sort(wholeRows);
     // Without a word: a row is selected below, and no other is to be shown before.
     _selection.reset();
-    removal.files = _whole.removeFiles(removal.rows);
-    _reading.remove(removal.files);
-    _removed.keep(std::move(removal));
+    takeOut(std::move(wholeRows));
     if (_arranged.rowCount() > 0)
         selectRow(std::min(rows.front(), _arranged.rowCount() - 1));
     else
         showFileAtIndex(-1);
     updateTotals();
+}
+
+void FilelistController::removeFile(const FilelistItemPtr &file)
+{
+    const int row = _arranged.rowOf(file);
+    if (row < 0)
+        return;
+    if (selectedRows() == std::vector{row})
+        return removeSelectedItems();
+    takeOut({_arranged.rowInWholeList(row)});
+    selectionDidChange();
+    updateTotals();
+}
+
+void FilelistController::takeOut(std::vector<int> rows)
+{
+    RemovedFiles::Removal removal;
+    removal.files = _whole.removeFiles(rows);
+    removal.rows = std::move(rows);
+    _reading.remove(removal.files);
+    _removed.keep(std::move(removal));
 }
 
 void FilelistController::undoRemoval()

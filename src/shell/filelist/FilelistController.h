@@ -81,8 +81,12 @@ public:
                            const std::function<Expected<void>(const QString &)> &change);
     /// Reads files that were changed on the disk again; what is shown of the current one stays until then.
     void reprocessFiles(const std::vector<FilelistItemPtr> &files);
+    /// Reads that file again, whatever is selected.
+    void refreshFile(const FilelistItemPtr &file) { readAgain({file}); }
     /// Takes the selected files out of the list; nothing on the disk is touched.
     void removeSelectedItems();
+    /// Takes that file alone out of it; what else is selected stays so.
+    void removeFile(const FilelistItemPtr &file);
     /// Puts the files at these rows of the whole list in front of another; what is selected stays so.
     void moveFiles(const std::vector<int> &rows, int before) { _whole.moveFiles(rows, before); }
     /// The files that were removed last come back to their places, and are selected.
@@ -136,6 +140,8 @@ private:
     void fileIsReady(const DataCacherDelivery &delivery);
     void readAgain(const std::vector<FilelistItemPtr> &files);
     void reprocess(const FilelistItemPtr &file);
+    /// The files of these rows of the whole list, which ascend.
+    void takeOut(std::vector<int> rows);
     void updateTotals();
 
     FileReading _reading;

@@ -31,6 +31,7 @@ namespace {
 
 constexpr int kSpinnerMilliseconds = 80;
 constexpr int kDropLineWidth = 2; ///< of the mark where a drop goes
+constexpr int kFrameWidth = 2; ///< round the row of a menu
 /// To find out where thousands of ranges lie takes longer than to paint all that is in sight.
 constexpr qsizetype kMostMeasuredRanges = 50;
 
@@ -70,6 +71,11 @@ void FilelistTable::copy() const
     QStringList paths;
     for (const QModelIndex &row : rows)
         paths.append(row.data(FilelistRow::PathRole).toString());
+    copyPaths(paths);
+}
+
+void FilelistTable::copyPaths(const QStringList &paths)
+{
     auto *content = new QMimeData;
     content->setData(QStringLiteral("text/uri-list"), uriListOf(paths));
     content->setText(paths.join(u'\n'));
@@ -80,6 +86,7 @@ void FilelistTable::paintEvent(QPaintEvent *event)
 {
     QListView::paintEvent(event);
     paintDropLine();
+    paintFrame();
     if (!_readingTimer.isActive())
         _readingTimer.start();
 }
@@ -212,6 +219,21 @@ void FilelistTable::paintDropLine()
     painter.drawLine(0, y, viewport()->width(), y);
 }
 
+void FilelistTable::setFramedRow(const QModelIndex &row)
+{
+    _framedRow = row;
+    viewport()->update();
+}
+
+void FilelistTable::paintFrame()
+{
+    if (!_framedRow.isValid())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(QPen(palette().color(QPalette::Active, QPalette::Highlight), kFrameWidth));
+    painter.drawRect(visualRect(_framedRow).adjusted(1, 1, -1, -1));
+}
+
 bool FilelistTable::event(QEvent *event)
 {
     // Within a name a blank is a letter, whatever command it is elsewhere.
@@ -251,18 +273,21 @@ void FilelistTable::keyboardSearch(const QString &search)
     }
 }
 
+void FilelistTable::mousePressEvent(QMouseEvent *event)
+{
+    // A menu opens at any row, and what is selected stays so.
+    if (event->button() != Qt::RightButton)
+        QListView::mousePressEvent(event);
+}
+
 void FilelistTable::contextMenuEvent(QContextMenuEvent *event)
 {
     if (event->reason() == QContextMenuEvent::Mouse) {
         const QModelIndex clicked = indexAt(event->pos());
-        if (!clicked.isValid())
-            return;
-        // What the menu acts on is what can be seen as selected.
-        if (!selectionModel()->isSelected(clicked))
-            selectionModel()->setCurrentIndex(clicked, QItemSelectionModel::ClearAndSelect);
-        Q_EMIT menuWanted(event->globalPos());
+        if (clicked.isValid())
+            Q_EMIT menuWanted(clicked, event->globalPos());
     } else if (currentIndex().isValid()) {
-        Q_EMIT menuWanted(viewport()->mapToGlobal(visualRect(currentIndex()).center()));
+        Q_EMIT menuWanted(currentIndex(), viewport()->mapToGlobal(visualRect(currentIndex()).center()));
     }
 }
 

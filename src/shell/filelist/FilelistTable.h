@@ -31,17 +31,23 @@ public:
 
     /// The paths of the selected rows, as addresses and as text.
     void copy() const;
+    static void copyPaths(const QStringList &paths);
+
+    /// Frames the row, which a menu is about though it is not selected; none for an invalid one.
+    void setFramedRow(const QModelIndex &row);
 
     /// Goes to the next file whose name, without its folder, begins with what is typed in one go.
     void keyboardSearch(const QString &search) override;
 
 Q_SIGNALS:
-    void menuWanted(const QPoint &globalPosition);
+    /// For that row, which need not be selected.
+    void menuWanted(const QModelIndex &row, const QPoint &globalPosition);
     /// The file is to be opened: a double click, or Return.
     void openWanted(const QString &path);
 
 protected:
     bool event(QEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -69,6 +75,7 @@ private:
     /// Shows where a drop would go: the row behind the line, or one of the above.
     void setDropLine(int row);
     void paintDropLine();
+    void paintFrame();
     /// Turns the spinners of the rows in sight, for as long as one of them has no result.
     void followReading();
     /// Selects from where the selection began to that row, which becomes the current one.
@@ -76,6 +83,7 @@ private:
 
     FilelistDrags *_drags = nullptr;
     int _dropLine = kNoLine;
+    QPersistentModelIndex _framedRow;
     QPersistentModelIndex _anchor; ///< where Shift extends the selection from
     bool _isExtending = false;
     QTimer _readingTimer;

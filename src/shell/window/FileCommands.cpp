@@ -52,7 +52,10 @@ void FileCommands::connectExtraction()
 
 void FileCommands::registerAt(CommandSet &commands)
 {
-    commands.on(Command::revealInFinder, [this] { revealInFinder(); });
+    commands.on(Command::revealInFinder, [this] {
+        if (const auto path = _files.worker().currentFilePath())
+            revealInFinder(*path);
+    });
     const auto extract = [this](ExtractionRequest::Kind kind) {
         if (const auto path = _files.worker().currentFilePath())
             _extraction->extract(*path, kind);
@@ -60,7 +63,10 @@ void FileCommands::registerAt(CommandSet &commands)
     commands.on(Command::extractAttachments, [extract] { extract(ExtractionRequest::Kind::Attachments); });
     commands.on(Command::extractPreviewsAndCover, [extract] { extract(ExtractionRequest::Kind::Pictures); });
     commands.on(Command::displayCovers, [this] { displayCovers(); });
-    commands.on(Command::copyGeneralInfo, [this] { copyGeneralInfo(); });
+    commands.on(Command::copyGeneralInfo, [this] {
+        if (const QuorvinDataPtr record = _files.worker().currentQuorvinData())
+            copyGeneralInfo(*record);
+    });
     commands.on(Command::removeExtendedAttribute, [this] { removeExtendedAttribute(); });
     commands.on(Command::touchDate, [this] { touchDate(); });
 }
@@ -89,27 +95,23 @@ void FileCommands::displayCovers()
         _extraction->displayCoversFrom(record->filename());
 }
 
-void FileCommands::revealInFinder()
-{
-    if (const auto path = _files.worker().currentFilePath())
-        revealInFinder(*path);
-}
-
 void FileCommands::revealInFinder(const QString &path)
 {
-    revealInFileManager(path, this, [this, name = lastPathComponent(path)] {
-        _view.statusLine().say(tr("Show in Folder failed for “%1”: there is no file manager").arg(name));
+    reveal(path, _view.statusLine(), this);
+}
+
+void FileCommands::reveal(const QString &path, StatusLine &status, QObject *context)
+{
+    revealInFileManager(path, context, [&status, name = lastPathComponent(path)] {
+        status.say(tr("Show in Folder failed for “%1”: there is no file manager").arg(name));
     });
 }
 
-void FileCommands::copyGeneralInfo()
+void FileCommands::copyGeneralInfo(const QuorvinData &record)
 {
-    const QuorvinDataPtr record = _files.worker().currentQuorvinData();
-    if (!record)
-        return;
-    const QString name = lastPathComponent(record->filename());
+    const QString name = lastPathComponent(record.filename());
     QGuiApplication::clipboard()->setText(
-        QStringLiteral("%1\n%2\n%3").arg(name, QString(name.size(), u'-'), record->stringForExportGeneral()));
+        QStringLiteral("%1\n%2\n%3").arg(name, QString(name.size(), u'-'), record.stringForExportGeneral()));
 }
 
 void FileCommands::askFirst(const QString &title, const QString &text, const QString &explanation,

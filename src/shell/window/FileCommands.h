@@ -18,6 +18,8 @@ class ExtTreeItem;
 class ExtractionController;
 class FilelistController;
 class MainView;
+class QuorvinData;
+class StatusLine;
 struct Session;
 
 /// The commands that act on the current file itself: where it lies, what is inside it, and what of it can be
@@ -32,6 +34,11 @@ public:
     /// Adds what the selected row offers.
     void describe(CommandState &state) const;
 
+    /// Shows the file in its folder; `context`, which may go before that is answered, says in `status` when
+    /// nothing can.
+    static void reveal(const QString &path, StatusLine &status, QObject *context);
+    static void copyGeneralInfo(const QuorvinData &record);
+
 Q_SIGNALS:
     /// As `ExtractionController` says it.
     void temporaryFilesSaved(const QStringList &paths, const QString &folder);
@@ -41,9 +48,7 @@ private:
     const ExtTreeItem *selectedRow() const;
     void connectExtraction();
     void displayCovers();
-    void revealInFinder();
     void revealInFinder(const QString &path);
-    void copyGeneralInfo();
     /// `change` is done when the user agrees.
     void askFirst(const QString &title, const QString &text, const QString &explanation, const QString &verb,
                   const std::function<void()> &change);

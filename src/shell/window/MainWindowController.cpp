@@ -48,6 +48,7 @@ namespace {
 
 constexpr QSize kFirstSize(1000, 680);
 constexpr int kMinimumHeight = 360;
+constexpr int kSidebarStep = 16; ///< that a key makes the list wider or narrower
 constexpr int kDecorationMilliseconds = 200; ///< so that the window manager has given it
 
 } // namespace
@@ -137,6 +138,8 @@ void MainWindowController::registerCommands()
     on(Command::selectPreviousTab, [this] { setCurrentTab(tabBeside(currentTab(), -1)); });
     on(Command::selectNextTab, [this] { setCurrentTab(tabBeside(currentTab(), 1)); });
     on(Command::toggleSidebar, [this] { _sidebars->toggle(); });
+    on(Command::widenSidebar, [this] { _view->sidebar().widen(kSidebarStep); });
+    on(Command::narrowSidebar, [this] { _view->sidebar().widen(-kSidebarStep); });
     on(Command::clickWrapLongLines, [this] { _session.settings.toggle(Setting::wrapLongLines); });
     on(Command::toggleFullScreen, [this] { setWindowState(windowState() ^ Qt::WindowFullScreen); });
 }
@@ -167,8 +170,6 @@ void MainWindowController::connectView()
     connect(&info, &InfoView::tabWanted, this, &MainWindowController::setCurrentTab);
     connect(&info, &InfoView::menuWanted, this,
             [this](CommandPlace place, const QPoint &where) { showMenu(place, where); });
-    connect(&_view->table(), &FilelistTable::menuWanted, this,
-            [this](const QPoint &where) { showMenu(CommandPlace::FileMenu, where); });
 }
 
 void MainWindowController::connectExport()
@@ -291,7 +292,9 @@ void MainWindowController::validateCommands()
         if (_quickInfo->hasKeyboard())
             _keyboard.canCopy = _quickInfo->canCopy();
     }
-    _openWith->setFile(worker().currentFilePath());
+    const QuorvinDataPtr record = worker().currentQuorvinData();
+    _openWith->setFile(worker().currentFilePath(),
+                       record ? record->generalInfo().fileUTI.value_or(QString()) : QString());
     _commands->validate(commandState());
 }
 
@@ -311,8 +314,6 @@ void MainWindowController::showMenu(CommandPlace place, const QPoint &globalPosi
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     _commands->fillMenu(menu, place);
-    if (place == CommandPlace::FileMenu)
-        menu->insertMenu(_commands->action(Command::revealInFinder), _openWith);
     menu->popup(globalPosition);
 }
 

@@ -22,12 +22,13 @@ OpenWithMenu::OpenWithMenu(StatusLine &status, QWidget *parent)
     connect(this, &QMenu::aboutToShow, this, &OpenWithMenu::build);
 }
 
-void OpenWithMenu::setFile(const std::optional<QString> &path)
+void OpenWithMenu::setFile(const std::optional<QString> &path, const QString &mimeName)
 {
     menuAction()->setEnabled(path.has_value());
-    if (path == _path)
+    if (path == _path && mimeName == _mimeName)
         return;
     _path = path;
+    _mimeName = mimeName;
     _isBuilt = false;
 }
 
@@ -38,10 +39,10 @@ void OpenWithMenu::build()
     clear();
     if (!_path)
         return;
-    // By the name alone: a menu waits for no disk.
-    const QString type
+    // A menu waits for no disk.
+    const QString typeOfName
         = QMimeDatabase().mimeTypeForFile(lastPathComponent(*_path), QMimeDatabase::MatchExtension).name();
-    const DesktopApplications found = applicationsFor(type);
+    const DesktopApplications found = applicationsFor(_mimeName.isEmpty() ? typeOfName : _mimeName);
     for (const DesktopApplication &application : found.all) {
         const bool isDefault = found.hasDefault && &application == &found.all.front();
         QString text = application.name;

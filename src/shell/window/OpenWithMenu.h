@@ -18,8 +18,9 @@ public:
     /// What cannot be opened is said in `status`, which must outlive the menu.
     explicit OpenWithMenu(StatusLine &status, QWidget *parent = nullptr);
 
-    /// The file that is meant from now on; absent for none.
-    void setFile(const std::optional<QString> &path);
+    /// The file that is meant from now on; absent for none. `mimeName` is of its kind, as far as that was
+    /// read; "" goes by the name.
+    void setFile(const std::optional<QString> &path, const QString &mimeName = {});
 
 private:
     void build();
@@ -27,6 +28,7 @@ private:
 
     StatusLine &_status;
     std::optional<QString> _path;
+    QString _mimeName;
     bool _isBuilt = false; ///< for this file
 };
 

@@ -189,6 +189,12 @@ void SidebarSplitView::setSidebarWidth(double width)
         place(_lastSidebarWidth);
 }
 
+void SidebarSplitView::widen(int by)
+{
+    if (!_isCollapsed)
+        setSidebarWidth(_lastSidebarWidth + by);
+}
+
 void SidebarSplitView::setSidebarPosition(int position)
 {
     if ((position != 0 && position != 1) || position == _sidebarViewIndex)

@@ -38,6 +38,8 @@ public:
     int sidebarMaxWidth() const;
     /// Clipped to what is allowed.
     void setSidebarWidth(double width);
+    /// By so much, within what is allowed; nothing while it is collapsed.
+    void widen(int by);
 
     /// 0 left, 1 right; in a right-to-left layout the other way round.
     int sidebarPosition() const { return _sidebarViewIndex; }

@@ -16,6 +16,7 @@
 #include <QDropEvent>
 #include <QLabel>
 #include <QMimeData>
+#include <QSysInfo>
 #include <QUrl>
 #include <QWindow>
 
@@ -239,10 +240,12 @@ TEST_F(FilelistDrag, BesideTheListAnotherWindowsRowsAreTakenAndItsOwnAreNot)
 TEST_F(FilelistDrag, TakesFoldersAndNamesOfAnyBytes)
 {
     made(u"f/one"_s);
-    const QByteArray folderUri = "file://localhost" + QUrl::fromLocalFile(folder / u"f"_s).path().toUtf8();
+    const QByteArray folderUri = "file://" + QSysInfo::machineHostName().toUtf8()
+        + QUrl::fromLocalFile(folder / u"f"_s).path().toUtf8();
     const QString odd = folder.write(decodePath("a%20\xff\xc3\xa9"));
     QMimeData content;
-    content.setData(u"text/uri-list"_s, folderUri + "\r\n" + uriListOf({odd}));
+    content.setData(u"text/uri-list"_s,
+                    folderUri + "\r\nfile://other" + odd.toUtf8() + "\r\n" + uriListOf({odd}));
     EXPECT_EQ(drop(to, content, above(to, 1)), Qt::CopyAction);
     EXPECT_TRUE(spinUntil([&] { return to->files().filelist().size() == 4; })) << files(to).toStdString();
     QStringList paths;

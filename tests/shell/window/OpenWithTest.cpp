@@ -73,6 +73,9 @@ TEST_F(OpenWith, MenuHasTheDefaultFirstAndTellsOthersApart)
     Q_EMIT menu.aboutToShow();
     EXPECT_EQ(texts(menu), u"<None>"_s);
     EXPECT_FALSE(menu.actions().constFirst()->isEnabled());
+    menu.setFile(u"/a/b.no-such-kind"_s, u"audio/x-wav"_s);
+    Q_EMIT menu.aboutToShow();
+    EXPECT_TRUE(texts(menu).startsWith(u"Usual"_s)) << "by what is in it";
 }
 
 TEST_F(OpenWith, FilesAreOpenedInTheOneChosen)

@@ -7,6 +7,7 @@
 #include "shell/window/SidebarSplitView.h"
 #include "support/Events.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QTest>
 
@@ -156,6 +157,22 @@ TEST_F(SidebarWindow, ClosesAtItsDividerAndComesBackAsWide)
 }
 
 using SidebarTabsWindow = test::OneWindow;
+
+TEST_F(SidebarTabsWindow, WidensByKeyWithinItsLimits)
+{
+    const SidebarSplitView &sidebar = window->myView().sidebar();
+    const CommandSet &commands = window->commands();
+    EXPECT_EQ(sidebar.sidebarWidth(), 160);
+    window->commands().run(Command::narrowSidebar);
+    EXPECT_EQ(sidebar.sidebarWidth(), 160);
+    window->commands().run(Command::widenSidebar);
+    EXPECT_GT(sidebar.sidebarWidth(), 160);
+    EXPECT_EQ(sidebar.sidebarView()->width(), sidebar.sidebarWidth());
+    window->commands().run(Command::narrowSidebar);
+    EXPECT_EQ(sidebar.sidebarWidth(), 160);
+    window->commands().run(Command::toggleSidebar);
+    EXPECT_FALSE(commands.action(Command::widenSidebar)->isEnabled());
+}
 
 TEST_F(SidebarTabsWindow, WhatIsClosedByHandStaysClosed)
 {
