@@ -155,7 +155,9 @@ void QuickInfoView::measureContent()
 
 bool QuickInfoView::event(QEvent *event)
 {
-    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::FontChange)
+    // Nobody asks for a layout while it is hidden.
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::FontChange
+        || event->type() == QEvent::Show)
         measureContent();
     return QWidget::event(event);
 }

@@ -141,6 +141,10 @@ TEST_F(QuickInfoWindow, FollowsTheFileAndLeavesTheArrowsToTheList)
     show({"none.wav", "tone.wav"});
     EXPECT_TRUE(spinUntil([&] { return says(panel, u"cannot be read"_s); }));
     EXPECT_FALSE(section(panel, 0)->isVisible()) << "nothing of the file before";
+    QTest::keyClick(panel, Qt::Key_Down);
+    EXPECT_EQ(name(panel), u"tone.wav"_s);
+    EXPECT_GT(section(panel, 1)->height(), QuickInfoView::kHeaderHeight + QuickInfoView::kContentGap)
+        << "with what was filled while it was hidden";
     run(Command::removeSelectedItems);
     run(Command::removeSelectedItems);
     EXPECT_TRUE(says(panel, u"No file"_s));
