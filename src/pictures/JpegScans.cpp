@@ -34,9 +34,8 @@ public:
     /// The next mark that is not part of the data of a scan; absent at the end.
     std::optional<unsigned char> next()
     {
-        for (auto code = byte(); code; code = byte()) {
-            if (*code != Fill)
-                continue;
+        while (passFill()) {
+            auto code = byte();
             while (code == Fill)
                 code = byte();
             if (code && *code != StuffedByte && (*code < FirstRestart || *code > LastRestart))
@@ -54,16 +53,34 @@ public:
     }
 
 private:
-    std::optional<unsigned char> byte()
+    /// False at the end.
+    bool hasMore()
     {
         constexpr qint64 kPiece = 65'536;
         if (_at == _piece.size()) {
             _piece = _device.read(kPiece);
             _at = 0;
-            if (_piece.isEmpty())
-                return std::nullopt;
         }
+        return !_piece.isEmpty();
+    }
+
+    std::optional<unsigned char> byte()
+    {
+        if (!hasMore())
+            return std::nullopt;
         return static_cast<unsigned char>(_piece[_at++]);
+    }
+
+    /// Goes behind the next byte that may begin a mark, past all pixels before it; false at the end.
+    bool passFill()
+    {
+        while (hasMore()) {
+            const qsizetype found = _piece.indexOf(static_cast<char>(Fill), _at);
+            _at = found < 0 ? _piece.size() : found + 1;
+            if (found >= 0)
+                return true;
+        }
+        return false;
     }
 
     QIODevice &_device;

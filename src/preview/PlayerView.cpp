@@ -89,6 +89,7 @@ void PlayerView::layOut()
     _place->setPageStep(kPageMilliseconds);
     auto *controls = new QHBoxLayout;
     controls->setContentsMargins(kPlayerMargin, kPlayerMargin / 2, kPlayerMargin, kPlayerMargin / 2);
+    controls->setSpacing(kPlayerMargin);
     controls->addWidget(_playButton);
     controls->addWidget(_place, 1);
     controls->addWidget(_time);

@@ -11,7 +11,9 @@
 #include "support/Pictures.h"
 #include "support/TestFolder.h"
 
+#include <QBuffer>
 #include <QTest>
+#include <QtEndian>
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -94,6 +96,26 @@ QByteArray blinkingGif()
         + QByteArray("\x21\xff\x0bNETSCAPE2.0\3\1\0\0\0", 19) + frame("\x44") + frame("\x4c") + ';';
 }
 
+/// The same, one picture after the other as its own chunk.
+QByteArray blinkingWebp()
+{
+    const auto chunk = [](const char *name, const QByteArray &content) {
+        std::array<char, 4> size{};
+        qToLittleEndian(static_cast<quint32>(content.size()), size.data());
+        return name + QByteArray(size.data(), size.size()) + content + QByteArray(content.size() % 2, '\0');
+    };
+    const auto frame = [&chunk](Qt::GlobalColor color) {
+        QImage pixel(1, 1, QImage::Format_RGB32);
+        pixel.fill(color);
+        QBuffer file;
+        pixel.save(&file, "webp", 100);
+        return chunk("ANMF", QByteArray(12, '\0') + QByteArray("\x14\0\0\0", 4) + file.data().mid(12));
+    };
+    return chunk("RIFF",
+                 "WEBP" + chunk("VP8X", '\2' + QByteArray(9, '\0')) + chunk("ANIM", QByteArray(6, '\0'))
+                     + frame(Qt::red) + frame(Qt::green));
+}
+
 } // namespace
 
 TEST_F(ThePreviewWindow, ShowsPicturesAsLargeAsItCan)
@@ -114,11 +136,14 @@ TEST_F(ThePreviewWindow, ShowsPicturesAsLargeAsItCan)
 
 TEST_F(ThePreviewWindow, MovesPicturesThatMove)
 {
-    show(folder.write(u"a.gif"_s, blinkingGif()));
-    ASSERT_TRUE(spinUntil([this] { return panel.picture().isMoving(); }));
-    for (const QColor color : {QColor(Qt::green), QColor(Qt::red), QColor(Qt::green)}) {
-        const auto shows = [&] { return panel.picture().image().pixelColor(0, 0) == color; };
-        EXPECT_TRUE(spinUntil(shows)) << color.name().toStdString();
+    for (const QString &path :
+         {folder.write(u"a.gif"_s, blinkingGif()), folder.write(u"a.webp"_s, blinkingWebp())}) {
+        show(path);
+        ASSERT_TRUE(spinUntil([this] { return panel.picture().isMoving(); })) << qPrintable(path);
+        for (const QColor color : {QColor(Qt::green), QColor(Qt::red), QColor(Qt::green)}) {
+            const auto shows = [&] { return panel.picture().image().pixelColor(0, 0) == color; };
+            EXPECT_TRUE(spinUntil(shows)) << qPrintable(path + color.name());
+        }
     }
     show(test::sample(u"photo.jpg"_s));
     EXPECT_TRUE(

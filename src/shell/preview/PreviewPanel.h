@@ -36,6 +36,8 @@ public:
     ~PreviewPanel() override;
 
     bool isOpen() const { return _isOpen; }
+    /// All that was asked of it is done, as far as it says.
+    bool isSettled() const { return _done == _sent && !_next; }
     /// For whom it was opened last; null when that one is gone.
     const QObject *user() const { return _user; }
     /// Of the program; 0 while there is none.

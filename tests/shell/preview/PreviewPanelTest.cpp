@@ -125,4 +125,20 @@ TEST_F(PreviewPanels, ReportWhatTheUserDoes)
     EXPECT_EQ(QByteArray::fromBase64(settings.string(Setting::previewFrame).toLatin1()), "frame");
 }
 
+TEST_F(PreviewPanels, OutliveFilesThatAreCutOff)
+{
+    const test::TestFolder folder;
+    panel = make({});
+    for (const char *name : {"movie.mp4", "matroska.mkv", "tone.flac", "photo.jpg"}) {
+        const QByteArray whole = test::contentOf(test::sample(QLatin1String(name)));
+        for (const qsizetype kept :
+             {qsizetype{40}, whole.size() / 10, whole.size() / 2, whole.size() - 100}) {
+            panel->open(&user, folder.write(QString::number(kept) + QLatin1String(name), whole.first(kept)));
+            ASSERT_TRUE(spinUntil([this] { return panel->isSettled() || !failures.isEmpty(); }));
+        }
+    }
+    EXPECT_EQ(failures, QStringList());
+    EXPECT_TRUE(isRunning());
+}
+
 } // namespace quorvin
