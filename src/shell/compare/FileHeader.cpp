@@ -9,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QScreen>
 #include <QToolTip>
 
 #include <utility>
@@ -21,6 +22,7 @@ constexpr int kNameMargin = 6; ///< beside a name
 constexpr int kCrossSide = 14;
 constexpr int kCrossEdge = 5; ///< between the cross and the border, which is for dragging
 constexpr int kMarkHeight = 2;
+constexpr int kBesidePath = 75; ///< of the screen, free of a long tip
 
 } // namespace
 
@@ -108,7 +110,8 @@ bool FileHeader::viewportEvent(QEvent *event)
         = column < 0 ? QString() : model()->headerData(column, orientation(), Qt::ToolTipRole).toString();
     const QString tip
         = crossAt(help->pos()) >= 0 ? tr("Close this column; the file stays in the list") : path;
-    QToolTip::showText(help->globalPos(), plainTip(tip), this);
+    const int most = screen()->availableGeometry().width() - kBesidePath;
+    QToolTip::showText(help->globalPos(), plainTip(tip, QToolTip::font(), most), this);
     return true;
 }
 

@@ -11,6 +11,7 @@
 #include <QHelpEvent>
 #include <QItemSelectionModel>
 #include <QPainter>
+#include <QScreen>
 #include <QToolTip>
 
 #include <algorithm>
@@ -20,6 +21,7 @@ namespace quorvin {
 namespace {
 
 constexpr float kNameHitAlpha = 0.28F;
+constexpr int kBesideName = 75; ///< of the screen, free of a long tip
 
 } // namespace
 
@@ -47,7 +49,7 @@ CellText ParameterHeader::cellOf(int row) const
 {
     CellText cell(model()->headerData(row, orientation()).toString(), look.wraps, false);
     const bool heading = isHeading(row);
-    cell.font = heading ? look.heavyFont() : look.font;
+    cell.font = heading || look.hasHeavyNames ? look.heavyFont() : look.font;
     cell.alignment = look.rightAlignsNames && !heading ? Qt::AlignTrailing : Qt::AlignLeading;
     return cell;
 }
@@ -93,7 +95,8 @@ bool ParameterHeader::viewportEvent(QEvent *event)
     const bool isCut
         = row >= 0 && !look.wraps && cellOf(row).naturalWidth() > width() - 2 * TableLook::kMargin;
     const QString tip = isCut ? model()->headerData(row, orientation()).toString() : QString();
-    QToolTip::showText(help->globalPos(), plainTip(tip), this);
+    const int most = screen()->availableGeometry().width() - kBesideName;
+    QToolTip::showText(help->globalPos(), plainTip(tip, QToolTip::font(), most), this);
     return true;
 }
 

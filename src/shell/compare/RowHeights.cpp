@@ -60,10 +60,11 @@ int RowHeights::guess(int row)
     LetterWidths::Lines most;
     if (!content.isHeading() && _cells.look.wraps) {
         // What differs from the reference is heavier.
-        const LetterWidths &letters
-            = _content.referenceFile() && !content.allEqual ? _heavyLetters : _letters;
+        const bool isHeavy = _content.referenceFile() && !content.allEqual;
         const auto count = std::min(_widths.size(), static_cast<std::size_t>(content.values.size()));
         for (std::size_t column = 0; column < count && most.count < kMostLines; ++column) {
+            const LetterWidths &letters
+                = isHeavy || (column == 0 && _cells.look.hasHeavyNames) ? _heavyLetters : _letters;
             const auto lines
                 = letters.linesIn(content.values[static_cast<qsizetype>(column)], _widths[column]);
             most.count = std::max(most.count, lines.count);

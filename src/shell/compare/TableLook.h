@@ -16,8 +16,9 @@ struct TableLook {
     int rowHeight = 0; ///< at least
     bool wraps = true;
     bool rightAlignsNames = true;
+    bool hasHeavyNames = false;
 
-    /// That of headings, and of cells that differ from the reference.
+    /// That of headings, of names where they are to be so, and of cells that differ from the reference.
     QFont heavyFont() const
     {
         QFont heavy = font;

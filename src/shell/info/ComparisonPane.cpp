@@ -79,7 +79,8 @@ void ComparisonPane::registerAt(CommandSet &commands)
 
 void ComparisonPane::setLook(const RowLook &look)
 {
-    _view->setLook({look.font, look.height, look.wrapsLongLines, look.rightAlignsParameters});
+    _view->setLook(
+        {look.font, look.height, look.wrapsLongLines, look.rightAlignsParameters, look.hasHeavyNames});
 }
 
 } // namespace quorvin

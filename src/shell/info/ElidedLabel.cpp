@@ -6,8 +6,16 @@
 #include "shell/desktop/PlainText.h"
 
 #include <QEvent>
+#include <QScreen>
+#include <QToolTip>
 
 namespace quorvin {
+
+namespace {
+
+constexpr int kBesideWholeText = 75; ///< of the screen, free of a long tip
+
+} // namespace
 
 ElidedLabel::ElidedLabel(Qt::TextElideMode mode, QWidget *parent) : QLabel(parent), _mode(mode)
 {
@@ -39,7 +47,8 @@ void ElidedLabel::fit()
     line.replace(u'\n', u' ');
     const QString shown = fontMetrics().elidedText(line, _mode, width());
     setText(shown);
-    setToolTip(shown == _whole ? QString() : plainTip(_whole));
+    const int most = screen()->availableGeometry().width() - kBesideWholeText;
+    setToolTip(shown == _whole ? QString() : plainTip(_whole, QToolTip::font(), most));
 }
 
 void ElidedLabel::resizeEvent(QResizeEvent *event)

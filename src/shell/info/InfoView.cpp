@@ -37,8 +37,9 @@ constexpr int kUsualFontSize = 12;
 constexpr double kUsualRowHeight = 16.0;
 constexpr int kRowAir = 6; ///< device-independent pixels above and below the text of a row together
 
-constexpr std::array kFollowed{Setting::extFontSize, Setting::extRowHeight, Setting::wrapLongLines,
-                               Setting::extParameterRightAlign, Setting::extNamesWidth};
+constexpr std::array kFollowed{Setting::extFontSize,     Setting::extRowHeight,
+                               Setting::wrapLongLines,   Setting::extParameterRightAlign,
+                               Setting::firstColumnBold, Setting::extNamesWidth};
 
 } // namespace
 
@@ -267,6 +268,7 @@ void InfoView::applySettings()
     look.namesWidth = _settings.integer(Setting::extNamesWidth);
     look.wrapsLongLines = _settings.boolean(Setting::wrapLongLines);
     look.rightAlignsParameters = _settings.boolean(Setting::extParameterRightAlign);
+    look.hasHeavyNames = _settings.boolean(Setting::firstColumnBold);
     for (Pane *pane : _panes)
         pane->setLook(look);
 }

@@ -22,6 +22,7 @@ struct RowLook {
     int namesWidth = 0; ///< of the names in Extended, as the user dragged it; 0: not yet
     bool wrapsLongLines = true;
     bool rightAlignsParameters = true;
+    bool hasHeavyNames = true; ///< in Comparison
 };
 
 /// One tab's view of the current file. Draws the record only while it is looked at, so that a step through

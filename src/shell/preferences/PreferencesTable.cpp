@@ -78,6 +78,7 @@ constexpr std::array kWindow{
     PreferenceRow{Setting::extParameterRightAlign, TEXT("Put names close to their values")},
     PreferenceRow{
         Setting::compareFilesLimit, TEXT("Files side by side in a comparison, at most:"), {}, TEXT(" files")},
+    PreferenceRow{Setting::firstColumnBold, TEXT("Names in bold in a comparison")},
     PreferenceRow{Setting::terminateAppWhenAllWindowsClosed, TEXT("Quit when the last window is closed")},
     PreferenceRow{Setting::enableExperimentalPreferences, TEXT("Show advanced preferences")},
 };

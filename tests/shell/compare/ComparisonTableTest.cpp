@@ -4,6 +4,7 @@
 #include "shell/compare/ComparisonTable.h"
 
 #include "shell/compare/LetterWidths.h"
+#include "shell/compare/ParameterHeader.h"
 #include "support/Events.h"
 #include "support/TestRecords.h"
 
@@ -228,6 +229,15 @@ TEST_F(ComparisonTableTest, DrawsWhatDiffersFromTheReferenceHeavier)
     EXPECT_EQ(picture(1, 1), reference);
     content.setHighlightDifferences(false);
     EXPECT_EQ(picture(2, 2), same) << "and no dimmed cell stays behind";
+}
+
+TEST_F(ComparisonTableTest, DrawsNamesAsHeavyAsTheyAreToBe)
+{
+    show({{u"A/a name=value"_s}, {u"A/a name=other"_s}});
+    auto *names = table.findChild<ParameterHeader *>();
+    const QImage light = names->grab().toImage();
+    table.setLook({QFont(), 20, true, true, true});
+    EXPECT_NE(names->grab().toImage(), light);
 }
 
 TEST(LetterWidths, AreNeverTooSmallForOneLine)
