@@ -7,8 +7,14 @@
 #include "SBJson5/SBJson5StreamParserDelegate.h"
 #include "model/Log.h"
 #include "platform/NativePath.h"
+#include "platform/RegularFile.h"
 #include "process/oExifToolStayOpenProcess.h"
 #include "surgery/AttachmentFiles.h"
+#include "surgery/MatroskaAttachments.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace quorvin {
 
@@ -72,11 +78,33 @@ private:
     bool _isFirst = false;
 };
 
+/// By exiftool, which then takes the content of one for that of another, too: it numbers what it gives.
+bool isPassedOver(const MatroskaAttachment &attachment)
+{
+    constexpr quint64 kMostBytes = 10'000'000;
+    return attachment.isBehindStreams || attachment.size > kMostBytes;
+}
+
+SavedFiles saveParts(const RegularFile &file, const std::vector<MatroskaAttachment> &attachments,
+                     const QString &folder)
+{
+    AttachmentFiles files(folder);
+    for (const MatroskaAttachment &attachment : attachments)
+        files.addPart(attachment.name, file, attachment.offset, attachment.size);
+    return files.finish();
+}
+
 } // namespace
 
 Expected<SavedFiles> ExifToolUtilities::saveEmbeddedFilesFromFile(const QString &path, const QString &folder,
                                                                   oExifToolStayOpenProcess *exifTool)
 {
+    if (const auto file = RegularFile::open(path)) {
+        const auto attachments = matroskaAttachments(*file);
+        if (std::ranges::any_of(attachments,
+                                [&](const auto &each) { return !exifTool || isPassedOver(each); }))
+            return saveParts(*file, attachments, folder);
+    }
     if (!exifTool)
         return failure(QStringLiteral("exiftool is not installed"));
     AttachmentFiles files(folder);

@@ -5,6 +5,9 @@
 
 #include "platform/AtomicFile.h"
 #include "platform/NativePath.h"
+#include "platform/RegularFile.h"
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -20,15 +23,39 @@ constexpr qsizetype kMostNameBytes = 240; ///< leaves room for a number
 constexpr int kMostTries = 9998;
 constexpr qsizetype kMostToldLetters = 200;
 
-bool writeBase64(QByteArrayView text, QIODevice &to)
+constexpr quint64 kCopied = 1 << 20; ///< bytes at a time
+
+Expected<void> writeAll(const QByteArray &bytes, QFile &to)
+{
+    return to.write(bytes) == bytes.size() ? Expected<void>() : failure(to.errorString());
+}
+
+Expected<void> writeBase64(QByteArrayView text, QFile &to)
 {
     for (; !text.isEmpty(); text = text.sliced(std::min(kPiece, text.size()))) {
         const QByteArrayView piece = text.first(std::min(kPiece, text.size()));
         const QByteArray bytes = QByteArray::fromBase64(QByteArray::fromRawData(piece.data(), piece.size()));
-        if (to.write(bytes) != bytes.size())
-            return false;
+        if (const auto written = writeAll(bytes, to); !written)
+            return written;
     }
-    return true;
+    return {};
+}
+
+Expected<void> copyPart(const RegularFile &file, quint64 offset, quint64 size, QFile &to)
+{
+    QByteArray bytes;
+    for (const quint64 end = offset + size; offset < end; offset += static_cast<quint64>(bytes.size())) {
+        bytes.resize(static_cast<qsizetype>(std::min(kCopied, end - offset)));
+        const ssize_t count = ::pread(file.descriptor(), bytes.data(), static_cast<std::size_t>(bytes.size()),
+                                      static_cast<off_t>(offset));
+        if (count <= 0)
+            return count < 0 ? Expected<void>(posixFailure(errno))
+                             : failure(QStringLiteral("the file ends in it"));
+        bytes.truncate(count);
+        if (auto written = writeAll(bytes, to); !written)
+            return written;
+    }
+    return {};
 }
 
 /// The name with a number, ahead of its extension; 0 for none.
@@ -88,7 +115,11 @@ void AttachmentFiles::addContent(const QByteArray &key, QByteArrayView text)
     const bool isBase64 = text.startsWith(kBase64);
     if (isBase64)
         text = text.sliced(kBase64.size());
-    auto file = text.isEmpty() ? Expected<File>(File()) : write(text, isBase64);
+    const auto writing = [text, isBase64](QFile &device) {
+        return isBase64 ? writeBase64(text, device)
+                        : writeAll(QByteArray::fromRawData(text.data(), text.size()), device);
+    };
+    auto file = text.isEmpty() ? Expected<File>(File()) : write(writing);
     if (const QString name = _names.take(key); !name.isEmpty())
         save(name, std::move(file));
     else
@@ -97,7 +128,10 @@ void AttachmentFiles::addContent(const QByteArray &key, QByteArrayView text)
 
 void AttachmentFiles::addFile(const QString &name, QByteArrayView bytes)
 {
-    save(name, bytes.isEmpty() ? Expected<File>(File()) : write(bytes, false));
+    const auto writing = [bytes](QFile &device) {
+        return writeAll(QByteArray::fromRawData(bytes.data(), bytes.size()), device);
+    };
+    save(name, bytes.isEmpty() ? Expected<File>(File()) : write(writing));
 }
 
 void AttachmentFiles::addProblem(const QString &name, const QString &reason)
@@ -105,7 +139,13 @@ void AttachmentFiles::addProblem(const QString &name, const QString &reason)
     save(name, failure(reason));
 }
 
-Expected<AttachmentFiles::File> AttachmentFiles::write(QByteArrayView content, bool isBase64) const
+void AttachmentFiles::addPart(const QString &name, const RegularFile &file, quint64 offset, quint64 size)
+{
+    if (!name.isEmpty() && size > 0)
+        save(name, write([&](QFile &device) { return copyPart(file, offset, size, device); }));
+}
+
+Expected<AttachmentFiles::File> AttachmentFiles::write(const Writing &writing) const
 {
     // The name for now is one that no file has, so that none is taken for the one to replace.
     auto file
@@ -113,10 +153,8 @@ Expected<AttachmentFiles::File> AttachmentFiles::write(QByteArrayView content, b
     if (!file)
         return file;
     QFile &device = (*file)->device();
-    const bool isWritten = isBase64 ? writeBase64(content, device)
-                                    : device.write(content.data(), content.size()) == content.size();
-    if (!isWritten)
-        return failure(device.errorString());
+    if (const auto written = writing(device); !written)
+        return tl::unexpected(written.error());
     if (device.pos() == 0)
         return File();
     return file;

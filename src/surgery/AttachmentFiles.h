@@ -11,12 +11,16 @@
 #include <QString>
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <memory>
+
+class QFile;
 
 namespace quorvin {
 
 class AtomicFile;
+class RegularFile;
 
 /// Files that come out of another, on their way into a folder. Each is written as it comes, under a temporary
 /// name, and gets its own when that is known: name and content come in any order. A name stays in the folder,
@@ -40,6 +44,8 @@ public:
     void addFile(const QString &name, QByteArrayView bytes);
     /// The one of that name can't be had.
     void addProblem(const QString &name, const QString &reason);
+    /// A name with its content, which are these bytes of a file.
+    void addPart(const QString &name, const RegularFile &file, quint64 offset, quint64 size);
 
     /// What was saved; contents without a name are dropped, and a name without contents is a problem:
     /// exiftool passes large ones over. Once.
@@ -48,7 +54,10 @@ public:
 private:
     using File = std::unique_ptr<AtomicFile>;
 
-    Expected<File> write(QByteArrayView content, bool isBase64) const;
+    /// Gets the file, and says whether all went well.
+    using Writing = std::function<Expected<void>(QFile &device)>;
+
+    Expected<File> write(const Writing &writing) const;
     void save(const QString &name, Expected<File> file);
     Expected<QString> commit(const QString &name, AtomicFile &file) const;
 

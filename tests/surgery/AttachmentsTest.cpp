@@ -3,15 +3,19 @@
 
 #include "jobs/InProcessRunner.h"
 #include "platform/NativePath.h"
+#include "platform/RegularFile.h"
 #include "process/ExifToolStart.h"
 #include "process/ReaderRunner.h"
 #include "support/FakeExifTool.h"
 #include "surgery/AttachmentFiles.h"
+#include "surgery/MatroskaAttachments.h"
 
 #include <QFile>
 #include <QFileInfo>
 
 #include <gtest/gtest.h>
+
+#include <optional>
 
 namespace quorvin {
 
@@ -88,6 +92,55 @@ TEST(Attachments, StayInTheFolderUnderNamesOfTheirOwn)
                   bytes + "12.50");
         EXPECT_EQ(QFileInfo(folder + u"/a.bin"_s).permissions(), QFileInfo(old).permissions());
     }
+}
+
+TEST(Attachments, LargeOnesAndThoseBehindTheStreamsComeToo)
+{
+    const QByteArray large(12'000'000, 'L');
+    const QByteArray openCluster = QByteArray::fromHex("1f43b67501ffffffffffffff") + element("e7", "0");
+    const QByteArray file = element("1a45dfa3", element("4282", "matroska"))
+        + QByteArray::fromHex("18538067ff")
+        + element("1941a469", attachment("large.bin", large) + attachment("small.txt", "TRUE"))
+        + element("1f43b675", QByteArray(1000, '\x19')) + openCluster
+        + element("1941a469", element("61a7", element("465c", "nameless")) + attachment("x/late", "end"));
+    const test::TestFolder source;
+    const auto runner = makeReaderRunner();
+    std::optional<test::NoExifTool> none;
+    for (const bool isInstalled : {true, false}) {
+        if (!isInstalled)
+            none.emplace();
+        const test::TestFolder folder;
+        const SavedFiles files = saved(*runner, source.write(u"a.mkv"_s, file), folder.path());
+        EXPECT_TRUE(files.problems.empty());
+        EXPECT_EQ(folder.names(), QStringList({u"large.bin"_s, u"late"_s, u"small.txt"_s}));
+        EXPECT_EQ(test::contentOf(folder / u"large.bin"_s), large);
+        EXPECT_EQ(test::contentOf(folder / u"small.txt"_s), "TRUE");
+        EXPECT_EQ(test::contentOf(folder / u"late"_s), "end");
+    }
+
+    const test::TestFolder other;
+    const QString cut = source.write(u"cut.mkv"_s, file.first(6'000'000));
+    EXPECT_EQ(saved(*runner, cut, other.path()).problems,
+              std::vector<QString>({u"attachment large.bin: the file ends in it"_s}));
+    EXPECT_TRUE(other.names().isEmpty());
+}
+
+TEST(Attachments, NoCutLeadsTheSearchAstray)
+{
+    const QByteArray whole = matroskaWith(attachment("a", "1") + attachment("b", "22"));
+    const test::TestFolder folder;
+    for (qsizetype length = 0; length <= whole.size(); ++length) {
+        const auto file = RegularFile::open(folder.write(u"a.mkv"_s, whole.first(length)));
+        ASSERT_TRUE(file);
+        const auto found = matroskaAttachments(*file);
+        EXPECT_LE(found.size(), 2U);
+        for (const MatroskaAttachment &attachment : found)
+            EXPECT_LE(attachment.offset, static_cast<quint64>(length));
+    }
+    QByteArray endless = whole;
+    endless.replace(QByteArray::fromHex("465c0100000000000002"), QByteArray::fromHex("465c01fffffffffffffe"));
+    const auto file = RegularFile::open(folder.write(u"b.mkv"_s, endless));
+    EXPECT_EQ(matroskaAttachments(*file).size(), 2U);
 }
 
 TEST(Attachments, FilesWithoutAnyGiveNothing)
