@@ -102,6 +102,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/info/ChangeableRows.cpp
     shell/info/ComparisonPane.cpp
     shell/info/CoverView.cpp
+    shell/info/CustomPane.cpp
     shell/info/ElidedLabel.cpp
     shell/info/EmptyPane.cpp
     shell/info/ExtSearchBar.cpp
@@ -118,12 +119,14 @@ set(QUORVIN_SHELL_SOURCES
     shell/info/QuickInfoStack.cpp
     shell/info/QuickInfoView.cpp
     shell/info/RawReportDialog.cpp
+    shell/info/ReportText.cpp
     shell/info/StreamTable.cpp
     shell/info/WatchStrip.cpp
 
     shell/window/CompareCommands.cpp
     shell/window/CopyDrops.cpp
     shell/window/DropHint.cpp
+    shell/window/ExifToolNotice.cpp
     shell/window/FileCommands.cpp
     shell/window/FilterCommands.cpp
     shell/window/FilterPopover.cpp

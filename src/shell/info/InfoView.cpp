@@ -10,6 +10,7 @@
 #include "shell/compare/ComparisonView.h"
 #include "shell/desktop/Counts.h"
 #include "shell/info/ComparisonPane.h"
+#include "shell/info/CustomPane.h"
 #include "shell/info/EmptyPane.h"
 #include "shell/info/ExtendedPane.h"
 #include "shell/info/FailureAdvice.h"
@@ -55,7 +56,7 @@ InfoView::InfoView(LiveSettings &settings, QWidget *parent)
       _general(new GeneralPane),
       _extended(new ExtendedPane(settings)),
       _comparison(new ComparisonPane(settings)),
-      _custom(new EmptyPane(QStringLiteral("view-report"))),
+      _custom(new CustomPane(settings)),
       _panes{_noFile, _walk, _nothingPasses, _failure, _waiting, _general, _extended, _comparison, _custom},
       _skip(_waiting->addButton(tr("&Skip"), EmptyPane::UnderHint))
 {
@@ -67,8 +68,6 @@ InfoView::InfoView(LiveSettings &settings, QWidget *parent)
     _noFile->setTexts(
         tr("Drop files or folders here"),
         tr("Ctrl+O opens files, Ctrl+Shift+O a folder\nWith Shift, what is dropped replaces the list"));
-    _custom->setTexts(tr("Reports of the libraries"),
-                      tr("They open in a window of their own, and “quorvin-cli raw” prints them."));
     connectPanes();
     connect(&settings, &LiveSettings::changed, this, [this](Setting setting) {
         if (std::ranges::find(kFollowed, setting) != kFollowed.end())
@@ -88,8 +87,6 @@ void InfoView::connectPanes()
             this, &InfoView::showAllWanted);
     connect(_failure, &FailurePane::retryWanted, this, &InfoView::retryWanted);
     connect(_failure, &FailurePane::preferencesWanted, this, &InfoView::preferencesWanted);
-    _report = _custom->addButton(tr("&Raw Report…"), EmptyPane::UnderHint);
-    connect(_report, &QPushButton::clicked, this, &InfoView::showReport);
     connect(_failure, &FailurePane::reportWanted, this, &InfoView::showReport);
     connect(_skip, &QPushButton::clicked, this, &InfoView::skipWanted);
     connect(&_comparison->view(), &ComparisonView::preferencesWanted, this, &InfoView::preferencesWanted);
@@ -168,7 +165,7 @@ void InfoView::showReport()
 void InfoView::setPath(const QString &path)
 {
     _path = path;
-    _report->setEnabled(!path.isEmpty());
+    _custom->setPath(path);
 }
 
 void InfoView::clear()
@@ -309,12 +306,12 @@ void InfoView::registerAt(CommandSet &commands)
         pane->registerAt(commands);
 }
 
-/// Where nothing can be searched, the hits of Extended are walked.
+/// Where nothing can be searched, and over a report that is not, the hits of Extended are walked.
 void InfoView::findNext(bool backwards)
 {
     CommandState state;
     wantedPane()->describe(state);
-    if (state.canFind)
+    if (state.canFind && (wantedPane() != _custom || _custom->isSearching()))
         return wantedPane()->findNext(backwards);
     Q_EMIT tabWanted(Tab::Extended);
     _extended->findNext(backwards);

@@ -19,6 +19,7 @@ class QPushButton;
 namespace quorvin {
 
 class CommandSet;
+class CustomPane;
 class ComparisonPane;
 class ComparisonView;
 class EmptyPane;
@@ -118,10 +119,9 @@ private:
     GeneralPane *_general;
     ExtendedPane *_extended;
     ComparisonPane *_comparison;
-    EmptyPane *_custom;
+    CustomPane *_custom;
     const std::array<Pane *, 9> _panes; ///< all of these
     QPushButton *_skip;
-    QPushButton *_report = nullptr;
     QString _path;
     Tab _tab = Tab::General;
     bool _hasFile = false;

@@ -12,6 +12,7 @@
 #include "shell/filelist/FilelistTable.h"
 #include "shell/filelist/SelectionSum.h"
 #include "shell/info/InfoView.h"
+#include "shell/window/ExifToolNotice.h"
 #include "shell/window/FocusKeeper.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
@@ -42,6 +43,8 @@ MainView::MainView(LiveSettings &settings, FilelistController &files, QWidget *p
     layOut();
     connectFiles();
     connectWalks();
+    new ExifToolNotice(
+        files, *_status, [info = _info] { Q_EMIT info->preferencesWanted(); }, this);
 }
 
 void MainView::layOut()
