@@ -35,7 +35,7 @@ Expected<void> writeBase64(QByteArrayView text, QFile &to)
     for (; !text.isEmpty(); text = text.sliced(std::min(kPiece, text.size()))) {
         const QByteArrayView piece = text.first(std::min(kPiece, text.size()));
         const QByteArray bytes = QByteArray::fromBase64(QByteArray::fromRawData(piece.data(), piece.size()));
-        if (const auto written = writeAll(bytes, to); !written)
+        if (auto written = writeAll(bytes, to); !written)
             return written;
     }
     return {};
