@@ -5,19 +5,21 @@
 
 #include <QFontMetricsF>
 
+#include <cstddef>
+
 namespace quorvin {
 
 namespace {
 
-constexpr char16_t kFirstPrinted = u' ';
+constexpr std::size_t kFirstPrinted = ' ';
 
 } // namespace
 
 LetterWidths::LetterWidths(const QFont &font) : _font(font)
 {
     const QFontMetricsF metrics(font);
-    for (char16_t letter = kFirstPrinted; letter < _widths.size(); ++letter)
-        _widths[letter] = static_cast<float>(metrics.horizontalAdvance(QChar(letter)));
+    for (std::size_t letter = kFirstPrinted; letter < _widths.size(); ++letter)
+        _widths[letter] = static_cast<float>(metrics.horizontalAdvance(QChar(static_cast<char16_t>(letter))));
     // Letters that are not known are mostly those of scripts with square ones.
     _usual = static_cast<float>(metrics.height());
 }
