@@ -57,7 +57,7 @@ void Json5ParserHandler::begin()
 QByteArrayView Json5ParserHandler::keep(QByteArrayView text)
 {
     if (text.isEmpty())
-        return QByteArrayView("");
+        return {"", 0};
     auto *const room = static_cast<char *>(_memory.allocate(static_cast<std::size_t>(text.size()), 1));
     std::ranges::copy(text, room);
     return {room, text.size()};

@@ -9,7 +9,6 @@
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QPainter>
-#include <QScreen>
 #include <QToolTip>
 
 #include <utility>
@@ -22,7 +21,6 @@ constexpr int kNameMargin = 6; ///< beside a name
 constexpr int kCrossSide = 14;
 constexpr int kCrossEdge = 5; ///< between the cross and the border, which is for dragging
 constexpr int kMarkHeight = 2;
-constexpr int kBesidePath = 75; ///< of the screen, free of a long tip
 
 } // namespace
 
@@ -110,8 +108,7 @@ bool FileHeader::viewportEvent(QEvent *event)
         = column < 0 ? QString() : model()->headerData(column, orientation(), Qt::ToolTipRole).toString();
     const QString tip
         = crossAt(help->pos()) >= 0 ? tr("Close this column; the file stays in the list") : path;
-    const int most = screen()->availableGeometry().width() - kBesidePath;
-    QToolTip::showText(help->globalPos(), plainTip(tip, QToolTip::font(), most), this);
+    QToolTip::showText(help->globalPos(), plainTip(tip, *this), this);
     return true;
 }
 

@@ -11,7 +11,6 @@
 #include <QHelpEvent>
 #include <QItemSelectionModel>
 #include <QPainter>
-#include <QScreen>
 #include <QToolTip>
 
 #include <algorithm>
@@ -21,7 +20,6 @@ namespace quorvin {
 namespace {
 
 constexpr float kNameHitAlpha = 0.28F;
-constexpr int kBesideName = 75; ///< of the screen, free of a long tip
 
 } // namespace
 
@@ -95,8 +93,7 @@ bool ParameterHeader::viewportEvent(QEvent *event)
     const bool isCut
         = row >= 0 && !look.wraps && cellOf(row).naturalWidth() > width() - 2 * TableLook::kMargin;
     const QString tip = isCut ? model()->headerData(row, orientation()).toString() : QString();
-    const int most = screen()->availableGeometry().width() - kBesideName;
-    QToolTip::showText(help->globalPos(), plainTip(tip, QToolTip::font(), most), this);
+    QToolTip::showText(help->globalPos(), plainTip(tip, *this), this);
     return true;
 }
 

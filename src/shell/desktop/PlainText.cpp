@@ -6,10 +6,18 @@
 #include "export/HtmlText.h"
 
 #include <QLabel>
+#include <QScreen>
 #include <QTextDocument>
 #include <QTextLayout>
+#include <QToolTip>
 
 namespace quorvin {
+
+namespace {
+
+constexpr int kBesideTip = 75; ///< of the screen, free of a long tip
+
+} // namespace
 
 QString plainTip(const QString &text)
 {
@@ -34,6 +42,11 @@ QString plainTip(const QString &text, const QFont &font, int width)
         layout.endLayout();
     }
     return plainTip(lines.join(u'\n'));
+}
+
+QString plainTip(const QString &text, const QWidget &over)
+{
+    return plainTip(text, QToolTip::font(), over.screen()->availableGeometry().width() - kBesideTip);
 }
 
 QLabel *plainLabel(const QString &text)

@@ -8,6 +8,7 @@
 
 class QFont;
 class QLabel;
+class QWidget;
 
 namespace quorvin {
 
@@ -21,6 +22,9 @@ QString plainTip(const QString &text);
 
 /// The same for a tip in that font, in lines no wider than that: a path has no blanks to break it at.
 QString plainTip(const QString &text, const QFont &font, int width);
+
+/// The same for a tip over that widget, in lines that fit on its screen.
+QString plainTip(const QString &text, const QWidget &over);
 
 /// A label that shows its texts letter by letter.
 QLabel *plainLabel(const QString &text = {});

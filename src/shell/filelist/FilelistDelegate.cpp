@@ -10,7 +10,6 @@
 #include <QApplication>
 #include <QHelpEvent>
 #include <QPainter>
-#include <QScreen>
 #include <QTime>
 #include <QToolTip>
 
@@ -23,7 +22,6 @@ constexpr int kPictureBox = FilelistRow::kPictureSide + 2 * kCoverFrame;
 constexpr int kRowMargin = 8; ///< before the picture, between it and the text, and behind that
 constexpr int kRowLead = 3; ///< above and below the picture
 constexpr double kWaitingOpacity = 0.4;
-constexpr int kBesideTip = 75; ///< of the screen, free of a long tip
 
 constexpr int kSpinnerSide = 16;
 constexpr int kTurnMilliseconds = 1000;
@@ -159,9 +157,8 @@ bool FilelistDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     QString text = index.data(FilelistRow::PathRole).toString();
     if (const QString reason = index.data(FilelistRow::ReasonRole).toString(); !reason.isEmpty())
         text += u'\n' + reason;
-    const int width = view->screen()->availableGeometry().width() - kBesideTip;
     const QPoint place = view->viewport()->mapToGlobal(placesOf(option).text.topLeft());
-    QToolTip::showText(place, plainTip(text, QToolTip::font(), width), view->viewport(), option.rect);
+    QToolTip::showText(place, plainTip(text, *view), view->viewport(), option.rect);
     return true;
 }
 

@@ -6,16 +6,8 @@
 #include "shell/desktop/PlainText.h"
 
 #include <QEvent>
-#include <QScreen>
-#include <QToolTip>
 
 namespace quorvin {
-
-namespace {
-
-constexpr int kBesideWholeText = 75; ///< of the screen, free of a long tip
-
-} // namespace
 
 ElidedLabel::ElidedLabel(Qt::TextElideMode mode, QWidget *parent) : QLabel(parent), _mode(mode)
 {
@@ -47,8 +39,7 @@ void ElidedLabel::fit()
     line.replace(u'\n', u' ');
     const QString shown = fontMetrics().elidedText(line, _mode, width());
     setText(shown);
-    const int most = screen()->availableGeometry().width() - kBesideWholeText;
-    setToolTip(shown == _whole ? QString() : plainTip(_whole, QToolTip::font(), most));
+    setToolTip(shown == _whole ? QString() : plainTip(_whole, *this));
 }
 
 void ElidedLabel::resizeEvent(QResizeEvent *event)
