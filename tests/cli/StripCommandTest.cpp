@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "support/CommandLine.h"
+#include "support/Sweep.h"
 #include "support/TestFolder.h"
 
 #include <QDir>
@@ -151,8 +152,10 @@ TEST(StripCommand, LeavesTheOldFileOrTheNewOneWhateverFails)
     const QString photo = folder.write(u"one.jpg"_s, photoBytes());
     ASSERT_EQ(test::runCommandLine(kStrip + QStringList(photo)).status, 0);
     const QByteArray stripped = test::contentOf(photo);
+    constexpr auto kStep = static_cast<std::size_t>(test::stepOfSweep(2));
     for (const bool isKilled : {false, true}) {
-        for (const long call : kCalls) {
+        for (std::size_t i = isKilled ? kStep - 1 : 0; i < kCalls.size(); i += kStep) {
+            const long call = kCalls.at(i);
             folder.write(u"one.jpg"_s, photoBytes());
             const int status = stripWithout(call, isKilled, photo);
             const QByteArray left = test::contentOf(photo);

@@ -55,7 +55,7 @@ bool hasChildren()
 constexpr int kCrashes = 50;
 constexpr bool kHasMemoryLimit = false;
 #else
-constexpr int kCrashes = 1000;
+constexpr int kCrashes = 300;
 constexpr bool kHasMemoryLimit = true;
 #endif
 
