@@ -11,6 +11,23 @@ namespace {
 
 constexpr std::size_t kValuesBetweenStops = 1 << 14;
 
+/// The first number from `place` on for which it is so; `end` if there is none. Asks of some numbers at once,
+/// as the answers come sooner than a decision after each.
+template <typename Is>
+std::size_t firstWhere(std::size_t place, std::size_t end, const Is &is)
+{
+    constexpr std::size_t kAtOnce = 8;
+    for (bool isAny = false; place + kAtOnce <= end; place += kAtOnce) {
+        for (std::size_t i = 0; i < kAtOnce; ++i)
+            isAny |= is(place + i);
+        if (isAny)
+            break;
+    }
+    while (place < end && !is(place))
+        ++place;
+    return place;
+}
+
 } // namespace
 
 IndexQuery::IndexQuery(const QString &text, const Rule &rule)
@@ -38,6 +55,7 @@ void IndexQuery::markTerms(const RecordIndex &index)
 {
     for (const RecordIndex::Name &name : index.names().subspan(_terms.size())) {
         _terms.push_back(_text.isIn(name.term->label) ? 1 : 0);
+        _hasTerms = _hasTerms || _terms.back() != 0;
         for (std::size_t i = 0; i < _conditions.size(); ++i) {
             const bool isAbout = _matcher.conditions()[i].isAbout({name.group, name.subgroup}, *name.term);
             _conditions[i].isAbout.push_back(isAbout ? 1 : 0);
@@ -102,11 +120,10 @@ bool IndexQuery::hasText(const RecordIndex &index, const RecordIndex::Entry &ent
         return index.unindexed(entry)->isContentHas(_text);
     const auto terms = index.terms(entry);
     const auto values = index.values(entry);
-    for (std::size_t i = 0; i < terms.size(); ++i) {
-        if (_terms[terms[i]] != 0 || _values[values[i]])
-            return true;
-    }
-    return false;
+    const auto hasName = [&](std::size_t i) { return _terms[terms[i]] != 0; };
+    const auto hasValue = [&](std::size_t i) { return _values[values[i]]; };
+    return (_hasTerms && firstWhere(0, terms.size(), hasName) < terms.size())
+        || firstWhere(0, values.size(), hasValue) < values.size();
 }
 
 bool IndexQuery::satisfiesRule(const RecordIndex &index, const RecordIndex::Entry &entry)
@@ -129,13 +146,18 @@ bool IndexQuery::holds(std::size_t condition, const RecordIndex &index, const Re
     }
     const auto terms = index.terms(entry);
     const auto values = index.values(entry);
-    const quint8 *const isAbout = _conditions[condition].isAbout.data();
-    for (std::size_t i = 0; i < terms.size(); ++i) {
-        if (isAbout[terms[i]] != 0
-            && (!asked.needsValue() || holdsFor(condition, index.valueTable(), values[i])))
-            return !asked.isOnAbsence();
-    }
-    return asked.isOnAbsence();
+    const auto isFound = [&](const auto &mayBe) {
+        std::size_t place = firstWhere(0, terms.size(), mayBe);
+        while (place < terms.size() && asked.needsValue()
+               && !holdsFor(condition, index.valueTable(), values[place]))
+            place = firstWhere(place + 1, terms.size(), mayBe);
+        return place < terms.size();
+    };
+    const Condition &known = _conditions[condition];
+    const auto isAbout = [&](std::size_t i) { return known.isAbout[terms[i]] != 0; };
+    const auto mayHold = [&](std::size_t i) { return known.holds[values[i]] != Answer::No; };
+    const bool isOfAll = asked.kind() == Rule::Kind::ParameterValue && asked.needsValue();
+    return (isOfAll ? isFound(mayHold) : isFound(isAbout)) != asked.isOnAbsence();
 }
 
 bool IndexQuery::holdsFor(std::size_t condition, const ValueTable &table, quint32 value)

@@ -66,6 +66,7 @@ private:
     std::vector<Condition> _conditions;
     Marks _values; ///< that have the text
     std::vector<quint8> _terms; ///< whose label has it
+    bool _hasTerms = false; ///< one has
     quint64 _generation = 0;
 };
 

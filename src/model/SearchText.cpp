@@ -8,15 +8,20 @@
 
 #include <algorithm>
 #include <cstring>
+#include <numeric>
 #include <string>
 
 namespace quorvin {
 
 namespace {
 
+/// Looks at all of it, which takes less time than to ask after each byte whether to go on.
 bool isAscii(QByteArrayView text)
 {
-    return std::ranges::all_of(text, [](char c) { return static_cast<signed char>(c) >= 0; });
+    constexpr unsigned kAscii = 0x7f;
+    return std::accumulate(text.begin(), text.end(), 0U,
+                           [](unsigned all, char c) { return all | static_cast<unsigned char>(c); })
+        <= kAscii;
 }
 
 char foldedAscii(char c)

@@ -141,4 +141,18 @@ TEST(FilelistFilter, EachPartHasToHold)
               u"three"_s);
 }
 
+TEST(FilelistFilter, FindsTextsInNamesOfEveryKind)
+{
+    const QString longName = QString(255, u'a');
+    for (const QString &name : {u"Films/One [2].MOV"_s, u"Stra\u00dfe \u0130.mov"_s, u"\u00c9t\u00e9"_s,
+                                QString(), longName + u'Z', longName + u"yZ"_s, longName + u"y\u00c9"_s}) {
+        const auto file = FilelistItem::itemWithFilename(u'/' + name, name);
+        for (const QString &text : {u"one [2].m"_s, u"[2].movx"_s, u"STRASSE"_s, u"\u0130"_s, u"e\u0301T"_s,
+                                    u"aZ"_s, u"AYz"_s, u"y\u00e9"_s, u"~"_s})
+            EXPECT_EQ(FilelistFilterFunction({.filenameText = text}).passes(*file),
+                      foldedUtf8(name).contains(foldedUtf8(text)))
+                << name.toStdString() << " / " << text.toStdString();
+    }
+}
+
 } // namespace quorvin
