@@ -15,7 +15,7 @@ namespace quorvin {
 template <typename Container>
 void makeRoom(Container &container, std::size_t size)
 {
-    const std::size_t enough = size + size / 8 + 64;
+    const std::size_t enough = size + size / 16 + 64;
     if (static_cast<std::size_t>(container.capacity()) < size)
         container.reserve(static_cast<decltype(container.size())>(enough));
 }

@@ -14,6 +14,11 @@ namespace {
 
 constexpr std::size_t kBlockSize = 1 << 16; ///< parameters; a longer record has a block of its own
 
+quint64 hashOf(const FilelistItem *file)
+{
+    return qHash(file);
+}
+
 } // namespace
 
 std::span<const quint16> RecordIndex::terms(const Entry &entry) const
@@ -30,8 +35,9 @@ std::span<const quint32> RecordIndex::values(const Entry &entry) const
 
 std::optional<std::size_t> RecordIndex::entryOf(const FilelistItem *file) const
 {
-    const auto known = _entryOf.find(file);
-    return known == _entryOf.end() ? std::nullopt : std::optional(known->second);
+    const quint32 known
+        = _entryOf.find(hashOf(file), [&](quint32 entry) { return _entries[entry].file.get() == file; });
+    return known == Slots::kNone ? std::nullopt : std::optional<std::size_t>(known);
 }
 
 void RecordIndex::put(const FilelistItemPtr &file, const QuorvinDataPtr &record)
@@ -48,17 +54,24 @@ void RecordIndex::put(const FilelistItemPtr &file, const QuorvinDataPtr &record)
             _unindexed.insert(file.get(), record);
         entry.isIndexed = !_unindexed.contains(file.get());
     }
-    _entryOf[file.get()] = _entries.size();
+    append(std::move(entry));
+}
+
+void RecordIndex::append(Entry entry)
+{
+    _entryOf.add(hashOf(entry.file.get()), [this](quint32 known) {
+        // Nobody looks for the dead any more, so they may be anywhere, but not all in one place.
+        const FilelistItem *const file = _entries[known].file.get();
+        return file ? hashOf(file) : quint64{known};
+    });
+    makeRoom(_entries, _entries.size() + 1);
     _entries.push_back(std::move(entry));
 }
 
 void RecordIndex::remove(const FilelistItemPtr &file)
 {
-    const auto known = _entryOf.find(file.get());
-    if (known == _entryOf.end())
-        return;
-    bury(known->second);
-    _entryOf.erase(known);
+    if (const auto known = entryOf(file.get()))
+        bury(*known);
 }
 
 void RecordIndex::bury(std::size_t entry)
@@ -157,8 +170,7 @@ void RecordIndex::compact(std::size_t least)
             return *valueOf[number];
         });
         living.appendRow(entry);
-        living._entryOf[entry.file.get()] = living._entries.size();
-        living._entries.push_back(std::move(entry));
+        living.append(std::move(entry));
     }
     living._unindexed = std::move(_unindexed);
     living._generation = _generation + 1;
@@ -167,11 +179,10 @@ void RecordIndex::compact(std::size_t least)
 
 std::size_t RecordIndex::bytes() const
 {
-    std::size_t bytes = _valueTable.bytes() + _entries.capacity() * sizeof(Entry);
+    std::size_t bytes = _valueTable.bytes() + _entries.capacity() * sizeof(Entry) + _entryOf.bytes();
     for (const Block &block : _blocks)
         bytes += block.terms.capacity() * sizeof(quint16) + block.values.capacity() * sizeof(quint32);
-    return bytes
-        + _entryOf.size() * (sizeof(std::pair<const FilelistItem *, std::size_t>) + 2 * sizeof(void *));
+    return bytes;
 }
 
 } // namespace quorvin

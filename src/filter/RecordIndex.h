@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "filter/Slots.h"
 #include "filter/ValueTable.h"
 #include "intake/FilelistItem.h"
 #include "model/QuorvinData.h"
@@ -13,7 +14,6 @@
 #include <cstddef>
 #include <optional>
 #include <span>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -78,10 +78,11 @@ private:
     std::optional<quint16> numberOf(const QString &group, const QString &subgroup, const TermPtr &term);
     quint32 sectionOf(const QString &group, const QString &subgroup);
     void appendRow(Entry &entry);
+    void append(Entry entry);
     void bury(std::size_t entry);
 
     std::vector<Entry> _entries;
-    std::unordered_map<const FilelistItem *, std::size_t> _entryOf;
+    Slots _entryOf; ///< by the file
     QHash<const FilelistItem *, QuorvinDataPtr> _unindexed;
     std::vector<Block> _blocks;
     Row _row; ///< being filled

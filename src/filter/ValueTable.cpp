@@ -15,25 +15,11 @@ namespace quorvin {
 namespace {
 
 constexpr char kEnd = '\xff'; ///< in no UTF-8
-constexpr ValueTable::Number kFree = std::numeric_limits<ValueTable::Number>::max();
-constexpr std::size_t kFirstSlots = 1024;
 constexpr std::size_t kMarksBetweenStops = 4096;
 
 bool isCapital(char c)
 {
     return c >= 'A' && c <= 'Z';
-}
-
-/// Where to look first among so many slots.
-std::size_t firstSlot(QByteArrayView foldedForm, std::size_t slots)
-{
-    const quint64 mixed = quint64{qHash(foldedForm)} * 0x9e3779b97f4a7c15U;
-    return static_cast<std::size_t>((mixed >> 32U) * slots >> 32U);
-}
-
-std::size_t slotAfter(std::size_t slot, std::size_t slots)
-{
-    return slot + 1 == slots ? 0 : slot + 1;
 }
 
 /// Whether a value is its folded form but for capitals of ASCII.
@@ -45,12 +31,16 @@ bool isFoldedWithCapitals(QByteArrayView utf8, QByteArrayView folded)
 
 } // namespace
 
-ValueTable::ValueTable() : _slots(kFirstSlots, kFree) { }
+quint32 ValueTable::startOf(Number number) const
+{
+    const quint32 start = _starts[number / 2];
+    return number % 2 == 0 ? start : static_cast<quint32>(_folded.indexOf(kEnd, start)) + 1;
+}
 
 QByteArrayView ValueTable::folded(Number number) const
 {
-    const quint32 start = _starts[number];
-    return QByteArrayView(_folded).sliced(start, _starts[number + 1] - start - 1);
+    const quint32 start = startOf(number);
+    return QByteArrayView(_folded).sliced(start, _folded.indexOf(kEnd, start) - start);
 }
 
 QByteArray ValueTable::value(Number number) const
@@ -58,8 +48,9 @@ QByteArray ValueTable::value(Number number) const
     if (const auto other = _others.constFind(number); other != _others.cend())
         return *other;
     QByteArray value = folded(number).toByteArray();
+    const std::size_t start = startOf(number);
     for (qsizetype i = 0; i < value.size(); ++i) {
-        if (_isCapital[_starts[number] + static_cast<std::size_t>(i)])
+        if (_isCapital[start + static_cast<std::size_t>(i)])
             value[i] = static_cast<char>(value[i] - ('a' - 'A'));
     }
     return value;
@@ -73,49 +64,41 @@ bool ValueTable::isValue(Number number, QByteArrayView utf8, QByteArrayView fold
         return *other == utf8;
     if (utf8.size() != foldedForm.size())
         return false;
+    const std::size_t start = startOf(number);
     for (qsizetype i = 0; i < utf8.size(); ++i) {
-        const bool capital = _isCapital[_starts[number] + static_cast<std::size_t>(i)];
+        const bool capital = _isCapital[start + static_cast<std::size_t>(i)];
         if (capital ? utf8[i] != foldedForm[i] - ('a' - 'A') : utf8[i] != foldedForm[i])
             return false;
     }
     return true;
 }
 
-std::size_t ValueTable::slotOf(QByteArrayView utf8, QByteArrayView foldedForm) const
-{
-    std::size_t slot = firstSlot(foldedForm, _slots.size());
-    while (_slots[slot] != kFree && !isValue(_slots[slot], utf8, foldedForm))
-        slot = slotAfter(slot, _slots.size());
-    return slot;
-}
-
 std::optional<ValueTable::Number> ValueTable::numberOf(QByteArrayView utf8)
 {
     _room.resize(0);
     appendFolded(_room, utf8);
-    std::size_t slot = slotOf(utf8, _room);
-    if (_slots[slot] != kFree)
-        return _slots[slot];
+    const quint64 hash = qHash(QByteArrayView(_room));
+    const Number known = _slots.find(hash, [&](Number number) { return isValue(number, utf8, _room); });
+    if (known != Slots::kNone)
+        return known;
     if (_folded.size() + _room.size() >= std::numeric_limits<quint32>::max())
         return std::nullopt;
-    if (size() * 10 >= _slots.size() * 8) {
-        grow();
-        slot = slotOf(utf8, _room);
-    }
-    _slots[slot] = static_cast<Number>(size());
+    _slots.add(hash, [this](Number number) { return quint64{qHash(folded(number))}; });
     append(utf8);
-    return static_cast<Number>(size() - 1);
+    return static_cast<Number>(_size - 1);
 }
 
 void ValueTable::append(QByteArrayView utf8)
 {
-    const auto number = static_cast<Number>(size());
+    const auto number = static_cast<Number>(_size++);
     const auto start = static_cast<std::size_t>(_folded.size());
     makeRoom(_folded, start + static_cast<std::size_t>(_room.size()) + 1);
     _folded += _room;
     _folded += kEnd;
-    makeRoom(_starts, _starts.size() + 1);
-    _starts.push_back(static_cast<quint32>(_folded.size()));
+    if (number % 2 == 0) {
+        makeRoom(_starts, _starts.size() + 1);
+        _starts.push_back(static_cast<quint32>(start));
+    }
     _isCapital.resize(static_cast<std::size_t>(_folded.size()));
     if (isFoldedWithCapitals(utf8, _room)) {
         for (qsizetype i = 0; i < utf8.size(); ++i) {
@@ -146,17 +129,6 @@ void ValueTable::appendQuantity(Number number, const Quantity &quantity)
     _isQuantity.set(number);
 }
 
-void ValueTable::grow()
-{
-    _slots = std::vector(_slots.size() * 3 / 2, kFree);
-    for (Number number = 0; number < size(); ++number) {
-        std::size_t slot = firstSlot(folded(number), _slots.size());
-        while (_slots[slot] != kFree)
-            slot = slotAfter(slot, _slots.size());
-        _slots[slot] = number;
-    }
-}
-
 Quantity ValueTable::quantity(Number number) const
 {
     if (!_isQuantity[number])
@@ -174,8 +146,8 @@ void ValueTable::markHaving(const SearchText &text, Marks &marks, Number first,
     const QByteArray &needle = text.folded();
     const char *const begin = _folded.constData();
     const char *const end = begin + _folded.size();
-    const char *place = begin + _starts[first];
-    auto value = _starts.begin() + first;
+    const char *place = first < _size ? begin + startOf(first) : end;
+    auto pair = _starts.begin() + first / 2;
     std::size_t marked = 0;
     while (!needle.isEmpty() && (++marked % kMarksBetweenStops != 0 || !stop.stop_requested())) {
         const void *const hit = ::memmem(place, static_cast<std::size_t>(end - place), needle.constData(),
@@ -183,13 +155,15 @@ void ValueTable::markHaving(const SearchText &text, Marks &marks, Number first,
         if (!hit)
             return;
         const auto offset = static_cast<quint32>(static_cast<const char *>(hit) - begin);
-        // Hits are often near, so steps that double find their value sooner than halves of all.
+        // Hits are often near, so steps that double find their values sooner than halves of all.
         std::ptrdiff_t step = 1;
-        while (_starts.end() - value > step && value[step] <= offset)
+        while (_starts.end() - pair > step && pair[step] <= offset)
             step *= 2;
-        value = std::upper_bound(value, value + std::min(step + 1, _starts.end() - value), offset) - 1;
-        marks.set(static_cast<std::size_t>(value - _starts.begin()));
-        place = begin + value[1];
+        pair = std::upper_bound(pair, pair + std::min(step + 1, _starts.end() - pair), offset) - 1;
+        const auto even = static_cast<Number>(2 * (pair - _starts.begin()));
+        const quint32 odd = startOf(even + 1);
+        marks.set(offset < odd ? even : even + 1);
+        place = begin + (offset < odd ? odd : static_cast<quint32>(_folded.indexOf(kEnd, offset)) + 1);
     }
 }
 
@@ -200,8 +174,7 @@ std::size_t ValueTable::bytes() const
         others += static_cast<std::size_t>(value.size()) + sizeof value + sizeof(Number);
     return static_cast<std::size_t>(_folded.capacity()) + _starts.capacity() * sizeof(quint32)
         + _isCapital.bytes() + _isQuantity.bytes() + _quantitiesBefore.capacity() * sizeof(quint32)
-        + _quantities.capacity() * (sizeof(double) + sizeof(quint8)) + _slots.capacity() * sizeof(Number)
-        + others;
+        + _quantities.capacity() * (sizeof(double) + sizeof(quint8)) + _slots.bytes() + others;
 }
 
 } // namespace quorvin

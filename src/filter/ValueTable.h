@@ -4,6 +4,7 @@
 #pragma once
 
 #include "filter/Marks.h"
+#include "filter/Slots.h"
 #include "model/Quantity.h"
 #include "model/SearchText.h"
 
@@ -24,9 +25,7 @@ class ValueTable {
 public:
     using Number = quint32;
 
-    ValueTable();
-
-    std::size_t size() const { return _starts.size() - 1; }
+    std::size_t size() const { return _size; }
     /// The number of a value of valid UTF-8, which is added when it is new. Absent when the table is full, at
     /// 4 GiB of text.
     std::optional<Number> numberOf(QByteArrayView utf8);
@@ -44,14 +43,14 @@ public:
     std::size_t bytes() const;
 
 private:
+    quint32 startOf(Number number) const;
     bool isValue(Number number, QByteArrayView utf8, QByteArrayView folded) const;
     void append(QByteArrayView utf8);
     void appendQuantity(Number number, const Quantity &quantity);
-    void grow();
-    std::size_t slotOf(QByteArrayView utf8, QByteArrayView folded) const;
 
     QByteArray _folded; ///< all texts; behind each a byte that no text has
-    std::vector<quint32> _starts{0}; ///< in the folded texts; one more than there are values
+    std::vector<quint32> _starts; ///< in the folded texts, of each second value from the first on
+    std::size_t _size = 0; ///< values
     Marks _isCapital; ///< of each byte of the folded texts, whether the value has the capital
     QHash<Number, QByteArray> _others; ///< values that are more than their folded form with capitals
     Marks _isQuantity;
@@ -59,7 +58,7 @@ private:
     std::vector<double> _quantities; ///< their values, and below which of the measures each has
     std::vector<quint8> _measureOf;
     std::vector<Quantity> _measures; ///< each kind with each of its units, at value 0
-    std::vector<Number> _slots; ///< open addressing by the hash of the folded form
+    Slots _slots; ///< by the folded form
     QByteArray _room; ///< for the folded form of what is looked up
 };
 

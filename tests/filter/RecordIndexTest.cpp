@@ -146,6 +146,26 @@ TEST(RecordIndex, RefreshedAndRemovedRecordsGoWithWhatOnlyTheyHad)
     expectEqualToWalk(texts.one(3), parseRule(u"parameterValue CONTAINS 'a'").value(), index, files);
 }
 
+TEST(RecordIndex, KnowsTheNewestEntryOfAFileAmongManyOfTheDead)
+{
+    constexpr std::size_t kFiles = 500;
+    RecordIndex index;
+    std::vector<FilelistItemPtr> files;
+    for (std::size_t i = 0; i < kFiles; ++i)
+        files.push_back(fileWith(recordOfTexts({u"A"_s}, {QString::number(i)})));
+    for (int round = 0; round < 8; ++round) {
+        for (const FilelistItemPtr &file : files)
+            index.put(file, file->quorvinData());
+    }
+    for (std::size_t i = 0; i < kFiles; i += 2)
+        index.remove(files[i]);
+    for (std::size_t i = 0; i < kFiles; ++i) {
+        const auto entry = index.entryOf(files[i].get());
+        ASSERT_EQ(entry.has_value(), i % 2 == 1) << i;
+        EXPECT_TRUE(!entry || (*entry >= 7 * kFiles && index.entries()[*entry].file == files[i])) << i;
+    }
+}
+
 TEST(ValueTable, GivesBackEachValueWithWhatItMeasures)
 {
     TextMaker texts(9);
