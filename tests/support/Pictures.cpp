@@ -70,7 +70,8 @@ std::unique_ptr<Exiv2::Image> imageWith(const Exiv2::ExifData &exif, const Exiv2
     return image;
 }
 
-QByteArray heif(heif_compression_format format, QSize size, const QByteArray &exif, const QByteArray &xmp)
+QByteArray heif(heif_compression_format format, QSize size, const QByteArray &exif, const QByteArray &xmp,
+                int thumbnailSide)
 {
     heif_context *context = heif_context_alloc();
     heif_encoder *encoder = nullptr;
@@ -84,6 +85,11 @@ QByteArray heif(heif_compression_format format, QSize size, const QByteArray &ex
         heif_context_add_exif_metadata(context, handle, exif.constData(), static_cast<int>(exif.size()));
     if (!xmp.isEmpty())
         heif_context_add_XMP_metadata(context, handle, xmp.constData(), static_cast<int>(xmp.size()));
+    if (thumbnailSide > 0) {
+        heif_image_handle *thumbnail = nullptr;
+        heif_context_encode_thumbnail(context, image, handle, encoder, nullptr, thumbnailSide, &thumbnail);
+        heif_image_handle_release(thumbnail);
+    }
     QByteArray bytes;
     heif_writer writer{1, append};
     heif_context_write(context, &writer, &bytes);

@@ -25,9 +25,10 @@ QByteArray withMetadata(const QByteArray &file, const Exiv2::ExifData &exif, con
 std::unique_ptr<Exiv2::Image> imageWith(const Exiv2::ExifData &exif, const Exiv2::IptcData &iptc = {},
                                         const Exiv2::XmpData &xmp = {});
 
-/// A HEIC or AVIF file with these blocks of its own, where they are not empty, written by libheif.
+/// A HEIC or AVIF file with these blocks of its own, where they are not empty, written by libheif; with a
+/// thumbnail of that longer side, where it is not 0.
 QByteArray heif(heif_compression_format format, QSize size = {64, 48}, const QByteArray &exif = {},
-                const QByteArray &xmp = {});
+                const QByteArray &xmp = {}, int thumbnailSide = 0);
 
 /// Bare Exif data of little-endian TIFF form.
 QByteArray tiffBytes(const Exiv2::ExifData &exif);

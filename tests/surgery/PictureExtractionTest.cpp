@@ -63,6 +63,20 @@ TEST(PictureExtraction, SavesThePreviewsOfImages)
     EXPECT_FALSE(none);
 }
 
+TEST(PictureExtraction, SavesTheThumbnailsOfHeifAsPng)
+{
+    const test::TestFolder folder;
+    folder.write(u"out/x"_s);
+    const QByteArray photo = test::heif(heif_compression_HEVC, {640, 480}, {}, {}, 160);
+    const SavedFiles saved = picturesOf(folder.write(u"a.heic"_s, photo), folder / u"out"_s);
+    EXPECT_TRUE(saved.problems.empty());
+    ASSERT_EQ(saved.paths, std::vector<QString>{folder / u"out/a #1.png"_s});
+    EXPECT_EQ(QImage(saved.paths.front(), "PNG").size(), QSize(160, 120));
+
+    const QString bare = folder.write(u"bare.heic"_s, test::heif(heif_compression_HEVC));
+    EXPECT_TRUE(picturesOf(bare, folder / u"out"_s).paths.empty()) << "the picture itself is no thumbnail";
+}
+
 TEST(PictureExtraction, StaysInTheFolderWhateverANameSays)
 {
     const test::TestFolder folder;
