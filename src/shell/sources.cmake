@@ -5,12 +5,14 @@
 set(QUORVIN_SHELL_SOURCES
     shell/desktop/AccessibleRole.cpp
     shell/desktop/BackgroundRun.cpp
+    shell/desktop/BoxStyle.cpp
     shell/desktop/ColorScheme.cpp
     shell/desktop/Contrast.cpp
     shell/desktop/Counts.cpp
     shell/desktop/FileManager.cpp
     shell/desktop/FocusRing.cpp
     shell/desktop/Icons.cpp
+    shell/desktop/ItemViewAccess.cpp
     shell/desktop/OpenWith.cpp
     shell/desktop/PictureThread.cpp
     shell/desktop/PlainText.cpp

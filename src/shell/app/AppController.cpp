@@ -8,6 +8,7 @@
 #include "shell/app/Application.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/compare/ComparisonView.h"
+#include "shell/desktop/ItemViewAccess.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/info/InfoView.h"
 #include "shell/preferences/PreferencesWindowController.h"
@@ -43,6 +44,7 @@ AppController::AppController(Settings &settings)
     : _session(settings), _service(new ApplicationService(*this, this))
 {
     QApplication::setQuitOnLastWindowClosed(false);
+    tellFocusOfItemViews();
     connect(&_session.settings, &LiveSettings::changed, this, &AppController::settingDidChange);
     settingDidChange(Setting::colorScheme);
     settingDidChange(Setting::debugStalls);

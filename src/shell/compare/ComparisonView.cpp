@@ -8,6 +8,7 @@
 #include "shell/compare/ComparisonNote.h"
 #include "shell/compare/ComparisonTable.h"
 #include "shell/compare/FindBar.h"
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/FocusRing.h"
 #include "shell/session/LiveSettings.h"
 
@@ -36,6 +37,7 @@ ComparisonView::ComparisonView(LiveSettings &settings, QWidget *parent)
       _findBar(new FindBar),
       _table(new ComparisonTable(_content))
 {
+    setAccessibleRole(this, QAccessible::Grouping);
     layOut();
     connectTable();
     connectParts();

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QVariant>
 
 namespace quorvin {
@@ -20,6 +21,8 @@ public:
     QAccessible::State state() const override
     {
         QAccessible::State state = QAccessibleWidget::state();
+        // The toolkit means whoever a widget hands its focus on to as well, which says so itself.
+        state.focused = state.focused && object() == QApplication::focusWidget();
         if (const auto *button = qobject_cast<QAbstractButton *>(object()); button && button->isCheckable()) {
             state.selectable = true;
             state.selected = button->isChecked();

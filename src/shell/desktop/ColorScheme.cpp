@@ -3,6 +3,7 @@
 
 #include "shell/desktop/ColorScheme.h"
 
+#include "shell/desktop/BoxStyle.h"
 #include "shell/desktop/Contrast.h"
 
 #include <QApplication>
@@ -25,6 +26,8 @@ constexpr QLatin1String kPath("/org/freedesktop/portal/desktop");
 constexpr QLatin1String kInterface("org.freedesktop.portal.Settings");
 constexpr QLatin1String kGroup("org.freedesktop.appearance");
 constexpr QLatin1String kKey("color-scheme");
+
+constexpr QLatin1String kPlainStyle("fusion");
 
 struct Shade {
     QPalette::ColorRole role;
@@ -72,8 +75,17 @@ QPalette ColorScheme::ownPalette(bool dark)
 }
 
 ColorScheme::ColorScheme(QObject *parent)
-    : QObject(parent), _desktopPalette(QApplication::palette()), _desktopStyle(QApplication::style()->name())
+    : QObject(parent),
+      _desktopPalette(QApplication::palette()),
+      _desktopStyle(QApplication::style()->name()),
+      _style(_desktopStyle)
 {
+}
+
+ColorScheme::~ColorScheme()
+{
+    setStyle(_desktopStyle, false);
+    QApplication::setPalette(_desktopPalette);
 }
 
 ColorScheme::Wish ColorScheme::wishFrom(const QString &text)
@@ -127,16 +139,24 @@ void ColorScheme::portalSettingChanged(const QString &group, const QString &key,
     apply();
 }
 
+void ColorScheme::setStyle(const QString &name, bool hasOutlinedBoxes)
+{
+    if (_style == name && _hasOutlinedBoxes == hasOutlinedBoxes)
+        return;
+    _style = name;
+    _hasOutlinedBoxes = hasOutlinedBoxes;
+    QApplication::setStyle(hasOutlinedBoxes ? new BoxStyle(name) : QStyleFactory::create(name));
+}
+
 void ColorScheme::apply()
 {
     const Wish wish = _wish == Wish::System ? _portal : _wish;
     const bool dark = wish == Wish::System ? isDark(_desktopPalette) : wish == Wish::Dark;
     const bool desktopFits = dark == isDark(_desktopPalette);
     // A style may draw with colours of its own; the one that takes all from the palette goes with ours.
-    const QString style = desktopFits ? _desktopStyle : QStringLiteral("fusion");
-    if (QApplication::style()->name() != style)
-        QApplication::setStyle(QStyleFactory::create(style));
-    const bool desktopIsPlain = desktopFits && _desktopStyle == QLatin1String("fusion");
+    const QString style = desktopFits ? _desktopStyle : QString(kPlainStyle);
+    setStyle(style, dark && style == kPlainStyle);
+    const bool desktopIsPlain = desktopFits && _desktopStyle == kPlainStyle;
     QApplication::setPalette(desktopFits && !desktopIsPlain ? withOwnRoles(_desktopPalette)
                                                             : ownPalette(dark));
 }

@@ -22,6 +22,8 @@ public:
 
     /// Takes the palette and the style of the application as the desktop's own.
     explicit ColorScheme(QObject *parent = nullptr);
+    /// Gives the application both back.
+    ~ColorScheme() override;
 
     /// The environment variable QUORVIN_COLOR_SCHEME wins over `setting`.
     void follow(const QString &setting);
@@ -34,9 +36,12 @@ private:
     Q_SLOT void portalSettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
     void askPortal();
     void apply();
+    void setStyle(const QString &name, bool hasOutlinedBoxes);
 
     QPalette _desktopPalette;
     QString _desktopStyle;
+    QString _style; ///< that is set
+    bool _hasOutlinedBoxes = false; ///< as it is set
     Wish _wish = Wish::System;
     Wish _portal = Wish::System; ///< System: the portal has no opinion, or there is none
     bool _asked = false;

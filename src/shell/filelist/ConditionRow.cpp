@@ -5,6 +5,7 @@
 
 #include "filter/RuleText.h"
 #include "model/Quantity.h"
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/PlainText.h"
 
 #include <QComboBox>
@@ -88,6 +89,7 @@ ConditionRow::ConditionRow(QAbstractItemModel &names, QWidget *parent)
     remove->setText(QStringLiteral("\u2212"));
     remove->setAccessibleName(tr("Remove this condition"));
     remove->setToolTip(plainTip(tr("Remove this condition")));
+    setAccessibleRole(this, QAccessible::Grouping);
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(4);

@@ -3,7 +3,13 @@
 
 #include "shell/desktop/Contrast.h"
 
+#include "shell/desktop/BoxStyle.h"
 #include "shell/desktop/ColorScheme.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+#include <QStyleOptionButton>
 
 #include <gtest/gtest.h>
 
@@ -58,6 +64,36 @@ TEST(Contrast, EveryTextOfBothPalettesIsReadable)
 {
     expectReadable(ColorScheme::ownPalette(false), "light");
     expectReadable(ColorScheme::ownPalette(true), "dark");
+}
+
+TEST(Contrast, EmptyBoxesStandOutFromDarkWindows)
+{
+    const BoxStyle style(QStringLiteral("fusion"));
+    QStyleOptionButton option;
+    option.rect = {0, 0, 14, 14};
+    option.palette = ColorScheme::ownPalette(true);
+    const QColor window = option.palette.color(QPalette::Window);
+    for (const auto element : {QStyle::PE_IndicatorCheckBox, QStyle::PE_IndicatorRadioButton}) {
+        QImage image(option.rect.size(), QImage::Format_RGB32);
+        image.fill(window);
+        QPainter painter(&image);
+        style.drawPrimitive(element, &option, &painter, nullptr);
+        painter.end();
+        EXPECT_GE(contrastOf(image.pixelColor(0, 7), window), 3) << element;
+    }
+}
+
+TEST(ColorScheme, GivesTheApplicationItsLookBack)
+{
+    const QPalette palette = QApplication::palette();
+    const QString style = QApplication::style()->name();
+    {
+        ColorScheme scheme;
+        scheme.follow(QStringLiteral("dark"));
+        EXPECT_TRUE(ColorScheme::isDark(QApplication::palette()));
+    }
+    EXPECT_EQ(QApplication::palette(), palette);
+    EXPECT_EQ(QApplication::style()->name(), style);
 }
 
 TEST(Contrast, WhatStandsBackIsReadableOnTheDesktopsPaletteToo)

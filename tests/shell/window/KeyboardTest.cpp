@@ -1,10 +1,12 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "shell/compare/ComparisonView.h"
 #include "shell/outline/ExtendedOutline.h"
 #include "shell/window/SampleWindow.h"
 #include "shell/window/StatusLine.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QLabel>
@@ -18,6 +20,7 @@
 
 namespace quorvin {
 
+using namespace Qt::StringLiterals;
 using test::spinUntil;
 
 namespace {
@@ -25,6 +28,20 @@ namespace {
 struct Keyboard : test::SampleWindow {
     ExtendedOutline *tree = &window->myView().info().outline();
 };
+
+/// As a screen reader is told: "name name", with a sign behind a row that has the focus.
+QString readOut(QWidget *view)
+{
+    QAccessibleInterface *told = QAccessible::queryAccessibleInterface(view);
+    QStringList rows;
+    for (int i = 0; i < told->childCount(); ++i) {
+        QAccessibleInterface *row = told->child(i);
+        EXPECT_EQ(told->indexOfChild(row), i);
+        EXPECT_EQ(row->parent(), told);
+        rows.append(row->text(QAccessible::Name) + (row->state().focused ? u" <-"_s : QString()));
+    }
+    return rows.join(u' ');
+}
 
 } // namespace
 
@@ -74,6 +91,32 @@ TEST_F(Keyboard, StaysWhereItWasLeft)
     ASSERT_TRUE(spinUntil([this] { return table->isVisible(); }));
     run(Command::selectExtendedTab);
     EXPECT_TRUE(tree->hasFocus());
+}
+
+TEST_F(Keyboard, IsToldToReadersOfOneRow)
+{
+    run(Command::selectExtendedTab);
+    tree->setCurrentIndex(tree->model()->index(0, 0));
+    table->setFocus();
+    EXPECT_EQ(readOut(table), u"matroska.mkv <- movie.mp4 tone.wav"_s);
+    EXPECT_FALSE(readOut(tree).contains(u"<-"_s));
+    tree->setFocus();
+    EXPECT_EQ(readOut(table), u"matroska.mkv movie.mp4 tone.wav"_s);
+    EXPECT_EQ(readOut(tree).count(u"<-"_s), 1);
+    QAccessibleInterface *list = QAccessible::queryAccessibleInterface(table);
+    EXPECT_EQ(list->tableInterface()->selectedCells(), QList{list->child(0)});
+    EXPECT_EQ(list->tableInterface()->cellAt(2, 0), list->child(2));
+
+    table->setFocus();
+    window->files().removeSelectedItems();
+    // Views tell this themselves where a screen reader runs.
+    QAccessibleTableModelChangeEvent removal(table, QAccessibleTableModelChangeEvent::RowsRemoved);
+    list->tableInterface()->modelChange(&removal);
+    EXPECT_EQ(readOut(table), u"movie.mp4 <- tone.wav"_s);
+    auto *comparison = window->findChild<ComparisonView *>();
+    run(Command::selectComparisonTab);
+    comparison->setFocus();
+    EXPECT_FALSE(QAccessible::queryAccessibleInterface(comparison)->state().focused) << "but its table";
 }
 
 TEST_F(Keyboard, ArrowsStayInTheirPane)
