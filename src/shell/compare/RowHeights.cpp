@@ -33,12 +33,16 @@ int RowHeights::textWidth(int column) const
     return std::max(width - 2 * TableLook::kMargin - (column == 0 ? 1 : 0), 1);
 }
 
+void RowHeights::noteLetters()
+{
+    if (_letters && _letters->font() == _cells.look.font)
+        return;
+    _letters.emplace(_cells.look.font);
+    _heavyLetters.emplace(_cells.look.heavyFont());
+}
+
 void RowHeights::noteWidths()
 {
-    if (_letters.font() != _cells.look.font) {
-        _letters = LetterWidths(_cells.look.font);
-        _heavyLetters = LetterWidths(_cells.look.heavyFont());
-    }
     _widths.clear();
     for (int column = 0; column < _content.columnCount(); ++column)
         _widths.push_back(textWidth(column));
@@ -64,7 +68,7 @@ int RowHeights::guess(int row)
         const auto count = std::min(_widths.size(), static_cast<std::size_t>(content.values.size()));
         for (std::size_t column = 0; column < count && most.count < kMostLines; ++column) {
             const LetterWidths &letters
-                = isHeavy || (column == 0 && _cells.look.hasHeavyNames) ? _heavyLetters : _letters;
+                = isHeavy || (column == 0 && _cells.look.hasHeavyNames) ? *_heavyLetters : *_letters;
             const auto lines
                 = letters.linesIn(content.values[static_cast<qsizetype>(column)], _widths[column]);
             most.count = std::max(most.count, lines.count);
@@ -81,6 +85,8 @@ void RowHeights::guessAll()
 {
     noteWidths();
     const int rows = _content.rowCount();
+    if (rows > 0)
+        noteLetters();
     _isMeasured.assign(static_cast<std::size_t>(rows), false);
     QHeaderView *header = _table.verticalHeader();
     // Each would lay the header out for itself.
@@ -102,7 +108,7 @@ int RowHeights::exactHeight(int row) const
         const bool isKnown
             = last && *last == text && column > 1 && width >= _widths[static_cast<std::size_t>(column - 1)];
         last = &text;
-        if (isKnown || _heavyLetters.linesIn(text, width).isExact)
+        if (isKnown || _heavyLetters->linesIn(text, width).isExact)
             continue;
         const CellText cell = column == 0 ? _names.cellOf(row) : _cells.cellOf(_content.index(row, column));
         QTextLayout layout;

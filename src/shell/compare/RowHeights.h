@@ -6,6 +6,7 @@
 #include "shell/compare/LetterWidths.h"
 #include "shell/compare/TableLook.h"
 
+#include <optional>
 #include <vector>
 
 class QTableView;
@@ -37,14 +38,15 @@ private:
     int plainHeight(int row) const;
     int guess(int row);
     int exactHeight(int row) const;
+    void noteLetters();
     void noteWidths();
 
     QTableView &_table;
     const ComparisonController &_content;
     const ParameterHeader &_names;
     const ComparisonDelegate &_cells;
-    LetterWidths _letters;
-    LetterWidths _heavyLetters;
+    std::optional<LetterWidths> _letters; ///< as the next, measured for the first rows: it takes a while
+    std::optional<LetterWidths> _heavyLetters;
     std::vector<int> _widths; ///< for the text of each column
     std::vector<bool> _isMeasured; ///< by row
 };
