@@ -24,6 +24,18 @@ QSize fitting(QSize size, QSize limit)
     return fits ? size : size.scaled(limit, Qt::KeepAspectRatio).expandedTo({1, 1});
 }
 
+/// The decoder of a JPEG gives eighths of a picture. The most that fit spare it the pixels in between, and
+/// all scaling; what is smaller than this is quick as it is.
+constexpr int kLeastDraftSide = 512;
+
+QSize draftFitting(QSize size, QSize limit)
+{
+    const int longer = std::max(size.width(), size.height());
+    const int eighths = 8 * limit.width() / longer;
+    const QSize draft(size.width() * eighths / 8, size.height() * eighths / 8);
+    return eighths * longer / 8 >= kLeastDraftSide ? draft.expandedTo({1, 1}) : fitting(size, limit);
+}
+
 /// The formats that are nothing but pixels, as the decoders name them.
 constexpr std::array kPixelFormats{"bmp", "cur", "dib", "gif", "icns", "ico", "jp2",  "jpeg", "jpg",
                                    "pbm", "pgm", "png", "ppm", "tga",  "tif", "tiff", "wbmp", "webp"};
@@ -33,7 +45,8 @@ bool isPixelFormat(const QByteArray &format)
     return std::ranges::find(kPixelFormats, QByteArrayView(format)) != kPixelFormats.end();
 }
 
-QImage decoded(QIODevice &device, QSize limit, bool applyOrientation, const PixelLimits &limits = {})
+QImage decoded(QIODevice &device, QSize limit, bool applyOrientation, const PixelLimits &limits = {},
+               bool isDraft = false)
 {
     const JpegScans scans = scansOf(device);
     QImageReader reader(&device);
@@ -52,7 +65,7 @@ QImage decoded(QIODevice &device, QSize limit, bool applyOrientation, const Pixe
         return {};
     // A progressive file is held as a whole whatever size is asked for.
     if (size.isValid() && fitting(size, limit) != size && !scans.isProgressive)
-        reader.setScaledSize(fitting(size, limit));
+        reader.setScaledSize(isDraft && isReduced ? draftFitting(size, limit) : fitting(size, limit));
     return imageResize(reader.read(), limit);
 }
 
@@ -65,13 +78,13 @@ QImage decodedHeif(const QString &path, int size, qint64 mostPixels)
 
 } // namespace
 
-QImage thumbnailedImageFromURL(const QString &path, int size, const PixelLimits &limits)
+QImage thumbnailedImageFromURL(const QString &path, int size, const PixelLimits &limits, bool isDraft)
 {
     const auto file = RegularFile::open(path);
     QFile device;
     if (!file || !device.open(file->descriptor(), QIODevice::ReadOnly))
         return {};
-    QImage image = decoded(device, {size, size}, true, limits);
+    QImage image = decoded(device, {size, size}, true, limits, isDraft);
     return image.isNull() ? decodedHeif(file->descriptorPath(), size, limits.whole) : image;
 }
 

@@ -26,8 +26,10 @@ struct PixelLimits {
 };
 
 /// The picture with its orientation applied, scaled down so that its longer side is at most `size`; decoded
-/// at reduced size where the format can. A smaller picture keeps its size.
-QImage thumbnailedImageFromURL(const QString &path, int size, const PixelLimits &limits = {});
+/// at reduced size where the format can. A smaller picture keeps its size. A draft of a large JPEG has at
+/// least half as many pixels a side and comes a fifth sooner.
+QImage thumbnailedImageFromURL(const QString &path, int size, const PixelLimits &limits = {},
+                               bool isDraft = false);
 QImage thumbnailedImageFromData(const QByteArray &data, int size);
 
 /// A copy scaled down to fit the size with its proportions kept; a picture that fits is copied as it is.

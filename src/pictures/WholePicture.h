@@ -15,8 +15,9 @@ namespace quorvin {
 
 /// The picture of a file with its orientation applied, decoded no larger than `side` pixels on its longer
 /// side, and `Picture::kMostSide` whatever is asked for. Fails for what is no picture of pixels, cannot be
-/// decoded, or has more pixels than can be held.
-Expected<Picture> pictureOfFile(const QString &path, int side);
+/// decoded, or has more pixels than can be held. A draft may be smaller, as that of
+/// `thumbnailedImageFromURL`.
+Expected<Picture> pictureOfFile(const QString &path, int side, bool isDraft = false);
 
 /// A decoded image as a picture that has that size; `image` must not be null, nor larger than
 /// `Picture::kMostSide`.

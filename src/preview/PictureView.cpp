@@ -17,7 +17,7 @@ namespace quorvin {
 namespace {
 
 constexpr int kLeastSide = 256; ///< pixels
-constexpr int kResizeMilliseconds = 200; ///< of rest, before a picture is decoded anew
+constexpr int kRestMilliseconds = 200; ///< without another size or file, before a picture is decoded anew
 
 int longerSide(QSize size)
 {
@@ -37,14 +37,17 @@ PictureView::PictureView(QWidget *parent) : QWidget(parent)
     setAccessibleRole(this, QAccessible::Graphic);
     setAccessibleName(tr("Picture"));
     _sizeTimer.setSingleShot(true);
-    _sizeTimer.setInterval(kResizeMilliseconds);
+    _sizeTimer.setInterval(kRestMilliseconds);
     connect(&_sizeTimer, &QTimer::timeout, this, &PictureView::wishLarger);
 }
 
-void PictureView::setPicture(const Picture &picture)
+void PictureView::setPicture(const Picture &picture, bool isDraft)
 {
     _image = imageOf(picture);
     _fullSide = std::max(picture.fullWidth, picture.fullHeight);
+    _isCoarse = isDraft && hasRoomForMore();
+    if (_isCoarse)
+        _sizeTimer.start();
     update();
 }
 
@@ -63,6 +66,7 @@ void PictureView::clear()
     _movie.reset();
     _image = {};
     _fullSide = 0;
+    _isCoarse = false;
     _sizeTimer.stop();
     update();
 }
@@ -82,7 +86,7 @@ int PictureView::wantedSide() const
 void PictureView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
-    paintFitted(painter, image(), rect(), false);
+    paintFitted(painter, image(), rect(), _isCoarse);
 }
 
 void PictureView::resizeEvent(QResizeEvent *event)
@@ -91,11 +95,14 @@ void PictureView::resizeEvent(QResizeEvent *event)
     _sizeTimer.start();
 }
 
+bool PictureView::hasRoomForMore() const
+{
+    return longerSide(_image.size()) < std::min(wantedSide(), _fullSide);
+}
+
 void PictureView::wishLarger()
 {
-    const int side = longerSide(_image.size());
-    const int wanted = std::min(wantedSide(), _fullSide);
-    if (!_image.isNull() && !_movie && side < wanted)
+    if (!_image.isNull() && !_movie && hasRoomForMore())
         Q_EMIT largerWanted(wantedSide());
 }
 

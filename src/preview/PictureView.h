@@ -23,7 +23,9 @@ class PictureView : public QWidget {
 public:
     explicit PictureView(QWidget *parent = nullptr);
 
-    void setPicture(const Picture &picture);
+    /// A draft is shown as large as the picture will be, and followed by a wish for more pixels when it has
+    /// too few.
+    void setPicture(const Picture &picture, bool isDraft = false);
     /// Plays the pictures of the file in place of the one that is shown, if it can; its decoder runs here.
     void animate(RegularFile file);
     void clear();
@@ -51,10 +53,12 @@ private:
         QMovie frames;
     };
 
+    bool hasRoomForMore() const;
     void wishLarger();
 
     QImage _image;
     int _fullSide = 0; ///< of the picture in the file
+    bool _isCoarse = false; ///< it is a draft that has room for more pixels
     std::unique_ptr<Movie> _movie;
     QTimer _sizeTimer;
 };

@@ -59,7 +59,7 @@ PreviewWindow::PreviewWindow()
         _picture->clear();
         showCaption(tr("Reading…"));
     });
-    connect(_picture, &PictureView::largerWanted, this, &PreviewWindow::showPicture);
+    connect(_picture, &PictureView::largerWanted, this, [this](int side) { showPicture(side, false); });
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -115,7 +115,7 @@ void PreviewWindow::showOpened(RegularFile file)
     case PanelView::Picture:
         setView(PanelView::Picture);
         _waiting.start();
-        return showPicture(_picture->wantedSide());
+        return showPicture(_picture->wantedSide(), true);
     case PanelView::Medium:
         playMedium(std::move(file));
         break;
@@ -130,19 +130,20 @@ void PreviewWindow::showOpened(RegularFile file)
     Q_EMIT settled();
 }
 
-void PreviewWindow::showPicture(int side)
+void PreviewWindow::showPicture(int side, bool isDraft)
 {
-    _decoder.decode(_path, side, [this](const Expected<Picture> &picture) { takePicture(picture); });
+    _decoder.decode({_path, side, isDraft},
+                    [this, isDraft](const Expected<Picture> &picture) { takePicture(picture, isDraft); });
 }
 
-void PreviewWindow::takePicture(const Expected<Picture> &picture)
+void PreviewWindow::takePicture(const Expected<Picture> &picture, bool isDraft)
 {
     _waiting.stop();
     if (!picture)
         return showFacts(tr("It cannot be shown: %1").arg(picture.error().description));
     // The moving one before would stay in front.
     _picture->clear();
-    _picture->setPicture(*picture);
+    _picture->setPicture(*picture, isDraft);
     if (picture->isAnimated) {
         if (auto file = RegularFile::open(_path))
             _picture->animate(*std::move(file));
@@ -167,7 +168,7 @@ void PreviewWindow::playMedium(RegularFile file)
     if (_choice.hasPictures)
         return;
     _player->setStill(mimeIcon(_choice.mimeName).pixmap(kStillIconSide).toImage());
-    _decoder.decode(_path, kStillSide, [this](const Expected<Picture> &cover) {
+    _decoder.decode({_path, kStillSide}, [this](const Expected<Picture> &cover) {
         if (cover)
             _player->setStill(imageOf(*cover));
     });

@@ -58,8 +58,8 @@ protected:
 private:
     void layOut();
     void showOpened(RegularFile file);
-    void showPicture(int side);
-    void takePicture(const Expected<Picture> &picture);
+    void showPicture(int side, bool isDraft);
+    void takePicture(const Expected<Picture> &picture, bool isDraft);
     void playMedium(RegularFile file);
     void showFacts(const QString &problem);
     void setView(PanelView view);

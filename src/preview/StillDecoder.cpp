@@ -36,13 +36,13 @@ StillDecoder::~StillDecoder()
     _stopRunning.request_stop();
 }
 
-void StillDecoder::decode(const QString &path, int side, Use use)
+void StillDecoder::decode(const PictureRequest &request, Use use)
 {
     const quint64 before = _newest;
     _use = std::move(use);
     {
         const std::lock_guard guard(_lock);
-        _wish = Wish{++_newest, path, side};
+        _wish = Wish{++_newest, request};
     }
     _wished.notify_one();
     QTimer::singleShot(kGraceMilliseconds, this, [this, before] {
@@ -83,9 +83,9 @@ void StillDecoder::run(const std::stop_token &stop)
             const std::lock_guard guard(_lock);
             stopOfWish = _stopRunning.get_token();
         }
-        if (const QString folder = withoutLastPathComponent(wish->path); folder.size() > 1)
+        if (const QString folder = withoutLastPathComponent(wish->request.path); folder.size() > 1)
             roots->add({folder});
-        const auto result = runner->run({PictureRequest{wish->path, wish->side}, kLimitsOfStill}, stopOfWish);
+        const auto result = runner->run({wish->request, kLimitsOfStill}, stopOfWish);
         const auto picture = result.map([](const JobAnswer &answer) { return std::get<Picture>(answer); });
         QMetaObject::invokeMethod(
             this, [this, number = wish->number, picture] { deliver(number, picture); }, Qt::QueuedConnection);

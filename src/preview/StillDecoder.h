@@ -5,9 +5,9 @@
 
 #include "model/Error.h"
 #include "model/Picture.h"
+#include "process/Job.h"
 
 #include <QObject>
-#include <QString>
 
 #include <condition_variable>
 #include <functional>
@@ -30,15 +30,14 @@ public:
     ~StillDecoder() override;
 
     /// `use` is told what came of it, later on this thread, if there is no other wish until then.
-    void decode(const QString &path, int side, Use use);
+    void decode(const PictureRequest &request, Use use);
     /// Nothing is wished for any more.
     void forget();
 
 private:
     struct Wish {
         quint64 number = 0;
-        QString path;
-        int side = 0;
+        PictureRequest request;
     };
 
     void run(const std::stop_token &stop);

@@ -107,7 +107,8 @@ struct Fields<EncodedRemoval> {
 
 template <>
 struct Fields<PictureRequest> {
-    static constexpr auto list = std::tuple(&PictureRequest::path, &PictureRequest::side);
+    static constexpr auto list
+        = std::tuple(&PictureRequest::path, &PictureRequest::side, &PictureRequest::isDraft);
 };
 
 template <>

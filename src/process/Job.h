@@ -70,6 +70,7 @@ struct PictureRequest {
 
     QString path;
     int side = Picture::kMostSide; ///< most pixels of its longer side
+    bool isDraft = false; ///< fewer will do, if that is quicker
 };
 
 template <typename... Requests>

@@ -12,6 +12,7 @@
 #include "support/TestFolder.h"
 
 #include <QBuffer>
+#include <QSignalSpy>
 #include <QTest>
 #include <QtEndian>
 
@@ -132,6 +133,19 @@ TEST_F(ThePreviewWindow, ShowsPicturesAsLargeAsItCan)
     EXPECT_TRUE(panel.picture().image().isNull()) << "it lets go";
     order(PanelFile{.path = test::sample(u"photo.jpg"_s)});
     EXPECT_FALSE(panel.isVisible()) << "what follows opens nothing";
+}
+
+TEST_F(ThePreviewWindow, SharpensADraftThatItShowedFirst)
+{
+    const QSignalSpy sharpened(&panel.picture(), &PictureView::largerWanted);
+    show(folder.write(u"large.jpg"_s, test::picture("jpeg", {4800, 3200})));
+    const int side = panel.picture().wantedSide();
+    auto *picture = panel.findChild<PictureView *>();
+    ASSERT_TRUE(spinUntil([&] { return !picture->image().isNull(); }));
+    const QColor ground = picture->grab().toImage().pixelColor(2, picture->height() / 2);
+    EXPECT_NE(ground, panel.palette().color(QPalette::Window)) << "as large as there is room for";
+    EXPECT_TRUE(spinUntil([&] { return panel.picture().image().width() == side; }));
+    EXPECT_EQ(sharpened.size(), 1);
 }
 
 TEST_F(ThePreviewWindow, MovesPicturesThatMove)
