@@ -55,6 +55,8 @@ AppController::~AppController()
     delete _preferences;
     while (!_windows.empty())
         _windows.back()->close();
+    // They delete themselves a turn later, when what they lean on would be gone.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 MainWindowController *AppController::openEmptyWindow()
