@@ -102,7 +102,8 @@ public:
     int indexOfChild(const Interface *child) const override
     {
         const auto *item = dynamic_cast<const ItemAccess *>(child);
-        return RelayedAccess::indexOfChild(item ? item->told() : child);
+        const Interface *own = item ? item->told() : child;
+        return own ? RelayedAccess::indexOfChild(own) : -1;
     }
     void *interface_cast(QAccessible::InterfaceType type) override
     {
