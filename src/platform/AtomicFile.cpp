@@ -74,7 +74,7 @@ Expected<void> AtomicFile::openTemporary(const QByteArray &target, mode_t mode)
         return tl::unexpected(opened.error());
     _target = target;
     _temporary = opened->path;
-    _slot = UnfinishedFiles::add(_temporary);
+    _slot = opened->slot;
     _device.open(opened->descriptor, kWriting, QFileDevice::AutoCloseHandle);
     return {};
 }

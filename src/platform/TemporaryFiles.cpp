@@ -3,6 +3,8 @@
 
 #include "platform/TemporaryFiles.h"
 
+#include "platform/UnfinishedFiles.h"
+
 #include <QRandomGenerator>
 
 #include <dirent.h>
@@ -12,8 +14,8 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cctype>
 #include <cerrno>
-#include <cstdlib>
 #include <memory>
 
 namespace quorvin::TemporaryFiles {
@@ -21,12 +23,12 @@ namespace quorvin::TemporaryFiles {
 namespace {
 
 constexpr QByteArrayView kPrefix(".quorvin-");
-constexpr QByteArrayView kPattern("XXXXXX");
+constexpr qsizetype kRandomLetters = 6;
 
 QByteArray randomName()
 {
     constexpr QByteArrayView kLetters("abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789");
-    QByteArray name(kPattern.size(), Qt::Uninitialized);
+    QByteArray name(kRandomLetters, Qt::Uninitialized);
     for (char &letter : name)
         letter = kLetters[QRandomGenerator::global()->bounded(static_cast<int>(kLetters.size()))];
     return name;
@@ -34,7 +36,7 @@ QByteArray randomName()
 
 bool hasOurName(QByteArrayView name)
 {
-    return name.size() == kPrefix.size() + kPattern.size() && name.startsWith(kPrefix)
+    return name.size() == kPrefix.size() + kRandomLetters && name.startsWith(kPrefix)
         && std::ranges::all_of(name.sliced(kPrefix.size()), [](char c) { return std::isalnum(c) != 0; });
 }
 
@@ -42,6 +44,30 @@ bool isStillThere(int descriptor)
 {
     struct stat facts { };
     return ::fstat(descriptor, &facts) == 0 && facts.st_nlink > 0;
+}
+
+/// Makes and opens something of a new name with `make`, which gives a descriptor, or -1 with errno.
+template <typename Make>
+Expected<Opened> makeUnder(const QByteArray &folder, const Make &make)
+{
+    while (true) {
+        const QByteArray path = folder + '/' + kPrefix.toByteArray() + randomName();
+        // First, as a signal may come at any moment.
+        const int slot = UnfinishedFiles::add(path);
+        const int descriptor = make(path.constData());
+        const int problem = errno;
+        if (descriptor >= 0) {
+            // Where the file system has no locks, nobody gets one to remove the file with.
+            ::flock(descriptor, LOCK_EX);
+            // Between its making and its lock another run may have taken the file for a leftover.
+            if (isStillThere(descriptor))
+                return Opened{descriptor, path, slot};
+            ::close(descriptor);
+        }
+        UnfinishedFiles::remove(slot);
+        if (descriptor < 0 && problem != EEXIST)
+            return posixFailure(problem);
+    }
 }
 
 struct FolderCloser {
@@ -81,41 +107,24 @@ void removeUnlessHeld(int folder, const char *name)
 
 Expected<Opened> open(const QByteArray &folder, mode_t mode)
 {
-    while (true) {
-        Opened opened;
-        opened.path = folder + '/' + kPrefix.toByteArray() + randomName();
-        opened.descriptor = ::open(opened.path.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-        if (opened.descriptor < 0 && errno == EEXIST)
-            continue;
-        if (opened.descriptor < 0)
-            return posixFailure(errno);
-        // Where the file system has no locks, nobody gets one to remove the file with.
-        ::flock(opened.descriptor, LOCK_EX);
-        // Between its making and its lock another run may have taken the file for a leftover.
-        if (isStillThere(opened.descriptor))
-            return opened;
-        ::close(opened.descriptor);
-    }
+    return makeUnder(folder, [mode](const char *path) {
+        return ::open(path, O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+    });
 }
 
 Expected<Opened> openFolder(const QByteArray &folder)
 {
-    while (true) {
-        Opened opened;
-        opened.path = folder + '/' + kPrefix.toByteArray() + kPattern.toByteArray();
-        if (!::mkdtemp(opened.path.data()))
-            return posixFailure(errno);
-        opened.descriptor = ::open(opened.path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-        if (opened.descriptor < 0) {
+    return makeUnder(folder, [](const char *path) {
+        if (::mkdir(path, S_IRWXU) != 0)
+            return -1;
+        const int descriptor = ::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+        if (descriptor < 0) {
             const int problem = errno;
-            ::rmdir(opened.path.constData());
-            return posixFailure(problem);
+            ::rmdir(path);
+            errno = problem;
         }
-        ::flock(opened.descriptor, LOCK_EX);
-        if (isStillThere(opened.descriptor))
-            return opened;
-        ::close(opened.descriptor);
-    }
+        return descriptor;
+    });
 }
 
 void removeFolder(const QByteArray &path)

@@ -7,8 +7,8 @@
 
 namespace quorvin::UnfinishedFiles {
 
-/// The temporary files that exist at this moment, and the folders that are empty without them, kept where a
-/// signal handler can read them.
+/// The temporary files that exist at this moment or will in the next, and the folders that are empty without
+/// them, kept where a signal handler can read them.
 
 /// Returns the slot of the path, or -1 when all `kSlots` are taken: such a file is not removed on an
 /// interrupt.

@@ -6,7 +6,6 @@
 #include "platform/AtomicFile.h"
 #include "platform/FileRights.h"
 #include "platform/NativePath.h"
-#include "platform/TemporaryFiles.h"
 #include "platform/UnfinishedFiles.h"
 
 #include <fcntl.h>
@@ -93,15 +92,15 @@ Expected<std::unique_ptr<WorkFolder>> WorkFolder::create(const QString &parent)
     const QByteArray folder = encodePath(parent);
     TemporaryFiles::removeLeftovers(folder);
     return TemporaryFiles::openFolder(folder).map([&](const TemporaryFiles::Opened &opened) {
-        return std::unique_ptr<WorkFolder>(new WorkFolder(parent, opened.descriptor, opened.path));
+        return std::unique_ptr<WorkFolder>(new WorkFolder(parent, opened));
     });
 }
 
-WorkFolder::WorkFolder(QString parent, int descriptor, QByteArray path)
+WorkFolder::WorkFolder(QString parent, const TemporaryFiles::Opened &opened)
     : _parent(std::move(parent)),
-      _descriptor(descriptor),
-      _path(std::move(path)),
-      _folderSlot(UnfinishedFiles::add(_path)),
+      _descriptor(opened.descriptor),
+      _path(opened.path),
+      _folderSlot(opened.slot),
       _copySlot(UnfinishedFiles::add(_path + kCopyName))
 {
 }

@@ -5,6 +5,7 @@
 
 #include "model/Error.h"
 #include "platform/RegularFile.h"
+#include "platform/TemporaryFiles.h"
 
 #include <QByteArray>
 #include <QString>
@@ -43,7 +44,7 @@ public:
     void discard();
 
 private:
-    WorkFolder(QString parent, int descriptor, QByteArray path);
+    WorkFolder(QString parent, const TemporaryFiles::Opened &opened);
 
     QString _parent;
     int _descriptor; ///< of the folder, with its lock
