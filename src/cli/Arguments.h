@@ -32,6 +32,8 @@ struct Arguments {
     bool pair = false;
     QString filter; ///< the text of a rule
     bool onlyFailed = false;
+    std::optional<QString> saveProject;
+    std::optional<QString> changed; ///< a project
     bool stripExif = false;
     bool stripMakernote = false;
     bool stripGps = false;

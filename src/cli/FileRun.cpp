@@ -20,20 +20,23 @@ constexpr qsizetype kMostWaitingBytes = qsizetype{32} << 20; ///< of records beh
 
 } // namespace
 
-FileRun::FileRun(const Context &context)
-    : FileRun(context, FilelistFiller::fillerWithSourceArray(context.paths))
-{
-}
+FileRun::FileRun(const Context &context) : FileRun(context, listedFiles(context.paths)) { }
 
-FileRun::FileRun(const Context &context, const FilelistFiller &filler) : FileRun(context, filler.filelist())
+FileRun::FileRun(const Context &context, ListedFiles listed)
+    : FileRun(context, std::move(listed.files), listed.roots)
 {
-    for (const auto &problem : filler.problems())
+    for (const auto &problem : listed.problems)
         fail(problem.path, problem.reason);
 }
 
 FileRun::FileRun(const Context &context, std::vector<FilelistItemPtr> files)
+    : FileRun(context, std::move(files), context.paths)
+{
+}
+
+FileRun::FileRun(const Context &context, std::vector<FilelistItemPtr> files, const QStringList &roots)
     : _context(context),
-      _setup(analysisSetupFrom(context.settings, std::make_shared<RootSet>(context.paths))),
+      _setup(analysisSetupFrom(context.settings, std::make_shared<RootSet>(roots))),
       _files(std::move(files)),
       _results(_files)
 {

@@ -4,12 +4,13 @@
 #pragma once
 
 #include "cli/Command.h"
+#include "cli/ListedFiles.h"
 #include "cli/OrderedResults.h"
 #include "cli/StopHints.h"
 #include "export/ExportEntry.h"
 #include "intake/AnalysisOptions.h"
 #include "intake/DataCacher.h"
-#include "intake/FilelistFiller.h"
+#include "intake/FilelistItem.h"
 #include "model/Error.h"
 
 #include <memory>
@@ -22,7 +23,7 @@ namespace quorvin::cli {
 /// one by one, either as files or as records. One thread.
 class FileRun {
 public:
-    /// Walks the folders at once; those that can't be listed are failures.
+    /// Walks the folders and reads the projects at once; those that can't be listed or read are failures.
     explicit FileRun(const Context &context);
     /// Files of the paths of the call, in an order of their own.
     FileRun(const Context &context, std::vector<FilelistItemPtr> files);
@@ -66,7 +67,8 @@ public:
     Status finish(bool endsInLineFeed);
 
 private:
-    FileRun(const Context &context, const FilelistFiller &filler);
+    FileRun(const Context &context, ListedFiles listed);
+    FileRun(const Context &context, std::vector<FilelistItemPtr> files, const QStringList &roots);
     void startProgress();
     void startPool();
     void feedPool();

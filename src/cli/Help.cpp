@@ -44,7 +44,8 @@ QString helpText(const Command *command)
         return u"Usage: quorvin-cli %1 [OPTION]... [--] PATH...\nShow %2.\n\nOptions:\n%3"_s.arg(
             command->name, command->description, optionsHelp(command->options() + commonOptions()));
     return u"Usage: quorvin-cli COMMAND [OPTION]... [--] PATH...\n"
-           "Tell what media files are and what is inside them. Folders are walked.\n\n"
+           "Tell what media files are and what is inside them. Folders are walked; a project (a file\n"
+           "with the extension quorvinproj) stands for the files in it.\n\n"
            "Commands:\n%1\nOptions of all commands:\n%2\n"
            "'quorvin-cli COMMAND --help' tells the options of a command.\n"
            "Exit status: 0 all went well, 1 a file failed or an output could not be written, 2 the call was "

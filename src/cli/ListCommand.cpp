@@ -6,11 +6,14 @@
 #include "cli/Console.h"
 #include "cli/FileRun.h"
 #include "cli/FilterOption.h"
+#include "cli/ProjectOptions.h"
 #include "platform/NativePath.h"
+#include "projects/Project.h"
 
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <vector>
 
 namespace quorvin::cli {
 
@@ -18,28 +21,34 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
+using Listed = std::vector<FilelistItemPtr>;
+
 /// A line of the list, with what is behind the paths.
-void write(const Context &context, const FilelistItem &file, const QByteArray &behind = {})
+void write(const Context &context, const FilelistItemPtr &file, Listed &listed, const QByteArray &behind = {})
 {
     const char end = context.arguments.zeroSeparated ? '\0' : '\n';
-    context.console.write(encodePath(file.prefixedPath()) + '\t' + encodePath(file.filename()) + behind
+    context.console.write(encodePath(file->prefixedPath()) + '\t' + encodePath(file->filename()) + behind
                           + end);
+    listed.push_back(file);
 }
 
-void listAll(const Context &context, FileRun &run)
+Listed listAll(const Context &context, FileRun &run)
 {
+    Listed listed;
     for (const FilelistItemPtr &file : run.filelist()) {
         struct stat facts { };
         if (::lstat(encodePath(file->filename()).constData(), &facts) != 0)
             run.fail(file->filename(), posixFailure(errno).value().description);
         else
-            write(context, *file);
+            write(context, file, listed);
     }
+    return listed;
 }
 
 /// Those that are not there to be read tell so in their place of the list, or by a complaint.
-void listRead(const Context &context, FileRun &run)
+Listed listRead(const Context &context, FileRun &run)
 {
+    Listed listed;
     const bool onlyFailed = context.arguments.onlyFailed;
     while (const auto result = run.nextRecord()) {
         const bool isFailed = !result->record;
@@ -50,9 +59,10 @@ void listRead(const Context &context, FileRun &run)
         if (!run.passes(*result) || (onlyFailed && !isFailed))
             continue;
         // A reason is one line, whatever a library says.
-        write(context, *result->file,
+        write(context, result->file, listed,
               onlyFailed ? '\t' + result->record.error().description.simplified().toUtf8() : QByteArray());
     }
+    return listed;
 }
 
 } // namespace
@@ -64,17 +74,46 @@ QList<Option> listOptions()
         {.names = {u"failed"_s},
          .description = u"Only files that can not be read, with a tab and the reason behind."_s,
          .take = put<&Arguments::onlyFailed>},
+        {.names = {u"save-project"_s},
+         .description = u"Write a project of these files, with their sizes and dates, and their digests "
+                        "with --set computeFileHashes=true."_s,
+         .valueName = u"FILE"_s,
+         .take = put<&Arguments::saveProject>},
+        {.names = {u"changed"_s},
+         .description = u"Of the project, without paths: 'changed', 'vanished' or 'new', a tab and the path; "
+                        "status 3 if there is any."_s,
+         .valueName = u"PROJECT"_s,
+         .take = put<&Arguments::changed>},
     };
+}
+
+Reads listReads(const Arguments &arguments)
+{
+    return arguments.changed ? Reads::Nothing : Reads::Files;
+}
+
+Expected<void> checkList(const Arguments &arguments)
+{
+    const bool hasOther = arguments.onlyFailed || arguments.saveProject || !arguments.filter.isEmpty();
+    if (arguments.changed && hasOther)
+        return failure(u"--changed goes with no other option of list"_s);
+    if (arguments.saveProject && !isProjectPath(*arguments.saveProject))
+        return failure(u"--save-project takes a name that ends in .%1"_s.arg(kProjectExtension));
+    return {};
 }
 
 Status runList(const Context &context)
 {
+    if (context.arguments.changed)
+        return listChanges(context);
     FileRun run(context);
-    if (context.arguments.onlyFailed || !context.filter.isEmpty())
-        listRead(context, run);
-    else
-        listAll(context, run);
-    return run.finish(true);
+    if (!isProjectAllowed(context, run.filelist()))
+        return WrongCall;
+    const bool isRead = context.arguments.onlyFailed || !context.filter.isEmpty();
+    const Listed listed = isRead ? listRead(context, run) : listAll(context, run);
+    const bool isSaved = !context.arguments.saveProject || saveProjectOf(context, listed);
+    const Status status = run.finish(true);
+    return isSaved ? status : SomethingFailed;
 }
 
 } // namespace quorvin::cli

@@ -8,6 +8,8 @@
 namespace quorvin::cli {
 
 QList<Option> listOptions();
+Reads listReads(const Arguments &arguments);
+Expected<void> checkList(const Arguments &arguments);
 Status runList(const Context &context);
 
 } // namespace quorvin::cli
