@@ -44,6 +44,7 @@ struct Arguments {
     bool allowHardLinks = false;
     std::optional<QString> receipt;
     QString source; ///< a key of `rawSources`
+    QString parameter; ///< SECTION/NAME
 };
 
 } // namespace quorvin::cli

@@ -11,6 +11,7 @@
 #include "cli/ListCommand.h"
 #include "cli/RawCommand.h"
 #include "cli/SettingsCommand.h"
+#include "cli/StatsCommand.h"
 #include "cli/StripCommand.h"
 
 #include <array>
@@ -83,6 +84,12 @@ constexpr std::array kCommands{
             .reads = files,
             .run = runAttachments,
             .check = checkAttachments},
+    Command{.name = "stats"_L1,
+            .description = "values, counts and figures of one parameter over the files"_L1,
+            .options = statsOptions,
+            .reads = files,
+            .run = runStats,
+            .check = checkStats},
     Command{.name = "settings"_L1,
             .description = "the settings: key, type, default, value"_L1,
             .options = noOptions,

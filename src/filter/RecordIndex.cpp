@@ -48,6 +48,8 @@ void RecordIndex::put(const FilelistItemPtr &file, const QuorvinDataPtr &record)
     if (record) {
         const auto *const type = std::ranges::find(kFileTypes, fileTypeOf(*record));
         entry.fileType = static_cast<qint8>(type - kFileTypes.begin());
+        entry.duration = record->duration();
+        entry.bytes = record->generalInfo().filesizeinbytes.toLongLong();
         if (fillRow(*record))
             appendRow(entry);
         else

@@ -37,6 +37,8 @@ public:
         quint32 count = 0;
         qint8 fileType = kFailed; ///< place in `kFileTypes`
         bool isIndexed = true; ///< else the record has no place in the columns, and is walked instead
+        qint64 duration = 0; ///< of the record, in milliseconds
+        qint64 bytes = 0; ///< of the file
     };
     static constexpr qint8 kFailed = -1; ///< the file could not be read
 
