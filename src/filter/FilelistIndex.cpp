@@ -75,6 +75,13 @@ void FilelistIndex::find(const QString &text, TakeAnswer takeFound)
     _news.notify_one();
 }
 
+void FilelistIndex::lookAt(Look look)
+{
+    const std::lock_guard guard(_lock);
+    _newestLook = std::move(look);
+    _news.notify_one();
+}
+
 void FilelistIndex::post(Change change)
 {
     const std::lock_guard guard(_lock);
@@ -101,6 +108,7 @@ void FilelistIndex::run(const std::stop_token &stop)
         applyAll(work.changes);
         if (const auto find = takeFind())
             answer(*find);
+        lookOnce(stop);
         lookAround();
     }
 }
@@ -326,6 +334,20 @@ void FilelistIndex::answer(const Find &find)
                 takeFound(answer);
         });
     });
+}
+
+void FilelistIndex::lookOnce(const std::stop_token &stop)
+{
+    Look look;
+    {
+        const std::lock_guard guard(_lock);
+        if (_changes.empty())
+            look = std::exchange(_newestLook, {});
+    }
+    if (!look)
+        return;
+    if (auto useSeen = look(_index, stop))
+        hand([&](IndexMailbox &mailbox) { mailbox.postSeen(std::move(useSeen)); });
 }
 
 void FilelistIndex::deliverNames()

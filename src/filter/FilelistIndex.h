@@ -15,6 +15,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -61,6 +62,13 @@ public:
     /// forgotten.
     void find(const QString &text, TakeAnswer takeFound);
 
+    /// What looks at the index, and gives what is to be done with what it saw; that may be empty. It should
+    /// end soon when a stop is asked for.
+    using Look = std::function<std::function<void()>(const RecordIndex &index, const std::stop_token &stop)>;
+    /// Calls it once on the thread of the index, when all that was analysed before is in there; what it gives
+    /// is called by the event loop. One that has not begun, or whose end was not told, is forgotten.
+    void lookAt(Look look);
+
 private:
     using Clock = std::chrono::steady_clock;
 
@@ -92,7 +100,7 @@ private:
     void post(std::unique_ptr<IndexQuery> query);
 
     void run(const std::stop_token &stop);
-    bool isNews() const { return _newest || _newestFind || !_changes.empty(); }
+    bool isNews() const { return _newest || _newestFind || _newestLook || !_changes.empty(); }
     Work awaitWork(const std::stop_token &stop);
     void apply(const Done &done);
     void apply(const Files &list);
@@ -100,6 +108,7 @@ private:
     void begin(Question question);
     std::optional<Find> takeFind();
     void answer(const Find &find);
+    void lookOnce(const std::stop_token &stop);
     void lookAround();
     void look(std::size_t entry);
     std::vector<std::size_t> entriesInOrder() const;
@@ -126,6 +135,7 @@ private:
     std::deque<Change> _changes;
     std::optional<Question> _newest; ///< not begun yet
     std::optional<Find> _newestFind;
+    Look _newestLook; ///< empty: none is wanted
     std::stop_source _looking; ///< of the newest question
 
     // Of the thread.

@@ -37,6 +37,13 @@ void IndexMailbox::postFound(std::function<void()> useFound)
         ring();
 }
 
+void IndexMailbox::postSeen(std::function<void()> useSeen)
+{
+    const std::lock_guard guard(_lock);
+    if (!std::exchange(_useSeen, std::move(useSeen)))
+        ring();
+}
+
 void IndexMailbox::ring()
 {
     QCoreApplication::postEvent(this, new QEvent(QEvent::User));
@@ -47,11 +54,13 @@ void IndexMailbox::customEvent(QEvent *)
     IndexAnswerPtr answer;
     std::optional<QStringList> names;
     std::function<void()> useFound;
+    std::function<void()> useSeen;
     {
         const std::lock_guard guard(_lock);
         answer = std::exchange(_answer, nullptr);
         names = std::exchange(_names, std::nullopt);
         useFound = std::exchange(_useFound, nullptr);
+        useSeen = std::exchange(_useSeen, nullptr);
     }
     if (names)
         _takeNames(*names);
@@ -59,6 +68,8 @@ void IndexMailbox::customEvent(QEvent *)
         _takeAnswer(answer);
     if (useFound)
         useFound();
+    if (useSeen)
+        useSeen();
 }
 
 } // namespace quorvin

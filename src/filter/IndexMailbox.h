@@ -28,8 +28,9 @@ public:
     /// Any thread, as the next.
     void post(IndexAnswerPtr answer);
     void post(QStringList names);
-    /// What is to be done with the answer to something that was asked once.
+    /// What is to be done with the answer to something that was asked once; and with what came of a look.
     void postFound(std::function<void()> useFound);
+    void postSeen(std::function<void()> useSeen);
 
 protected:
     void customEvent(QEvent *event) override;
@@ -39,10 +40,11 @@ private:
 
     const TakeAnswer _takeAnswer;
     const TakeNames _takeNames;
-    std::mutex _lock; ///< guards the three below
+    std::mutex _lock; ///< guards the four below
     IndexAnswerPtr _answer;
     std::optional<QStringList> _names;
     std::function<void()> _useFound;
+    std::function<void()> _useSeen;
 };
 
 } // namespace quorvin

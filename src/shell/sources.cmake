@@ -74,6 +74,13 @@ set(QUORVIN_SHELL_SOURCES
     shell/preferences/PreferencesWindowController.cpp
 
 
+    shell/charts/CountModel.cpp
+    shell/charts/CountPlot.cpp
+    shell/charts/ParameterChooser.cpp
+    shell/charts/StatCounter.cpp
+    shell/charts/StatExport.cpp
+    shell/charts/StatWindow.cpp
+
     shell/compare/ColumnGrip.cpp
     shell/compare/ColumnWidths.cpp
     shell/compare/ComparedFiles.cpp
@@ -146,6 +153,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/window/RemovalCommands.cpp
     shell/window/PreviewCommands.cpp
     shell/window/SidebarSplitView.cpp
+    shell/window/StatCommands.cpp
     shell/window/StatusLine.cpp
     shell/window/StatusMessage.cpp
     shell/window/TabSelector.cpp

@@ -28,6 +28,11 @@ void keepEachOnce(std::vector<quint32> &places)
 
 } // namespace
 
+CountView suitableView(const ParameterCount &count)
+{
+    return {.inRanges = count.values.size() > kFewValues && figuresOf(count).has_value()};
+}
+
 CountTable::CountTable(ParameterCountPtr count, const CountView &view)
     : _count(std::move(count)), _figures(figuresOf(*_count)), _isInRanges(view.inRanges && _figures)
 {

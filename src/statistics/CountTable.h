@@ -45,6 +45,9 @@ struct CountView {
     bool operator==(const CountView &) const = default;
 };
 
+/// Values where they are few, or measure nothing; else ranges.
+CountView suitableView(const ParameterCount &count);
+
 /// A count in rows: values, the most frequent first, or ranges in their order, those without files among
 /// them; then what can not be compared, what has no value and what could not be read, where there is any.
 /// Does not change once made, so any thread may read it.
@@ -93,6 +96,8 @@ private:
 
 using CountTablePtr = std::shared_ptr<const CountTable>;
 
+/// Of values in a suitable view.
+inline constexpr std::size_t kFewValues = 20;
 /// More conditions than a person would look at.
 inline constexpr std::size_t kMostConditions = 200;
 

@@ -127,4 +127,24 @@ TEST(FilelistIndex, TellsTheNamesThatRulesCanUse)
     EXPECT_TRUE(spinUntil([&] { return told.names == QStringList{u"G/A"_s, u"G/B9"_s, u"G/B10"_s}; }));
 }
 
+TEST(FilelistIndex, IsLookedAtWhenAllIsInThere)
+{
+    Told told;
+    std::size_t seen = 0;
+    for (int i = 0; i < 200; ++i)
+        told.add(u"value %1"_s.arg(i));
+    told.index.setFiles(told.list);
+    told.index.lookAt([&seen](const RecordIndex &index, const std::stop_token &) {
+        return [&seen, count = index.entries().size()] { seen = count; };
+    });
+    EXPECT_TRUE(spinUntil([&seen] { return seen > 0; }));
+    EXPECT_EQ(seen, 200);
+    // A look that tells nothing harms nobody.
+    told.index.lookAt([](const RecordIndex &, const std::stop_token &) { return std::function<void()>(); });
+    EXPECT_TRUE(
+        told.index.ask(u"value 7"_s, {}) > 0
+        && told.gets({told.list[7], told.list[70], told.list[71], told.list[72], told.list[73], told.list[74],
+                      told.list[75], told.list[76], told.list[77], told.list[78], told.list[79]}));
+}
+
 } // namespace quorvin

@@ -66,6 +66,8 @@ enum class Command {
     widenSidebar,
     narrowSidebar,
     toggleQuickInfo,
+    showStatWindow,
+    parameterStatistics,
     clickWrapLongLines,
     zoomIn,
     zoomOut,

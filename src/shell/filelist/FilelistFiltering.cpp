@@ -103,6 +103,12 @@ void FilelistFiltering::findFiles(const QString &text, FilelistIndex::TakeAnswer
     _index->find(text, std::move(takeFound));
 }
 
+void FilelistFiltering::lookAtIndex(FilelistIndex::Look look)
+{
+    tellList();
+    _index->lookAt(std::move(look));
+}
+
 void FilelistFiltering::takeAnswer(const IndexAnswerPtr &answer)
 {
     const bool isSame = isSameAnswer(_answer, answer);

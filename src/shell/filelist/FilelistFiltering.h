@@ -46,6 +46,8 @@ public:
     /// Looks for the files of the list that have a text, narrowed or not; `takeFound` is told of them unless
     /// another text is looked for meanwhile.
     void findFiles(const QString &text, FilelistIndex::TakeAnswer takeFound);
+    /// As `FilelistIndex::lookAt`, at the list as it is now.
+    void lookAtIndex(FilelistIndex::Look look);
     /// SECTION/NAME of all parameters that rules can use, in the order of a file browser.
     const QStringList &parameterNames() const { return _parameterNames; }
 

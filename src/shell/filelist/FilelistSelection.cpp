@@ -55,7 +55,7 @@ void FilelistSelection::selectRow(int row)
     setCurrentIndex(_files.index(row, 0), ClearAndSelect);
 }
 
-void FilelistSelection::selectFiles(const std::vector<FilelistItemPtr> &files)
+void FilelistSelection::selectFiles(const std::vector<FilelistItemPtr> &files, SelectionFlag how)
 {
     std::vector<int> rows;
     rows.reserve(files.size());
@@ -74,7 +74,7 @@ void FilelistSelection::selectFiles(const std::vector<FilelistItemPtr> &files)
     }
     if (selection.isEmpty())
         return;
-    select(selection, Select);
+    select(selection, how);
     setCurrentIndex(selection.front().topLeft(), NoUpdate);
 }
 

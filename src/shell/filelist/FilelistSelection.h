@@ -29,8 +29,9 @@ public:
 
     /// Selects that row alone.
     void selectRow(int row);
-    /// Those that are shown, in addition; the first of them is the keyboard's place.
-    void selectFiles(const std::vector<FilelistItemPtr> &files);
+    /// Those that are shown, in addition or alone; the first of them is the keyboard's place. None shown:
+    /// does nothing.
+    void selectFiles(const std::vector<FilelistItemPtr> &files, SelectionFlag how = Select);
 
     /// Has the filter decide anew which files are shown. What stays in sight stays selected. When all that is
     /// selected goes, the first row stands in, until `current`, the file that was looked at, is back in sight

@@ -26,6 +26,7 @@
 #include "shell/window/QuickInfo.h"
 #include "shell/window/RemovalCommands.h"
 #include "shell/window/SidebarSplitView.h"
+#include "shell/window/StatCommands.h"
 #include "shell/window/StatusLine.h"
 #include "shell/window/TabSidebars.h"
 #include "shell/window/ToolBar.h"
@@ -115,6 +116,7 @@ void MainWindowController::setUpCommands()
     _filterCommands->registerAt(*_commands);
     _quickInfo->registerAt(*_commands);
     new RemovalCommands(_session.settings, *_view, _files, *_commands, this);
+    new StatCommands(_session.settings, *_view, _files, *_commands, this);
     registerCommands();
     connect(_commands, &CommandSet::didRun, this, &MainWindowController::validateCommands);
 }

@@ -1,0 +1,95 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/charts/StatExport.h"
+
+#include "platform/AtomicFile.h"
+#include "shell/charts/CountPlot.h"
+#include "shell/desktop/PlainText.h"
+#include "shell/session/LastFolder.h"
+#include "statistics/CountText.h"
+
+#include <QFileDialog>
+#include <QIODevice>
+#include <QPointer>
+
+#include <array>
+
+namespace quorvin {
+
+namespace {
+
+using namespace Qt::StringLiterals;
+
+constexpr std::array kSuffixes{"csv"_L1, "png"_L1, "pdf"_L1}; ///< by `StatExport::Kind`
+
+/// CSV is made of the count, all else is there already.
+Expected<void> writeStatistics(const QString &path, const CountTable &table, const QByteArray &picture)
+{
+    const auto file = AtomicFile::create(path);
+    if (!file)
+        return tl::unexpected(file.error());
+    if (picture.isEmpty()) {
+        const auto written = writeCount(u"csv"_s, table, (*file)->device());
+        return written ? (*file)->commit() : written;
+    }
+    if ((*file)->device().write(picture) != picture.size())
+        return failure((*file)->device().errorString());
+    return (*file)->commit();
+}
+
+/// What a file is called that holds the count of this parameter.
+QString fileNameOf(QString parameter)
+{
+    return parameter.replace(u'/', u' ') + " statistics"_L1;
+}
+
+} // namespace
+
+StatExport::StatExport(LiveSettings &settings, QWidget *window)
+    : QObject(window), _settings(settings), _window(window)
+{
+}
+
+void StatExport::exportCount(Kind kind, const CountTablePtr &table, const CountPlot &plot)
+{
+    const QString suffix = kSuffixes[static_cast<std::size_t>(kind)];
+    auto *dialog = new QFileDialog(_window, tr("Export Statistics"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowModality(Qt::WindowModal);
+    startInLastFolder(*dialog, _settings);
+    dialog->setAcceptMode(QFileDialog::AcceptSave);
+    dialog->setDefaultSuffix(suffix);
+    dialog->setNameFilter(tr("%1 files (*.%1)").arg(suffix));
+    dialog->setLabelText(QFileDialog::Accept, tr("Export"));
+    dialog->selectFile(fileNameOf(table->count().parameter) + u'.' + suffix);
+    connect(dialog, &QFileDialog::fileSelected, this,
+            [this, kind, table, shown = QPointer(&plot)](const QString &path) {
+                if (shown)
+                    write(path, kind, table, *shown);
+            });
+    dialog->open();
+}
+
+void StatExport::write(const QString &path, Kind kind, const CountTablePtr &table, const CountPlot &plot)
+{
+    const QString title = headlineOf(*table);
+    const QByteArray picture = kind == Kind::Png ? plot.png(title)
+        : kind == Kind::Pdf                      ? plot.pdf(title)
+                                                 : QByteArray();
+    _run.start(
+        "StatExport",
+        [path, table, picture](const RunControl &) {
+            const auto written = writeStatistics(path, *table, picture);
+            return written ? QString() : tr("%1: %2").arg(path, written.error().description);
+        },
+        [this, path](const QString &problem) {
+            if (problem.isEmpty())
+                return Q_EMIT exported(path);
+            plainMessage(_window, tr("Export Statistics"), tr("The statistics could not be written."),
+                         problem, QMessageBox::Close)
+                ->open();
+        });
+}
+
+} // namespace quorvin
