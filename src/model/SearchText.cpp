@@ -7,6 +7,7 @@
 #include <unicode/unistr.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <numeric>
 #include <string>
@@ -91,6 +92,21 @@ bool SearchText::isInFolded(QByteArrayView folded) const
 bool SearchText::isIn(QByteArrayView utf8) const
 {
     return !isEmpty() && isInFolded(foldedForNow(utf8));
+}
+
+bool SearchText::isIn(const QString &text) const
+{
+    // Most names are short and ASCII: these need no room but that on the stack.
+    constexpr qsizetype kShort = 256;
+    constexpr char16_t kEndOfAscii = 0x80;
+    char16_t all = 0;
+    for (const QChar unit : text)
+        all |= unit.unicode();
+    if (text.size() > kShort || all >= kEndOfAscii)
+        return isIn(QByteArrayView(text.toUtf8()));
+    std::array<char, kShort> bytes;
+    std::ranges::transform(text, bytes.begin(), [](QChar unit) { return unit.toLatin1(); });
+    return isIn(QByteArrayView(bytes.data(), text.size()));
 }
 
 bool SearchText::isAllOf(QByteArrayView utf8) const

@@ -26,7 +26,7 @@ public:
     const QByteArray &folded() const { return _folded; }
     /// Whether it occurs in a text of valid UTF-8.
     bool isIn(QByteArrayView utf8) const;
-    bool isIn(const QString &text) const { return isIn(QByteArrayView(text.toUtf8())); }
+    bool isIn(const QString &text) const;
     bool isInFolded(QByteArrayView folded) const;
     /// Whether it is the whole of a text of valid UTF-8.
     bool isAllOf(QByteArrayView utf8) const;
