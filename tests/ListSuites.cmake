@@ -3,6 +3,7 @@
 #
 # Asks PROGRAM for its suites and writes OUTPUT, which gives CTest one test a suite. A process a test, as gtest_discover_tests has
 # it, spends most of its time on loading libraries: under the address sanitizer a second for a test of milliseconds.
+
 # What libraries keep for good is looked for where the tests run.
 set(ENV{ASAN_OPTIONS} "detect_leaks=0:$ENV{ASAN_OPTIONS}")
 execute_process(COMMAND ${PROGRAM} --gtest_list_tests OUTPUT_VARIABLE listed COMMAND_ERROR_IS_FATAL ANY)

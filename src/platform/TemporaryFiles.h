@@ -17,7 +17,7 @@ namespace quorvin::TemporaryFiles {
 struct Opened {
     int descriptor = -1; ///< of a file for writing; the lock goes when it is closed
     QByteArray path;
-    int slot = -1; ///< among the unfinished files, whose it is from before it was made; to be given back
+    int slot = -1; ///< among the unfinished files, taken before it was made; the caller gives it back
 };
 
 /// A new one of this mode, as far as the user's mask leaves it. The error is of the POSIX domain.
