@@ -110,6 +110,17 @@ void measureReading(benchmark::State &state, FilelistController &files)
     state.counters["go_on_turn_ms"] = longestTurnOf([&] { files.goOn(); });
 }
 
+/// Three keys in the field for names, and all of them deleted.
+void measureFiltering(benchmark::State &state, FilelistController &files)
+{
+    double longest = 0;
+    for (const char *text : {"1", "12", "123", ""}) {
+        const FilelistFilter criteria{.filenameText = QString::fromLatin1(text)};
+        longest = std::max(longest, longestTurnOf([&] { files.filtering().setCriteria(criteria); }));
+    }
+    state.counters["filter_turn_ms"] = longest;
+}
+
 /// Every so many rows, taken out, brought back and moved.
 void measureEditing(benchmark::State &state, FilelistController &files, int step, const std::string &name)
 {
@@ -142,6 +153,9 @@ void longList(benchmark::State &state)
         longestTurnFor(500);
         measureIntake(state, files, folder.path());
         measureReading(state, files);
+        files.stopReading();
+        longestTurnFor(500);
+        measureFiltering(state, files);
         measureEditing(state, files, 2, "_half_turn_ms");
         measureEditing(state, files, kFiles / 30, "_few_turn_ms");
         state.counters["export_turn_ms"] = millisecondsOf([&] { files.arrayWithDataForExport(); });

@@ -3,6 +3,8 @@
 
 #include "intake/FilelistItem.h"
 
+#include <utility>
+
 namespace quorvin {
 
 FilelistItem::FilelistItem(QString filename, QString prefixedPath)
@@ -19,7 +21,7 @@ FilelistItemPtr FilelistItem::copyWithResult() const
 {
     FilelistItemPtr copy = itemWithFilename(_filename, _prefixedPath);
     const std::lock_guard guard(_lock);
-    copy->_quorvinData = _quorvinData;
+    copy->setQuorvinData(_quorvinData);
     copy->_isFailed = _isFailed;
     copy->_failureReason = _failureReason;
     copy->_isDone = _quorvinData || _isFailed;
@@ -67,23 +69,29 @@ std::optional<MapLocationInfo> FilelistItem::mapLocationInfo() const
 void FilelistItem::setResult(const Expected<QuorvinDataPtr> &result)
 {
     const std::lock_guard guard(_lock);
-    _quorvinData = result.value_or(nullptr);
+    setQuorvinData(result.value_or(nullptr));
     _digestProgress.reset();
     _isFailed = !result;
     _failureReason = result ? QString() : result.error().description;
 }
 
+void FilelistItem::setQuorvinData(QuorvinDataPtr data)
+{
+    _duration = data ? data->duration() : 0;
+    _quorvinData = std::move(data);
+}
+
 void FilelistItem::releaseQuorvinData()
 {
     const std::lock_guard guard(_lock);
-    _quorvinData = nullptr;
+    setQuorvinData(nullptr);
 }
 
 void FilelistItem::resetQuorvinData()
 {
     _isDone = false;
     const std::lock_guard guard(_lock);
-    _quorvinData = nullptr;
+    setQuorvinData(nullptr);
     _digestProgress.reset();
     _isFailed = false;
     _failureReason.clear();

@@ -41,6 +41,9 @@ public:
 
     /// Null while there is none.
     QuorvinDataPtr quorvinData() const;
+    /// Milliseconds, of its record; 0 without one. Takes no lock: the sum over a long list is asked for
+    /// often.
+    qint64 duration() const { return _duration; }
     /// An analysis of the file has ended.
     bool isDone() const { return _isDone; }
     /// A thread has it in hand.
@@ -72,11 +75,15 @@ public:
 private:
     FilelistItem(QString filename, QString prefixedPath);
 
+    /// The lock is held.
+    void setQuorvinData(QuorvinDataPtr data);
+
     QString _filename;
     QString _prefixedPath;
     std::atomic<bool> _isDone = false;
     std::atomic<bool> _isInProcess = false;
     std::atomic<bool> _isWanted = false;
+    std::atomic<qint64> _duration = 0;
     mutable std::mutex _lock; ///< guards all below
     QuorvinDataPtr _quorvinData;
     bool _isFailed = false;

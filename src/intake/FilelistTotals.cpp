@@ -10,10 +10,8 @@ namespace {
 qint64 durationOf(const std::vector<FilelistItemPtr> &files)
 {
     qint64 sum = 0;
-    for (const FilelistItemPtr &file : files) {
-        if (const QuorvinDataPtr data = file->quorvinData())
-            sum += data->duration();
-    }
+    for (const FilelistItemPtr &file : files)
+        sum += file->duration();
     return sum;
 }
 

@@ -6,6 +6,8 @@
 #include "shell/filelist/FilelistFiltering.h"
 #include "shell/filelist/FilelistModel.h"
 
+#include <algorithm>
+
 namespace quorvin {
 
 namespace {
@@ -13,6 +15,14 @@ namespace {
 /// With more runs of rows than this that come or go, the list is told as a new one: whoever shows the rows
 /// follows each run by itself, in a time that grows with the list.
 constexpr int kMostChangedRuns = 32;
+
+/// So many files are asked within a few milliseconds.
+constexpr int kSlice = 4'096;
+
+std::size_t indexOf(int row)
+{
+    return static_cast<std::size_t>(row);
+}
 
 } // namespace
 
@@ -27,43 +37,106 @@ ArrangedFilelist::ArrangedFilelist(FilelistModel &whole, QObject *parent)
     connect(this, &ArrangedFilelist::rowsAboutToBeRemoved, this, [this] { _isLosingRows = true; });
     connect(this, &ArrangedFilelist::rowsRemoved, this, [this] { _isLosingRows = false; });
     setSourceModel(&whole);
+    const auto startOver = [this] { _decisions = {}; };
+    connect(&whole, &FilelistModel::rowsInserted, this, startOver);
+    connect(&whole, &FilelistModel::rowsRemoved, this, startOver);
+    connect(&whole, &FilelistModel::layoutChanged, this, startOver);
+    connect(&whole, &FilelistModel::modelReset, this, startOver);
+    connect(&whole, &FilelistModel::dataChanged, this,
+            [this](const QModelIndex &first, const QModelIndex &last) {
+                rowsDidChange(first.row(), last.row());
+            });
+    connect(&_sliceTimer, &QTimer::timeout, this, &ArrangedFilelist::decideSlice);
 }
 
 void ArrangedFilelist::setFilter(const FilelistFiltering &filter)
 {
     _filter = &filter;
-    rearrange();
+    invalidateFilter();
+}
+
+void ArrangedFilelist::decide()
+{
+    if (_sliceTimer.isActive())
+        _isStale = true;
+    else
+        decideAnew();
+}
+
+void ArrangedFilelist::stopDeciding()
+{
+    _sliceTimer.stop();
+    _isStale = false;
+    _decisions = {};
+}
+
+void ArrangedFilelist::decideAnew()
+{
+    stopDeciding();
+    decideSlice();
+}
+
+void ArrangedFilelist::decideSlice()
+{
+    const int first = static_cast<int>(_decisions.passes.size());
+    const int end = std::min(_whole.rowCount(), first + kSlice);
+    for (int row = first; row < end; ++row)
+        decideRow(row);
+    if (end < _whole.rowCount())
+        return _sliceTimer.start(0);
+    _sliceTimer.stop();
+    Q_EMIT decided();
+    if (_isStale)
+        decideAnew();
+}
+
+void ArrangedFilelist::decideRow(int sourceRow)
+{
+    const bool passes = filterAcceptsRow(sourceRow, {});
+    const bool isChanged = passes != mapFromSource(_whole.index(sourceRow)).isValid();
+    _decisions.passes.push_back(passes);
+    if (passes && _decisions.passing)
+        _decisions.passing->push_back(_whole.fileAt(sourceRow));
+    _decisions.runs += isChanged && !_decisions.isLastChanged;
+    _decisions.isLastChanged = isChanged;
+}
+
+void ArrangedFilelist::rowsDidChange(int first, int last)
+{
+    const int end = std::min(last + 1, static_cast<int>(_decisions.passes.size()));
+    if (end - first > kSlice)
+        _isStale = true;
+    else
+        for (int row = first; row < end; ++row)
+            if (const bool passes = filterAcceptsRow(row, {}); passes != _decisions.passes[indexOf(row)]) {
+                _decisions.passes[indexOf(row)] = passes;
+                _decisions.passing.reset();
+            }
 }
 
 void ArrangedFilelist::rearrange()
 {
-    const int count = _whole.rowCount();
-    std::vector<bool> decided;
-    decided.reserve(static_cast<std::size_t>(count));
-    int runs = 0;
-    bool wasChanged = false;
-    for (int row = 0; row < count; ++row) {
-        decided.push_back(filterAcceptsRow(row, {}));
-        const bool isChanged = decided.back() != mapFromSource(_whole.index(row)).isValid();
-        runs += isChanged && !wasChanged;
-        wasChanged = isChanged;
-    }
-    _decided = std::move(decided);
-    if (runs > kMostChangedRuns) {
+    if (static_cast<int>(_decisions.passes.size()) != _whole.rowCount())
+        return;
+    _isArranging = true;
+    if (_decisions.runs > kMostChangedRuns) {
         setSourceModel(nullptr);
         setSourceModel(&_whole);
         // The rows are mapped when somebody asks for them.
         rowCount();
-    } else if (runs > 0) {
+    } else if (_decisions.runs > 0) {
         invalidateFilter();
     }
-    _decided.clear();
+    _isArranging = false;
+    if (sortColumn() < 0)
+        _files = std::move(_decisions.passing);
+    _decisions = {};
 }
 
 bool ArrangedFilelist::filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const
 {
-    if (!_decided.empty())
-        return _decided[static_cast<std::size_t>(sourceRow)];
+    if (_isArranging)
+        return _decisions.passes[indexOf(sourceRow)];
     return QSortFilterProxyModel::filterAcceptsRow(sourceRow, sourceParent)
         && (!_filter || _filter->passes(_whole.fileAt(sourceRow)));
 }

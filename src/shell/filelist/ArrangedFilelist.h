@@ -6,8 +6,10 @@
 #include "intake/FilelistItem.h"
 
 #include <QSortFilterProxyModel>
+#include <QTimer>
 
 #include <optional>
+#include <utility>
 #include <vector>
 
 namespace quorvin {
@@ -33,19 +35,47 @@ public:
 
     /// From now on only files that pass are shown. `filter` must outlive this object.
     void setFilter(const FilelistFiltering &filter);
-    /// Other files pass than before. With many of them here and there the model is reset.
+    /// Other files may pass than before: asks for each anew, and then tells by `decided`. A long list is
+    /// asked in slices, a turn of the event loop each, and from the beginning if rows come, go or move
+    /// meanwhile. While it is being asked it is first asked to its end, and then once more.
+    void decide();
+    /// What is being asked counts no more.
+    void stopDeciding();
+    /// Shows the files that were found to pass; nothing changes when none was decided since. With many that
+    /// come and go here and there the model is reset.
     void rearrange();
 
     /// Rows are just being taken out: they are still there, and nobody may lean on them.
     bool isLosingRows() const { return _isLosingRows; }
 
+Q_SIGNALS:
+    /// All files have been asked; `rearrange` shows what came of it.
+    void decided();
+
 protected:
     bool filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const override;
 
 private:
+    /// What has been asked so far of the rows of the whole list.
+    struct Decisions {
+        std::vector<bool> passes;
+        /// Those that do, unless a file has changed its mind since.
+        std::optional<std::vector<FilelistItemPtr>> passing{std::in_place};
+        int runs = 0; ///< of neighbours that come or go
+        bool isLastChanged = false;
+    };
+
+    void decideAnew();
+    void decideSlice();
+    void decideRow(int sourceRow);
+    void rowsDidChange(int first, int last);
+
     FilelistModel &_whole;
     const FilelistFiltering *_filter = nullptr;
-    std::vector<bool> _decided; ///< by the row of the whole list, while it is arranged anew; else empty
+    Decisions _decisions;
+    bool _isStale = false; ///< others may pass than when the first slice was asked
+    bool _isArranging = false; ///< what was decided is being shown
+    QTimer _sliceTimer; ///< runs while slices are to be asked
     mutable std::optional<std::vector<FilelistItemPtr>> _files; ///< made when asked for
     bool _isLosingRows = false;
 };

@@ -30,7 +30,9 @@ FilelistController::FilelistController(const LiveSettings &settings, QObject *pa
     connect(&_arranged, &ArrangedFilelist::layoutChanged, this,
             &FilelistController::arrangedObjectsDidChange);
     connect(&_arranged, &ArrangedFilelist::modelReset, this, &FilelistController::arrangedObjectsDidChange);
-    connect(&_filter, &FilelistFiltering::didChange, this, &FilelistController::arrange);
+    connect(&_filter, &FilelistFiltering::criteriaDidChange, &_arranged, &ArrangedFilelist::stopDeciding);
+    connect(&_filter, &FilelistFiltering::didChange, &_arranged, &ArrangedFilelist::decide);
+    connect(&_arranged, &ArrangedFilelist::decided, this, &FilelistController::arrange);
     _filter.setCriteria({.hideUnknownFiles = settings.boolean(Setting::hideUnknownFiles)});
     _arranged.setFilter(_filter);
 }
