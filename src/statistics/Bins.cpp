@@ -67,7 +67,8 @@ Bins evenBins(const Figures &figures)
     const double step = niceStep(number);
     const double first = std::floor(figures.least / step);
     Bins bins;
-    for (double place = 0; place <= binsBy(step, figures); ++place)
+    const auto count = static_cast<int>(binsBy(step, figures));
+    for (int place = 0; place <= count; ++place)
         bins.edges.push_back((first + place) * step);
     return bins;
 }

@@ -11,6 +11,8 @@
 #include "support/CountedFiles.h"
 #include "support/IndexedFiles.h"
 
+#include <QBuffer>
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -158,6 +160,31 @@ TEST(CountTable, RuleOfTooManyValuesIsNotOffered)
     rows.pop_back();
     EXPECT_TRUE(table.ruleOf(rows));
     EXPECT_EQ(table.filesOf(rows).size(), kMostConditions);
+}
+
+TEST(CountText, WritesWhatStandsInTheWay)
+{
+    const CountTable table(
+        counted(u"Video/rate"_s, filesOfValues({u"=a \"b\"\nc\t"_s, u"=a \"b\"\nc\t"_s, u"d"_s})), {});
+    const auto documentOf = [](const QString &format, const CountTable &of) {
+        QBuffer bytes;
+        bytes.open(QIODevice::WriteOnly);
+        EXPECT_TRUE(writeCount(format, of, bytes));
+        return QString::fromUtf8(bytes.data());
+    };
+    EXPECT_TRUE(documentOf(u"txt"_s, table).contains(u"  =a \"b\" c\n"_s));
+    EXPECT_TRUE(documentOf(u"csv"_s, table).contains(u"\"value\",\"'=a \"\"b\"\"\nc\t\",\"2\""_s));
+    EXPECT_TRUE(documentOf(u"json"_s, table).contains(u"\"=a \\\"b\\\"\\nc\\t\""_s));
+    EXPECT_EQ(tabbedText(table.rows().first(1)).section(u'\n', 1), u"value\t=a \"b\" c \t2\t2\t0\t0"_s);
+
+    const CountTable dates(
+        counted(u"Video/rate"_s, filesOfValues({u"2021:03:04 05:06:07"_s, u"2021-03-06"_s})), {});
+    const QString json = documentOf(u"json"_s, dates);
+    EXPECT_TRUE(json.contains(u"\"unit\": \"date\""_s)
+                && json.contains(u"\"least\": \"2021-03-04T05:06:07\""_s))
+        << json.toStdString();
+    QBuffer closed;
+    EXPECT_FALSE(writeCount(u"csv"_s, table, closed));
 }
 
 TEST(ParameterCoverage, CountsFilesAndDistinctValues)

@@ -4,16 +4,21 @@
 #include "shell/charts/CountPlot.h"
 
 #include "shell/desktop/ColorScheme.h"
+#include "shell/desktop/Counts.h"
+#include "shell/desktop/PlainText.h"
 #include "statistics/MeasureText.h"
 
 #include <QBuffer>
 #include <QEvent>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPdfWriter>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <qcustomplot.h>
 
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace quorvin {
@@ -269,18 +274,33 @@ std::vector<std::size_t> CountPlot::rowsBetween(QPointF from, QPointF to) const
     const auto barAt = [this](QPointF place) {
         return _drawing->barAxis()->pixelToCoord(_drawing->isSideways ? place.y() : place.x()) + 0.5;
     };
-    const auto [least, greatest] = std::minmax(barAt(from), barAt(to));
-    const double first = std::max(0.0, std::floor(least));
+    const auto [least, greatest] = std::minmax({barAt(from), barAt(to)});
+    const double end = std::min(std::floor(greatest) + 1, static_cast<double>(_drawing->bars));
     std::vector<std::size_t> rows;
-    for (double bar = first; bar <= greatest && bar < static_cast<double>(_drawing->bars); ++bar)
+    for (auto bar = static_cast<std::ptrdiff_t>(std::max(0.0, std::floor(least)));
+         bar < static_cast<std::ptrdiff_t>(end); ++bar)
         rows.push_back(static_cast<std::size_t>(bar));
     return rows;
+}
+
+void CountPlot::showTip(const QHelpEvent &event) const
+{
+    const auto rows = rowsBetween(event.pos(), event.pos());
+    if (rows.empty())
+        return QToolTip::hideText();
+    const CountRow &row = _table->counted()[rows.front()];
+    QToolTip::showText(
+        event.globalPos(),
+        plainTip(tr("%1: %2").arg(row.text.simplified(), countOfFiles(row.sum.files)), *_drawing->plot),
+        _drawing->plot);
 }
 
 bool CountPlot::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::Resize)
         QMetaObject::invokeMethod(this, &CountPlot::draw, Qt::QueuedConnection);
+    if (event->type() == QEvent::ToolTip && _table)
+        showTip(*static_cast<QHelpEvent *>(event));
     const bool isMouse = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseMove
         || event->type() == QEvent::MouseButtonRelease;
     if (!isMouse || !_table)

@@ -13,6 +13,8 @@
 #include <memory>
 #include <vector>
 
+class QHelpEvent;
+
 namespace quorvin {
 
 /// A count as bars, in the colours of the palette: of values the most frequent, one below the other; of
@@ -52,6 +54,7 @@ private:
     class Drawing;
 
     std::vector<std::size_t> rowsBetween(QPointF from, QPointF to) const;
+    void showTip(const QHelpEvent &event) const;
     void draw() const;
 
     std::unique_ptr<Drawing> _drawing; ///< all that knows how bars are drawn

@@ -266,6 +266,10 @@ void StatWindow::showControls(const CountTable &table)
     _layout->setEnabled(table.figures().has_value());
     _layout->setCurrentIndex(table.isInRanges() ? 1 : 0);
     _steps->setVisible(table.step().has_value());
+    // Of steps too fine for the range there are coarser ones.
+    const auto &view = _counter->question().view;
+    if (table.step() && view && view->step)
+        _steps->setCurrentIndex(_steps->findData(static_cast<int>(*table.step())));
     QString note;
     if (_plot->isCut())
         note = tr("The plot shows the most frequent values; the table has all %1.")

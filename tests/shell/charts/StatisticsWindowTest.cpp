@@ -13,6 +13,7 @@
 #include "support/TestFolder.h"
 
 #include <QAbstractItemModelTester>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
@@ -178,6 +179,74 @@ TEST_F(StatisticsWindow, CopiesAndExports)
     }
     exporter->write(place / u"no/such/a.csv"_s, StatExport::Kind::Csv, table(), stat->plot());
     EXPECT_TRUE(spinUntil([this] { return stat->findChild<QMessageBox *>() != nullptr; }));
+}
+
+TEST_F(StatisticsWindow, DatesTakeStepsAndTooFineOnesGiveWay)
+{
+    count(u"File/Modified"_s);
+    auto *rowsOf = part<QComboBox>(u"Rows"_s);
+    auto *steps = part<QComboBox>(u"Steps of dates"_s);
+    EXPECT_FALSE(steps->isVisible());
+    rowsOf->setCurrentIndex(1);
+    Q_EMIT rowsOf->activated(1);
+    ASSERT_TRUE(spinUntil([&] { return steps->isVisible(); }));
+    steps->setCurrentIndex(steps->findData(static_cast<int>(DateStep::HourOfDay)));
+    Q_EMIT steps->activated(steps->currentIndex());
+    EXPECT_TRUE(spinUntil([this] { return table()->counted().size() == 24; }));
+    EXPECT_EQ(steps->currentText(), u"Hour of the day"_s);
+    stat->showParameter(u"Audio/Format"_s);
+    EXPECT_TRUE(spinUntil([&] { return !steps->isVisible(); }));
+    EXPECT_FALSE(rowsOf->isEnabled()) << "formats measure nothing";
+}
+
+TEST_F(StatisticsWindow, FollowsTheSelectedParameterIfWanted)
+{
+    count(u"File/Kind"_s);
+    stat->follow(u"File/Name"_s);
+    EXPECT_EQ(stat->windowTitle(), u"Statistics: File/Kind"_s);
+    part<QCheckBox>(u"Follow"_s)->click();
+    run(Command::selectExtendedTab);
+    window->myView().info().showParameter(u"Video"_s, 1, u"Width/String"_s);
+    EXPECT_TRUE(spinUntil([this] { return stat->windowTitle() == u"Statistics: Video/Width"_s; }));
+    window->close();
+    EXPECT_FALSE(stat->isVisible());
+}
+
+TEST(CountPlot, ShowsEveryKindOfCountAndTellsWhereItsBarsAre)
+{
+    QStringList many;
+    for (int i = 1; i <= 300; ++i)
+        many.append(u"%1 b/s"_s.arg(i * i));
+    const auto ofValues = [](const QStringList &values, const CountView &view) {
+        return std::make_shared<const CountTable>(test::counted(u"Video/rate"_s, test::filesOfValues(values)),
+                                                  view);
+    };
+    CountPlot plot;
+    plot.resize(600, 300);
+    plot.show();
+    EXPECT_FALSE(plot.png(u"nothing"_s).isEmpty());
+    std::vector<std::size_t> chosen;
+    QObject::connect(&plot, &CountPlot::rowsChosen, [&chosen](const auto &rows) { chosen = rows; });
+    for (const auto &table :
+         {ofValues(many, {}), ofValues(many, {.inRanges = true}), ofValues({u"7 s"_s}, {.inRanges = true}),
+          ofValues({u"2020-01-01"_s, u"2021-05-06"_s}, {.inRanges = true, .step = DateStep::Day}),
+          ofValues({}, {.inRanges = true})}) {
+        plot.setTable(table);
+        EXPECT_EQ(plot.isCut(), table->counted().size() > 40 && !table->isInRanges());
+        EXPECT_TRUE(plot.pdf(u"title"_s).startsWith("%PDF"));
+        const std::size_t last = std::min<std::size_t>(table->counted().size(), 40);
+        for (const std::size_t row : {std::size_t{0}, last / 2}) {
+            if (table->counted().empty())
+                break;
+            const QByteArray before = plot.png(u"title"_s);
+            QTest::mouseClick(plot.findChild<QWidget *>(), Qt::LeftButton, {}, plot.placeOf(row).toPoint());
+            EXPECT_EQ(chosen, std::vector{row});
+            plot.setSelected(chosen);
+            EXPECT_EQ(plot.png(u"title"_s) != before, table->counted()[row].sum.files > 0)
+                << table->counted().front().text.toStdString() << ' ' << row;
+            plot.setSelected({});
+        }
+    }
 }
 
 TEST(CountModel, KeepsTheRulesOfModels)
