@@ -9,6 +9,7 @@
 #include "readers/exiftool/ExifToolUtilities.h"
 #include "readers/image/SystemImage.h"
 #include "readers/image/oEXIV2Reports.h"
+#include "readers/mediainfo/ParameterList.h"
 #include "readers/mediainfo/oMediaInfo.h"
 
 #include <algorithm>
@@ -33,12 +34,15 @@ constexpr std::array kSources{
     Source{QLatin1String("exiv2"), true, oEXIV2Reports::outputOnFile},
     Source{QLatin1String("exiv2-structure"), true, oEXIV2Reports::structureOfFile},
     Source{QLatin1String("xmp"), true, oEXIV2Reports::rawXmpOfFile},
+    Source{QLatin1String("xmp-arranged"), true, oEXIV2Reports::arrangedXmpOfFile},
     Source{QLatin1String("exiftool"), true, nullptr, ExifToolUtilities::exiftoolOutputForFile},
     Source{QLatin1String("engines"), true, nullptr, enginesReport},
     Source{QLatin1String("system-image"), true, imageioReport},
     Source{QLatin1String("iso-metadata"), true, isoMetadataReport},
     Source{QLatin1String("parameters"), false,
            [](const QString &) { return Expected<QString>(oMediaInfo::parameterReport()); }},
+    Source{QLatin1String("parameters-plist"), false,
+           [](const QString &) { return Expected<QString>(parameterPropertyList()); }},
 };
 
 const Source &sourceNamed(const QString &name)

@@ -128,12 +128,14 @@ set(QUORVIN_SHELL_SOURCES
     shell/info/QuickInfoStack.cpp
     shell/info/QuickInfoView.cpp
     shell/info/RawReportDialog.cpp
+    shell/info/RawReports.cpp
     shell/info/ReportText.cpp
     shell/info/StreamTable.cpp
     shell/info/WatchStrip.cpp
 
     shell/window/CompareCommands.cpp
     shell/window/CopyDrops.cpp
+    shell/window/DiagnosticsCommands.cpp
     shell/window/DropHint.cpp
     shell/window/ExifToolNotice.cpp
     shell/window/FileCommands.cpp

@@ -6,6 +6,7 @@
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "readers/image/Exiv2Library.h"
+#include "readers/image/XmpText.h"
 
 #include <QStringList>
 
@@ -121,6 +122,11 @@ Expected<QString> structureOfFile(const QString &path)
 Expected<QString> rawXmpOfFile(const QString &path)
 {
     return textOrErrorOfFile(path, [](Exiv2::Image &image) { return lenient(image.xmpPacket()); });
+}
+
+Expected<QString> arrangedXmpOfFile(const QString &path)
+{
+    return rawXmpOfFile(path).map(arrangedXmp);
 }
 
 } // namespace quorvin::oEXIV2Reports

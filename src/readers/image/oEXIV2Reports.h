@@ -17,5 +17,7 @@ Expected<QString> outputOnFile(const QString &path);
 Expected<QString> structureOfFile(const QString &path);
 /// The raw XMP packet, "" without one, or the text of exiv2's error.
 Expected<QString> rawXmpOfFile(const QString &path);
+/// The same, laid out as `arrangedXmp` does it.
+Expected<QString> arrangedXmpOfFile(const QString &path);
 
 } // namespace quorvin::oEXIV2Reports

@@ -14,6 +14,7 @@
 #include "shell/preferences/PreferencesWindowController.h"
 #include "shell/session/LastFolder.h"
 #include "shell/window/CompareCommands.h"
+#include "shell/window/DiagnosticsCommands.h"
 #include "shell/window/ListMenu.h"
 #include "shell/window/MainView.h"
 #include "shell/window/MainWindowController.h"
@@ -97,6 +98,7 @@ void AppController::registerCommands(MainWindowController &window)
     CommandSet &commands = window.commands();
     new PreviewCommands(_preview, window);
     new ListMenu(_preview, window);
+    new DiagnosticsCommands(_session.settings, window);
     commands.on(Command::openEmptyWindow, [this] { openEmptyWindow(); });
     commands.on(Command::openFileInNewWindow, [this] { openFileInNewWindow(); });
     commands.on(Command::quit, [this] { quit(); });

@@ -89,6 +89,24 @@ enum class Command {
     removeExtendedAttribute,
     touchDate,
 
+    copyMediaInfoOutput,
+    copyMediaInfoTraceOutput,
+    copyExiv2Output,
+    copyExiv2Structure,
+    copyExiv2Xmp,
+    copyExiftoolOutput,
+    copyImageio,
+    mp4Metadata,
+    customWithMediaInfo,
+    customWithMediaInfoComplete,
+    customWithExiftool,
+    customWithRawXmp,
+    testExiv2,
+    copyLibParametersCSV,
+    copyLibParametersCSV2,
+    testQuickInfo,
+    exchangeViews,
+
     openAcknowledgments,
     openAboutPanel,
 
@@ -135,7 +153,7 @@ struct CommandState {
     constexpr bool showsTree() const { return hasRecord && currentTab == Tab::Extended; }
 };
 
-enum class CommandMenu { File, Edit, Search, View, Help };
+enum class CommandMenu { File, Edit, Search, View, Diagnostics, Help };
 
 /// Where a command stands beside its menu.
 enum class CommandPlace {

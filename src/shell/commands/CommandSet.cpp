@@ -21,9 +21,9 @@ namespace quorvin {
 namespace {
 
 constexpr std::array kMenuTitles{
-    QT_TRANSLATE_NOOP("Commands", "&File"),   QT_TRANSLATE_NOOP("Commands", "&Edit"),
-    QT_TRANSLATE_NOOP("Commands", "&Search"), QT_TRANSLATE_NOOP("Commands", "&View"),
-    QT_TRANSLATE_NOOP("Commands", "&Help"),
+    QT_TRANSLATE_NOOP("Commands", "&File"),        QT_TRANSLATE_NOOP("Commands", "&Edit"),
+    QT_TRANSLATE_NOOP("Commands", "&Search"),      QT_TRANSLATE_NOOP("Commands", "&View"),
+    QT_TRANSLATE_NOOP("Commands", "&Diagnostics"), QT_TRANSLATE_NOOP("Commands", "&Help"),
 };
 
 QString translated(const char *text)

@@ -4,6 +4,7 @@
 #include "shell/commands/CommandTable.h"
 
 #include "shell/commands/ComparisonCommands.h"
+#include "shell/commands/DiagnosticsMenu.h"
 #include "shell/commands/EditMenu.h"
 #include "shell/commands/FileChanges.h"
 #include "shell/commands/FileMenu.h"
@@ -27,7 +28,7 @@ consteval auto joined(const Menus &...menus)
 }
 
 constexpr auto kTable
-    = joined(kFileMenu, kEditMenu, kSearchMenu, kViewMenu, kComparisonCommands, kFileChanges, kHelpMenu);
+    = joined(kFileMenu, kEditMenu, kSearchMenu, kViewMenu, kComparisonCommands, kFileChanges, kDiagnosticsMenu, kHelpMenu);
 
 consteval bool isInOrder()
 {

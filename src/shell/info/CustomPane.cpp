@@ -3,12 +3,10 @@
 
 #include "shell/info/CustomPane.h"
 
-#include "intake/AnalysisOptions.h"
-#include "platform/AtomicFile.h"
 #include "platform/NativePath.h"
-#include "process/RootSet.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/info/ExtSearchBar.h"
+#include "shell/info/RawReports.h"
 #include "shell/info/ReportText.h"
 #include "shell/session/LastFolder.h"
 #include "shell/session/LiveSettings.h"
@@ -23,13 +21,9 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QStringEncoder>
 #include <QVBoxLayout>
 
-#include <algorithm>
 #include <array>
-#include <memory>
-#include <utility>
 
 namespace quorvin {
 
@@ -37,7 +31,6 @@ namespace {
 
 constexpr int kStepMilliseconds = 150;
 constexpr int kWaitMilliseconds = 400; ///< short work never flashes
-constexpr qsizetype kLettersAtOnce = 1 << 20;
 
 struct ReportChoice {
     const char *text; ///< untranslated
@@ -49,36 +42,13 @@ constexpr std::array kReports{
     ReportChoice{QT_TRANSLATE_NOOP("Reports", "MediaInfo"), "mediainfo"},
     ReportChoice{QT_TRANSLATE_NOOP("Reports", "MediaInfo, complete"), "mediainfo-complete"},
     ReportChoice{QT_TRANSLATE_NOOP("Reports", "exiftool"), "exiftool"},
-    ReportChoice{QT_TRANSLATE_NOOP("Reports", "XMP packet"), "xmp"},
+    ReportChoice{QT_TRANSLATE_NOOP("Reports", "XMP packet"), "xmp-arranged"},
     ReportChoice{QT_TRANSLATE_NOOP("Reports", "exiv2"), "exiv2"},
     ReportChoice{QT_TRANSLATE_NOOP("Reports", "exiv2, structure"), "exiv2-structure"},
     ReportChoice{QT_TRANSLATE_NOOP("Reports", "Items of MP4 and QuickTime"), "iso-metadata"},
     ReportChoice{QT_TRANSLATE_NOOP("Reports", "Picture as the system reads it"), "system-image"},
     ReportChoice{QT_TRANSLATE_NOOP("Reports", "MediaInfo, trace"), "mediainfo-trace"},
 };
-
-Expected<QString> reportOf(const AnalysisSetup &setup, const Job &job, const std::stop_token &stop)
-{
-    return setup.makeRunner()->run(job, stop).map(
-        [](JobAnswer answer) { return std::move(std::get<Report>(answer).text); });
-}
-
-/// In pieces: the bytes of a long text are not held beside it.
-Expected<void> writeReport(QStringView text, const QString &path, const std::stop_token &stop)
-{
-    const auto file = AtomicFile::create(path);
-    if (!file)
-        return tl::unexpected(file.error());
-    QStringEncoder encode(QStringEncoder::Utf8);
-    while (!text.isEmpty() && !stop.stop_requested()) {
-        const QStringView piece = text.first(std::min(kLettersAtOnce, text.size()));
-        const QByteArray bytes = encode(piece);
-        if ((*file)->device().write(bytes) != bytes.size())
-            return failure((*file)->device().errorString());
-        text = text.sliced(piece.size());
-    }
-    return stop.stop_requested() ? Expected<void>() : (*file)->commit();
-}
 
 } // namespace
 
@@ -151,6 +121,11 @@ void CustomPane::setPath(const QString &path)
     refill();
 }
 
+void CustomPane::showReport(const QString &source)
+{
+    _source->setCurrentIndex(_source->findData(source));
+}
+
 /// The file may have changed since it was asked for last, and so a record that comes anew asks once more.
 void CustomPane::fill(const QuorvinData *)
 {
@@ -168,14 +143,10 @@ void CustomPane::fill(const QuorvinData *)
 
 void CustomPane::ask()
 {
-    const AnalysisSetup setup
-        = analysisSetupFrom(_settings.values(), std::make_shared<RootSet>(QStringList{_path}));
-    const Job job = setup.reportOf(_path, _source->currentData().toString());
     _since.start();
     _wait.start(kWaitMilliseconds);
-    _run.start(
-        "Report", [setup, job](const RunControl &control) { return reportOf(setup, job, control.stop()); },
-        [this](const Expected<QString> &report) { take(report); });
+    _run.start("Report", reportWork(_settings.values(), _path, _source->currentData().toString()),
+               [this](const Expected<QString> &report) { take(report); });
 }
 
 void CustomPane::take(const Expected<QString> &report)

@@ -30,6 +30,8 @@ public:
 
     /// Of the current file, whether it could be read or not; "" for none.
     void setPath(const QString &path);
+    /// Chooses the report of that name, which is one of those offered.
+    void showReport(const QString &source);
     /// A text is looked for in the report.
     bool isSearching() const;
 

@@ -78,6 +78,7 @@ public:
     /// The row of that parameter in Extended, which is current, as `rowOfParameter` finds it.
     void showParameter(const QString &section, quint32 stream, const QString &key);
     ExtendedPane &extended() { return *_extended; }
+    CustomPane &custom() { return *_custom; }
 
 Q_SIGNALS:
     void openWanted();

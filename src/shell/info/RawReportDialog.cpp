@@ -3,11 +3,10 @@
 
 #include "shell/info/RawReportDialog.h"
 
-#include "intake/AnalysisOptions.h"
 #include "platform/NativePath.h"
-#include "process/RootSet.h"
 #include "readers/RawReport.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/info/RawReports.h"
 #include "shell/outline/CellText.h"
 
 #include <QComboBox>
@@ -23,12 +22,6 @@ namespace quorvin {
 namespace {
 
 constexpr QSize kFirstSize(720, 520);
-
-Expected<QString> reportFrom(const AnalysisSetup &setup, const Job &job, const std::stop_token &stop)
-{
-    return setup.makeRunner()->run(job, stop).map(
-        [](const JobAnswer &answer) { return std::get<Report>(answer).text; });
-}
 
 } // namespace
 
@@ -70,12 +63,8 @@ void RawReportDialog::ask()
 {
     _text->clear();
     _state->setText(tr("Reading…"));
-    const AnalysisSetup setup = analysisSetupFrom(_settings, std::make_shared<RootSet>(QStringList{_path}));
-    const Job job = setup.reportOf(_path, _source->currentText());
-    _run.start(
-        "RawReport",
-        [setup, job](const RunControl &control) { return reportFrom(setup, job, control.stop()); },
-        [this](const Expected<QString> &report) { take(report); });
+    _run.start("RawReport", reportWork(_settings, _path, _source->currentText()),
+               [this](const Expected<QString> &report) { take(report); });
 }
 
 void RawReportDialog::take(const Expected<QString> &report)

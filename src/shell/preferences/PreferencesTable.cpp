@@ -124,6 +124,11 @@ constexpr std::array kLimits{
 constexpr std::array kLogs{
     PreferenceRow{Setting::debugDataCacher, TEXT("Log what is read when")},
     PreferenceRow{Setting::debugStalls, TEXT("Log what keeps the window waiting")},
+    PreferenceRow{Setting::enableDebug,
+                  TEXT("Show the Diagnostics menu"),
+                  {},
+                  nullptr,
+                  TEXT("With what the libraries themselves say of a file, to be copied")},
 };
 
 constexpr std::array kSections{

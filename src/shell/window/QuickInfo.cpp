@@ -24,6 +24,7 @@ QuickInfo::QuickInfo(FilelistController &files, LiveSettings &settings, QWidget 
 void QuickInfo::registerAt(CommandSet &commands)
 {
     commands.on(Command::toggleQuickInfo, [this] { toggle(); });
+    commands.on(Command::testQuickInfo, [this] { open(); });
 }
 
 void QuickInfo::describe(CommandState &state) const

@@ -85,7 +85,7 @@ TEST_F(CustomTabWindow, ShowsTheReportThatIsChosen)
     Q_EMIT pane->findChild<QFileDialog *>()->fileSelected(path);
     EXPECT_TRUE(says(u"Saved “report.txt”."_s));
     EXPECT_EQ(test::contentOf(path), report.toUtf8());
-    choose(u"xmp"_s);
+    choose(u"xmp-arranged"_s);
     EXPECT_TRUE(says(u"It has nothing to say of this file."_s));
     EXPECT_FALSE(button(u"Save As…"_s)->isEnabled());
     choose(u"iso-metadata"_s);
