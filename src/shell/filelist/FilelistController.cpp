@@ -162,6 +162,8 @@ void FilelistController::selectionDidChange()
         return selectRow(0);
     if (_arranged.fileAt(row) != worker().currentFile())
         showFileAtIndex(row);
+    else
+        Q_EMIT stateDidChange();
 }
 
 void FilelistController::showFileAtIndex(int row)

@@ -15,8 +15,8 @@ namespace quorvin {
 
 struct Session;
 
-/// Takes a file through the saving of what is in it, attachments or pictures: the folder, the work in a
-/// guarded process, and what has come of it. Main thread.
+/// Takes files through the saving of what is in them, attachments or pictures: the folder, the work in a
+/// guarded process, and what has come of it. What goes wrong with one file harms no other. Main thread.
 class ExtractionController : public QObject {
     Q_OBJECT
 public:
@@ -26,15 +26,15 @@ public:
     ExtractionController(Session &session, QWidget *window);
 
     /// Asks for a folder and saves there. Nothing that lies in it is replaced.
-    void extract(const QString &path, Kind kind);
+    void extract(const QStringList &paths, Kind kind);
     /// One without asking.
-    void saveTo(const QString &path, const QString &folder, Kind kind);
-    /// Saves the pictures of a file into a folder of this run, to look at them.
-    void displayCoversFrom(const QString &path);
+    void saveTo(const QStringList &paths, const QString &folder, Kind kind);
+    /// Saves the pictures of files into a folder of this run, to look at them.
+    void displayCoversFrom(const QStringList &paths);
     /// What is under way; ends with the window.
     BackgroundRunBase &run() { return _run; }
-    /// What is being saved: "Saving attachments".
-    QString progressText() const;
+    /// What is being saved: "Saving attachments", or "Saving pictures: 2 of 5" files.
+    QString progressText(int done, int total) const;
 
 Q_SIGNALS:
     /// A sentence on how it went well; `shown` is one of the files, or "" when there are none.
@@ -43,17 +43,17 @@ Q_SIGNALS:
     void temporaryFilesSaved(const QStringList &paths, const QString &folder);
 
 private:
-    using Use = std::function<void(const Expected<SavedFiles> &)>;
+    using Use = std::function<void(const SavedFiles &)>;
 
-    void start(const QString &path, const QString &folder, Kind kind, Use use);
-    void tell(const QString &path, Kind kind, const Expected<SavedFiles> &files);
-    /// Whether there was nothing to tell.
-    bool tellProblems(const QString &path, Kind kind, const Expected<SavedFiles> &files);
+    void start(const QStringList &paths, const QString &folder, Kind kind, Use use);
+    void tell(const QStringList &paths, Kind kind, const SavedFiles &files);
+    /// Whether there was something to tell.
+    bool tellProblems(const QStringList &paths, Kind kind, const SavedFiles &files);
 
     Session &_session;
     QWidget *_window;
     Kind _kind = Kind::Attachments; ///< of the run that was started last
-    BackgroundRun<Expected<SavedFiles>> _run;
+    BackgroundRun<SavedFiles> _run;
 };
 
 } // namespace quorvin

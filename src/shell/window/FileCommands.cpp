@@ -39,7 +39,7 @@ void FileCommands::connectExtraction()
     BackgroundRunBase &run = _extraction->run();
     _view.statusLine().follow(run,
                               {tr("Stop; what is not yet saved whole is not saved"),
-                               [this](int, int) { return _extraction->progressText(); },
+                               [this](int done, int total) { return _extraction->progressText(done, total); },
                                [&run] { run.cancel(); }});
     connect(_extraction, &ExtractionController::saved, this,
             [this](const QString &sentence, const QString &shown) {
@@ -56,13 +56,18 @@ void FileCommands::registerAt(CommandSet &commands)
         if (const auto path = _files.worker().currentFilePath())
             revealInFinder(*path);
     });
-    const auto extract = [this](ExtractionRequest::Kind kind) {
+    commands.on(Command::extractAttachments, [this] {
         if (const auto path = _files.worker().currentFilePath())
-            _extraction->extract(*path, kind);
-    };
-    commands.on(Command::extractAttachments, [extract] { extract(ExtractionRequest::Kind::Attachments); });
-    commands.on(Command::extractPreviewsAndCover, [extract] { extract(ExtractionRequest::Kind::Pictures); });
-    commands.on(Command::displayCovers, [this] { displayCovers(); });
+            _extraction->extract({*path}, ExtractionRequest::Kind::Attachments);
+    });
+    commands.on(Command::extractPreviewsAndCover, [this] {
+        if (const QStringList paths = pathsWithPictures(); !paths.isEmpty())
+            _extraction->extract(paths, ExtractionRequest::Kind::Pictures);
+    });
+    commands.on(Command::displayCovers, [this] {
+        if (const QStringList paths = pathsWithPictures(); !paths.isEmpty())
+            _extraction->displayCoversFrom(paths);
+    });
     commands.on(Command::copyGeneralInfo, [this] {
         if (const QuorvinDataPtr record = _files.worker().currentQuorvinData())
             copyGeneralInfo(*record);
@@ -83,16 +88,30 @@ void FileCommands::describe(CommandState &state) const
     const ExtTreeItem *row = selectedRow();
     const QString key = row ? row->key().value_or(QString()) : QString();
     const QuorvinDataPtr record = _files.worker().currentQuorvinData();
-    state.hasPictures = record && hasPictures(*record);
+    // Of many files it is found out when they are asked for.
+    state.hasPictures = (record && hasPictures(*record)) || _files.selectedCount() > 1;
     state.selectsAttribute = attributeOfKey(key).has_value();
     state.selectsDate = row && showsTouchDate(*row);
+}
+
+QStringList FileCommands::pathsWithPictures() const
+{
+    QStringList paths;
+    for (const int row : _files.selectedRows()) {
+        const QuorvinDataPtr record = _files.arranged().fileAt(row)->quorvinData();
+        if (record && hasPictures(*record))
+            paths.append(record->filename());
+    }
+    if (paths.isEmpty())
+        _view.statusLine().say(tr("The selected files carry no pictures"));
+    return paths;
 }
 
 void FileCommands::displayCovers()
 {
     const QuorvinDataPtr record = _files.worker().currentQuorvinData();
     if (record && hasPictures(*record))
-        _extraction->displayCoversFrom(record->filename());
+        _extraction->displayCoversFrom({record->filename()});
 }
 
 void FileCommands::revealInFinder(const QString &path)

@@ -6,6 +6,7 @@
 #include "shell/commands/Command.h"
 
 #include <QObject>
+#include <QStringList>
 
 #include <functional>
 
@@ -47,6 +48,8 @@ private:
     /// Null when the tree is not shown, or not one row is selected.
     const ExtTreeItem *selectedRow() const;
     void connectExtraction();
+    /// Those of the selected files that carry pictures.
+    QStringList pathsWithPictures() const;
     void displayCovers();
     void revealInFinder(const QString &path);
     /// `change` is done when the user agrees.
