@@ -13,6 +13,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/desktop/FocusRing.cpp
     shell/desktop/Icons.cpp
     shell/desktop/ItemViewAccess.cpp
+    shell/desktop/OpenDialog.cpp
     shell/desktop/OpenWith.cpp
     shell/desktop/PictureThread.cpp
     shell/desktop/PlainText.cpp

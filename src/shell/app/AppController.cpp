@@ -9,6 +9,7 @@
 #include "shell/commands/CommandSet.h"
 #include "shell/compare/ComparisonView.h"
 #include "shell/desktop/ItemViewAccess.h"
+#include "shell/desktop/OpenDialog.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/info/InfoView.h"
 #include "shell/preferences/PreferencesWindowController.h"
@@ -22,7 +23,6 @@
 
 #include <QDesktopServices>
 #include <QFile>
-#include <QFileDialog>
 #include <QUrl>
 
 #include <algorithm>
@@ -172,9 +172,7 @@ void AppController::processTemporaryFilesInNewWindow(const QStringList &paths, c
 
 void AppController::openFileInNewWindow()
 {
-    auto *dialog = new QFileDialog(nullptr, tr("Open in New Window"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFiles);
+    auto *dialog = new OpenDialog(nullptr, tr("Open in New Window"));
     startInLastFolder(*dialog, _session.settings);
     connect(dialog, &QFileDialog::filesSelected, this, &AppController::doWorkInNewWindow);
     dialog->open();

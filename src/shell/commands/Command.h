@@ -15,6 +15,7 @@ enum class Command {
     openFile,
     openDirectory,
     addFile,
+    addFolder,
     openFileInNewWindow,
     compareInWindow,
     compareExtendedInWindow,

@@ -5,6 +5,7 @@
 
 #include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
+#include "shell/desktop/OpenDialog.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/session/LastFolder.h"
 #include "shell/session/Session.h"
@@ -44,7 +45,8 @@ void OpenPanels::registerAt(CommandSet &commands)
 {
     commands.on(Command::openFile, [this] { chooseFiles(tr("Open"), &OpenPanels::chosen); });
     commands.on(Command::addFile, [this] { chooseFiles(tr("Add Files"), &OpenPanels::chosenToAdd); });
-    commands.on(Command::openDirectory, [this] { chooseFolder(); });
+    commands.on(Command::openDirectory, [this] { chooseFolder(tr("Open Folder"), &OpenPanels::chosen); });
+    commands.on(Command::addFolder, [this] { chooseFolder(tr("Add Folder"), &OpenPanels::chosenToAdd); });
     QMenu *file = commands.menu(CommandMenu::File);
     auto *recent = new QMenu(tr("Open &Recent"), file);
     file->insertMenu(commands.action(Command::addFile), recent);
@@ -53,23 +55,21 @@ void OpenPanels::registerAt(CommandSet &commands)
 
 void OpenPanels::chooseFiles(const QString &title, void (OpenPanels::*done)(const QStringList &))
 {
-    auto *dialog = new QFileDialog(_window, title);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFiles);
+    auto *dialog = new OpenDialog(_window, title);
     startInLastFolder(*dialog, _settings);
     dialog->setWindowModality(Qt::WindowModal);
     connect(dialog, &QFileDialog::filesSelected, this, done);
     dialog->open();
 }
 
-void OpenPanels::chooseFolder()
+void OpenPanels::chooseFolder(const QString &title, void (OpenPanels::*done)(const QStringList &))
 {
-    auto *dialog = new QFileDialog(_window, tr("Open Folder"));
+    auto *dialog = new QFileDialog(_window, title);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::Directory);
     startInLastFolder(*dialog, _settings);
     dialog->setOption(QFileDialog::ShowDirsOnly);
-    connect(dialog, &QFileDialog::filesSelected, this, &OpenPanels::chosen);
+    connect(dialog, &QFileDialog::filesSelected, this, done);
     dialog->open();
 }
 

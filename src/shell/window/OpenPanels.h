@@ -33,7 +33,7 @@ Q_SIGNALS:
 
 private:
     void chooseFiles(const QString &title, void (OpenPanels::*done)(const QStringList &));
-    void chooseFolder();
+    void chooseFolder(const QString &title, void (OpenPanels::*done)(const QStringList &));
     void fillRecentMenu(QMenu *menu);
 
     LiveSettings &_settings;
