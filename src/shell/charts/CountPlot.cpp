@@ -79,7 +79,7 @@ public:
     bool isSideways = true;
 
 private:
-    void setColors(const QPalette &palette)
+    void setColors(const QPalette &palette) const
     {
         const QColor text = palette.color(QPalette::Text);
         const QColor base = palette.color(QPalette::Base);

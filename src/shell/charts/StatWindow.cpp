@@ -106,7 +106,7 @@ QWidget *StatWindow::makeButtons()
                                      std::pair(tr("Plot as PNG…"), StatExport::Kind::Png),
                                      std::pair(tr("Plot as PDF…"), StatExport::Kind::Pdf)})
         connect(menu->addAction(text), &QAction::triggered, this,
-                [this, kind] { _export->exportCount(kind, _model->table(), *_plot); });
+                [this, chosen = kind] { _export->exportCount(chosen, _model->table(), *_plot); });
     _exportButton->setMenu(menu);
     auto *copyButton = new QPushButton(tr("Copy"));
     copyButton->setToolTip(tr("Copy the selected rows, or all"));
