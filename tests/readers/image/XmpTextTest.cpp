@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "readers/image/XmpText.h"
+
 #include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
