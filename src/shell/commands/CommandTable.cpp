@@ -27,8 +27,8 @@ consteval auto joined(const Menus &...menus)
     return table;
 }
 
-constexpr auto kTable
-    = joined(kFileMenu, kEditMenu, kSearchMenu, kViewMenu, kComparisonCommands, kFileChanges, kDiagnosticsMenu, kHelpMenu);
+constexpr auto kTable = joined(kFileMenu, kEditMenu, kSearchMenu, kViewMenu, kComparisonCommands,
+                               kFileChanges, kDiagnosticsMenu, kHelpMenu);
 
 consteval bool isInOrder()
 {
