@@ -150,8 +150,12 @@ set(QUORVIN_SHELL_SOURCES
     shell/window/MainView.cpp
     shell/window/MainWindowController.cpp
     shell/window/MenuKeys.cpp
+    shell/window/MissingFiles.cpp
     shell/window/OpenPanels.cpp
     shell/window/OpenWithMenu.cpp
+    shell/window/OpenedProject.cpp
+    shell/window/ProjectMarks.cpp
+    shell/window/ProjectState.cpp
     shell/window/QuickInfo.cpp
     shell/window/RemovalCommands.cpp
     shell/window/PreviewCommands.cpp
@@ -162,7 +166,9 @@ set(QUORVIN_SHELL_SOURCES
     shell/window/TabSelector.cpp
     shell/window/TabSidebars.cpp
     shell/window/ToolBar.cpp
+    shell/window/WindowFrame.cpp
     shell/window/WindowPlace.cpp
+    shell/window/WindowProject.cpp
     shell/window/WorkNote.cpp
 
     shell/app/AppController.cpp

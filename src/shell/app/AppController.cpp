@@ -20,6 +20,7 @@
 #include "shell/window/MainView.h"
 #include "shell/window/MainWindowController.h"
 #include "shell/window/PreviewCommands.h"
+#include "shell/window/WindowProject.h"
 
 #include <QDesktopServices>
 #include <QFile>
@@ -54,8 +55,10 @@ AppController::AppController(Settings &settings)
 AppController::~AppController()
 {
     delete _preferences;
-    while (!_windows.empty())
+    while (!_windows.empty()) {
+        _windows.back()->project().forgetChanges();
         _windows.back()->close();
+    }
     // They delete themselves a turn later, when what they lean on would be gone.
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
@@ -105,6 +108,8 @@ void AppController::registerCommands(MainWindowController &window)
     connect(&window.comparing(), &CompareCommands::windowWanted, this, &AppController::compareInNewWindow);
     connect(&window, &MainWindowController::temporaryFilesSaved, this,
             &AppController::processTemporaryFilesInNewWindow);
+    connect(&window.project(), &WindowProject::newWindowWanted, this, &AppController::doWorkInNewWindow);
+    connect(&window.project(), &WindowProject::stayed, this, [this] { _isQuitting = false; });
     commands.on(Command::openPreferences, [this] { openPreferences(); });
     commands.on(Command::openAcknowledgments, [this, &window] { openAcknowledgments(&window); });
     commands.on(Command::openAboutPanel, [this, &window] { openAboutPanel(&window); });
@@ -115,7 +120,8 @@ void AppController::windowClosed(MainWindowController *window)
     LiveSettings &settings = _session.settings;
     settings.set(Setting::lastTab, static_cast<int>(window->currentTab()));
     std::erase(_windows, window);
-    if (_windows.empty() && (!isReachable || settings.boolean(Setting::terminateAppWhenAllWindowsClosed)))
+    if (_windows.empty()
+        && (_isQuitting || !isReachable || settings.boolean(Setting::terminateAppWhenAllWindowsClosed)))
         quit();
 }
 
@@ -214,9 +220,12 @@ void AppController::openAcknowledgments(QWidget *parent)
 
 void AppController::quit()
 {
-    while (!_windows.empty())
-        _windows.back()->close();
-    QApplication::quit();
+    _isQuitting = true;
+    const std::vector<MainWindowController *> windows = _windows;
+    for (MainWindowController *window : windows)
+        window->close();
+    if (_windows.empty())
+        QApplication::quit();
 }
 
 void AppController::settingDidChange(Setting setting)

@@ -56,6 +56,7 @@ public:
     void openAboutPanel(QWidget *parent);
     /// What Quorvin is built upon, in the desktop's browser.
     void openAcknowledgments(QWidget *parent);
+    /// Closes all windows and ends, unless a user who is asked wants to stay.
     void quit();
 
     /// Whether a later start can reach this run; without, the last window takes the run with it.
@@ -76,6 +77,7 @@ private:
     ColorScheme _colorScheme;
     ApplicationService *_service;
     std::vector<MainWindowController *> _windows;
+    bool _isQuitting = false; ///< the program ends with the last window
 };
 
 } // namespace quorvin

@@ -31,6 +31,10 @@ enum class Command {
     displayCovers,
     extractPreviewsAndCover,
     extractAttachments,
+    saveProject,
+    saveProjectAs,
+    relinkMissing,
+    checkChanges,
     closeWindow,
     quit,
 
@@ -124,6 +128,7 @@ struct CommandState {
     bool isWalking = false; ///< folders are looked through
     bool canUndoRemoval = false;
     bool canExportAll = false; ///< all files are done, and no export is under way
+    bool belongsToProject = false; ///< the window does
     bool canExportComparison = false; ///< there is one, and no export of one is under way
     bool canExportSelection = false; ///< the current file has a record, and no export is under way
     bool canCopy = false; ///< what has the keyboard has something to copy

@@ -6,6 +6,7 @@
 #include <QHash>
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <utility>
 
@@ -15,20 +16,20 @@ bool ComparedFiles::take(const std::vector<FilelistItemPtr> &files, int limit)
 {
     std::vector<ComparedFile> taken;
     ComparedCounts counts;
-    std::unordered_set<const FilelistItem *> closed;
     for (const FilelistItemPtr &file : files) {
+        const bool isClosed = _closed.contains(file);
         QuorvinDataPtr record = file->quorvinData();
         if (!record)
             continue;
         ++counts.all;
-        if (_closed.contains(file.get()))
-            closed.insert(file.get());
+        if (isClosed)
+            ++counts.closed;
         else if (std::cmp_less(taken.size(), limit))
             taken.push_back({file, std::move(record)});
     }
     counts.shown = std::ssize(taken);
-    counts.closed = std::ssize(closed);
-    _closed = std::move(closed);
+    // Those that nobody else has any more.
+    std::erase_if(_closed, [](const FilelistItemPtr &file) { return file.use_count() == 1; });
     _counts = counts;
     if (taken == _files)
         return false;
@@ -58,9 +59,46 @@ void ComparedFiles::setOrder(const std::vector<ComparedFile> &files)
         _places.push_back(file.file.get());
 }
 
+QStringList ComparedFiles::columns(const std::vector<FilelistItemPtr> &files) const
+{
+    QHash<const FilelistItem *, int> places;
+    for (const FilelistItem *file : _places)
+        places.insert(file, static_cast<int>(places.size()));
+    std::vector<FilelistItemPtr> open;
+    std::ranges::copy_if(files, std::back_inserter(open),
+                         [this](const FilelistItemPtr &file) { return !_closed.contains(file); });
+    std::ranges::stable_sort(open, {}, [&](const FilelistItemPtr &file) {
+        return places.value(file.get(), static_cast<int>(places.size()));
+    });
+    QStringList paths;
+    for (const FilelistItemPtr &file : open)
+        paths.append(file->filename());
+    return paths;
+}
+
+void ComparedFiles::setColumns(const std::vector<FilelistItemPtr> &files, const QStringList &paths)
+{
+    QHash<QString, qsizetype> places;
+    for (const QString &path : paths)
+        places.insert(path, places.size());
+    std::vector<FilelistItemPtr> open;
+    _closed.clear();
+    for (const FilelistItemPtr &file : files) {
+        if (places.contains(file->filename()))
+            open.push_back(file);
+        else
+            _closed.insert(file);
+    }
+    std::ranges::stable_sort(open, {},
+                             [&](const FilelistItemPtr &file) { return places.value(file->filename()); });
+    _places.clear();
+    for (const FilelistItemPtr &file : open)
+        _places.push_back(file.get());
+}
+
 void ComparedFiles::close(const FilelistItemPtr &file)
 {
-    _closed.insert(file.get());
+    _closed.insert(file);
 }
 
 ComparisonContent orderedRows(const std::vector<ComparedFile> &files, const std::vector<int> &order)

@@ -38,6 +38,11 @@ public:
     /// Puts the files where they stand there.
     void setOrder(const std::vector<ComparedFile> &files);
 
+    /// The paths of the files of a list that are not closed, whatever is known of them, where the user has
+    /// put them; and the other way round, from the next `take` on.
+    QStringList columns(const std::vector<FilelistItemPtr> &files) const;
+    void setColumns(const std::vector<FilelistItemPtr> &files, const QStringList &paths);
+
     /// From the next `take` on. It is no longer among them.
     void close(const FilelistItemPtr &file);
     void reopenAll() { _closed.clear(); }
@@ -47,7 +52,7 @@ private:
     ComparedCounts _counts;
     // By their addresses: such a file is in the list, or nobody asks for it.
     std::vector<const FilelistItem *> _places; ///< as the user has put them; empty: as in the list
-    std::unordered_set<const FilelistItem *> _closed;
+    std::unordered_set<FilelistItemPtr> _closed; ///< also while the list hides them
 };
 
 /// The rows of the files, whose values stand in that order. Any thread.

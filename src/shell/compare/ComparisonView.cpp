@@ -230,6 +230,17 @@ void ComparisonView::openCurrent()
     openCell(_table->currentIndex());
 }
 
+ComparisonFilter ComparisonView::filter() const
+{
+    return _controls->filter();
+}
+
+void ComparisonView::setColumns(const std::vector<FilelistItemPtr> &files, const QStringList &paths)
+{
+    _compared.setColumns(files, paths);
+    Q_EMIT filesWanted();
+}
+
 bool ComparisonView::canCopy() const
 {
     return _table->hasFocus() && !_table->selectedRows().empty();

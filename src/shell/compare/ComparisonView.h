@@ -49,6 +49,10 @@ public:
 
     void setLook(const TableLook &look);
     void setFilter(ComparisonFilter filter);
+    ComparisonFilter filter() const;
+    /// As `ComparedFiles` has them.
+    QStringList columns(const std::vector<FilelistItemPtr> &files) const { return _compared.columns(files); }
+    void setColumns(const std::vector<FilelistItemPtr> &files, const QStringList &paths);
 
     bool canCopy() const;
     /// The selected rows, as text and as an HTML table.

@@ -21,10 +21,12 @@ constexpr int kCoverFrame = 1; ///< round a cover
 constexpr int kPictureBox = FilelistRow::kPictureSide + 2 * kCoverFrame;
 constexpr int kRowMargin = 8; ///< before the picture, between it and the text, and behind that
 constexpr int kRowLead = 3; ///< above and below the picture
+constexpr QChar kMark(u'\u2217'); ///< of a file that there is something to say of
 constexpr double kWaitingOpacity = 0.4;
 
 constexpr int kSpinnerSide = 16;
 constexpr int kTurnMilliseconds = 1000;
+constexpr int kMarkGap = 4;
 
 /// The places of a row, mirrored where the text runs from the right.
 struct RowPlaces {
@@ -81,13 +83,18 @@ void drawPicture(QPainter *painter, const QRect &box, const QStyleOptionViewItem
     }
 }
 
-void drawTexts(QPainter *painter, const QRect &place, const QStyleOptionViewItem &option, const QString &path)
+/// The texts, with the mark at the end of the room, or "" for none.
+void drawTexts(QPainter *painter, const QRect &room, const QStyleOptionViewItem &option, const QString &path,
+               const QString &mark)
 {
     const QFontMetrics &metrics = option.fontMetrics;
+    const int markWidth = mark.isEmpty() ? 0 : metrics.horizontalAdvance(mark) + kMarkGap;
+    const bool isMirrored = option.direction == Qt::RightToLeft;
+    const QRect place = isMirrored ? room.adjusted(markWidth, 0, 0, 0) : room.adjusted(0, 0, -markWidth, 0);
     const FilelistDelegate::Texts texts = FilelistDelegate::fittingTexts(path, metrics, place.width());
     const int folderWidth = metrics.horizontalAdvance(texts.folder);
     const int width = folderWidth + metrics.horizontalAdvance(texts.name);
-    const int left = option.direction == Qt::RightToLeft ? place.right() + 1 - width : place.left();
+    const int left = isMirrored ? place.right() + 1 - width : place.left();
     // By the row's own font, so that names of another script stand on the same line.
     const int baseline = place.y() + (place.height() - metrics.height()) / 2 + metrics.ascent();
     const QPalette::ColorGroup group
@@ -99,6 +106,8 @@ void drawTexts(QPainter *painter, const QRect &place, const QStyleOptionViewItem
     painter->drawText(left, baseline, texts.folder);
     painter->setPen(option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
     painter->drawText(left + folderWidth, baseline, texts.name);
+    if (!mark.isEmpty())
+        painter->drawText(isMirrored ? room.left() : room.right() + 1 - markWidth + kMarkGap, baseline, mark);
 }
 
 } // namespace
@@ -140,13 +149,19 @@ void FilelistDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     } else {
         drawPicture(painter, places.picture, row, index);
     }
-    drawTexts(painter, places.text, row, index.data().toString());
+    drawTexts(painter, places.text, row, index.data().toString(),
+              !markOf(index).isEmpty() ? QString(kMark) : QString());
     if (row.state & QStyle::State_HasFocus && !(row.state & QStyle::State_Selected)) {
         QStyleOptionFocusRect focus;
         focus.QStyleOption::operator=(row);
         row.widget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, row.widget);
     }
     painter->restore();
+}
+
+QString FilelistDelegate::markOf(const QModelIndex &index) const
+{
+    return _marks.isEmpty() ? QString() : _marks.value(index.data(FilelistRow::PathRole).toString());
 }
 
 bool FilelistDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
@@ -157,6 +172,8 @@ bool FilelistDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     QString text = index.data(FilelistRow::PathRole).toString();
     if (const QString reason = index.data(FilelistRow::ReasonRole).toString(); !reason.isEmpty())
         text += u'\n' + reason;
+    if (const QString mark = markOf(index); !mark.isEmpty())
+        text += u'\n' + mark;
     const QPoint place = view->viewport()->mapToGlobal(placesOf(option).text.topLeft());
     QToolTip::showText(place, plainTip(text, *view), view->viewport(), option.rect);
     return true;

@@ -3,12 +3,14 @@
 
 #pragma once
 
+#include <QHash>
 #include <QStyledItemDelegate>
 
 namespace quorvin {
 
 /// A row of the list: a small picture, then the folder and the name. Where they do not fit, the beginning of
-/// the folder gives way to the name. A file that waits has a dim picture, one that is being read a spinner.
+/// the folder gives way to the name. A file that waits has a dim picture, one that is being read a spinner;
+/// one that there is something to say of has a star behind its name.
 class FilelistDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
@@ -20,15 +22,24 @@ public:
 
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    /// What there is to say of files, by their paths.
+    void setMarks(const QHash<QString, QString> &marks) { _marks = marks; }
+
     /// What of a path fits into that width.
     static Texts fittingTexts(const QString &path, const QFontMetrics &metrics, int width);
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
-    /// The whole path, and why the file failed: under the row's text, wrapped where the screen is too narrow.
+    /// The whole path, why the file failed, and what its mark says: under the row's text, wrapped where the
+    /// screen is too narrow.
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
+
+private:
+    QString markOf(const QModelIndex &index) const;
+
+    QHash<QString, QString> _marks;
 };
 
 } // namespace quorvin

@@ -3,10 +3,14 @@
 
 #include "shell/filelist/FolderWalks.h"
 
+#include "projects/Project.h"
+
 namespace quorvin {
 
 void FolderWalks::start(const Request &request)
 {
+    if (request.paths.size() == 1 && isProjectPath(request.paths.front()))
+        return Q_EMIT projectWanted(request.paths.front(), request.index == Request::kReplace);
     if (request.index == Request::kReplace)
         cancel();
     _requests.push_back(request);

@@ -30,7 +30,8 @@ public:
 
     using QObject::QObject;
 
-    /// One that replaces the list makes those before it needless.
+    /// One that replaces the list makes those before it needless. A project alone is not walked:
+    /// `projectWanted` tells of it.
     void start(const Request &request);
     /// Ends all; nothing is delivered.
     void cancel();
@@ -39,6 +40,8 @@ public:
     BackgroundRunBase &run() { return _run; }
 
 Q_SIGNALS:
+    /// That project is to be opened. `replaces`: in place of the list.
+    void projectWanted(const QString &path, bool replaces);
     /// The files of one request, whole and sorted.
     void found(const quorvin::FolderWalks::Request &request,
                const std::vector<quorvin::FilelistItemPtr> &files);

@@ -139,9 +139,35 @@ bool ExtendedPane::selectEndHit(bool backwards)
 
 void ExtendedPane::showWatched()
 {
-    _watched->setParameters(watchedFromText(_settings.string(Setting::watchedParameters)));
+    _watched->setParameters(_ownWatched ? *_ownWatched
+                                        : watchedFromText(_settings.string(Setting::watchedParameters)));
     _watched->setNamesWidth(_outline->columnWidth(ExtTreeModel::Name));
     refill();
+}
+
+const WatchedParameters &ExtendedPane::watched() const
+{
+    return _watched->parameters();
+}
+
+void ExtendedPane::watchForWindow(const WatchedParameters &parameters)
+{
+    _ownWatched = parameters;
+    showWatched();
+}
+
+void ExtendedPane::watchForAll()
+{
+    _ownWatched.reset();
+    showWatched();
+}
+
+void ExtendedPane::setWatched(const WatchedParameters &parameters)
+{
+    if (_ownWatched)
+        watchForWindow(parameters);
+    else
+        _settings.set(Setting::watchedParameters, textOfWatched(parameters));
 }
 
 void ExtendedPane::toggleWatch()
@@ -152,14 +178,14 @@ void ExtendedPane::toggleWatch()
     WatchedParameters parameters = _watched->parameters();
     if (std::erase(parameters, *selected) == 0)
         parameters.push_back(*selected);
-    _settings.set(Setting::watchedParameters, textOfWatched(parameters));
+    setWatched(parameters);
 }
 
 void ExtendedPane::unwatch(int index)
 {
     WatchedParameters parameters = _watched->parameters();
     parameters.erase(parameters.begin() + index);
-    _settings.set(Setting::watchedParameters, textOfWatched(parameters));
+    setWatched(parameters);
     _outline->setFocus();
 }
 

@@ -4,6 +4,9 @@
 #pragma once
 
 #include "shell/info/Pane.h"
+#include "shell/outline/WatchedParameter.h"
+
+#include <optional>
 
 namespace quorvin {
 
@@ -24,6 +27,12 @@ public:
     void showGroup(const QString &key, quint64 streamIndex);
     /// The same for the row of that parameter, as `rowOfParameter` finds it.
     void showParameter(const QString &section, quint32 stream, const QString &key);
+
+    const WatchedParameters &watched() const;
+    /// From now on these are watched in this window, and those of the settings in all others; or again as in
+    /// all others.
+    void watchForWindow(const WatchedParameters &parameters);
+    void watchForAll();
 
     /// The text whose places are marked and walked: that in the bar while it is open, else the one that all
     /// files are searched for.
@@ -55,13 +64,15 @@ private:
     /// The selected parameter is watched from now on, or no more.
     void toggleWatch();
     void unwatch(int index);
-    /// As settings have them.
+    /// As settings have them, or the window.
     void showWatched();
+    void setWatched(const WatchedParameters &parameters);
     void fillWatched(const QuorvinData *record);
 
     LiveSettings &_settings;
     ExtSearchBar *_searchBar;
     WatchStrip *_watched;
+    std::optional<WatchedParameters> _ownWatched; ///< of this window alone
     ExtendedOutline *_outline;
     QString _globalSearch;
 };

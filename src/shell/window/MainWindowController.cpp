@@ -21,8 +21,10 @@
 #include "shell/window/ListCommands.h"
 #include "shell/window/MainView.h"
 #include "shell/window/MenuKeys.h"
+#include "shell/window/MissingFiles.h"
 #include "shell/window/OpenPanels.h"
 #include "shell/window/OpenWithMenu.h"
+#include "shell/window/ProjectMarks.h"
 #include "shell/window/QuickInfo.h"
 #include "shell/window/RemovalCommands.h"
 #include "shell/window/SidebarSplitView.h"
@@ -30,7 +32,8 @@
 #include "shell/window/StatusLine.h"
 #include "shell/window/TabSidebars.h"
 #include "shell/window/ToolBar.h"
-#include "shell/window/WindowPlace.h"
+#include "shell/window/WindowFrame.h"
+#include "shell/window/WindowProject.h"
 
 #include <QAction>
 #include <QApplication>
@@ -39,18 +42,14 @@
 #include <QLayout>
 #include <QMenu>
 #include <QMenuBar>
-#include <QScreen>
-#include <QStyle>
 #include <QTimer>
 
 namespace quorvin {
 
 namespace {
 
-constexpr QSize kFirstSize(1000, 680);
 constexpr int kMinimumHeight = 360;
 constexpr int kSidebarStep = 16; ///< that a key makes the list wider or narrower
-constexpr int kDecorationMilliseconds = 200; ///< so that the window manager has given it
 
 } // namespace
 
@@ -65,9 +64,11 @@ MainWindowController::MainWindowController(Session &session)
       _export(new ExportController(session.settings, this)),
       _listCommands(new ListCommands(*_view, _files, *_export, this)),
       _compare(new CompareCommands(session.settings, *_view, _files, this)),
+      _project(new WindowProject(session, *_view, _files, this)),
       _filterCommands(new FilterCommands(session.settings, *_view, _files, this)),
       _drags(new FilelistDrags(_files, session, this)),
-      _dropHint(new DropHint(_view))
+      _dropHint(new DropHint(_view)),
+      _frame(new WindowFrame(*this, session.settings))
 {
     setAttribute(Qt::WA_DeleteOnClose);
     setAcceptDrops(true);
@@ -86,7 +87,7 @@ MainWindowController::MainWindowController(Session &session)
     connectExport();
     new MenuKeys(this);
     setMinimumHeight(kMinimumHeight);
-    restoreFrame();
+    _frame->restore();
     updateWindowTitle();
     validateCommands();
     _view->table().setFocus();
@@ -115,6 +116,9 @@ void MainWindowController::setUpCommands()
     _compare->registerAt(*_commands);
     _filterCommands->registerAt(*_commands);
     _quickInfo->registerAt(*_commands);
+    _project->registerAt(*_commands);
+    new ProjectMarks(*_project, *_view, _files, *_commands);
+    new MissingFiles(*_project, _session.settings, *_view, _files, *_commands);
     new RemovalCommands(_session.settings, *_view, _files, *_commands, this);
     new StatCommands(_session.settings, *_view, _files, *_commands, this);
     registerCommands();
@@ -170,6 +174,10 @@ void MainWindowController::connectView()
     connect(_compare, &CompareCommands::extendedTabWanted, this, [this] { setCurrentTab(Tab::Extended); });
     connect(&info, &InfoView::openWanted, this, [this] { _commands->run(Command::openFile); });
     connect(&info, &InfoView::tabWanted, this, &MainWindowController::setCurrentTab);
+    connect(_project, &WindowProject::tabWanted, this, &MainWindowController::setCurrentTab);
+    connect(_project, &WindowProject::closeWanted, this, &QWidget::close);
+    connect(_project, &WindowProject::didChange, this, &MainWindowController::updateWindowTitle);
+    connect(_project, &WindowProject::didChange, this, &MainWindowController::validateCommands);
     connect(&info, &InfoView::menuWanted, this,
             [this](CommandPlace place, const QPoint &where) { showMenu(place, where); });
 }
@@ -188,39 +196,6 @@ void MainWindowController::connectExport()
         connect(&run, signal, this, &MainWindowController::validateCommands);
 }
 
-void MainWindowController::restoreFrame()
-{
-    // What the decoration takes is known once the window stands.
-    const QSize decoration(0, style()->pixelMetric(QStyle::PM_TitleBarHeight));
-    resize(kFirstSize.boundedTo(screen()->availableSize() - decoration));
-    const QByteArray frame
-        = QByteArray::fromBase64(_session.settings.string(Setting::mainWindowFrame).toLatin1());
-    if (!frame.isEmpty())
-        restoreGeometry(frame);
-}
-
-void MainWindowController::placeBeside(const QWidget &before)
-{
-    if (isMaximized() || isFullScreen())
-        return;
-    const QSize decoration = before.frameGeometry().size() - before.size();
-    const QRect frame
-        = frameBeside(before.frameGeometry(), size() + decoration, before.screen()->availableGeometry());
-    move(frame.topLeft());
-    resize(frame.size() - decoration);
-}
-
-void MainWindowController::keepOnScreen()
-{
-    if (isMaximized() || isFullScreen())
-        return;
-    const QRect frame = frameWithin(frameGeometry(), screen()->availableGeometry());
-    if (frame == frameGeometry())
-        return;
-    resize(frame.size() - (frameGeometry().size() - size()));
-    move(frame.topLeft());
-}
-
 void MainWindowController::showEvent(QShowEvent *event)
 {
     QMainWindow::showEvent(event);
@@ -229,7 +204,17 @@ void MainWindowController::showEvent(QShowEvent *event)
     layout()->activate();
     _view->layout()->activate();
     _sidebars->restoreWidth();
-    QTimer::singleShot(kDecorationMilliseconds, this, &MainWindowController::keepOnScreen);
+    _frame->windowDidShow();
+}
+
+bool MainWindowController::isUntouched() const
+{
+    return _files.isUntouched() && !_project->isOpening() && _project->name().isEmpty();
+}
+
+void MainWindowController::placeBeside(const QWidget &before)
+{
+    _frame->placeBeside(before);
 }
 
 Tab MainWindowController::currentTab() const
@@ -254,7 +239,8 @@ void MainWindowController::setCurrentTab(Tab tab)
 
 void MainWindowController::processUrls(const QStringList &paths)
 {
-    QTimer::singleShot(0, &_files, [this, paths] { _files.processFiles(paths); });
+    QTimer::singleShot(0, &_files,
+                       [this, paths] { _project->afterSaving([=, this] { _files.processFiles(paths); }); });
 }
 
 CommandState MainWindowController::commandState() const
@@ -277,6 +263,7 @@ CommandState MainWindowController::commandState() const
     info.describe(state);
     _fileCommands->describe(state);
     _quickInfo->describe(state);
+    _project->describe(state);
     _listCommands->describe(state);
     _compare->describe(state);
     _filterCommands->describe(state);
@@ -323,7 +310,9 @@ void MainWindowController::updateWindowTitle()
 {
     const auto path = worker().currentFilePath();
     setWindowFilePath(path.value_or(QString()));
-    setWindowTitle(path ? lastPathComponent(*path) : QStringLiteral("Quorvin"));
+    const QString name = path ? lastPathComponent(*path) : QStringLiteral("Quorvin");
+    const bool hasProject = path && !_project->name().isEmpty();
+    setWindowTitle(hasProject ? QStringLiteral("%1 — %2").arg(name, _project->name()) : name);
 }
 
 void MainWindowController::dragEnterEvent(QDragEnterEvent *event)
@@ -369,6 +358,8 @@ void MainWindowController::changeEvent(QEvent *event)
 
 void MainWindowController::closeEvent(QCloseEvent *event)
 {
+    if (!_isClosed && !_project->mayClose())
+        return event->ignore();
     windowWillClose();
     QMainWindow::closeEvent(event);
 }
@@ -380,7 +371,7 @@ void MainWindowController::windowWillClose()
     hide();
     _quickInfo->close();
     _sidebars->save();
-    _session.settings.set(Setting::mainWindowFrame, QString::fromLatin1(saveGeometry().toBase64()));
+    _frame->save();
     disconnect(qApp, nullptr, this, nullptr);
     _export->run().cancel();
     _files.setWindowIsClosing();

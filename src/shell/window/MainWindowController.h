@@ -26,6 +26,8 @@ class MainView;
 class OpenWithMenu;
 class QuickInfo;
 class TabSidebars;
+class WindowFrame;
+class WindowProject;
 struct Session;
 
 /// One window: its tabs, tool bar, drop target, commands, title and closing. Main thread.
@@ -49,11 +51,14 @@ public:
     ExportController &exporting() { return *_export; }
     CompareCommands &comparing() { return *_compare; }
     /// It has never been given files, or is empty again.
-    bool isUntouched() const { return _files.isUntouched(); }
+    bool isUntouched() const;
+    /// The project that the window belongs to.
+    WindowProject &project() { return *_project; }
 
     /// For a window that is not shown yet: beside that one, and on its screen.
     void placeBeside(const QWidget &before);
-    /// Replaces the content by these files and folders, once the caller has returned.
+    /// Replaces the content by these files and folders, or by a project, once the caller has returned and
+    /// changes of the window's project are saved or not wanted.
     void processUrls(const QStringList &paths);
 
     std::optional<MapLocationInfo> mapLocationInfo() const { return worker().currentMapLocationInfo(); }
@@ -87,8 +92,6 @@ private:
     void setUpCommands();
     void connectView();
     void connectExport();
-    void restoreFrame();
-    void keepOnScreen();
     void validateCommands();
     void updateWindowTitle();
     void answerDrop(QDropEvent &event) const;
@@ -109,9 +112,11 @@ private:
     ExportController *_export;
     ListCommands *_listCommands;
     CompareCommands *_compare;
+    WindowProject *_project;
     FilterCommands *_filterCommands;
     FilelistDrags *_drags;
     DropHint *_dropHint;
+    WindowFrame *_frame;
     Keyboard _keyboard;
     bool _wasShown = false;
     bool _isClosed = false;
