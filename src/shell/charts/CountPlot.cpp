@@ -289,10 +289,8 @@ void CountPlot::showTip(const QHelpEvent &event) const
     if (rows.empty())
         return QToolTip::hideText();
     const CountRow &row = _table->counted()[rows.front()];
-    QToolTip::showText(
-        event.globalPos(),
-        plainTip(tr("%1: %2").arg(row.text.simplified(), countOfFiles(row.sum.files)), *_drawing->plot),
-        _drawing->plot);
+    const QString text = tr("%1: %2").arg(row.text.simplified(), countOfFiles(row.sum.files));
+    QToolTip::showText(event.globalPos(), plainTip(text, *_drawing->plot), _drawing->plot);
 }
 
 bool CountPlot::eventFilter(QObject *watched, QEvent *event)

@@ -4,6 +4,7 @@
 #include "shell/charts/ParameterChooser.h"
 
 #include "shell/desktop/Counts.h"
+#include "shell/desktop/PlainText.h"
 
 #include <QHeaderView>
 #include <QLineEdit>
@@ -94,7 +95,7 @@ void ParameterChooser::addPresets()
         }
         const auto row = makeRow(preset.title, preset.parameter);
         row.first()->setData(static_cast<int>(place), kPresetRole);
-        row.first()->setToolTip(preset.parameter);
+        row.first()->setToolTip(plainTip(preset.parameter));
         trade->appendRow(row);
     }
     const auto heading = makeHeading(tr("All Parameters"));

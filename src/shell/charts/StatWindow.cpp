@@ -77,7 +77,7 @@ QWidget *StatWindow::makeControls()
 {
     _layout->addItems({tr("Values"), tr("Ranges")});
     _layout->setAccessibleName(tr("Rows"));
-    _layout->setToolTip(tr("A row for each value, or for each range of values"));
+    _layout->setToolTip(plainTip(tr("A row for each value, or for each range of values")));
     _steps->addItem(tr("As fine as fits"));
     for (const auto &[text, step] :
          {std::pair(tr("Years"), DateStep::Year), std::pair(tr("Months"), DateStep::Month),
@@ -99,7 +99,7 @@ QWidget *StatWindow::makeControls()
 
 QWidget *StatWindow::makeButtons()
 {
-    _showOnly->setToolTip(tr("Narrow the list to the files of the selected rows"));
+    _showOnly->setToolTip(plainTip(tr("Narrow the list to the files of the selected rows")));
     _exportButton = new QPushButton(tr("Export…"));
     auto *menu = new QMenu(_exportButton);
     for (const auto &[text, kind] : {std::pair(tr("Table as CSV…"), StatExport::Kind::Csv),
@@ -109,7 +109,7 @@ QWidget *StatWindow::makeButtons()
                 [this, chosen = kind] { _export->exportCount(chosen, _model->table(), *_plot); });
     _exportButton->setMenu(menu);
     auto *copyButton = new QPushButton(tr("Copy"));
-    copyButton->setToolTip(tr("Copy the selected rows, or all"));
+    copyButton->setToolTip(plainTip(tr("Copy the selected rows, or all")));
     connect(copyButton, &QPushButton::clicked, this, &StatWindow::copy);
     auto *buttons = new QWidget;
     auto *row = new QHBoxLayout(buttons);
