@@ -85,6 +85,7 @@ constexpr std::array kTable{
     row<Setting::quickInfoClosed>(String, ""),
     row<Setting::previewMuted>(Boolean, "false"),
     row<Setting::previewFrame>(String, ""),
+    row<Setting::reopenLastList>(Boolean, "false"),
 };
 static_assert(hasRowOfEach(kTable, &SettingRow::setting));
 static_assert(std::ranges::all_of(kTable, [](const SettingRow &row) {

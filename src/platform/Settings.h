@@ -72,6 +72,7 @@ enum class Setting {
     quickInfoClosed,
     previewMuted,
     previewFrame,
+    reopenLastList,
 };
 
 enum class SettingType { Boolean, Integer, Float, String };

@@ -50,11 +50,13 @@ void prepareInBackground()
     });
 }
 
-int runWindows(Settings &settings, const QStringList &paths)
+int runWindows(Settings &settings, const StartArguments &arguments)
 {
     AppController controller(settings);
     controller.isReachable = controller.service().claim(QDBusConnection::sessionBus());
-    controller.doWorkInNewWindow(paths);
+    controller.doWorkInNewWindow(arguments.paths);
+    if (arguments.paths.isEmpty() && !arguments.newWindow)
+        controller.restoreLastList();
     return QApplication::exec();
 }
 
@@ -65,7 +67,7 @@ int run(Settings &settings, const StartArguments &arguments)
     if (!settings.boolean(Setting::readerProcesses))
         RecordBuilder::setupLibraries();
     prepareInBackground();
-    const int status = runWindows(settings, arguments.paths);
+    const int status = runWindows(settings, arguments);
     // An export that was under way takes away what is not complete. What hangs longer than that on a dead
     // disk is not to see the program fall apart around it.
     if (!BackgroundRunBase::awaitThreads(kPatience))

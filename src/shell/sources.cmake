@@ -174,5 +174,6 @@ set(QUORVIN_SHELL_SOURCES
     shell/app/AppController.cpp
     shell/app/Application.cpp
     shell/app/ApplicationService.cpp
+    shell/app/LastList.cpp
     shell/app/StartArguments.cpp
 )

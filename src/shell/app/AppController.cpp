@@ -5,9 +5,12 @@
 
 #include "model/Log.h"
 #include "model/Version.h"
+#include "platform/NativePath.h"
 #include "shell/app/Application.h"
+#include "shell/app/LastList.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/compare/ComparisonView.h"
+#include "shell/desktop/BackgroundRun.h"
 #include "shell/desktop/ItemViewAccess.h"
 #include "shell/desktop/OpenDialog.h"
 #include "shell/desktop/PlainText.h"
@@ -24,9 +27,11 @@
 
 #include <QDesktopServices>
 #include <QFile>
+#include <QSet>
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvin {
 
@@ -38,6 +43,14 @@ void bringToFront(QWidget &window)
     window.show();
     window.raise();
     window.activateWindow();
+}
+
+QStringList foldersOf(const std::vector<FilelistItemPtr> &files)
+{
+    QSet<QString> folders;
+    for (const FilelistItemPtr &file : files)
+        folders.insert(withoutLastPathComponent(file->filename()));
+    return folders.values();
 }
 
 } // namespace
@@ -120,6 +133,10 @@ void AppController::windowClosed(MainWindowController *window)
     LiveSettings &settings = _session.settings;
     settings.set(Setting::lastTab, static_cast<int>(window->currentTab()));
     std::erase(_windows, window);
+    const std::vector<FilelistItemPtr> &files = window->files().filelist();
+    if (settings.boolean(Setting::reopenLastList)
+        && (files.empty() || !_session.temporaryFolders.hold(files.front()->filename())))
+        LastList::keep(files);
     if (_windows.empty()
         && (_isQuitting || !isReachable || settings.boolean(Setting::terminateAppWhenAllWindowsClosed)))
         quit();
@@ -184,6 +201,24 @@ void AppController::openFileInNewWindow()
     dialog->open();
 }
 
+void AppController::restoreLastList()
+{
+    if (_windows.empty() || !_session.settings.boolean(Setting::reopenLastList))
+        return;
+    MainWindowController *window = _windows.front();
+    runInBackground(
+        window, "LastList",
+        [](const RunControl &) {
+            auto files = LastList::read(LastList::userPath());
+            const QStringList folders = foldersOf(files);
+            return std::pair(std::move(files), folders);
+        },
+        [window](const std::pair<std::vector<FilelistItemPtr>, QStringList> &last) {
+            if (const auto &[files, folders] = last; window->isUntouched() && !files.empty())
+                window->files().setFiles(files, folders);
+        });
+}
+
 void AppController::openPreferences()
 {
     if (!_preferences) {
@@ -233,6 +268,8 @@ void AppController::settingDidChange(Setting setting)
     const LiveSettings &settings = _session.settings;
     if (setting == Setting::colorScheme)
         _colorScheme.follow(settings.string(setting));
+    else if (setting == Setting::reopenLastList && !settings.boolean(setting))
+        LastList::forget();
     else if (auto *application = dynamic_cast<Application *>(QCoreApplication::instance());
              application && setting == Setting::debugStalls)
         application->setStallProbe(settings.boolean(setting));

@@ -43,6 +43,9 @@ public:
     MainWindowController *compareInNewWindow(const std::vector<FilelistItemPtr> &files,
                                              std::optional<ComparisonFilter> filter);
     void openFileInNewWindow();
+    /// The files that the last window of an earlier run held come into the oldest window, if that is wanted
+    /// and nothing has come into it until they are there.
+    void restoreLastList();
 
     void activate() override;
     /// The front window takes them if it has never been given files, else a new one. While another program is
@@ -66,7 +69,7 @@ private:
     MainWindowController *windowForOpenRequest() const;
     /// What a window cannot do for itself.
     void registerCommands(MainWindowController &window);
-    /// The tab of a window that closes is that of the next one.
+    /// The tab of a window that closes is that of the next one, and its files may be, in a later run.
     void windowClosed(MainWindowController *window);
     void readAgain();
     void settingDidChange(Setting setting);

@@ -80,6 +80,11 @@ constexpr std::array kWindow{
         Setting::compareFilesLimit, TEXT("Files side by side in a comparison, at most:"), {}, TEXT(" files")},
     PreferenceRow{Setting::firstColumnBold, TEXT("Names in bold in a comparison")},
     PreferenceRow{Setting::terminateAppWhenAllWindowsClosed, TEXT("Quit when the last window is closed")},
+    PreferenceRow{Setting::reopenLastList,
+                  TEXT("Bring the last window's files back at the next start"),
+                  {},
+                  nullptr,
+                  TEXT("Their paths are kept on this computer as long as this is ticked")},
     PreferenceRow{Setting::enableExperimentalPreferences, TEXT("Show advanced preferences")},
 };
 const char *obstacleOfUtilities()

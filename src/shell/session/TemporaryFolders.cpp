@@ -11,6 +11,8 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+
 namespace quorvin {
 
 namespace {
@@ -56,6 +58,12 @@ Expected<QString> TemporaryFolders::makeFolder(const QString &name)
         _own = std::move(folder);
     }
     return Utilities::createUniqueFolder(_own->filePath(name));
+}
+
+bool TemporaryFolders::hold(const QString &path) const
+{
+    return std::ranges::any_of(_tempFiles,
+                               [&](const QString &folder) { return path.startsWith(folder + u'/'); });
 }
 
 void TemporaryFolders::removeLeftovers()

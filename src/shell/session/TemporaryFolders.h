@@ -28,6 +28,8 @@ public:
     Expected<QString> makeFolder(const QString &name);
     /// A folder elsewhere that is to go with this run.
     void add(const QString &path) { _tempFiles.append(path); }
+    /// The path leads into a folder that goes with this run.
+    bool hold(const QString &path) const;
 
     /// Removes the folders of runs that are no more, on the calling thread. Any thread.
     static void removeLeftovers();
