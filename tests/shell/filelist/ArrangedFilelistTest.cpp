@@ -40,6 +40,7 @@ struct LongArrangedList : testing::Test {
             arranged.rearrange();
             ++rounds;
         });
+        ASSERT_EQ(arranged.rowCount(), kFiles) << "whoever shows them asks for them first";
     }
     static FilelistItemPtr named(const QString &name)
     {
