@@ -25,7 +25,9 @@ namespace quorvin {
 
 namespace {
 
-constexpr std::size_t kMostBars = 40; ///< of values; more would be lines
+constexpr int kMostBars = 40; ///< of values; more would be lines
+constexpr int kFewestBars = 5; ///< of values, however low the plot is
+constexpr int kLinesOfAxis = 3; ///< with the margins of the plot
 constexpr double kBarWidth = 0.8;
 constexpr double kFullWidth = 0.98; ///< ranges stand beside each other
 constexpr double kRoomForBox = 1.28; ///< of the highest bar
@@ -61,8 +63,9 @@ public:
         plot->clearPlottables();
         plot->clearItems();
         isSideways = !table || !table->isInRanges();
-        bars
-            = table ? std::min(table->counted().size(), isSideways ? kMostBars : table->counted().size()) : 0;
+        bars = table ? table->counted().size() : 0;
+        if (isSideways)
+            bars = std::min(bars, barsWithRoom());
         setColors(palette);
         if (bars > 0)
             addBars(*table, selected, palette);
@@ -79,6 +82,14 @@ public:
     bool isSideways = true;
 
 private:
+    /// Of bars one below the other, with a name beside each.
+    std::size_t barsWithRoom() const
+    {
+        const int line = plot->fontMetrics().height();
+        return static_cast<std::size_t>(
+            std::clamp(plot->height() / line - kLinesOfAxis, kFewestBars, kMostBars));
+    }
+
     void setColors(const QPalette &palette) const
     {
         const QColor text = palette.color(QPalette::Text);
@@ -111,7 +122,7 @@ private:
             counts[isChosen].append(static_cast<double>(table.counted()[row].sum.files));
             most = std::max(most, counts[isChosen].last());
         }
-        const QColor strong = palette.color(QPalette::Highlight);
+        const QColor strong = palette.color(QPalette::Active, QPalette::Highlight);
         const QColor weak = between(palette.color(QPalette::Base), strong, kWeak);
         for (const int isChosen : {0, 1}) {
             auto *one = new QCPBars(barAxis(), countAxis());
@@ -251,14 +262,13 @@ void CountPlot::setSelected(const std::vector<std::size_t> &rows)
     draw();
 }
 
-bool CountPlot::isCut() const
+void CountPlot::draw()
 {
-    return _table && _drawing->bars < _table->counted().size();
-}
-
-void CountPlot::draw() const
-{
+    const bool wasCut = std::exchange(_isCut, false);
     _drawing->fill(_table, _selected, palette());
+    _isCut = _table && _drawing->bars < _table->counted().size();
+    if (_isCut != wasCut)
+        Q_EMIT isCutDidChange();
 }
 
 QPointF CountPlot::placeOf(std::size_t row) const
@@ -364,7 +374,7 @@ QByteArray CountPlot::pdf(const QString &title) const
     _drawing->fill(_table, _selected, ColorScheme::ownPalette(false));
     _drawing->plot->toPainter(&painter, writer.width(), writer.height() - head);
     painter.end();
-    draw();
+    _drawing->fill(_table, _selected, palette());
     return bytes.data();
 }
 

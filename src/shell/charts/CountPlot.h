@@ -31,7 +31,7 @@ public:
     /// These rows of the table stand out.
     void setSelected(const std::vector<std::size_t> &rows);
     /// Whether not all values have a bar.
-    bool isCut() const;
+    bool isCut() const { return _isCut; }
     /// Where the bar of that row is, in this widget; for those who look at it as a whole.
     QPointF placeOf(std::size_t row) const;
 
@@ -45,6 +45,8 @@ public:
 Q_SIGNALS:
     /// The user has chosen these rows by a click, or ranges by a drag; `adds`: to what was chosen before.
     void rowsChosen(const std::vector<std::size_t> &rows, bool adds);
+    /// There is more room than before, or less.
+    void isCutDidChange();
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -55,13 +57,14 @@ private:
 
     std::vector<std::size_t> rowsBetween(QPointF from, QPointF to) const;
     void showTip(const QHelpEvent &event) const;
-    void draw() const;
+    void draw();
 
     std::unique_ptr<Drawing> _drawing; ///< all that knows how bars are drawn
     CountTablePtr _table;
     std::vector<std::size_t> _selected;
     QPointF _pressed;
     bool _isPressed = false;
+    bool _isCut = false;
 };
 
 } // namespace quorvin

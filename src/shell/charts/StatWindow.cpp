@@ -163,6 +163,7 @@ void StatWindow::connectParts()
 
 void StatWindow::connectTable()
 {
+    connect(_plot, &CountPlot::isCutDidChange, this, &StatWindow::showNote);
     _table->setModel(_model);
     _table->setAccessibleName(tr("Counts"));
     _table->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -270,13 +271,19 @@ void StatWindow::showControls(const CountTable &table)
     const auto &view = _counter->question().view;
     if (table.step() && view && view->step)
         _steps->setCurrentIndex(_steps->findData(static_cast<int>(*table.step())));
-    QString note;
-    if (_plot->isCut())
-        note = tr("The plot shows the most frequent values; the table has all %1.")
-                   .arg(groupedCount(static_cast<qint64>(table.counted().size())));
-    if (table.count().unread > 0)
-        note = tr("%1 not read yet.").arg(countOfFiles(table.count().unread));
-    _note->setText(note);
+    showNote();
+}
+
+void StatWindow::showNote()
+{
+    const CountTablePtr &table = _model->table();
+    QStringList notes;
+    if (table && table->count().unread > 0)
+        notes.append(tr("%1 not read yet.").arg(countOfFiles(table->count().unread)));
+    if (table && _plot->isCut())
+        notes.append(tr("The plot shows the most frequent values; the table has all %1.")
+                         .arg(groupedCount(static_cast<qint64>(table->counted().size()))));
+    _note->setText(notes.join(u' '));
 }
 
 std::vector<std::size_t> StatWindow::selectedRows() const

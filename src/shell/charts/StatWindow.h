@@ -58,6 +58,8 @@ private:
     void applyView();
     void showCount(const CountTablePtr &table);
     void showControls(const CountTable &table);
+    /// What the plot and the table do not tell.
+    void showNote();
     std::vector<std::size_t> selectedRows() const;
     /// These rows are chosen: their files are selected in the list.
     void chooseRows(const std::vector<std::size_t> &rows, bool adds);

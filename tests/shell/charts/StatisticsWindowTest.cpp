@@ -222,7 +222,7 @@ TEST(CountPlot, ShowsEveryKindOfCountAndTellsWhereItsBarsAre)
                                                   view);
     };
     CountPlot plot;
-    plot.resize(600, 300);
+    plot.resize(600, 1200);
     plot.show();
     EXPECT_FALSE(plot.png(u"nothing"_s).isEmpty());
     std::vector<std::size_t> chosen;
@@ -247,6 +247,10 @@ TEST(CountPlot, ShowsEveryKindOfCountAndTellsWhereItsBarsAre)
             plot.setSelected({});
         }
     }
+    plot.setTable(ofValues(many.first(10), {}));
+    EXPECT_FALSE(plot.isCut());
+    plot.resize(600, plot.fontMetrics().height() * 9);
+    EXPECT_TRUE(spinUntil([&plot] { return plot.isCut(); })) << "each bar has room for its name";
 }
 
 TEST(CountModel, KeepsTheRulesOfModels)
