@@ -276,7 +276,7 @@ void GeneralPane::place()
     const int room = width() - _scroll->verticalScrollBar()->sizeHint().width();
     const bool isNarrow = width() < kNarrow;
     const QFontMetrics metrics(_streams->font());
-    int widestFact = 0;
+    int widestFact = metrics.horizontalAdvance(_privacy->label());
     for (const QString &label : factLabels())
         widestFact = std::max(widestFact, metrics.horizontalAdvance(label));
 

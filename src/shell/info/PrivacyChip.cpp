@@ -80,6 +80,11 @@ void PrivacyChip::setLabelsWidth(int width)
     _label->setMinimumWidth(width);
 }
 
+QString PrivacyChip::label() const
+{
+    return _label->text();
+}
+
 void PrivacyChip::setGap(int gap)
 {
     layout()->setSpacing(gap);

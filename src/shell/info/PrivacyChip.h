@@ -28,6 +28,8 @@ public:
     /// Device-independent pixels: of the label, and between it and what follows.
     void setLabelsWidth(int width);
     void setGap(int gap);
+    /// The text of the label.
+    QString label() const;
 
 Q_SIGNALS:
     void stripWanted();
