@@ -24,7 +24,7 @@ QString belowFolder(const QString &folder, const QString &rest)
 QString pathByItsFolders(const QString &old, const QString &folder)
 {
     for (qsizetype slash = old.indexOf(u'/'); slash >= 0; slash = old.indexOf(u'/', slash + 1)) {
-        const QString path = belowFolder(folder, old.mid(slash + 1));
+        QString path = belowFolder(folder, old.mid(slash + 1));
         if (statFacts(path))
             return path;
     }

@@ -22,8 +22,7 @@ constexpr qint64 kHoursOfDay = 24;
 void keepEachOnce(std::vector<quint32> &places)
 {
     std::ranges::sort(places);
-    const auto rest = std::ranges::unique(places);
-    places.erase(rest.begin(), rest.end());
+    places.erase(std::unique(places.begin(), places.end()), places.end());
 }
 
 } // namespace

@@ -55,17 +55,10 @@ ProjectComparison comparisonOf(const ComparisonView &comparison, const std::vect
             .rows = kRowNames.at(static_cast<std::size_t>(comparison.filter()))};
 }
 
-/// What the project restores alone, without what is no reason to save it.
-Project core(const Project &project)
+/// What is kept of it counts for nothing.
+bool isSameFile(const ProjectFile &one, const ProjectFile &other)
 {
-    Project core = project;
-    core.tab.clear();
-    core.comparison.rows.clear();
-    core.rules.clear();
-    core.folders.clear();
-    for (ProjectFile &file : core.files)
-        file.facts = {};
-    return core;
+    return one.path == other.path && one.shownComponents == other.shownComponents;
 }
 
 } // namespace
@@ -126,7 +119,9 @@ std::optional<Tab> tabOf(const Project &project)
 
 bool isWorthSaving(const Project &now, const Project &saved)
 {
-    return core(now) != core(saved);
+    return now.filter != saved.filter || now.watched != saved.watched
+        || now.comparison.columns != saved.comparison.columns
+        || !std::ranges::equal(now.files, saved.files, isSameFile);
 }
 
 } // namespace quorvin
