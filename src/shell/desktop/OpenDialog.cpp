@@ -65,7 +65,7 @@ void OpenDialog::accept()
     if (paths.isEmpty())
         return QFileDialog::accept();
     Q_EMIT filesSelected(paths);
-    QDialog::accept();
+    done(Accepted);
 }
 
 } // namespace quorvin

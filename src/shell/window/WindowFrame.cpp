@@ -58,7 +58,7 @@ void WindowFrame::placeBeside(const QWidget &before)
 
 void WindowFrame::windowDidShow()
 {
-    QTimer::singleShot(kDecorationMilliseconds, this, &WindowFrame::keepOnScreen);
+    QTimer::singleShot(kDecorationMilliseconds, this, [this] { keepOnScreen(); });
 }
 
 void WindowFrame::keepOnScreen()

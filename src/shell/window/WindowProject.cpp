@@ -212,7 +212,7 @@ void WindowProject::tellFailure(const QString &text, const QString &reason)
     plainMessage(_window, tr("Project"), text, reason, QMessageBox::Close)->open();
 }
 
-void WindowProject::afterSaving(std::function<void()> action)
+void WindowProject::afterSaving(const std::function<void()> &action)
 {
     if (!hasChanges())
         return action();

@@ -43,7 +43,7 @@ public:
     bool hasChanges() const;
 
     /// Does it at once where there are no changes, else when the user has saved them or does not want them.
-    void afterSaving(std::function<void()> action);
+    void afterSaving(const std::function<void()> &action);
     /// Whether the window may close now. If not, a project is being written or the user is asked, and
     /// `closeWanted` may come.
     bool mayClose();
