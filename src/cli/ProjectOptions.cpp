@@ -71,10 +71,8 @@ bool isProjectAllowed(const Context &context, const std::vector<FilelistItemPtr>
 bool saveProjectOf(const Context &context, const std::vector<FilelistItemPtr> &files)
 {
     Project project;
-    for (const FilelistItemPtr &file : files) {
-        const auto shown = static_cast<int>(file->prefixedPath().count(u'/')) + 1;
-        project.files.push_back({file->filename(), shown, {}});
-    }
+    for (const FilelistItemPtr &file : files)
+        project.files.push_back({file->filename(), shownComponentsOf(file->prefixedPath()), {}});
     project.filter.rule = context.arguments.filter;
     keepFacts(project, context.settings.boolean(Setting::computeFileHashes), {}, progressOn(context));
     const auto saved = pathOfGiven(*context.arguments.saveProject).and_then([&](const QString &path) {

@@ -12,6 +12,11 @@ bool isProjectPath(const QString &path)
     return pathExtension(path).compare(kProjectExtension, Qt::CaseInsensitive) == 0;
 }
 
+int shownComponentsOf(const QString &shownPath)
+{
+    return static_cast<int>(shownPath.count(u'/')) + 1;
+}
+
 QString ProjectFile::shownPath() const
 {
     qsizetype start = path.size();

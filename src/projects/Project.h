@@ -18,6 +18,9 @@ inline constexpr QLatin1String kProjectMimeType("application/x-quorvin-project")
 /// Whether a path is that of a project: by its extension alone, in any mix of upper and lower case.
 bool isProjectPath(const QString &path);
 
+/// How many components a path has, as the list shows it.
+int shownComponentsOf(const QString &shownPath);
+
 /// A moment as the file system has it.
 struct FileTime {
     qint64 seconds = 0; ///< since 1970

@@ -35,6 +35,9 @@ struct CountRow {
     double to = 0;
     quint32 first = 0; ///< in the order of the table: its values
     quint32 size = 0;
+
+    /// Its text tells of files, and is none of theirs.
+    bool isOfWords() const { return kind != Kind::Value && kind != Kind::Range; }
 };
 
 /// How a count is laid out.

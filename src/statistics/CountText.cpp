@@ -128,9 +128,8 @@ void writeText(const CountTable &table, OutputBuffer &out)
             if (column.forPeople)
                 line += column.forPeople(row).rightJustified(kWidth);
         }
-        const bool isWords = row.kind != CountRow::Kind::Value && row.kind != CountRow::Kind::Range;
         const QString text = row.text.simplified();
-        out.putText(line + QString(kSteps, u' ') + (isWords ? u'(' + text + u')' : text) + u'\n');
+        out.putText(line + QString(kSteps, u' ') + (row.isOfWords() ? u'(' + text + u')' : text) + u'\n');
     }
 }
 

@@ -34,11 +34,6 @@ constexpr std::array<CountColumn, CountModel::ColumnCount> kCountColumns{{
     {QT_TRANSLATE_NOOP("CountModel", "Size"), nullptr},
 }};
 
-bool isWords(const CountRow &row)
-{
-    return row.kind != CountRow::Kind::Value && row.kind != CountRow::Kind::Range;
-}
-
 } // namespace
 
 void CountModel::setTable(CountTablePtr table)
@@ -92,7 +87,7 @@ QVariant CountModel::data(const QModelIndex &index, int role) const
     case Qt::FontRole: {
         QFont font;
         font.setItalic(true);
-        return isWords(row) ? QVariant(font) : QVariant();
+        return row.isOfWords() ? QVariant(font) : QVariant();
     }
     default:
         return {};

@@ -40,7 +40,7 @@ std::vector<ProjectFile> failedFiles(const std::vector<FilelistItemPtr> &list, c
 /// The same place of the list for a file elsewhere.
 FilelistItemPtr itemAt(const FilelistItem &file, const QString &path)
 {
-    const auto shown = static_cast<int>(file.prefixedPath().count(u'/')) + 1;
+    const auto shown = shownComponentsOf(file.prefixedPath());
     return FilelistItem::itemWithFilename(path,
                                           ProjectFile{.path = path, .shownComponents = shown}.shownPath());
 }

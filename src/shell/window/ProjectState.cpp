@@ -31,10 +31,9 @@ std::vector<ProjectFile> filesOf(const std::vector<FilelistItemPtr> &list)
 {
     std::vector<ProjectFile> files;
     files.reserve(list.size());
-    for (const FilelistItemPtr &file : list) {
-        const auto shown = static_cast<int>(file->prefixedPath().count(u'/')) + 1;
-        files.push_back({.path = file->filename(), .shownComponents = shown});
-    }
+    for (const FilelistItemPtr &file : list)
+        files.push_back(
+            {.path = file->filename(), .shownComponents = shownComponentsOf(file->prefixedPath())});
     return files;
 }
 
