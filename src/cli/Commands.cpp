@@ -9,6 +9,7 @@
 #include "cli/ExtractCommand.h"
 #include "cli/GeneralCommand.h"
 #include "cli/ListCommand.h"
+#include "cli/MapCommand.h"
 #include "cli/RawCommand.h"
 #include "cli/SettingsCommand.h"
 #include "cli/StatsCommand.h"
@@ -90,6 +91,11 @@ constexpr std::array kCommands{
             .reads = files,
             .run = runStats,
             .check = checkStats},
+    Command{.name = "map"_L1,
+            .description = "where the files were recorded, for a map program"_L1,
+            .options = mapOptions,
+            .reads = files,
+            .run = runMap},
     Command{.name = "settings"_L1,
             .description = "the settings: key, type, default, value"_L1,
             .options = noOptions,

@@ -4,9 +4,9 @@
 #include "comparison/ComparisonExport.h"
 
 #include "SBJson5/SBJson5StreamWriter.h"
-#include "SBJson5/SBJson5StreamWriterDelegate.h"
 #include "export/Csv.h"
 #include "export/HtmlText.h"
+#include "export/JsonBytes.h"
 #include "export/OutputBuffer.h"
 #include "platform/NativePath.h"
 
@@ -102,16 +102,6 @@ void writeCsv(const Rows &rows, const QStringList &description, OutputBuffer &ou
     out.put(Utilities::UTF8BOMData());
     writeCsvText(rows, description, out);
 }
-
-/// Hands what the JSON writer makes to the buffer.
-class JsonBytes final : public SBJson5StreamWriterDelegate {
-public:
-    explicit JsonBytes(OutputBuffer &out) : _out(out) { }
-    void writer(const SBJson5StreamWriter &, QByteArrayView appendBytes) override { _out.put(appendBytes); }
-
-private:
-    OutputBuffer &_out;
-};
 
 void writeJsonTexts(std::span<const QString> texts, SBJson5StreamWriter &json)
 {

@@ -4,8 +4,8 @@
 #include "statistics/CountText.h"
 
 #include "SBJson5/SBJson5StreamWriter.h"
-#include "SBJson5/SBJson5StreamWriterDelegate.h"
 #include "export/Csv.h"
+#include "export/JsonBytes.h"
 #include "export/OutputBuffer.h"
 #include "filefacts/Durations.h"
 #include "filefacts/Sizes.h"
@@ -141,15 +141,6 @@ void writeCsv(const CountTable &table, OutputBuffer &out)
         out.putText(u'\n' + Utilities::csvEscapeAndQuoteArray(fieldsOf(row)));
 }
 
-class CountBytes final : public SBJson5StreamWriterDelegate {
-public:
-    explicit CountBytes(OutputBuffer &out) : _out(out) { }
-    void writer(const SBJson5StreamWriter &, QByteArrayView appendBytes) override { _out.put(appendBytes); }
-
-private:
-    OutputBuffer &_out;
-};
-
 void writeMember(SBJson5StreamWriter &json, const QString &key, const QVariant &value)
 {
     json.writeString(key);
@@ -189,7 +180,7 @@ void writeJsonFigures(SBJson5StreamWriter &json, const Figures &figures)
 
 void writeJson(const CountTable &table, OutputBuffer &out)
 {
-    CountBytes bytes(out);
+    JsonBytes bytes(out);
     SBJson5StreamWriter json(bytes, {.humanReadable = true});
     const ParameterCount &count = table.count();
     json.writeObjectOpen();
