@@ -138,7 +138,7 @@ bool ArrangedFilelist::filterAcceptsRow(int sourceRow, const QModelIndex &source
     if (_isArranging)
         return _decisions.passes[indexOf(sourceRow)];
     return QSortFilterProxyModel::filterAcceptsRow(sourceRow, sourceParent)
-        && (!_filter || _filter->passes(_whole.fileAt(sourceRow)));
+        && (!_filter || _filter->passes(_whole.files()[indexOf(sourceRow)]));
 }
 
 FilelistItemPtr ArrangedFilelist::fileAt(int row) const

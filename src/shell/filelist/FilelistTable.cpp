@@ -34,6 +34,7 @@ constexpr int kDropLineWidth = 2; ///< of the mark where a drop goes
 constexpr int kFrameWidth = 2; ///< round the row of a menu
 /// To find out where thousands of ranges lie takes longer than to paint all that is in sight.
 constexpr qsizetype kMostMeasuredRanges = 50;
+constexpr int kMostMeasuredRows = 200;
 
 } // namespace
 
@@ -301,8 +302,19 @@ void FilelistTable::currentChanged(const QModelIndex &current, const QModelIndex
 void FilelistTable::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                                 const QList<int> &roles)
 {
+    int first = topLeft.row();
+    int last = bottomRight.row();
+    // Each row would be measured, in sight or not.
+    if (last - first > kMostMeasuredRows) {
+        const QModelIndex top = indexAt(viewport()->rect().topLeft());
+        const QModelIndex bottom = indexAt(viewport()->rect().bottomLeft());
+        first = std::max(first, top.row());
+        last = bottom.isValid() ? std::min(last, bottom.row()) : last;
+    }
     // A plain list would lay all rows out anew for each one that was read. They are alike whatever they show.
-    QAbstractItemView::dataChanged(topLeft, bottomRight, roles); // NOLINT(bugprone-parent-virtual-call)
+    if (first <= last)
+        QAbstractItemView::dataChanged( // NOLINT(bugprone-parent-virtual-call)
+            model()->index(first, topLeft.column()), model()->index(last, bottomRight.column()), roles);
 }
 
 QRegion FilelistTable::visualRegionForSelection(const QItemSelection &selection) const
