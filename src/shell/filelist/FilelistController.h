@@ -49,6 +49,8 @@ public:
     ArrangedFilelist &arranged() { return _arranged; }
     const ArrangedFilelist &arranged() const { return _arranged; }
     FilelistSelection &selection() { return _selection; }
+    /// As `FilelistModel::setMarks`.
+    void setMarks(const QHash<QString, QString> &marks) { _whole.setMarks(marks); }
     /// What narrows the arranged list.
     FilelistFiltering &filtering() { return _filter; }
     const WindowWorker &worker() const { return _reading.worker(); }

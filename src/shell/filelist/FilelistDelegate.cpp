@@ -150,18 +150,13 @@ void FilelistDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
         drawPicture(painter, places.picture, row, index);
     }
     drawTexts(painter, places.text, row, index.data().toString(),
-              !markOf(index).isEmpty() ? QString(kMark) : QString());
+              !index.data(FilelistRow::MarkRole).toString().isEmpty() ? QString(kMark) : QString());
     if (row.state & QStyle::State_HasFocus && !(row.state & QStyle::State_Selected)) {
         QStyleOptionFocusRect focus;
         focus.QStyleOption::operator=(row);
         row.widget->style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, painter, row.widget);
     }
     painter->restore();
-}
-
-QString FilelistDelegate::markOf(const QModelIndex &index) const
-{
-    return _marks.isEmpty() ? QString() : _marks.value(index.data(FilelistRow::PathRole).toString());
 }
 
 bool FilelistDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
@@ -172,7 +167,7 @@ bool FilelistDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     QString text = index.data(FilelistRow::PathRole).toString();
     if (const QString reason = index.data(FilelistRow::ReasonRole).toString(); !reason.isEmpty())
         text += u'\n' + reason;
-    if (const QString mark = markOf(index); !mark.isEmpty())
+    if (const QString mark = index.data(FilelistRow::MarkRole).toString(); !mark.isEmpty())
         text += u'\n' + mark;
     const QPoint place = view->viewport()->mapToGlobal(placesOf(option).text.topLeft());
     QToolTip::showText(place, plainTip(text, *view), view->viewport(), option.rect);

@@ -3,7 +3,6 @@
 
 #pragma once
 
-#include <QHash>
 #include <QStyledItemDelegate>
 
 namespace quorvin {
@@ -22,9 +21,6 @@ public:
 
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    /// What there is to say of files, by their paths.
-    void setMarks(const QHash<QString, QString> &marks) { _marks = marks; }
-
     /// What of a path fits into that width.
     static Texts fittingTexts(const QString &path, const QFontMetrics &metrics, int width);
 
@@ -35,11 +31,6 @@ public:
     /// screen is too narrow.
     bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
                    const QModelIndex &index) override;
-
-private:
-    QString markOf(const QModelIndex &index) const;
-
-    QHash<QString, QString> _marks;
 };
 
 } // namespace quorvin

@@ -57,10 +57,11 @@ std::vector<FilelistItemPtr> merged(std::vector<FilelistItemPtr> old, const std:
     return all;
 }
 
-QString toolTipOf(const FilelistItem &file)
+QString toolTipOf(const FilelistItem &file, const QString &mark)
 {
-    const QString reason = file.failureReason();
-    return reason.isEmpty() ? file.filename() : file.filename() + u'\n' + reason;
+    QStringList lines{file.filename(), file.failureReason(), mark};
+    lines.removeAll(QString());
+    return lines.join(u'\n');
 }
 
 QString accessibleTextOf(const FilelistItem &file)
@@ -248,6 +249,17 @@ void FilelistModel::allFilesChanged()
         Q_EMIT dataChanged(index(0), index(rowCount() - 1));
 }
 
+void FilelistModel::setMarks(const QHash<QString, QString> &marks)
+{
+    _marks = marks;
+    allFilesChanged();
+}
+
+QString FilelistModel::markOf(const FilelistItem &file) const
+{
+    return _marks.isEmpty() ? QString() : _marks.value(file.filename());
+}
+
 Qt::ItemFlags FilelistModel::flags(const QModelIndex &index) const
 {
     return QAbstractListModel::flags(index) | (index.isValid() ? Qt::ItemIsDragEnabled : Qt::NoItemFlags);
@@ -274,15 +286,19 @@ QVariant FilelistModel::data(const QModelIndex &index, int role) const
     case FilelistRow::CoverRole:
         return !file.isFailed() && _icons.pictureFor(shown, file.quorvinData()).isCover;
     case Qt::ToolTipRole:
-        return plainTip(toolTipOf(file));
-    case Qt::AccessibleTextRole:
-        return accessibleTextOf(file);
+        return plainTip(toolTipOf(file, markOf(file)));
+    case Qt::AccessibleTextRole: {
+        const QString mark = markOf(file);
+        return mark.isEmpty() ? accessibleTextOf(file) : accessibleTextOf(file) + QLatin1String(", ") + mark;
+    }
     case FilelistRow::StateRole:
         return stateOf(file);
     case FilelistRow::PathRole:
         return file.filename();
     case FilelistRow::ReasonRole:
         return file.failureReason();
+    case FilelistRow::MarkRole:
+        return markOf(file);
     default:
         return {};
     }

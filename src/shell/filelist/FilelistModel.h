@@ -44,6 +44,8 @@ public:
     /// are not in the list count for nothing.
     void filesChanged(const std::vector<FilelistItemPtr> &files);
     void allFilesChanged();
+    /// What there is to say of files, by their paths.
+    void setMarks(const QHash<QString, QString> &marks);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -55,9 +57,12 @@ private:
     void removeRuns(std::vector<int> rows);
     std::vector<FilelistItemPtr> removeScattered(const std::vector<int> &rows);
 
+    QString markOf(const FilelistItem &file) const;
+
     mutable FileIcons _icons;
     std::vector<FilelistItemPtr> _files;
     mutable QHash<const FilelistItem *, int> _rows; ///< made when asked for; else empty
+    QHash<QString, QString> _marks; ///< by paths
     std::vector<FilelistItemPtr> _coversReady; ///< not announced yet
     QTimer _coversTimer;
 };

@@ -13,6 +13,7 @@ struct FilelistRow {
         StateRole = Qt::UserRole, ///< a `State`
         PathRole, ///< full path
         ReasonRole, ///< why the file failed, else ""
+        MarkRole, ///< what else there is to say of the file, else ""
         CoverRole, ///< the picture is the file's own, not that of its kind
     };
     enum State {

@@ -6,8 +6,6 @@
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/Counts.h"
 #include "shell/filelist/FilelistController.h"
-#include "shell/filelist/FilelistDelegate.h"
-#include "shell/filelist/FilelistTable.h"
 #include "shell/window/MainView.h"
 #include "shell/window/StatusLine.h"
 #include "shell/window/WindowProject.h"
@@ -24,7 +22,7 @@ ProjectMarks::ProjectMarks(WindowProject &project, MainView &view, FilelistContr
 {
     commands.on(Command::checkChanges, [this] { check(DigestCheck::All); });
     connect(&project, &WindowProject::savedDidChange, this, [this](bool isNew) {
-        setMarks({});
+        _files.setMarks({});
         if (!isNew)
             check(DigestCheck::Doubtful);
     });
@@ -32,7 +30,7 @@ ProjectMarks::ProjectMarks(WindowProject &project, MainView &view, FilelistContr
         if (_project.saved())
             return;
         _checking.cancel();
-        setMarks({});
+        _files.setMarks({});
     });
     view.statusLine().follow(
         _checking,
@@ -41,13 +39,6 @@ ProjectMarks::ProjectMarks(WindowProject &project, MainView &view, FilelistContr
              return tr("Looking for changes: %1 of %2").arg(groupedCount(done), groupedCount(total));
          },
          [this] { _checking.cancel(); }});
-}
-
-void ProjectMarks::setMarks(const QHash<QString, QString> &marks)
-{
-    if (auto *delegate = qobject_cast<FilelistDelegate *>(_view.table().itemDelegate()))
-        delegate->setMarks(marks);
-    _view.table().viewport()->update();
 }
 
 void ProjectMarks::check(DigestCheck digests)
@@ -74,7 +65,7 @@ void ProjectMarks::take(const ProjectChanges &found, DigestCheck digests)
         if (change.kind == FileChange::New)
             added.append(change.path);
     }
-    setMarks(marks);
+    _files.setMarks(marks);
     const QString text = changesText(found.changes);
     if (!added.isEmpty())
         _view.statusLine().say(text, tr("Add New Files"),

@@ -26,7 +26,6 @@ public:
 
 private:
     void check(DigestCheck digests);
-    void setMarks(const QHash<QString, QString> &marks);
     void take(const ProjectChanges &found, DigestCheck digests);
 
     WindowProject &_project;

@@ -179,6 +179,9 @@ TEST_F(ProjectWindow, TellsWhatHasChangedAndFindsWhatIsMissing)
     ASSERT_TRUE(QFile::rename(folder / u"in/b.wav"_s, folder / u"b.wav"_s));
     open(path);
     EXPECT_TRUE(says(u"Since the project was saved: 1 changed, 1 vanished, 1 new"_s));
+    const QModelIndex changed = window->files().arranged().index(0, 0);
+    EXPECT_TRUE(
+        changed.data(Qt::AccessibleTextRole).toString().contains(u"Changed since the project was saved"_s));
     const FilelistItemPtr missing = window->files().filelist().at(1);
     EXPECT_TRUE(missing->isFailed());
     EXPECT_EQ(missing->failureReason(), u"The file is missing"_s);
