@@ -8,6 +8,7 @@
 #include "shell/session/Session.h"
 
 #include <QMimeData>
+#include <QPointer>
 #include <QTimer>
 
 #include <algorithm>
@@ -93,16 +94,25 @@ void FilelistDrags::drop(const QMimeData &content, Qt::KeyboardModifiers modifie
     const QStringList paths = pathsFromUriList(content.data(kUriListType));
     if (paths.isEmpty())
         return;
-    QTimer::singleShot(kDropMilliseconds, this, [this, paths, plan, row] { take(paths, plan, row); });
-    if (source && plan.takesFromSource)
-        QTimer::singleShot(kDropMilliseconds, source, [source] { source->removeDraggedItems(); });
+    const auto take = [this, paths, plan, row, giver = QPointer(plan.takesFromSource ? source : nullptr)] {
+        if (plan.replaces)
+            _files.processFiles(paths);
+        else
+            add(paths, row);
+        if (giver)
+            giver->removeDraggedItems();
+    };
+    QTimer::singleShot(kDropMilliseconds, this, [this, take, plan] {
+        if (plan.replaces)
+            _replacing(take);
+        else
+            take();
+    });
 }
 
-void FilelistDrags::take(const QStringList &paths, const DropPlan &plan, int row)
+void FilelistDrags::add(const QStringList &paths, int row)
 {
-    if (plan.replaces)
-        _files.processFiles(paths);
-    else if (row == kNoRow)
+    if (row == kNoRow)
         _files.processAdditionalFilesAndSelectFirst(paths);
     else if (row >= _files.arranged().rowCount())
         _files.processAdditionalFiles(paths);

@@ -8,7 +8,9 @@
 #include <QObject>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
+#include <utility>
 #include <vector>
 
 class QMimeData;
@@ -36,8 +38,16 @@ public:
     /// Where a drop on the window, and not on its list, puts the files: at the end, and selects them.
     static constexpr int kNoRow = -1;
 
+    using Replacement = std::function<void()>;
+
     /// Both must outlive this object.
     FilelistDrags(FilelistController &files, Session &session, QObject *parent = nullptr);
+
+    /// A drop that replaces the content is done by that function, which may ask first. As it is, at once.
+    void setReplacing(std::function<void(const Replacement &)> replacing)
+    {
+        _replacing = std::move(replacing);
+    }
 
     /// The selected rows, for a drag that begins now; null when there are none.
     std::unique_ptr<QMimeData> begin();
@@ -58,7 +68,7 @@ Q_SIGNALS:
 
 private:
     void reorder(int row);
-    void take(const QStringList &paths, const DropPlan &plan, int row);
+    void add(const QStringList &paths, int row);
     void removeDraggedItems();
     /// Those of the dragged files that are still in the list, in its order.
     std::vector<int> draggedRows() const;
@@ -66,6 +76,7 @@ private:
     FilelistController &_files;
     Session &_session;
     std::vector<FilelistItemPtr> _draggingItems;
+    std::function<void(const Replacement &)> _replacing = [](const Replacement &replace) { replace(); };
 };
 
 } // namespace quorvin

@@ -76,6 +76,7 @@ MainWindowController::MainWindowController(Session &session)
     _view->table().setDrags(*_drags);
     new FindCommands(*_view, _files, this);
     connect(_drags, &FilelistDrags::hintDidChange, _dropHint, &DropHint::tell);
+    _drags->setReplacing([this](const auto &replace) { _project->afterSaving(replace); });
     setCentralWidget(_view);
     setUpCommands();
     auto *bar = new ToolBar(*_commands);

@@ -156,6 +156,20 @@ TEST_F(FilelistDrag, AnotherWindowsRowsMoveAndAreCopiedOrReplace)
     EXPECT_TRUE(spinUntil([&] { return files(to) == u"x y a"_s; })) << "at its end";
 }
 
+TEST_F(FilelistDrag, WhoeverMustBeAskedDecidesWhatIsReplaced)
+{
+    std::function<void()> held;
+    to->drags().setReplacing([&held](const auto &replace) { held = replace; });
+    fill();
+    const auto content = dragged({1});
+    drop(to, *content, above(to, 0), kShift);
+    ASSERT_TRUE(spinUntil([&held] { return held != nullptr; }));
+    EXPECT_EQ(files(to), u"x y"_s);
+    EXPECT_EQ(files(from), u"a b c d e"_s);
+    held();
+    EXPECT_TRUE(spinUntil([this] { return files(to) == u"b"_s && files(from) == u"a c d e"_s; }));
+}
+
 TEST_F(FilelistDrag, RowsOfAWindowThatIsNotKnownAreCopied)
 {
     for (const Qt::KeyboardModifiers modifiers : {Qt::KeyboardModifiers(), kControl}) {
