@@ -9,6 +9,18 @@
 
 namespace quorvin {
 
+namespace {
+
+JobLimits longer(JobLimits limits)
+{
+    constexpr int kTimesAsLong = 10;
+    limits.cpuSeconds *= kTimesAsLong;
+    limits.wallSeconds *= kTimesAsLong;
+    return limits;
+}
+
+} // namespace
+
 RecordOptions recordOptionsFrom(const Settings &settings)
 {
     RecordOptions options;
@@ -23,17 +35,15 @@ RecordOptions recordOptionsFrom(const Settings &settings)
 
 Job AnalysisSetup::reportOf(const QString &path, const QString &source) const
 {
-    return {ReportRequest{path, source, rawSourceUsesExifTool(source)}, limits};
+    JobLimits larger = longer(limits);
+    larger.memoryMiB *= 2;
+    return {ReportRequest{path, source, rawSourceUsesExifTool(source)}, larger};
 }
 
 Job AnalysisSetup::extractionOf(const QString &path, const QString &folder,
                                 ExtractionRequest::Kind kind) const
 {
-    constexpr int kTimesAsLong = 10;
-    JobLimits longer = limits;
-    longer.cpuSeconds *= kTimesAsLong;
-    longer.wallSeconds *= kTimesAsLong;
-    return {ExtractionRequest{path, folder, kind}, longer};
+    return {ExtractionRequest{path, folder, kind}, longer(limits)};
 }
 
 AnalysisSetup analysisSetupFrom(const Settings &settings, const std::shared_ptr<RootSet> &roots)

@@ -21,8 +21,10 @@ struct AnalysisSetup {
     std::function<std::unique_ptr<JobRunner>()> makeRunner;
 
     Job recordOf(const QString &path) const { return {RecordRequest{path, options}, limits}; }
+    /// Somebody waits for this one, and what a library traces takes ten times its length: it may take longer
+    /// than a record, and twice the memory.
     Job reportOf(const QString &path, const QString &source) const;
-    /// Into a folder that exists. It may take longer than what only reads.
+    /// Into a folder that exists. It may take longer, too.
     Job extractionOf(const QString &path, const QString &folder, ExtractionRequest::Kind kind) const;
 };
 
