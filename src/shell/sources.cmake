@@ -16,7 +16,9 @@ set(QUORVIN_SHELL_SOURCES
     shell/desktop/OpenDialog.cpp
     shell/desktop/OpenWith.cpp
     shell/desktop/PictureThread.cpp
+    shell/desktop/PlaceText.cpp
     shell/desktop/PlainText.cpp
+    shell/desktop/TownLookup.cpp
 
     shell/session/LastFolder.cpp
     shell/session/LiveSettings.cpp
@@ -158,6 +160,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/window/ProjectState.cpp
     shell/window/QuickInfo.cpp
     shell/window/RemovalCommands.cpp
+    shell/window/PlaceNote.cpp
     shell/window/PreviewCommands.cpp
     shell/window/SidebarSplitView.cpp
     shell/window/StatCommands.cpp

@@ -233,7 +233,8 @@ void AppController::openAboutPanel(QWidget *parent)
     QMessageBox *panel
         = plainMessage(parent, tr("About Quorvin"), QStringLiteral("Quorvin %1").arg(programVersion()),
                        tr("Tells what media files are and what is inside them.\n\nFree software "
-                          "under the GPL, version 3 or later."),
+                          "under the GPL, version 3 or later.\n\nPlace names: GeoNames, CC BY 4.0; "
+                          "map: Natural Earth."),
                        QMessageBox::Close);
     panel->setIconPixmap(QApplication::windowIcon().pixmap(64));
     panel->open();

@@ -131,6 +131,7 @@ void GeneralPane::connectParts()
     connect(_facts, &FactList::menuWanted, this,
             [this](const QPoint &where) { Q_EMIT menuWanted(CommandPlace::FactMenu, where); });
     connect(_privacy, &PrivacyChip::stripWanted, this, &GeneralPane::stripWanted);
+    connect(&_towns, &TownLookup::ready, this, &GeneralPane::refill);
     connect(_cover, &CoverView::doubleClicked, this, &GeneralPane::coverOpened);
     _cover->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(_cover, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
@@ -174,7 +175,9 @@ void GeneralPane::fill(const QuorvinData *record)
         _cover->setIcon(_sum->mimeName.isEmpty() ? symbolIcon(QStringLiteral("several-files"))
                                                  : mimeIcon(_sum->mimeName));
     } else if (record) {
-        showSheet(sheetOf(*record));
+        const std::optional<Location> &location = record->mapLocation();
+        const auto placeName = location ? _towns.placeOf(*location) : std::nullopt;
+        showSheet(sheetOf(*record, placeName.value_or(QString())));
         showCover(*record);
         _privacy->setKinds(privateKindsIn(record->groups()), record->isImage());
         // The file was read again.

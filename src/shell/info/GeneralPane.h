@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "shell/desktop/TownLookup.h"
 #include "shell/info/GeneralSheet.h"
 #include "shell/info/Pane.h"
 
@@ -72,6 +73,7 @@ private:
     StreamTable *_streams;
     std::optional<GeneralSheet> _sum; ///< of several files
     QBoxLayout *_top; ///< the cover and what stands beside it, or below it
+    TownLookup _towns;
     QString _path; ///< of the file whose record is shown; "" else
     int _shown = 0; ///< counts what was shown, so that a late cover is not shown for another file
 };

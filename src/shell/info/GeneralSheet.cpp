@@ -71,10 +71,11 @@ QString shortFolder(const QString &folder)
 QStringList factLabels()
 {
     return {SheetWords::tr("Kind"),     SheetWords::tr("Format"),     SheetWords::tr("Size"),
-            SheetWords::tr("Duration"), SheetWords::tr("Image Size"), SheetWords::tr("Missing")};
+            SheetWords::tr("Duration"), SheetWords::tr("Image Size"), SheetWords::tr("Missing"),
+            SheetWords::tr("Place")};
 }
 
-GeneralSheet sheetOf(const QuorvinData &record)
+GeneralSheet sheetOf(const QuorvinData &record, const QString &place)
 {
     const GeneralFacts &general = record.generalInfo();
     GeneralSheet sheet{lastPathComponent(record.filename()),
@@ -95,6 +96,7 @@ GeneralSheet sheetOf(const QuorvinData &record)
                                       : QStringLiteral("%1 (%2)").arg(general.duration, general.bitrate));
     else if (general.imageSize != QString())
         sheet.facts.push_back({SheetWords::tr("Image Size"), general.imageSizeMP.value_or(QString())});
+    add(SheetWords::tr("Place"), place);
     return sheet;
 }
 

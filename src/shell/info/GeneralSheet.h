@@ -27,7 +27,8 @@ struct GeneralSheet {
     bool operator==(const GeneralSheet &) const = default;
 };
 
-GeneralSheet sheetOf(const QuorvinData &record);
+/// `place`: where it was recorded; "" when nobody knows.
+GeneralSheet sheetOf(const QuorvinData &record, const QString &place = {});
 /// With what all files have in common, sums, and a word where they differ. Sizes are in units of 1000 or of
 /// 1024 bytes.
 GeneralSheet sheetOf(const FileSum &sum, bool useSIUnits);

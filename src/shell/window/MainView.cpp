@@ -14,6 +14,7 @@
 #include "shell/info/InfoView.h"
 #include "shell/window/ExifToolNotice.h"
 #include "shell/window/FocusKeeper.h"
+#include "shell/window/PlaceNote.h"
 #include "shell/window/SidebarSplitView.h"
 #include "shell/window/StatusLine.h"
 
@@ -43,6 +44,7 @@ MainView::MainView(LiveSettings &settings, FilelistController &files, QWidget *p
     layOut();
     connectFiles();
     connectWalks();
+    new PlaceNote(files, *_status, this);
     new ExifToolNotice(
         files, *_status, [info = _info] { Q_EMIT info->preferencesWanted(); }, this);
 }

@@ -8,6 +8,7 @@
 #include "shell/desktop/BackgroundRun.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/info/ElidedLabel.h"
 #include "shell/window/StatusMessage.h"
 
 #include <QHBoxLayout>
@@ -54,6 +55,7 @@ StatusLine::StatusLine(QWidget *parent)
       _failed(new QToolButton),
       _selected(plainLabel()),
       _message(new StatusMessage),
+      _place(new ElidedLabel(Qt::ElideRight)),
       _bgProgress(new QProgressBar),
       _count(plainLabel()),
       _stop(new QToolButton)
@@ -68,10 +70,13 @@ StatusLine::StatusLine(QWidget *parent)
     _line->addWidget(_failed);
     _line->addWidget(_selected);
     _line->addWidget(_message);
+    _line->addWidget(_place, 1);
     _line->addStretch();
     _line->addWidget(_bgProgress);
     _line->addWidget(_count);
     _line->addWidget(_stop);
+    _place->setForegroundRole(QPalette::PlaceholderText);
+    _place->setAlignment(Qt::AlignTrailing | Qt::AlignVCenter);
     _failed->setAutoRaise(true);
     _failed->setToolTip(plainTip(tr("Go to the next file that could not be read (F8)")));
     connect(_failed, &QToolButton::clicked, this, &StatusLine::nextFailedWanted);
@@ -82,6 +87,7 @@ StatusLine::StatusLine(QWidget *parent)
     connect(_stop, &QToolButton::clicked, this, &StatusLine::stopWanted);
     setFixedHeight(std::max(fontMetrics().height() + 10, QToolButton().sizeHint().height() + 4));
     setSelectedCount(0);
+    setPlace({});
     _failed->hide();
     _bgProgress->hide();
     _count->hide();
@@ -101,6 +107,12 @@ void StatusLine::setSelectedCount(int rows)
 {
     _selected->setText(tr("%1 selected").arg(groupedCount(rows)));
     _selected->setVisible(rows > 1);
+}
+
+void StatusLine::setPlace(const QString &place)
+{
+    _place->setWholeText(place);
+    _place->setVisible(!place.isEmpty());
 }
 
 void StatusLine::say(const QString &text, const QString &actionText, std::function<void()> action)

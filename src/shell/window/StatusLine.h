@@ -17,6 +17,7 @@ class QToolButton;
 namespace quorvin {
 
 class BackgroundRunBase;
+class ElidedLabel;
 class StatusMessage;
 class WindowWorker;
 struct ListTotals;
@@ -32,6 +33,8 @@ public:
     void setTotals(const ListTotals &totals);
     /// Said from two rows on.
     void setSelectedCount(int rows);
+    /// Where the current file was recorded; "" for nothing.
+    void setPlace(const QString &place);
     void setProgress(const WindowWorker &worker);
 
     /// What has come of the last thing that was asked for, as `StatusMessage` says it.
@@ -55,6 +58,7 @@ private:
     QToolButton *_failed; ///< how many have failed; goes to the next one
     QLabel *_selected;
     StatusMessage *_message;
+    ElidedLabel *_place;
     QProgressBar *_bgProgress;
     QLabel *_count;
     QToolButton *_stop;

@@ -4,6 +4,7 @@
 #include "shell/window/StatusLine.h"
 
 #include "intake/FilelistTotals.h"
+#include "shell/info/ElidedLabel.h"
 
 #include <QLabel>
 #include <QToolButton>
@@ -38,6 +39,11 @@ TEST(StatusLine, CountsInWordsAndSaysThingsOnce)
     failed->click();
     EXPECT_EQ(gone, 1);
     line.setTotals({});
+    EXPECT_EQ(text(), QString());
+    line.setPlace(QStringLiteral("near <b>"));
+    EXPECT_EQ(line.findChild<ElidedLabel *>()->wholeText(), QStringLiteral("near <b>"));
+    EXPECT_FALSE(line.findChild<ElidedLabel *>()->isHidden());
+    line.setPlace({});
     EXPECT_EQ(text(), QString());
     EXPECT_FALSE(failed->isVisibleTo(&line));
 
