@@ -25,21 +25,13 @@ bool Document::isAllowed(const QString &extension, const std::vector<FilelistIte
 bool Document::write(const std::function<Expected<void>(QIODevice &device)> &make) const
 {
     const Place place = placeOf(_context.arguments.output);
-    const auto written = place == Place::File ? writeFile(make)
+    const auto written = place == Place::File ? writeWhole(*_context.arguments.output, make)
         : place == Place::Errors              ? make(_context.console.errors())
                                               : make(_context.console.output());
     if (!written)
         _context.console.complain(isOutput() ? u"standard output"_s : *_context.arguments.output,
                                   written.error().description);
     return written.has_value();
-}
-
-Expected<void> Document::writeFile(const std::function<Expected<void>(QIODevice &device)> &make) const
-{
-    const auto file = AtomicFile::create(*_context.arguments.output);
-    if (!file)
-        return tl::unexpected(file.error());
-    return make((*file)->device()).and_then([&] { return (*file)->commit(); });
 }
 
 bool Document::isOutput() const

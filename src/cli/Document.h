@@ -32,8 +32,6 @@ public:
     bool isOutput() const;
 
 private:
-    Expected<void> writeFile(const std::function<Expected<void>(QIODevice &device)> &make) const;
-
     const Context &_context;
 };
 

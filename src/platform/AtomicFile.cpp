@@ -136,4 +136,21 @@ AtomicFile::~AtomicFile()
     UnfinishedFiles::remove(_slot);
 }
 
+Expected<void> writeWhole(const QString &target, const std::function<Expected<void>(QFile &device)> &write)
+{
+    const auto file = AtomicFile::create(target);
+    if (!file)
+        return tl::unexpected(file.error());
+    return write((*file)->device()).and_then([&] { return (*file)->commit(); });
+}
+
+Expected<void> writeWhole(const QString &target, const QByteArray &bytes)
+{
+    return writeWhole(target, [&](QFile &device) -> Expected<void> {
+        if (device.write(bytes) != bytes.size())
+            return failure(device.errorString());
+        return {};
+    });
+}
+
 } // namespace quorvin

@@ -5,11 +5,13 @@
 
 #include "model/Error.h"
 
+#include <QByteArray>
 #include <QFile>
 #include <QString>
 
 #include <sys/types.h>
 
+#include <functional>
 #include <memory>
 
 namespace quorvin {
@@ -63,5 +65,11 @@ private:
     QByteArray _temporary; ///< "" when written directly, or once in place
     int _slot = -1;
 };
+
+/// Makes the file of what `write` puts into its device. When that fails, what stood there stays, and its
+/// error is that of the call. Any thread.
+Expected<void> writeWhole(const QString &target, const std::function<Expected<void>(QFile &device)> &write);
+/// Makes the file of these bytes.
+Expected<void> writeWhole(const QString &target, const QByteArray &bytes);
 
 } // namespace quorvin

@@ -190,12 +190,8 @@ Expected<void> writeProject(const Project &project, const QString &folder, QIODe
 
 Expected<void> saveProject(const Project &project, const QString &path)
 {
-    const auto file = AtomicFile::create(path);
-    if (!file)
-        return tl::unexpected(file.error());
-    return writeProject(project, folderOfProject(path), (*file)->device()).and_then([&] {
-        return (*file)->commit();
-    });
+    return writeWhole(
+        path, [&](QIODevice &device) { return writeProject(project, folderOfProject(path), device); });
 }
 
 } // namespace quorvin

@@ -13,6 +13,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/desktop/FocusRing.cpp
     shell/desktop/Icons.cpp
     shell/desktop/ItemViewAccess.cpp
+    shell/desktop/MapProgram.cpp
     shell/desktop/OpenDialog.cpp
     shell/desktop/OpenWith.cpp
     shell/desktop/PictureThread.cpp
@@ -20,6 +21,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/desktop/PlainText.cpp
     shell/desktop/TownLookup.cpp
 
+    shell/session/FileDialogs.cpp
     shell/session/LastFolder.cpp
     shell/session/LiveSettings.cpp
     shell/session/RecentFiles.cpp
@@ -79,6 +81,7 @@ set(QUORVIN_SHELL_SOURCES
 
     shell/charts/CountModel.cpp
     shell/charts/CountPlot.cpp
+    shell/charts/MapExport.cpp
     shell/charts/ParameterChooser.cpp
     shell/charts/StatCounter.cpp
     shell/charts/StatExport.cpp

@@ -90,11 +90,7 @@ Expected<void> writeReceipts(const QString &path, std::span<const RemovalReceipt
 {
     const bool isJson = path.endsWith(".json"_L1, Qt::CaseInsensitive);
     const QByteArray bytes = isJson ? receiptsAsJson(receipts) : receiptsAsText(receipts, isPlan).toUtf8();
-    return AtomicFile::create(path).and_then([&](const std::unique_ptr<AtomicFile> &file) -> Expected<void> {
-        if (file->device().write(bytes) != bytes.size())
-            return failure(file->device().errorString());
-        return file->commit();
-    });
+    return writeWhole(path, bytes);
 }
 
 } // namespace quorvin

@@ -72,15 +72,14 @@ void forget()
 Expected<void> write(const QString &path, const std::vector<FilelistItemPtr> &files)
 {
     QDir().mkpath(withoutLastPathComponent(path));
-    const auto file = AtomicFile::create(path);
-    if (!file)
-        return tl::unexpected(file.error());
-    const QByteArray bytes = bytesOf(files);
-    // Nobody else is to learn what was looked at.
-    (*file)->device().setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    if ((*file)->device().write(bytes) != bytes.size())
-        return failure((*file)->device().errorString());
-    return (*file)->commit();
+    return writeWhole(path, [&](QFile &device) -> Expected<void> {
+        const QByteArray bytes = bytesOf(files);
+        // Nobody else is to learn what was looked at.
+        device.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+        if (device.write(bytes) != bytes.size())
+            return failure(device.errorString());
+        return {};
+    });
 }
 
 std::vector<FilelistItemPtr> read(const QString &path)

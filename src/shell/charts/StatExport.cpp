@@ -6,7 +6,7 @@
 #include "platform/AtomicFile.h"
 #include "shell/charts/CountPlot.h"
 #include "shell/desktop/PlainText.h"
-#include "shell/session/LastFolder.h"
+#include "shell/session/FileDialogs.h"
 #include "statistics/CountText.h"
 
 #include <QFileDialog>
@@ -26,16 +26,9 @@ constexpr std::array kSuffixes{"csv"_L1, "png"_L1, "pdf"_L1}; ///< by `StatExpor
 /// CSV is made of the count, all else is there already.
 Expected<void> writeStatistics(const QString &path, const CountTable &table, const QByteArray &picture)
 {
-    const auto file = AtomicFile::create(path);
-    if (!file)
-        return tl::unexpected(file.error());
-    if (picture.isEmpty()) {
-        const auto written = writeCount(u"csv"_s, table, (*file)->device());
-        return written ? (*file)->commit() : written;
-    }
-    if ((*file)->device().write(picture) != picture.size())
-        return failure((*file)->device().errorString());
-    return (*file)->commit();
+    if (!picture.isEmpty())
+        return writeWhole(path, picture);
+    return writeWhole(path, [&](QIODevice &device) { return writeCount(u"csv"_s, table, device); });
 }
 
 /// What a file is called that holds the count of this parameter.
@@ -54,15 +47,8 @@ StatExport::StatExport(LiveSettings &settings, QWidget *window)
 void StatExport::exportCount(Kind kind, const CountTablePtr &table, const CountPlot &plot)
 {
     const QString suffix = kSuffixes[static_cast<std::size_t>(kind)];
-    auto *dialog = new QFileDialog(_window, tr("Export Statistics"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowModality(Qt::WindowModal);
-    startInLastFolder(*dialog, _settings);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(suffix);
-    dialog->setNameFilter(tr("%1 files (*.%1)").arg(suffix));
-    dialog->setLabelText(QFileDialog::Accept, tr("Export"));
-    dialog->selectFile(fileNameOf(table->count().parameter) + u'.' + suffix);
+    auto *dialog = makeExportDialog(_window, tr("Export Statistics"), _settings,
+                                    fileNameOf(table->count().parameter), suffix);
     connect(dialog, &QFileDialog::fileSelected, this,
             [this, kind, table, shown = QPointer(&plot)](const QString &path) {
                 if (shown)

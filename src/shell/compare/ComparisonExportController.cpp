@@ -7,7 +7,7 @@
 #include "platform/AtomicFile.h"
 #include "shell/compare/ComparisonExportSheet.h"
 #include "shell/desktop/PlainText.h"
-#include "shell/session/LastFolder.h"
+#include "shell/session/FileDialogs.h"
 
 #include <QFileDialog>
 
@@ -18,12 +18,9 @@ namespace quorvin {
 
 Expected<void> writeComparison(const ComparisonDocument &document)
 {
-    const auto file = AtomicFile::create(document.path);
-    if (!file)
-        return tl::unexpected(file.error());
-    const auto written
-        = ComparisonExport::write(document.format, document.content, document.description, (*file)->device());
-    return written ? (*file)->commit() : written;
+    return writeWhole(document.path, [&](QIODevice &device) {
+        return ComparisonExport::write(document.format, document.content, document.description, device);
+    });
 }
 
 ComparisonExportController::ComparisonExportController(LiveSettings &settings, QWidget *window)
@@ -45,15 +42,8 @@ void ComparisonExportController::exportComparison(ComparisonContent content, QSt
 void ComparisonExportController::choosePlace(const QString &format)
 {
     _document.format = format;
-    auto *dialog = new QFileDialog(_window, tr("Export Comparison"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowModality(Qt::WindowModal);
-    startInLastFolder(*dialog, _settings);
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(format);
-    dialog->setNameFilter(tr("%1 files (*.%1)").arg(format));
-    dialog->setLabelText(QFileDialog::Accept, tr("Export"));
-    dialog->selectFile(QStringLiteral("Quorvin Comparison.") + format);
+    auto *dialog = makeExportDialog(_window, tr("Export Comparison"), _settings,
+                                    QStringLiteral("Quorvin Comparison"), format);
     connect(dialog, &QFileDialog::fileSelected, this, &ComparisonExportController::start);
     connect(dialog, &QFileDialog::rejected, this, [this] { _document = {}; });
     dialog->open();

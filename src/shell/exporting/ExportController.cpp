@@ -7,7 +7,7 @@
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/exporting/ExportSheet.h"
-#include "shell/session/LastFolder.h"
+#include "shell/session/FileDialogs.h"
 
 #include <QFileDialog>
 
@@ -24,15 +24,6 @@ constexpr qsizetype kMostFailures = 5; ///< told one by one
 QString presetName(const std::vector<ExportEntry> &entries)
 {
     return entries.size() == 1 ? pathStem(entries.front().filename) : QStringLiteral("Quorvin Export");
-}
-
-QFileDialog *makeDialog(QWidget *window, const QString &title, LiveSettings &settings)
-{
-    auto *dialog = new QFileDialog(window, title);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowModality(Qt::WindowModal);
-    startInLastFolder(*dialog, settings);
-    return dialog;
 }
 
 } // namespace
@@ -69,13 +60,8 @@ void ExportController::choosePlace(const ExportSheet &sheet)
 
 void ExportController::chooseFile(ExportTask task)
 {
-    QFileDialog *dialog = makeDialog(_window, tr("Export"), _settings);
-    const QString extension = QuorvinExporter::extensionForExportFormat(task.exporter.format());
-    dialog->setAcceptMode(QFileDialog::AcceptSave);
-    dialog->setDefaultSuffix(extension);
-    dialog->setNameFilter(tr("%1 files (*.%1)").arg(extension));
-    dialog->setLabelText(QFileDialog::Accept, tr("Export"));
-    dialog->selectFile(presetName(task.entries) + u'.' + extension);
+    QFileDialog *dialog = makeExportDialog(_window, tr("Export"), _settings, presetName(task.entries),
+                                           QuorvinExporter::extensionForExportFormat(task.exporter.format()));
     connect(dialog, &QFileDialog::fileSelected, this, [this, task = std::move(task)](const QString &path) {
         ExportTask chosen = task;
         chosen.path = path;
@@ -86,10 +72,8 @@ void ExportController::chooseFile(ExportTask task)
 
 void ExportController::chooseFolder(ExportTask task)
 {
-    QFileDialog *dialog = makeDialog(_window, tr("Select folder to save the files"), _settings);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly);
-    dialog->setLabelText(QFileDialog::Accept, tr("Select"));
+    QFileDialog *dialog
+        = makeFolderDialog(_window, tr("Select folder to save the files"), _settings, tr("Select"));
     connect(dialog, &QFileDialog::fileSelected, this, [this, task = std::move(task)](const QString &path) {
         ExportTask chosen = task;
         chosen.path = path;

@@ -8,7 +8,7 @@
 #include "shell/info/ExtSearchBar.h"
 #include "shell/info/RawReports.h"
 #include "shell/info/ReportText.h"
-#include "shell/session/LastFolder.h"
+#include "shell/session/FileDialogs.h"
 #include "shell/session/LiveSettings.h"
 
 #include <QClipboard>
@@ -189,10 +189,7 @@ void CustomPane::showState(const QString &text, const QString &action)
 
 void CustomPane::saveAs()
 {
-    auto *dialog = new QFileDialog(this, tr("Save Report"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowModality(Qt::WindowModal);
-    startInLastFolder(*dialog, _settings);
+    auto *dialog = makeFileDialog(this, tr("Save Report"), _settings);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->selectFile(lastPathComponent(_path) + QLatin1String(".txt"));
     connect(dialog, &QFileDialog::fileSelected, this, &CustomPane::saveTo);

@@ -38,19 +38,18 @@ std::function<Expected<QString>(const RunControl &)> reportWork(const Settings &
 
 Expected<void> writeReport(QStringView text, const QString &path, const std::stop_token &stop)
 {
-    const auto file = AtomicFile::create(path);
-    if (!file)
-        return tl::unexpected(file.error());
-    QStringEncoder encode(QStringEncoder::Utf8);
-    // In pieces: the bytes of a long text are not held beside it.
-    while (!text.isEmpty() && !stop.stop_requested()) {
-        const QStringView piece = text.first(std::min(kLettersAtOnce, text.size()));
-        const QByteArray bytes = encode(piece);
-        if ((*file)->device().write(bytes) != bytes.size())
-            return failure((*file)->device().errorString());
-        text = text.sliced(piece.size());
-    }
-    return stop.stop_requested() ? Expected<void>() : (*file)->commit();
+    return writeWhole(path, [&](QFile &device) -> Expected<void> {
+        QStringEncoder encode(QStringEncoder::Utf8);
+        // In pieces: the bytes of a long text are not held beside it.
+        for (QStringView rest = text; !rest.isEmpty() && !stop.stop_requested();) {
+            const QStringView piece = rest.first(std::min(kLettersAtOnce, rest.size()));
+            const QByteArray bytes = encode(piece);
+            if (device.write(bytes) != bytes.size())
+                return failure(device.errorString());
+            rest = rest.sliced(piece.size());
+        }
+        return stop.stop_requested() ? Expected<void>(failure(QStringLiteral("stopped"))) : Expected<void>();
+    });
 }
 
 } // namespace quorvin

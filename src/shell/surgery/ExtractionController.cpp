@@ -9,7 +9,7 @@
 #include "process/RootSet.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
-#include "shell/session/LastFolder.h"
+#include "shell/session/FileDialogs.h"
 #include "shell/session/Session.h"
 
 #include <QFileDialog>
@@ -102,13 +102,8 @@ QString ExtractionController::progressText(int done, int total) const
 
 void ExtractionController::extract(const QStringList &paths, Kind kind)
 {
-    auto *dialog = new QFileDialog(_window, tr("Select folder to save the files"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowModality(Qt::WindowModal);
-    startInLastFolder(*dialog, _session.settings);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly);
-    dialog->setLabelText(QFileDialog::Accept, tr("Select"));
+    auto *dialog
+        = makeFolderDialog(_window, tr("Select folder to save the files"), _session.settings, tr("Select"));
     connect(dialog, &QFileDialog::fileSelected, this,
             [this, paths, kind](const QString &folder) { saveTo(paths, folder, kind); });
     dialog->open();

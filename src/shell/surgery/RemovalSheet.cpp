@@ -6,7 +6,7 @@
 #include "platform/NativePath.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
-#include "shell/session/LastFolder.h"
+#include "shell/session/FileDialogs.h"
 #include "shell/session/LiveSettings.h"
 #include "shell/surgery/ReceiptModel.h"
 #include "shell/surgery/RemovalWords.h"
@@ -238,10 +238,7 @@ void RemovalSheet::reject()
 
 void RemovalSheet::chooseReceipt()
 {
-    auto *dialog = new QFileDialog(this, tr("Save Receipt"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowModality(Qt::WindowModal);
-    startInLastFolder(*dialog, _settings);
+    auto *dialog = makeFileDialog(this, tr("Save Receipt"), _settings);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setNameFilters({tr("Text (*.txt)"), tr("JSON (*.json)")});
     dialog->setDefaultSuffix(QStringLiteral("txt"));

@@ -8,7 +8,7 @@
 #include "shell/info/CustomPane.h"
 #include "shell/info/InfoView.h"
 #include "shell/info/RawReports.h"
-#include "shell/session/LastFolder.h"
+#include "shell/session/FileDialogs.h"
 #include "shell/session/LiveSettings.h"
 #include "shell/window/MainView.h"
 #include "shell/window/MainWindowController.h"
@@ -137,18 +137,9 @@ void DiagnosticsCommands::showReport(const QString &source)
     _window.setCurrentTab(Tab::Custom);
 }
 
-QFileDialog *DiagnosticsCommands::makeDialog(const QString &title)
-{
-    auto *dialog = new QFileDialog(&_window, title);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowModality(Qt::WindowModal);
-    startInLastFolder(*dialog, _settings);
-    return dialog;
-}
-
 void DiagnosticsCommands::chooseForExiv2()
 {
-    QFileDialog *dialog = makeDialog(tr("Report of exiv2"));
+    QFileDialog *dialog = makeFileDialog(&_window, tr("Report of exiv2"), _settings);
     dialog->setFileMode(QFileDialog::ExistingFile);
     connect(dialog, &QFileDialog::fileSelected, this,
             [this](const QString &path) { copyReport(kExiv2OfAnyFile, path); });
@@ -157,7 +148,7 @@ void DiagnosticsCommands::chooseForExiv2()
 
 void DiagnosticsCommands::saveParameters()
 {
-    QFileDialog *dialog = makeDialog(tr("Save Parameters"));
+    QFileDialog *dialog = makeFileDialog(&_window, tr("Save Parameters"), _settings);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->selectFile(QStringLiteral("MediaInfoParameters.plist"));
     connect(dialog, &QFileDialog::fileSelected, this, &DiagnosticsCommands::saveParametersTo);

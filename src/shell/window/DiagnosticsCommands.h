@@ -8,8 +8,6 @@
 
 #include <QObject>
 
-class QFileDialog;
-
 namespace quorvin {
 
 class LiveSettings;
@@ -36,7 +34,6 @@ private:
     void saveParameters();
     void saveParametersTo(const QString &path);
     void exchangeViews();
-    QFileDialog *makeDialog(const QString &title);
     void say(const QString &text);
 
     LiveSettings &_settings;

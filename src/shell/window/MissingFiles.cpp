@@ -8,7 +8,7 @@
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/Counts.h"
 #include "shell/filelist/FilelistController.h"
-#include "shell/session/LastFolder.h"
+#include "shell/session/FileDialogs.h"
 #include "shell/session/LiveSettings.h"
 #include "shell/window/MainView.h"
 #include "shell/window/OpenedProject.h"
@@ -61,13 +61,7 @@ MissingFiles::MissingFiles(WindowProject &project, LiveSettings &settings, MainV
 
 void MissingFiles::choose()
 {
-    auto *dialog = new QFileDialog(_view.window(), tr("Look for Missing Files In"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowModality(Qt::WindowModal);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly);
-    dialog->setLabelText(QFileDialog::Accept, tr("Look"));
-    startInLastFolder(*dialog, _settings);
+    auto *dialog = makeFolderDialog(_view.window(), tr("Look for Missing Files In"), _settings, tr("Look"));
     connect(dialog, &QFileDialog::fileSelected, this, &MissingFiles::relinkFrom);
     dialog->open();
 }

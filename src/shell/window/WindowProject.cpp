@@ -12,7 +12,7 @@
 #include "shell/filelist/FilelistController.h"
 #include "shell/info/ExtendedPane.h"
 #include "shell/info/InfoView.h"
-#include "shell/session/LastFolder.h"
+#include "shell/session/FileDialogs.h"
 #include "shell/session/Session.h"
 #include "shell/window/MainView.h"
 #include "shell/window/ProjectState.h"
@@ -156,10 +156,7 @@ void WindowProject::save(const std::function<void()> &then)
 
 void WindowProject::saveAs(const std::function<void()> &then)
 {
-    auto *dialog = new QFileDialog(_window, tr("Save Project As"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setWindowModality(Qt::WindowModal);
-    startInLastFolder(*dialog, _session.settings);
+    auto *dialog = makeFileDialog(_window, tr("Save Project As"), _session.settings);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setDefaultSuffix(kProjectExtension);
     dialog->setNameFilter(tr("Projects (*.%1)").arg(kProjectExtension));

@@ -3,6 +3,7 @@
 
 #include "shell/desktop/OpenWith.h"
 
+#include "shell/desktop/MapProgram.h"
 #include "shell/window/OpenWithMenu.h"
 #include "shell/window/StatusLine.h"
 #include "support/Events.h"
@@ -35,10 +36,14 @@ struct OpenWith : testing::Test {
         add(u"player"_s, "Player & Co", "true");
         add(u"player-old"_s, "Player & Co", "true");
         add(u"usual"_s, "Usual", "cp -t " + folder->path().toUtf8() + "/out");
+        folder->write(u"applications/globe.desktop"_s,
+                      "[Desktop Entry]\nType=Application\nName=Globe\nMimeType=x-scheme-handler/geo;\n"
+                      "Exec=ln -s %u "
+                          + folder->path().toUtf8() + "/out/globe\n");
         folder->write(u"out/there"_s);
-        folder->write(
-            u"applications/mimeinfo.cache"_s,
-            "[MIME Cache]\naudio/x-wav=zebra.desktop;player.desktop;player-old.desktop;usual.desktop;\n");
+        folder->write(u"applications/mimeinfo.cache"_s,
+                      "[MIME Cache]\nx-scheme-handler/geo=globe.desktop;\n"
+                      "audio/x-wav=zebra.desktop;player.desktop;player-old.desktop;usual.desktop;\n");
         folder->write(u"mimeapps.list"_s, "[Default Applications]\naudio/x-wav=usual.desktop\n");
     }
     static void TearDownTestSuite()
@@ -86,6 +91,16 @@ TEST_F(OpenWith, FilesAreOpenedInTheOneChosen)
     const QString copy = *folder / u"out/odd #%41.wav"_s;
     EXPECT_TRUE(test::spinUntil([&] { return QFile::exists(copy); })) << "the file behind the link";
     EXPECT_FALSE(openWithApplication(path, u"none.desktop"_s));
+}
+
+TEST_F(OpenWith, PlacesAreShownInTheMapProgram)
+{
+    EXPECT_TRUE(hasMapProgram());
+    EXPECT_TRUE(openInMapProgram({46.5197, -6.6323}));
+    const QFileInfo link(*folder / u"out/globe"_s);
+    EXPECT_TRUE(test::spinUntil([&] { return QFileInfo(link.filePath()).isSymLink(); }));
+    EXPECT_TRUE(link.symLinkTarget().endsWith(u"geo:46.5197,-6.6323"_s))
+        << link.symLinkTarget().toStdString();
 }
 
 } // namespace quorvin
