@@ -9,23 +9,29 @@ FilelistFilterFunction::FilelistFilterFunction(const FilelistFilter &filter)
     : _hidesUnknownFiles(filter.hideUnknownFiles),
       _filenameText(filter.filenameText),
       _globalText(filter.globalText),
-      _rule(filter.rule)
+      _rule(filter.rule),
+      _area(filter.area)
 {
 }
 
-bool FilelistFilterFunction::passesByName(const FilelistItem &file) const
+bool FilelistFilterFunction::passesByFacts(const FilelistItem &file) const
 {
     if (_hidesUnknownFiles) {
         const QuorvinDataPtr record = file.quorvinData();
         if (!file.isDone() || (record && record->isUnknown()))
             return false;
     }
-    return _filenameText.isEmpty() || _filenameText.isIn(file.prefixedPath());
+    if (!_filenameText.isEmpty() && !_filenameText.isIn(file.prefixedPath()))
+        return false;
+    if (!_area)
+        return true;
+    const QuorvinDataPtr record = file.quorvinData();
+    return record && record->mapLocation() && _area->contains(*record->mapLocation());
 }
 
 bool FilelistFilterFunction::passes(const FilelistItem &file) const
 {
-    if (!passesByName(file))
+    if (!passesByFacts(file))
         return false;
     if (!_globalText.isEmpty()) {
         const QuorvinDataPtr record = file.quorvinData();

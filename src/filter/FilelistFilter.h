@@ -7,8 +7,11 @@
 #include "filter/RuleMatcher.h"
 #include "intake/FilelistItem.h"
 #include "model/SearchText.h"
+#include "places/MapArea.h"
 
 #include <QString>
+
+#include <optional>
 
 namespace quorvin {
 
@@ -18,13 +21,13 @@ struct FilelistFilter {
     QString filenameText = {}; ///< in the path as the list shows it, whatever the case; "" is in all
     QString globalText = {}; ///< in the name or the value of a parameter, likewise
     Rule rule = {};
+    std::optional<MapArea> area = {}; ///< where the file was recorded; absent: anywhere, or unknown
 
     bool isActive() const
     {
-        return hideUnknownFiles || !filenameText.isEmpty() || !globalText.isEmpty() || !rule.isEmpty();
+        return hideUnknownFiles || !filenameText.isEmpty() || !globalText.isEmpty() || !rule.isEmpty()
+            || area;
     }
-    /// It can only change its mind about a file when that has been analysed.
-    bool needsRecords() const { return hideUnknownFiles || !globalText.isEmpty() || !rule.isEmpty(); }
     bool operator==(const FilelistFilter &) const = default;
 };
 
@@ -35,14 +38,15 @@ public:
 
     /// Walks the record of the file if it must. A file without a record has no content.
     bool passes(const FilelistItem &file) const;
-    /// The part of it that looks at no content: for those who ask an index for the text and the rule.
-    bool passesByName(const FilelistItem &file) const;
+    /// The part of it that looks at no parameter: for those who ask an index for the text and the rule.
+    bool passesByFacts(const FilelistItem &file) const;
 
 private:
     bool _hidesUnknownFiles;
     SearchText _filenameText;
     SearchText _globalText;
     RuleMatcher _rule;
+    std::optional<MapArea> _area;
 };
 
 } // namespace quorvin

@@ -84,7 +84,16 @@ void FilelistFiltering::cancelSearch()
 
 bool FilelistFiltering::passes(const FilelistItemPtr &file) const
 {
-    return _function.passesByName(*file) && (!_answer || _answer->has(file.get()));
+    return _function.passesByFacts(*file) && (!_answer || _answer->has(file.get()));
+}
+
+std::function<bool(const FilelistItem &)> FilelistFiltering::passesWherever() const
+{
+    FilelistFilter criteria = _criteria;
+    criteria.area.reset();
+    return [function = FilelistFilterFunction(criteria), answer = _answer](const FilelistItem &file) {
+        return function.passesByFacts(file) && (!answer || answer->has(&file));
+    };
 }
 
 int FilelistFiltering::countOfRule() const

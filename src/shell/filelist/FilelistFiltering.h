@@ -12,6 +12,7 @@
 #include <QStringList>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 
 namespace quorvin {
@@ -40,6 +41,8 @@ public:
     /// How many files satisfy the rule, whatever else narrows the list; 0 while there is none.
     int countOfRule() const;
     bool passes(const FilelistItemPtr &file) const;
+    /// Asks as `passes` does now, wherever a file was recorded. The function may be called on any thread.
+    std::function<bool(const FilelistItem &)> passesWherever() const;
 
     /// An analysis of the file has ended.
     void fileIsDone(const FilelistItemPtr &file);

@@ -43,6 +43,8 @@ std::vector<FilterPart> partsOf(const FilelistFilter &criteria)
     add(!criteria.globalText.isEmpty(), FilelistPane::tr("Contains “%1”").arg(criteria.globalText),
         [](FilelistFilter &other) { other.globalText.clear(); });
     add(!criteria.rule.isEmpty(), textOfRule(criteria.rule), [](FilelistFilter &other) { other.rule = {}; });
+    add(criteria.area.has_value(), FilelistPane::tr("In view on the map"),
+        [](FilelistFilter &other) { other.area.reset(); });
     return parts;
 }
 
