@@ -4,6 +4,7 @@
 #include "shell/charts/CountPlot.h"
 
 #include "shell/desktop/ColorScheme.h"
+#include "shell/desktop/Contrast.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
 #include "statistics/MeasureText.h"
@@ -34,12 +35,6 @@ constexpr double kRoomForBox = 1.28; ///< of the highest bar
 constexpr int kLongestName = 28; ///< letters
 constexpr int kFinePicture = 2;
 constexpr double kWeak = 0.7; ///< part of its colour that a bar has while it is not chosen
-
-QColor between(const QColor &one, const QColor &other, double part)
-{
-    const auto mix = [part](int a, int b) { return static_cast<int>(a + part * (b - a)); };
-    return {mix(one.red(), other.red()), mix(one.green(), other.green()), mix(one.blue(), other.blue())};
-}
 
 QString shortName(const QString &text)
 {

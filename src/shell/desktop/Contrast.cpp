@@ -24,15 +24,6 @@ double luminance(const QColor &color)
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-QColor mixed(const QColor &text, const QColor &ground, double share)
-{
-    const auto channel = [share](int one, int other) {
-        return static_cast<int>(std::lround(one * share + other * (1 - share)));
-    };
-    return {channel(text.red(), ground.red()), channel(text.green(), ground.green()),
-            channel(text.blue(), ground.blue())};
-}
-
 /// The text's colour, drawn back towards the page as far as it stays readable.
 QColor secondaryColor(const QPalette &palette)
 {
@@ -41,7 +32,7 @@ QColor secondaryColor(const QPalette &palette)
     const QColor window = palette.color(QPalette::Active, QPalette::Window);
     QColor color = text;
     for (int percent = kSecondaryPercent; percent < 100; percent += kPercentStep) {
-        color = mixed(text, page, percent / 100.0);
+        color = between(page, text, percent / 100.0);
         if (std::min(contrastOf(color, page), contrastOf(color, window)) >= kReadableContrast)
             break;
     }
@@ -56,12 +47,19 @@ double contrastOf(const QColor &one, const QColor &other)
     return (brighter + 0.05) / (darker + 0.05);
 }
 
+QColor between(const QColor &from, const QColor &to, double share)
+{
+    const auto mix = [share](double a, double b) { return static_cast<float>(a + (b - a) * share); };
+    return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
+                            mix(from.blueF(), to.blueF()));
+}
+
 QPalette withOwnRoles(QPalette palette)
 {
     palette.setColor(QPalette::All, QPalette::PlaceholderText, secondaryColor(palette));
     const QColor text = palette.color(QPalette::Active, QPalette::Text);
     palette.setColor(QPalette::Inactive, QPalette::Highlight,
-                     mixed(text, palette.color(QPalette::Active, QPalette::Base), kRestingSelectionShare));
+                     between(palette.color(QPalette::Active, QPalette::Base), text, kRestingSelectionShare));
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText, text);
     return palette;
 }

@@ -14,6 +14,9 @@ inline constexpr double kReadableContrast = 4.5;
 /// How much two opaque colours differ in brightness: from 1 for none to 21 for black on white.
 double contrastOf(const QColor &one, const QColor &other);
 
+/// The colour that has gone such a share of the way, from 0 to 1.
+QColor between(const QColor &from, const QColor &to, double share);
+
 /// The palette with the roles that the window has a use of its own for: `PlaceholderText` is that of labels
 /// and of whatever stands back, readable on pages and on windows; a selection whose view lacks the keyboard
 /// is grey.

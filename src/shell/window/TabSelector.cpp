@@ -4,6 +4,7 @@
 #include "shell/window/TabSelector.h"
 
 #include "shell/desktop/AccessibleRole.h"
+#include "shell/desktop/Contrast.h"
 #include "shell/desktop/PlainText.h"
 
 #include <QAbstractButton>
@@ -20,13 +21,6 @@ namespace {
 constexpr int kHeight = 28;
 constexpr int kPadding = 14; ///< beside the text
 constexpr double kRadius = 5;
-
-QColor between(const QColor &from, const QColor &to, double share)
-{
-    const auto mix = [share](double a, double b) { return static_cast<float>(a + (b - a) * share); };
-    return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
-                            mix(from.blueF(), to.blueF()));
-}
 
 class TabButton final : public QAbstractButton {
 public:
