@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "BenchFiles.h"
+#include "Turns.h"
 #include "shell/app/AppController.h"
 #include "shell/window/MainView.h"
 #include "shell/window/MainWindowController.h"
@@ -11,13 +12,11 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QThread>
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
 #include <algorithm>
-#include <ctime>
 #include <functional>
 #include <string>
 #include <vector>
@@ -25,42 +24,14 @@
 namespace {
 
 using namespace quorvin;
+using bench::longestTurnFor;
+using bench::longestTurnOf;
+using bench::longestTurnUntil;
+using bench::millisecondsOf;
 
 constexpr int kFiles = 100'000;
 constexpr int kFolders = 100;
 constexpr std::size_t kFew = 20; ///< a file has at most some ten thousand links
-
-/// Processor time of this thread, so that what else the machine does counts for nothing.
-double millisecondsOf(const std::function<void()> &work)
-{
-    const auto now = [] {
-        timespec time{};
-        ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
-        return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) * 1e-6;
-    };
-    const double start = now();
-    work();
-    return now() - start;
-}
-
-/// The longest turn of the event loop until then, in milliseconds.
-double longestTurnUntil(const std::function<bool()> &isOver)
-{
-    double longest = 0;
-    while (!isOver()) {
-        longest = std::max(longest, millisecondsOf([] { QApplication::processEvents(); }));
-        // Leaves the processors to the readers.
-        QThread::usleep(500);
-    }
-    return longest;
-}
-
-double longestTurnFor(int milliseconds)
-{
-    QElapsedTimer clock;
-    clock.start();
-    return longestTurnUntil([&] { return clock.elapsed() > milliseconds; });
-}
 
 /// Many files in a hundred folders, all links to a few in `seeds`, on the same disk.
 void fill(const QString &folder, const QString &seeds)
@@ -81,12 +52,6 @@ void fill(const QString &folder, const QString &seeds)
             != 0)
             qFatal("no more links");
     }
-}
-
-/// Of what is done at once and of the turns that follow it.
-double longestTurnOf(const std::function<void()> &work, int milliseconds = 300)
-{
-    return std::max(millisecondsOf(work), longestTurnFor(milliseconds));
 }
 
 /// From the drop to the first row, and to the first record.
