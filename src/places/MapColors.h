@@ -19,6 +19,8 @@ struct MapColors {
     QColor text = {};
     QColor halo = {}; ///< around texts, so that they stand out from lines
     QColor beyond = {}; ///< where the world has ended; not valid: as the sea
+
+    bool operator==(const MapColors &) const = default;
 };
 
 } // namespace quorvin

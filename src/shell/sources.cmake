@@ -81,7 +81,16 @@ set(QUORVIN_SHELL_SOURCES
 
     shell/charts/CountModel.cpp
     shell/charts/CountPlot.cpp
+    shell/charts/LocatedFiles.cpp
+    shell/charts/LocatedFilesWatch.cpp
+    shell/charts/MapBackdrop.cpp
+    shell/charts/MapCanvas.cpp
     shell/charts/MapExport.cpp
+    shell/charts/MapExportBar.cpp
+    shell/charts/MapMarks.cpp
+    shell/charts/MapMenu.cpp
+    shell/charts/MapModel.cpp
+    shell/charts/MapWindow.cpp
     shell/charts/ParameterChooser.cpp
     shell/charts/StatCounter.cpp
     shell/charts/StatExport.cpp
@@ -139,6 +148,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/info/StreamTable.cpp
     shell/info/WatchStrip.cpp
 
+    shell/window/ChartCommands.cpp
     shell/window/CompareCommands.cpp
     shell/window/CopyDrops.cpp
     shell/window/DiagnosticsCommands.cpp
@@ -166,7 +176,6 @@ set(QUORVIN_SHELL_SOURCES
     shell/window/PlaceNote.cpp
     shell/window/PreviewCommands.cpp
     shell/window/SidebarSplitView.cpp
-    shell/window/StatCommands.cpp
     shell/window/StatusLine.cpp
     shell/window/StatusMessage.cpp
     shell/window/TabSelector.cpp

@@ -72,6 +72,8 @@ enum class Command {
     narrowSidebar,
     toggleQuickInfo,
     showStatWindow,
+    showMapWindow,
+    showOnMap,
     parameterStatistics,
     clickWrapLongLines,
     zoomIn,
@@ -122,6 +124,7 @@ enum class Command {
 struct CommandState {
     bool hasFiles = false;
     bool hasCurrentFile = false;
+    bool hasPlace = false; ///< the current file tells where on the Earth it was recorded
     bool hasRecord = false; ///< of the current file
     bool hasFailed = false; ///< some file could not be read
     bool isReading = false; ///< files are on their way

@@ -97,6 +97,7 @@ void InfoView::connectPanes()
     connect(&_extended->outline(), &ExtendedOutline::namesWidthChosen, this,
             [this](int width) { _settings.set(Setting::extNamesWidth, width); });
     connect(_general, &GeneralPane::coverOpened, this, &InfoView::coverOpened);
+    connect(_general, &GeneralPane::locationActivated, this, &InfoView::locationOpened);
     connect(_general, &GeneralPane::stripWanted, this, &InfoView::stripWanted);
     connect(_general, &GeneralPane::streamActivated, this, [this](const QString &key, quint64 streamIndex) {
         Q_EMIT tabWanted(Tab::Extended);

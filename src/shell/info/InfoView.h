@@ -90,6 +90,8 @@ Q_SIGNALS:
     void selectionDidChange();
     /// The cover of the current file is to be opened.
     void coverOpened();
+    /// Where the current file was recorded is to be shown.
+    void locationOpened();
     /// What gives a person away is to be taken out of the current file.
     void stripWanted();
     void menuWanted(quorvin::CommandPlace place, const QPoint &globalPosition);

@@ -3,6 +3,7 @@
 
 #include "shell/window/MainWindowController.h"
 
+#include "places/Projection.h"
 #include "platform/NativePath.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/compare/ComparisonView.h"
@@ -12,6 +13,7 @@
 #include "shell/filelist/FilelistTable.h"
 #include "shell/info/InfoView.h"
 #include "shell/session/Session.h"
+#include "shell/window/ChartCommands.h"
 #include "shell/window/CompareCommands.h"
 #include "shell/window/CopyDrops.h"
 #include "shell/window/DropHint.h"
@@ -28,7 +30,6 @@
 #include "shell/window/QuickInfo.h"
 #include "shell/window/RemovalCommands.h"
 #include "shell/window/SidebarSplitView.h"
-#include "shell/window/StatCommands.h"
 #include "shell/window/StatusLine.h"
 #include "shell/window/TabSidebars.h"
 #include "shell/window/ToolBar.h"
@@ -121,7 +122,7 @@ void MainWindowController::setUpCommands()
     new ProjectMarks(*_project, *_view, _files, *_commands);
     new MissingFiles(*_project, _session.settings, *_view, _files, *_commands);
     new RemovalCommands(_session.settings, *_view, _files, *_commands, this);
-    new StatCommands(_session.settings, *_view, _files, *_commands, this);
+    new ChartCommands(_session.settings, *_view, _files, *_commands, this);
     registerCommands();
     connect(_commands, &CommandSet::didRun, this, &MainWindowController::validateCommands);
 }
@@ -250,6 +251,8 @@ CommandState MainWindowController::commandState() const
     CommandState state;
     state.hasFiles = _files.arranged().rowCount() > 0;
     state.hasCurrentFile = worker().currentFile() != nullptr;
+    const auto place = worker().currentMapLocationInfo();
+    state.hasPlace = place && isPossible(place->location);
     state.hasRecord = _files.canExport();
     state.hasFailed = worker().countFailed() > 0;
     state.isReading = _files.isReading();

@@ -14,22 +14,26 @@ class CommandSet;
 class FilelistController;
 class LiveSettings;
 class MainView;
+class MapWindow;
 class StatWindow;
 
-/// The statistics window of a window: opened by its commands, it belongs to it and goes with it. Main thread.
-class StatCommands : public QObject {
+/// The windows of statistics and map of a window: opened by its commands, they belong to it and go with it.
+/// Main thread.
+class ChartCommands : public QObject {
     Q_OBJECT
 public:
     /// All must outlive this object, which registers itself and belongs to `window`.
-    StatCommands(LiveSettings &settings, MainView &view, FilelistController &files, CommandSet &commands,
-                 QWidget *window);
+    ChartCommands(LiveSettings &settings, MainView &view, FilelistController &files, CommandSet &commands,
+                  QWidget *window);
 
 protected:
-    /// The statistics go when their window does.
+    /// They go when their window does.
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void open();
+    void openStatistics();
+    void openMap();
+    void showCurrentPlace();
     /// SECTION/NAME of the row that is selected on the tab that is looked at; "" without one.
     QString selectedParameter() const;
 
@@ -37,7 +41,8 @@ private:
     MainView &_view;
     FilelistController &_files;
     QWidget *_window;
-    StatWindow *_statWindow = nullptr; ///< made when it is opened first
+    StatWindow *_statWindow = nullptr; ///< made when it is opened first, as the other
+    MapWindow *_mapWindow = nullptr;
 };
 
 } // namespace quorvin
