@@ -50,7 +50,7 @@ qint64 roundedKilometres(double metres)
 
 QString placeText(const NearestTown &nearest)
 {
-    const QString town = townText(*nearest.town);
+    QString town = townText(*nearest.town);
     if (nearest.metres < kMetresOfKilometre)
         return town;
     return PlaceWords::tr("%1 km %2 of %3")
