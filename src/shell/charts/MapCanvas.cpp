@@ -4,12 +4,14 @@
 #include "shell/charts/MapCanvas.h"
 
 #include "places/MapLabels.h"
+#include "shell/desktop/AccessibleRole.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QWheelEvent>
 
 #include <cmath>
 #include <utility>
@@ -46,6 +48,7 @@ QPointF panOf(int key)
 
 MapCanvas::MapCanvas(QWidget *parent) : QWidget(parent)
 {
+    setAccessibleRole(this, QAccessible::Canvas);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     setAttribute(Qt::WA_OpaquePaintEvent);

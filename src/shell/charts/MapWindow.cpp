@@ -7,12 +7,14 @@
 #include "shell/charts/MapExportBar.h"
 #include "shell/charts/MapMenu.h"
 #include "shell/charts/MapModel.h"
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/filelist/FilelistController.h"
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFileInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -20,11 +22,13 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QSplitter>
 #include <QTableView>
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace quorvin {
@@ -72,6 +76,7 @@ MapWindow::MapWindow(FilelistController &files, LiveSettings &settings, QWidget 
       _onlyInView(new QCheckBox(tr("Only files in view"))),
       _note(plainLabel())
 {
+    setAccessibleRole(this, QAccessible::Window);
     setWindowTitle(tr("Map"));
     _areaTimer.setSingleShot(true);
     _areaTimer.setInterval(kRestMilliseconds);

@@ -6,6 +6,7 @@
 #include "shell/charts/CountModel.h"
 #include "shell/charts/CountPlot.h"
 #include "shell/charts/ParameterChooser.h"
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/filelist/FilelistController.h"
@@ -65,6 +66,7 @@ StatWindow::StatWindow(FilelistController &files, LiveSettings &settings, QWidge
       _note(plainLabel()),
       _showOnly(new QPushButton(tr("Show Only These")))
 {
+    setAccessibleRole(this, QAccessible::Window);
     setWindowTitle(tr("Statistics"));
     layOut();
     connectParts();
