@@ -4,8 +4,10 @@
 #include "statistics/ParameterCoverage.h"
 
 #include "platform/FileOrder.h"
+#include "statistics/ParameterCount.h"
 
 #include <QHash>
+#include <QSet>
 #include <QStringList>
 
 #include <algorithm>
@@ -142,6 +144,21 @@ std::vector<ParameterCoverage> coverageOf(const RecordIndex &index, std::span<co
     for (const std::size_t place : fileBrowserOrder(names))
         sorted.push_back(all[place]);
     return sorted;
+}
+
+ParameterCoverage failureCoverageOf(const RecordIndex &index, std::span<const FilelistItemPtr> files)
+{
+    ParameterCoverage failures{kFailures};
+    QSet<QString> reasons;
+    for (const FilelistItemPtr &file : files) {
+        const auto entry = index.entryOf(file.get());
+        if (!entry || index.entries()[*entry].fileType != RecordIndex::kFailed)
+            continue;
+        ++failures.files;
+        reasons.insert(file->failureReason());
+    }
+    failures.values = reasons.size();
+    return failures;
 }
 
 QStringList namesLike(const QString &name, const QStringList &known)

@@ -16,7 +16,7 @@ namespace quorvin {
 
 /// A parameter of a list, and how much there is of it.
 struct ParameterCoverage {
-    QString name; ///< SECTION/NAME
+    QString name; ///< SECTION/NAME, or `kFailures`
     qint64 files = 0; ///< that have it
     qint64 values = 0; ///< distinct
 
@@ -27,6 +27,10 @@ struct ParameterCoverage {
 /// the columns of the index is left out. Nothing once a stop is asked for. Any thread that has the index.
 std::vector<ParameterCoverage> coverageOf(const RecordIndex &index, std::span<const FilelistItemPtr> files,
                                           const std::stop_token &stop = {});
+
+/// The same of `kFailures`: the files that could not be read, and the different reasons for that. Any thread
+/// that has the index.
+ParameterCoverage failureCoverageOf(const RecordIndex &index, std::span<const FilelistItemPtr> files);
 
 /// The known names that are most like this one, the nearest first; at most three, none when nothing is like
 /// it. Case does not count.

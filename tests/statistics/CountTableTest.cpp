@@ -196,6 +196,8 @@ TEST(ParameterCoverage, CountsFilesAndDistinctValues)
     const std::vector<ParameterCoverage> expected{{u"Audio/RATE"_s, 3, 4}, {u"Video/RATE"_s, 1, 1}};
     EXPECT_EQ(coverageOf(index, files), expected);
     EXPECT_EQ(coverageOf(index, std::span(files).subspan(1, 1)).front().values, 1);
+    EXPECT_EQ(failureCoverageOf(index, std::span(files).first(4)), (ParameterCoverage{kFailures, 1, 1}));
+    EXPECT_EQ(failureCoverageOf(index, std::span(files).first(3)).files, 0);
 }
 
 TEST(ParameterCoverage, NamesLikeAMistypedOne)

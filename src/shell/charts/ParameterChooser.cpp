@@ -103,12 +103,14 @@ void ParameterChooser::addPresets()
     _model->appendRow(heading);
 }
 
-void ParameterChooser::setCoverage(const std::vector<ParameterCoverage> &coverage)
+void ParameterChooser::setCoverage(const std::vector<ParameterCoverage> &coverage,
+                                   const ParameterCoverage &failures)
 {
     const QScopedValueRollback guard(_isSetting, true);
     Known known;
     for (const ParameterCoverage &one : coverage)
         known.insert(one.name, &one);
+    known.insert(failures.name, &failures);
     for (int trade = 0; trade < _all->row(); ++trade)
         showNumbersOf(_model->item(trade), known);
     updateAll(coverage, known);

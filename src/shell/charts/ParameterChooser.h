@@ -28,7 +28,8 @@ class ParameterChooser final : public QWidget {
 public:
     explicit ParameterChooser(QWidget *parent = nullptr);
 
-    void setCoverage(const std::vector<ParameterCoverage> &coverage);
+    /// `failures` are those that could not be read; they are no parameter among all.
+    void setCoverage(const std::vector<ParameterCoverage> &coverage, const ParameterCoverage &failures);
     /// Shows that one as chosen, and tells nobody; nothing where it is not among the parameters.
     void setChosen(const QString &parameter);
 

@@ -21,6 +21,7 @@ constexpr int kChangeMilliseconds = 500; ///< so often it follows the files
 struct Counted {
     CountTablePtr table; ///< null: nothing was asked, or it was stopped
     std::optional<std::vector<ParameterCoverage>> coverage; ///< absent: it is as it was
+    ParameterCoverage failures; ///< with it
 };
 
 Counted countFor(const StatCounter::Question &question, bool wantsCoverage, const RecordIndex &index,
@@ -32,8 +33,10 @@ Counted countFor(const StatCounter::Question &question, bool wantsCoverage, cons
     if (count)
         result.table
             = std::make_shared<const CountTable>(count, question.view.value_or(suitableView(*count)));
-    if (wantsCoverage)
+    if (wantsCoverage) {
         result.coverage = coverageOf(index, files, stop);
+        result.failures = failureCoverageOf(index, files);
+    }
     return result;
 }
 
@@ -79,7 +82,7 @@ void StatCounter::count()
             return;
         if (counted.coverage) {
             self->_isCoverageOld = self->_timer.isActive();
-            Q_EMIT self->covered(*counted.coverage);
+            Q_EMIT self->covered(*counted.coverage, counted.failures);
         }
         if (counted.table)
             Q_EMIT self->counted(counted.table);

@@ -37,8 +37,9 @@ public:
 
 Q_SIGNALS:
     void counted(const quorvin::CountTablePtr &table);
-    /// What parameters the files have.
-    void covered(const std::vector<quorvin::ParameterCoverage> &coverage);
+    /// What parameters the files have, and how many of them failed.
+    void covered(const std::vector<quorvin::ParameterCoverage> &coverage,
+                 const quorvin::ParameterCoverage &failures);
 
 private:
     void filesDidChange();

@@ -133,6 +133,7 @@ TEST_F(StatisticsWindow, ParametersAreChosenByNameOrPreset)
     ASSERT_TRUE(spinUntil([tree] { return tree->model()->rowCount(tree->model()->index(3, 0)) > 20; }));
     EXPECT_EQ(tree->model()->index(0, 0).data(), u"Photographer"_s);
     const QModelIndex failed = tree->model()->index(6, 0, tree->model()->index(2, 0));
+    EXPECT_EQ(failed.siblingAtColumn(1).data(), u"0"_s);
     tree->setCurrentIndex(failed);
     ASSERT_TRUE(spinUntil([this] { return table()->count().parameter == kFailures; }));
     EXPECT_TRUE(part<QLabel>(u"All 3 files could be read."_s));
