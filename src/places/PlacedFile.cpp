@@ -91,7 +91,7 @@ QString dateFrom(const DateSource &source, const ParameterGroups &groups)
 QString recordedDate(const QuorvinData &record)
 {
     for (const DateSource &source : kDateSources) {
-        if (const QString date = dateFrom(source, record.groups()); !date.isEmpty())
+        if (QString date = dateFrom(source, record.groups()); !date.isEmpty())
             return date;
     }
     return {};
