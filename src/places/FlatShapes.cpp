@@ -19,8 +19,8 @@ namespace {
 /// Pixels beyond the view, so that no line ends in it and no cut edge is seen.
 constexpr double kBleed = 8;
 
-constexpr double kPart = kArcPointsPerDegree;
-constexpr int kPole = 90 * kArcPointsPerDegree;
+constexpr double kPerDegree = kArcPointsPerDegree;
+constexpr int kPoleArc = 90 * kArcPointsPerDegree;
 
 using Points = std::vector<QPointF>;
 
@@ -110,8 +110,8 @@ QRectF boundsOf(const std::vector<FlatLine> &lines)
 std::vector<float> flatHeights(MapType type)
 {
     std::vector<float> heights;
-    for (int latitude = -kPole; latitude <= kPole; ++latitude)
-        heights.push_back(static_cast<float>(flattened(type, {latitude / kPart, 0}).y()));
+    for (int latitude = -kPoleArc; latitude <= kPoleArc; ++latitude)
+        heights.push_back(static_cast<float>(flattened(type, {latitude / kPerDegree, 0}).y()));
     return heights;
 }
 
@@ -120,8 +120,9 @@ FlatLine flatLine(const ArcLine &line, const std::vector<float> &heights)
     FlatLine flat;
     flat.reserve(line.size());
     for (const ArcPoint &point : line) {
-        const auto row = static_cast<std::size_t>(std::clamp<int>(point.latitude, -kPole, kPole) + kPole);
-        flat.push_back({static_cast<float>(point.longitude / (4.0 * kPole) + 0.5), heights[row]});
+        const auto row
+            = static_cast<std::size_t>(std::clamp<int>(point.latitude, -kPoleArc, kPoleArc) + kPoleArc);
+        flat.push_back({static_cast<float>(point.longitude / (4.0 * kPoleArc) + 0.5), heights[row]});
     }
     return flat;
 }

@@ -10,11 +10,14 @@ namespace quorvin {
 
 namespace {
 
-constexpr std::uint8_t kVersion = 2;
+constexpr std::uint8_t kPn2Version = 2;
 constexpr int kMostLatitude = 90 * kArcPointsPerDegree;
 constexpr int kMostLongitude = 180 * kArcPointsPerDegree;
 
-enum FeatureKind : std::uint8_t { Line = 0, OuterBoundary = 2, InnerBoundary = 3, Several = 4 };
+constexpr std::uint32_t kLineFeature = 0;
+constexpr std::uint32_t kOuterBoundary = 2;
+constexpr std::uint32_t kInnerBoundary = 3;
+constexpr std::uint32_t kSeveralFeatures = 4;
 
 /// Numbers have their high byte first. Reading beyond the end gives zeros and is remembered.
 class Pn2Reader {
@@ -74,7 +77,7 @@ bool readChunks(Pn2Reader &reader, ArcLine &line)
 tl::expected<std::vector<ArcShape>, std::string> shapesOfPn2(std::string_view bytes)
 {
     Pn2Reader reader(bytes);
-    if (reader.number(1) != kVersion)
+    if (reader.number(1) != kPn2Version)
         return tl::unexpected(std::string("is not of version 2 of PN2"));
     const std::uint32_t features = reader.number(4);
     const bool hasColors = reader.number(1) != 0;
@@ -84,17 +87,18 @@ tl::expected<std::vector<ArcShape>, std::string> shapesOfPn2(std::string_view by
         const std::size_t begin = reader.place();
         const std::uint32_t kind = reader.number(1);
         reader.number(4); // its id
-        if (kind == Several) { // their count; they follow like all others
+        if (kind == kSeveralFeatures) { // their count; they follow like all others
             reader.number(1);
             continue;
         }
         if (hasColors)
             reader.number(1);
         ArcLine line;
-        if ((kind != Line && kind != OuterBoundary && kind != InnerBoundary) || !readChunks(reader, line))
+        if ((kind != kLineFeature && kind != kOuterBoundary && kind != kInnerBoundary)
+            || !readChunks(reader, line))
             return tl::unexpected("is damaged in the feature at byte " + std::to_string(begin));
         ++found;
-        if (kind == InnerBoundary && !shapes.empty())
+        if (kind == kInnerBoundary && !shapes.empty())
             shapes.back().push_back(std::move(line));
         else
             shapes.push_back({std::move(line)});
