@@ -11,7 +11,9 @@
 #include "shell/commands/CommandSet.h"
 #include "shell/window/MainWindowController.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QTableView>
 
 #include <benchmark/benchmark.h>
