@@ -88,7 +88,11 @@ void statisticsWindow(benchmark::State &state)
     for ([[maybe_unused]] auto _ : state) {
         FilledWindow filled(filesOfFewRecords());
         // The index learns of all files first.
-        longestTurnFor(8000);
+        bool isIndexed = false;
+        filled.window->files().filtering().lookAtIndex([&](const RecordIndex &, const std::stop_token &) {
+            return std::function<void()>([&isIndexed] { isIndexed = true; });
+        });
+        longestTurnUntil([&isIndexed] { return isIndexed; });
         const auto tableOf = [&] {
             const auto *stat = filled.window->findChild<StatWindow *>();
             return stat

@@ -69,10 +69,9 @@ ParameterChooser::ParameterChooser(QWidget *parent)
     _tree->setUniformRowHeights(true);
     _tree->setAllColumnsShowFocus(true);
     _tree->setTextElideMode(Qt::ElideMiddle);
-    QHeaderView *header = _tree->header();
-    header->setStretchLastSection(false);
-    header->setSectionResizeMode(QHeaderView::ResizeToContents);
-    header->setSectionResizeMode(ChooserName, QHeaderView::Stretch);
+    _tree->header()->setStretchLastSection(false);
+    _tree->header()->setSectionResizeMode(ChooserName, QHeaderView::Stretch);
+    fitNumbers(true);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(_field);
@@ -111,9 +110,19 @@ void ParameterChooser::setCoverage(const std::vector<ParameterCoverage> &coverag
     for (const ParameterCoverage &one : coverage)
         known.insert(one.name, &one);
     known.insert(failures.name, &failures);
+    // Else each number has all of them measured.
+    fitNumbers(false);
     for (int trade = 0; trade < _all->row(); ++trade)
         showNumbersOf(_model->item(trade), known);
     updateAll(coverage, known);
+    fitNumbers(true);
+}
+
+void ParameterChooser::fitNumbers(bool fits)
+{
+    const auto mode = fits ? QHeaderView::ResizeToContents : QHeaderView::Fixed;
+    for (const int column : {ChooserFiles, ChooserValues})
+        _tree->header()->setSectionResizeMode(column, mode);
 }
 
 void ParameterChooser::showNumbersOf(QStandardItem *trade, const Known &known)

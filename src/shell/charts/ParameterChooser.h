@@ -39,6 +39,8 @@ Q_SIGNALS:
 
 private:
     void addPresets();
+    /// The columns of numbers are as wide as these, from now on, or stay as they are.
+    void fitNumbers(bool fits);
     using Known = QHash<QString, const ParameterCoverage *>; ///< by name
     static void showNumbersOf(QStandardItem *trade, const Known &known);
     void updateAll(const std::vector<ParameterCoverage> &coverage, const Known &known);

@@ -177,6 +177,8 @@ void StatWindow::connectTable()
     _table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     QHeaderView *header = _table->horizontalHeader();
     header->setHighlightSections(false);
+    // Columns are as wide as the rows in sight want them: a count has thousands.
+    header->setResizeContentsPrecision(0);
     header->setSectionResizeMode(QHeaderView::Interactive);
     header->setSectionResizeMode(CountModel::Value, QHeaderView::Stretch);
     _table->installEventFilter(this);
