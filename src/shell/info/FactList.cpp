@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QGridLayout>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QStyle>
 
@@ -40,6 +41,7 @@ void FactList::addRow()
     row.value->setWordWrap(true);
     row.value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     row.value->setContextMenuPolicy(Qt::CustomContextMenu);
+    row.value->installEventFilter(this);
     connect(row.value, &QWidget::customContextMenuRequested, this,
             [this, value = row.value](const QPoint &at) {
                 value->setFocus(Qt::MouseFocusReason);
@@ -59,12 +61,25 @@ void FactList::setFacts(const std::vector<Fact> &facts)
         const bool isUsed = i < facts.size();
         _rows[i].label->setText(isUsed ? facts[i].label : QString());
         _rows[i].value->setText(isUsed ? facts[i].value : QString());
+        _rows[i].isPlace = isUsed && facts[i].isPlace;
         QFont font;
         font.setItalic(isUsed && facts[i].isRemark);
         _rows[i].value->setFont(font);
         _rows[i].label->setVisible(isUsed);
         _rows[i].value->setVisible(isUsed);
     }
+}
+
+bool FactList::eventFilter(QObject *watched, QEvent *event)
+{
+    const auto *const key
+        = event->type() == QEvent::KeyPress ? static_cast<const QKeyEvent *>(event) : nullptr;
+    const bool isReturn = key && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter);
+    const auto row = std::ranges::find(_rows, watched, &Row::value);
+    if ((!isReturn && event->type() != QEvent::MouseButtonDblClick) || row == _rows.end() || !row->isPlace)
+        return QWidget::eventFilter(watched, event);
+    Q_EMIT placeOpened();
+    return true;
 }
 
 void FactList::setLabelsAlignment(Qt::Alignment alignment)

@@ -21,6 +21,7 @@ public:
         QString label;
         QString value;
         bool isRemark = false; ///< said of the values by the program, and none of a file
+        bool isPlace = false; ///< a double click or Return leads there
 
         bool operator==(const Fact &) const = default;
     };
@@ -43,11 +44,16 @@ public:
 Q_SIGNALS:
     /// The value clicked on has the keyboard by then.
     void menuWanted(const QPoint &globalPosition);
+    void placeOpened();
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     struct Row {
         QLabel *label;
         QLabel *value;
+        bool isPlace = false;
     };
 
     void addRow();

@@ -130,6 +130,7 @@ void GeneralPane::connectParts()
             [this](const QPoint &where) { Q_EMIT menuWanted(CommandPlace::StreamMenu, where); });
     connect(_facts, &FactList::menuWanted, this,
             [this](const QPoint &where) { Q_EMIT menuWanted(CommandPlace::FactMenu, where); });
+    connect(_facts, &FactList::placeOpened, this, &GeneralPane::locationActivated);
     connect(_privacy, &PrivacyChip::stripWanted, this, &GeneralPane::stripWanted);
     connect(&_towns, &TownLookup::ready, this, &GeneralPane::refill);
     connect(_cover, &CoverView::doubleClicked, this, &GeneralPane::coverOpened);

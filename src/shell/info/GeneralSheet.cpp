@@ -96,7 +96,8 @@ GeneralSheet sheetOf(const QuorvinData &record, const QString &place)
                                       : QStringLiteral("%1 (%2)").arg(general.duration, general.bitrate));
     else if (general.imageSize != QString())
         sheet.facts.push_back({SheetWords::tr("Image Size"), general.imageSizeMP.value_or(QString())});
-    add(SheetWords::tr("Place"), place);
+    if (!place.isEmpty())
+        sheet.facts.push_back({.label = SheetWords::tr("Place"), .value = place, .isPlace = true});
     return sheet;
 }
 

@@ -146,9 +146,20 @@ TEST_F(PlacesWindow, OnlyWhatIsInViewIsListedIfWanted)
 TEST_F(PlacesWindow, TheLocationOfAFileOpensIt)
 {
     map->close();
-    window->files().selectRow(1);
+    window->files().selectRow(0);
     Q_EMIT window->myView().info().locationOpened();
     ASSERT_TRUE(map->isVisible());
+    map->close();
+    const auto place = [this]() -> QLabel * {
+        for (QLabel *label : window->myView().info().findChildren<QLabel *>()) {
+            if (label->text().endsWith(u", France"_s))
+                return label;
+        }
+        return nullptr;
+    };
+    ASSERT_TRUE(spinUntil([&] { return place() != nullptr; }));
+    QTest::mouseDClick(place(), Qt::LeftButton);
+    ASSERT_TRUE(map->isVisible()) << "the place of a film, which has no row of its own";
     map->close();
     ASSERT_TRUE(canRun(Command::showOnMap));
     run(Command::showOnMap);
