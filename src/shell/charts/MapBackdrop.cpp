@@ -16,7 +16,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr double kMargin = 0.3; ///< of what is looked at, on each side
+constexpr double kBackdropMargin = 0.3; ///< of what is looked at, on each side
 constexpr double kLandShare = 0.04;
 constexpr double kSeaShare = 0.16;
 constexpr double kGraticuleShare = 0.10;
@@ -89,7 +89,8 @@ void MapBackdrop::want(const MapView &view, const MapLook &look)
         return;
     MapView larger = view;
     // Whole pixels, so that the picture is not blurred where it is moved to.
-    const QSizeF margin(std::ceil(view.size.width() * kMargin), std::ceil(view.size.height() * kMargin));
+    const QSizeF margin(std::ceil(view.size.width() * kBackdropMargin),
+                        std::ceil(view.size.height() * kBackdropMargin));
     larger.size += margin * 2;
     _run.start(
         "MapBackdrop",

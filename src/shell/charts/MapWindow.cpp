@@ -36,7 +36,7 @@ namespace quorvin {
 namespace {
 
 constexpr QSize kFirstMapSize(1000, 720);
-constexpr int kRestMilliseconds = 150; ///< so long the map rests before the list is narrowed to it
+constexpr int kMapRestMilliseconds = 150; ///< so long the map rests before the list is narrowed to it
 constexpr int kMostNamed = 4; ///< files of a mark
 constexpr qsizetype kMostRows = 1'000; ///< that are selected with the files of a mark
 constexpr double kPole = 90;
@@ -79,7 +79,7 @@ MapWindow::MapWindow(FilelistController &files, LiveSettings &settings, QWidget 
     setAccessibleRole(this, QAccessible::Window);
     setWindowTitle(tr("Map"));
     _areaTimer.setSingleShot(true);
-    _areaTimer.setInterval(kRestMilliseconds);
+    _areaTimer.setInterval(kMapRestMilliseconds);
     layOut();
     connectParts();
     connectTable();
