@@ -15,6 +15,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <span>
+
 namespace quorvin {
 
 using namespace Qt::StringLiterals;
@@ -201,7 +204,9 @@ TEST_F(Filelist, RefreshingManyIsCountedAndHoldsTheExportBack)
         }
     });
     ASSERT_TRUE(awaitDone());
-    EXPECT_EQ(order, list.filelist()) << "the first one first";
+    // The current one has a reader of its own where the pool is slow to come to it.
+    EXPECT_EQ(std::erase(order, list.filelist().front()), 1U);
+    EXPECT_TRUE(std::ranges::equal(order, std::span(list.filelist()).subspan(1)));
     EXPECT_TRUE(list.canExportAll());
     list.refreshInfo();
     EXPECT_FALSE(list.canExportAll()) << "nor may a document lack the one";
