@@ -8,7 +8,6 @@
 #include "shell/session/Session.h"
 
 #include <QMimeData>
-#include <QPointer>
 #include <QTimer>
 
 #include <algorithm>
@@ -94,13 +93,14 @@ void FilelistDrags::drop(const QMimeData &content, Qt::KeyboardModifiers modifie
     const QStringList paths = pathsFromUriList(content.data(kUriListType));
     if (paths.isEmpty())
         return;
-    const auto take = [this, paths, plan, row, giver = QPointer(plan.takesFromSource ? source : nullptr)] {
+    _giver = plan.takesFromSource ? source : nullptr;
+    const auto take = [this, paths, plan, row] {
         if (plan.replaces)
             _files.processFiles(paths);
         else
             add(paths, row);
-        if (giver)
-            giver->removeDraggedItems();
+        if (_giver)
+            _giver->removeDraggedItems();
     };
     QTimer::singleShot(kDropMilliseconds, this, [this, take, plan] {
         if (plan.replaces)

@@ -6,6 +6,7 @@
 #include "intake/FilelistItem.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QStringList>
 
 #include <functional>
@@ -76,6 +77,7 @@ private:
     FilelistController &_files;
     Session &_session;
     std::vector<FilelistItemPtr> _draggingItems;
+    QPointer<FilelistDrags> _giver; ///< the list that loses what was dropped here last
     std::function<void(const Replacement &)> _replacing = [](const Replacement &replace) { replace(); };
 };
 
