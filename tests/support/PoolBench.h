@@ -51,7 +51,20 @@ private:
 /// none may start.
 class FakeRunner final : public JobRunner {
 public:
-    FakeRunner(Gate &gate, bool hasReader) : _gate(gate), _hasReader(hasReader) { }
+    /// Takes one of the readers that may still run, and gives it back at its end.
+    FakeRunner(Gate &gate, std::shared_ptr<std::atomic<int>> readers)
+        : _gate(gate), _readers(std::move(readers)), _hasReader((*_readers)-- > 0)
+    {
+        if (!_hasReader)
+            ++*_readers;
+    }
+    FakeRunner(const FakeRunner &) = delete;
+    FakeRunner &operator=(const FakeRunner &) = delete;
+    ~FakeRunner() override
+    {
+        if (_hasReader)
+            ++*_readers;
+    }
 
     void begin(const Job &job) override { _path = std::get<RecordRequest>(job.request).path; }
     bool await(const std::stop_token &stop) override
@@ -85,6 +98,7 @@ public:
 
 private:
     Gate &_gate;
+    std::shared_ptr<std::atomic<int>> _readers;
     bool _hasReader;
     bool _isGivenUp = false;
     QString _path; ///< of the last file begun
@@ -94,7 +108,7 @@ private:
 /// A pool over fake runners, and what it delivered.
 struct PoolBench : DataCacherDelegate {
     std::shared_ptr<Gate> gate = std::make_shared<Gate>();
-    std::shared_ptr<std::atomic<int>> readers = std::make_shared<std::atomic<int>>(1000); ///< that may start
+    std::shared_ptr<std::atomic<int>> readers = std::make_shared<std::atomic<int>>(1000); ///< that may run
     std::unique_ptr<DataCacher> pool = makePool();
     std::vector<DataCacherDelivery> deliveries;
     std::function<void()> whenDelivered;
@@ -103,8 +117,7 @@ struct PoolBench : DataCacherDelegate {
     {
         auto made = std::make_unique<DataCacher>([gate = gate, readers = readers] {
             AnalysisSetup setup;
-            setup.makeRunner
-                = [gate, readers] { return std::make_unique<FakeRunner>(*gate, (*readers)-- > 0); };
+            setup.makeRunner = [gate, readers] { return std::make_unique<FakeRunner>(*gate, readers); };
             return setup;
         });
         made->setDelegate(this);
