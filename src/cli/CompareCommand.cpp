@@ -82,10 +82,7 @@ QList<Option> compareOptions()
          .valueName = u"FORMAT"_s,
          .choices = formats,
          .take = put<&Arguments::format>},
-        {.names = {u"o"_s, u"output"_s},
-         .description = u"Write to this file; - is standard output (the default)."_s,
-         .valueName = u"FILE"_s,
-         .take = put<&Arguments::output>},
+        outputOption(),
         {.names = {u"only-differing"_s},
          .description = u"Leave out what is equal in all files; exit with 3 if anything is left."_s,
          .take = put<&Arguments::onlyDiffering>},
@@ -94,9 +91,7 @@ QList<Option> compareOptions()
          = u"Take two folders: a line for each file of both, whatever its extension, with what is"
            " lost, added and changed; exit with 3 if anything is."_s,
          .take = put<&Arguments::pair>},
-        {.names = {u"force"_s},
-         .description = u"Let -o replace a file of another kind; never one that is read."_s,
-         .take = put<&Arguments::force>},
+        forceOption(),
         filterOption(),
     };
 }

@@ -39,4 +39,19 @@ bool Document::isOutput() const
     return placeOf(_context.arguments.output) == Place::Output;
 }
 
+Option outputOption()
+{
+    return {.names = {u"o"_s, u"output"_s},
+            .description = u"Write to this file; - is standard output (the default)."_s,
+            .valueName = u"FILE"_s,
+            .take = put<&Arguments::output>};
+}
+
+Option forceOption()
+{
+    return {.names = {u"force"_s},
+            .description = u"Let -o replace a file of another kind; never one that is read."_s,
+            .take = put<&Arguments::force>};
+}
+
 } // namespace quorvin::cli

@@ -35,4 +35,9 @@ private:
     const Context &_context;
 };
 
+/// -o of a command with one document.
+Option outputOption();
+/// What lets it replace a file of another kind.
+Option forceOption();
+
 } // namespace quorvin::cli

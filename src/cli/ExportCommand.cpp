@@ -91,9 +91,7 @@ QList<Option> exportOptions()
         {.names = {u"skip-private"_s},
          .description = u"Leave out facts about your files, such as their folder and comments."_s,
          .take = put<&Arguments::skipPrivate>},
-        {.names = {u"force"_s},
-         .description = u"Let -o replace a file of another kind; never one that is read."_s,
-         .take = put<&Arguments::force>},
+        forceOption(),
         filterOption(),
     };
 }

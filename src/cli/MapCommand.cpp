@@ -64,16 +64,11 @@ QList<Option> mapOptions()
          .valueName = u"FORMAT"_s,
          .choices = formats,
          .take = put<&Arguments::format>},
-        {.names = {u"o"_s, u"output"_s},
-         .description = u"Write to this file; - is standard output (the default)."_s,
-         .valueName = u"FILE"_s,
-         .take = put<&Arguments::output>},
+        outputOption(),
         {.names = {u"skip-private"_s},
          .description = u"Leave out names and paths; positions and dates stay."_s,
          .take = put<&Arguments::skipPrivate>},
-        {.names = {u"force"_s},
-         .description = u"Let -o replace a file of another kind; never one that is read."_s,
-         .take = put<&Arguments::force>},
+        forceOption(),
         filterOption(),
     };
 }

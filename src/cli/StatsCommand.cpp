@@ -62,13 +62,8 @@ QList<Option> statsOptions()
          .valueName = u"FORMAT"_s,
          .choices = formats,
          .take = put<&Arguments::format>},
-        {.names = {u"o"_s, u"output"_s},
-         .description = u"Write to this file; - is standard output (the default)."_s,
-         .valueName = u"FILE"_s,
-         .take = put<&Arguments::output>},
-        {.names = {u"force"_s},
-         .description = u"Let -o replace a file of another kind; never one that is read."_s,
-         .take = put<&Arguments::force>},
+        outputOption(),
+        forceOption(),
         filterOption(),
     };
 }
