@@ -137,6 +137,18 @@ std::vector<Heap> heapsOf(std::span<const MapPoint> points, std::span<const quin
     return heaps;
 }
 
+QRectF boundsOfFlats(std::size_t count, const auto &flatOf)
+{
+    QPointF least = flatOf(0);
+    QPointF most = least;
+    for (std::size_t i = 1; i < count; ++i) {
+        const QPointF flat = flatOf(i);
+        least = {std::min(least.x(), flat.x()), std::min(least.y(), flat.y())};
+        most = {std::max(most.x(), flat.x()), std::max(most.y(), flat.y())};
+    }
+    return {least, most};
+}
+
 } // namespace
 
 MapClusters clustersOf(std::span<const MapPoint> points, const MapView &view)
@@ -169,14 +181,12 @@ MapClusters clustersOf(std::span<const MapPoint> points, const MapView &view)
 
 QRectF boundsOf(std::span<const MapPoint> points, std::span<const quint32> members)
 {
-    QPointF least = points[members.front()].flat;
-    QPointF most = least;
-    for (const quint32 member : members) {
-        const QPointF &flat = points[member].flat;
-        least = {std::min(least.x(), flat.x()), std::min(least.y(), flat.y())};
-        most = {std::max(most.x(), flat.x()), std::max(most.y(), flat.y())};
-    }
-    return {least, most};
+    return boundsOfFlats(members.size(), [&](std::size_t i) { return points[members[i]].flat; });
+}
+
+QRectF boundsOf(std::span<const MapPoint> points)
+{
+    return boundsOfFlats(points.size(), [&](std::size_t i) { return points[i].flat; });
 }
 
 } // namespace quorvin

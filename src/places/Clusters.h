@@ -48,5 +48,7 @@ MapClusters clustersOf(std::span<const MapPoint> points, const MapView &view);
 
 /// The least rectangle of the flat map that has these members, without size for one spot; not of none.
 QRectF boundsOf(std::span<const MapPoint> points, std::span<const quint32> members);
+/// The same of all of them.
+QRectF boundsOf(std::span<const MapPoint> points);
 
 } // namespace quorvin

@@ -122,17 +122,7 @@ MapView MapCanvas::viewOfAll() const
     const LocatedFilesPtr &all = files();
     if (!all || all->points.empty())
         return MapView::wholeWorld(_view.type, size());
-    double left = 1;
-    double right = 0;
-    double top = 1;
-    double bottom = 0;
-    for (const MapPoint &point : all->points) {
-        left = std::min(left, point.flat.x());
-        right = std::max(right, point.flat.x());
-        top = std::min(top, point.flat.y());
-        bottom = std::max(bottom, point.flat.y());
-    }
-    return MapView::fitting(_view.type, size(), QRectF(QPointF(left, top), QPointF(right, bottom)));
+    return MapView::fitting(_view.type, size(), boundsOf(all->points));
 }
 
 void MapCanvas::setView(const MapView &view, bool byUser)
