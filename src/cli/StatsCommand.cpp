@@ -21,16 +21,10 @@ using namespace Qt::StringLiterals;
 
 void addNames(ParameterNames &names, const QuorvinData &record)
 {
-    for (const auto &group : record.groups().groups()) {
-        for (const auto &stream : group.streams) {
-            for (const auto &parameter : record.groups().parameters(stream)) {
-                const bool isInNone = parameter.subgroup == 0;
-                if (!parameter.flags.testFlag(ParameterFlag::SkipInExtended))
-                    names.add(group.key, isInNone ? QString() : group.subgroups[parameter.subgroup - 1U],
-                              *parameter.term);
-            }
-        }
-    }
+    record.groups().visitShown([&](const auto &group, const auto &parameter) {
+        names.add(group.key, group.subgroupOf(parameter), *parameter.term);
+        return true;
+    });
 }
 
 /// Says that no file has the parameter, and what may have been meant.

@@ -13,7 +13,7 @@ void TreeWriter::writeTree(const ParameterGroups &groups)
             quint16 subgroup = 0;
             for (const auto *parameter : groups.shownParameters(stream)) {
                 if (std::exchange(subgroup, parameter->subgroup) != parameter->subgroup) {
-                    if (const QString &name = group.subgroups[subgroup - 1U]; !name.isEmpty())
+                    if (const QString name = group.subgroupOf(*parameter); !name.isEmpty())
                         putHeading(name);
                 }
                 if (!skipFilePrivate() || !parameter->flags.testFlag(ParameterFlag::IsPrivateInfo))

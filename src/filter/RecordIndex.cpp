@@ -89,24 +89,15 @@ bool RecordIndex::fillRow(const QuorvinData &record)
     _row.terms.clear();
     _row.values.clear();
     const ParameterGroups &groups = record.groups();
-    const QString none;
-    for (const auto &group : groups.groups()) {
-        for (const auto &stream : group.streams) {
-            for (const auto &parameter : groups.parameters(stream)) {
-                if (parameter.flags.testFlag(ParameterFlag::SkipInExtended))
-                    continue;
-                const QString &subgroup
-                    = parameter.subgroup == 0 ? none : group.subgroups[parameter.subgroup - 1U];
-                const auto term = numberOf(group.key, subgroup, parameter.term);
-                const auto value = _valueTable.numberOf(groups.utf8Value(parameter));
-                if (!term || !value)
-                    return false;
-                _row.terms.push_back(*term);
-                _row.values.push_back(*value);
-            }
-        }
-    }
-    return true;
+    return groups.visitShown([&](const auto &group, const auto &parameter) {
+        const auto term = numberOf(group.key, group.subgroupOf(parameter), parameter.term);
+        const auto value = _valueTable.numberOf(groups.utf8Value(parameter));
+        if (!term || !value)
+            return false;
+        _row.terms.push_back(*term);
+        _row.values.push_back(*value);
+        return true;
+    });
 }
 
 quint32 RecordIndex::sectionOf(const QString &group, const QString &subgroup)

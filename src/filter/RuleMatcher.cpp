@@ -46,19 +46,10 @@ bool holdsFor(const RuleCondition &condition, const QuorvinData &record)
     if (condition.kind() == Rule::Kind::FileType)
         return condition.holdsFor(QByteArrayView(fileTypeOf(record).data(), fileTypeOf(record).size()));
     const ParameterGroups &groups = record.groups();
-    const auto isHit = [&](const ParameterGroups::Group &group, const ParameterGroups::Parameter &parameter) {
-        if (parameter.flags.testFlag(ParameterFlag::SkipInExtended))
-            return false;
-        const ParameterPlace place{
-            group.key, parameter.subgroup == 0 ? QStringView() : group.subgroups[parameter.subgroup - 1U]};
-        return condition.isAbout(place, *parameter.term)
-            && (!condition.needsValue() || condition.holdsFor(groups.utf8Value(parameter)));
-    };
-    const bool isFound = std::ranges::any_of(groups.groups(), [&](const ParameterGroups::Group &group) {
-        return std::ranges::any_of(group.streams, [&](const ParameterGroups::Stream &stream) {
-            return std::ranges::any_of(groups.parameters(stream),
-                                       [&](const auto &parameter) { return isHit(group, parameter); });
-        });
+    const bool isFound = !groups.visitShown([&](const auto &group, const auto &parameter) {
+        const QString subgroup = group.subgroupOf(parameter);
+        return !condition.isAbout({group.key, subgroup}, *parameter.term)
+            || (condition.needsValue() && !condition.holdsFor(groups.utf8Value(parameter)));
     });
     return isFound != condition.isOnAbsence();
 }

@@ -58,6 +58,11 @@ public:
         std::vector<QString> subgroups; ///< groups within the group; in one named "" they stand in the open
         std::vector<Stream> streams;
 
+        /// The name of the group within the group that a parameter stands in, "" in none.
+        QString subgroupOf(const Parameter &parameter) const
+        {
+            return parameter.subgroup == 0 ? QString() : subgroups[parameter.subgroup - 1U];
+        }
         /// The name of a stream of this group in the Extended tree, such as "Audio #2".
         QString nameOf(const Stream &stream) const;
         bool operator==(const Group &) const = default;
@@ -94,6 +99,21 @@ public:
     qint64 lengthOfValues() const;
     /// Those of the Extended tree in the order in which it shows them: subgroup by subgroup.
     std::vector<const Parameter *> shownParameters(const Stream &stream) const;
+    /// Calls `visit(group, parameter)` for those of the Extended tree, in the order of the record, until it
+    /// gives false; so does this then.
+    template <typename Visit>
+    bool visitShown(Visit visit) const
+    {
+        for (const Group &group : _groups) {
+            for (const Stream &stream : group.streams) {
+                for (const Parameter &parameter : parameters(stream)) {
+                    if (!parameter.flags.testFlag(ParameterFlag::SkipInExtended) && !visit(group, parameter))
+                        return false;
+                }
+            }
+        }
+        return true;
+    }
     QString value(const Parameter &parameter) const { return textOfUtf8(utf8Value(parameter)); }
     /// Valid UTF-8. The view lasts as long as this object.
     QByteArrayView utf8Value(const Parameter &parameter) const;

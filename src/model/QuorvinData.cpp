@@ -60,7 +60,7 @@ ExtTreeItems childrenOf(const ParameterGroups &groups, const ParameterGroups::Gr
         });
         ExtTreeItems leaves;
         std::transform(begin, end, std::back_inserter(leaves), leafOf);
-        const QString name = subgroup == 0 ? QString() : group.subgroups[subgroup - 1U];
+        const QString name = group.subgroupOf(**begin);
         if (name.isEmpty())
             std::ranges::move(leaves, std::back_inserter(children));
         else

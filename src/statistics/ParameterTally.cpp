@@ -53,17 +53,12 @@ void ParameterTally::addValue(QByteArrayView utf8)
 void ParameterTally::addValues(const QuorvinData &record)
 {
     const ParameterGroups &groups = record.groups();
-    for (const auto &group : groups.groups()) {
-        for (const auto &stream : group.streams) {
-            for (const auto &parameter : groups.parameters(stream)) {
-                const QStringView subgroup
-                    = parameter.subgroup == 0 ? QStringView() : group.subgroups[parameter.subgroup - 1U];
-                if (!parameter.flags.testFlag(ParameterFlag::SkipInExtended)
-                    && _condition.isAbout({group.key, subgroup}, *parameter.term))
-                    addValue(groups.utf8Value(parameter));
-            }
-        }
-    }
+    groups.visitShown([&](const auto &group, const auto &parameter) {
+        const QString subgroup = group.subgroupOf(parameter);
+        if (_condition.isAbout({group.key, subgroup}, *parameter.term))
+            addValue(groups.utf8Value(parameter));
+        return true;
+    });
 }
 
 void ParameterTally::add(const FilelistItemPtr &file, const QuorvinData &record)
