@@ -4,7 +4,7 @@
 #include "BenchFiles.h"
 #include "platform/NativePath.h"
 #include "process/ReaderRunner.h"
-#include "surgery/MetadataRemover.h"
+#include "surgery/RemovalLanes.h"
 
 #include <QFile>
 #include <QImage>
@@ -16,6 +16,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <memory>
+#include <optional>
 #include <vector>
 
 namespace {
@@ -24,7 +26,7 @@ using namespace quorvin;
 using bench::secondsOf;
 
 constexpr int kImages = 500;
-constexpr QSize kSize(1900, 1400); ///< of noise: about 5 MB
+constexpr QSize kSize(2740, 2050); ///< of noise: 5 MB
 
 /// Photos of noise, with what cameras write; in the working folder, so that it is on a disk.
 class Photos {
@@ -93,7 +95,8 @@ private:
 
 constexpr oEXIV2Metadata kAll{true, true, true, true, true};
 
-/// Everything removed from each, against copying and syncing them, turn and turn about.
+/// Everything removed from all, side by side as the programs do it, against copying and syncing them one
+/// after the other; turn and turn about.
 void removalAgainstCopying(benchmark::State &state)
 {
     const Photos photos;
@@ -102,13 +105,20 @@ void removalAgainstCopying(benchmark::State &state)
     for ([[maybe_unused]] auto _ : state) {
         copying += secondsOf([&] { photos.copyAndSync(); });
         photos.removeCopies();
-        MetadataRemover remover(kAll, {},
-                                makeReaderRunner(std::make_shared<RootSet>(QStringList(photos.folder()))));
+        const auto roots = std::make_shared<RootSet>(QStringList(photos.folder()));
+        const auto makeRemover
+            = [&] { return std::make_unique<MetadataRemover>(kAll, JobLimits(), makeReaderRunner(roots)); };
         const double round = secondsOf([&] {
-            for (const QString &path : photos.paths()) {
-                if (!remover.remove({.path = path}).isWritten())
+            auto path = photos.paths().begin();
+            const auto nextOrder = [&]() -> std::optional<MetadataRemover::Order> {
+                if (path == photos.paths().end())
+                    return std::nullopt;
+                return MetadataRemover::Order{.path = *path++};
+            };
+            treatFiles({makeRemover}, nextOrder, [&](const RemovalReceipt &receipt) {
+                if (!receipt.isWritten())
                     state.SkipWithError("a photo was refused");
-            }
+            });
         });
         photos.renew();
         ours += round;

@@ -6,11 +6,10 @@
 #include "cli/Console.h"
 #include "cli/FileRun.h"
 #include "cli/FilterOption.h"
-#include "filefacts/Paths.h"
-#include "surgery/MetadataRemover.h"
+#include "surgery/RemovalLanes.h"
 
-#include <QFileInfo>
-
+#include <memory>
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -20,30 +19,13 @@ namespace {
 
 using namespace Qt::StringLiterals;
 
-/// Where the copy of a file goes: below the folder as the list shows it below its own.
-Expected<QString> targetIn(const QString &folder, const FilelistItem &file)
+/// A copy goes below the folder as the list shows its file below its own.
+MetadataRemover::Order orderOf(const Arguments &arguments, const FilelistItem &file)
 {
-    const QString target = folder + u'/' + file.prefixedPath();
-    return Utilities::createFolder(QFileInfo(target).path()).map([&](const QString &) {
-        return Utilities::uniqueFilename(target);
-    });
-}
-
-RemovalReceipt strip(const Context &context, MetadataRemover &remover, const FilelistItem &file)
-{
-    const Arguments &arguments = context.arguments;
-    MetadataRemover::Order order{.path = file.filename(),
-                                 .keepsTimes = arguments.keepTimes,
-                                 .allowsHardLinks = arguments.allowHardLinks};
-    if (arguments.dryRun)
-        return remover.planned(order);
-    if (arguments.outputDir) {
-        auto target = targetIn(*arguments.outputDir, file);
-        if (!target)
-            return {.path = file.filename(), .failure = target.error().description};
-        order.target = *std::move(target);
-    }
-    return remover.remove(order);
+    return {.path = file.filename(),
+            .target = arguments.outputDir ? *arguments.outputDir + u'/' + file.prefixedPath() : QString(),
+            .keepsTimes = arguments.keepTimes,
+            .allowsHardLinks = arguments.allowHardLinks};
 }
 
 /// A line for what was done; the whole receipt for what would be.
@@ -107,17 +89,23 @@ Status runStrip(const Context &context)
                                  .removeGPS = arguments.stripGps,
                                  .removeIPTC = arguments.stripIptc,
                                  .removeXMP = arguments.stripXmp};
-    MetadataRemover remover(options, run.limits(), run.makeRunner());
+    const auto makeRemover
+        = [&] { return std::make_unique<MetadataRemover>(options, run.limits(), run.makeRunner()); };
+    const RemovalWork work{.makeRemover = makeRemover,
+                           .treat = arguments.dryRun ? &MetadataRemover::planned : &MetadataRemover::remove};
     std::vector<RemovalReceipt> receipts;
-    while (const FilelistItemPtr file = run.nextWantedFile()) {
-        RemovalReceipt receipt = strip(context, remover, *file);
+    const auto nextOrder = [&]() -> std::optional<MetadataRemover::Order> {
+        const FilelistItemPtr file = run.nextWantedFile();
+        return file ? std::optional(orderOf(arguments, *file)) : std::nullopt;
+    };
+    treatFiles(work, nextOrder, [&](RemovalReceipt receipt) {
         if (receipt.failure.isEmpty())
             context.console.write(told(receipt, arguments.dryRun).toUtf8());
         else
             run.fail(receipt.path, receipt.failure);
         if (arguments.receipt)
             receipts.push_back(std::move(receipt));
-    }
+    });
     if (arguments.receipt) {
         if (const auto written = writeReceipts(*arguments.receipt, receipts, arguments.dryRun); !written)
             run.fail(*arguments.receipt, written.error().description);

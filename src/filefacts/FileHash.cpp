@@ -29,6 +29,8 @@ const EVP_MD *algorithmOf(Digest digest)
         return EVP_md5();
     case Digest::SHA1:
         return EVP_sha1();
+    case Digest::SHA256:
+        return EVP_sha256();
     case Digest::SHA512:
         break;
     }

@@ -13,7 +13,7 @@
 
 namespace quorvin::FileHash {
 
-enum class Digest { MD5, SHA1, SHA512 };
+enum class Digest { MD5, SHA1, SHA256, SHA512 };
 
 /// The digests of a whole file in lower-case hex, in the order asked for, in one pass over the file with
 /// memory that does not grow with it. Fails when the file cannot be read to its end, or `watch` gives it up.

@@ -33,16 +33,6 @@ constexpr mode_t kModeOfNewFile = 0666;
 /// Of one that is going to get the mode of the file that it replaces.
 constexpr mode_t kModeForNow = 0600;
 
-bool renameKeepingExisting(const QByteArray &from, const QByteArray &to)
-{
-    if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
-        return true;
-    if (errno != EINVAL && errno != ENOSYS)
-        return false;
-    // This file system has no such rename: a hard link does not replace either.
-    return ::link(from.constData(), to.constData()) == 0 && ::unlink(from.constData()) == 0;
-}
-
 } // namespace
 
 Expected<std::unique_ptr<AtomicFile>> AtomicFile::create(const QString &target, Extent extent)
@@ -97,7 +87,7 @@ Expected<void> AtomicFile::commit(Existing existing)
     if (::fsync(_device.handle()) != 0)
         return posixFailure(errno);
     const bool moved = existing == Existing::Keep
-        ? renameKeepingExisting(_temporary, _target)
+        ? TemporaryFiles::renameKeepingExisting(_temporary, _target)
         : std::rename(_temporary.constData(), _target.constData()) == 0;
     if (!moved)
         return posixFailure(errno);

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
+#include <cstdio>
 #include <memory>
 
 namespace quorvin::TemporaryFiles {
@@ -119,12 +120,23 @@ Expected<Opened> openFolder(const QByteArray &folder)
             return -1;
         const int descriptor = ::open(path, O_RDONLY | O_DIRECTORY | O_CLOEXEC);
         if (descriptor < 0) {
-            const int problem = errno;
+            // Another run may have taken it for a leftover already; another name will do.
+            const int problem = errno == ENOENT ? EEXIST : errno;
             ::rmdir(path);
             errno = problem;
         }
         return descriptor;
     });
+}
+
+bool renameKeepingExisting(const QByteArray &from, const QByteArray &to)
+{
+    if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+    // This file system has no such rename: a hard link does not replace either.
+    return ::link(from.constData(), to.constData()) == 0 && ::unlink(from.constData()) == 0;
 }
 
 void removeFolder(const QByteArray &path)

@@ -26,6 +26,9 @@ Expected<Opened> open(const QByteArray &folder, mode_t mode);
 /// A new folder in that one, likewise.
 Expected<Opened> openFolder(const QByteArray &folder);
 
+/// Moves a file to a name in the same file system that nothing has; what has it stays, and errno is EEXIST.
+bool renameKeepingExisting(const QByteArray &from, const QByteArray &to);
+
 /// Removes a folder that `openFolder` made, and the files in it.
 void removeFolder(const QByteArray &path);
 

@@ -4,6 +4,7 @@
 #include "process/GuardRules.h"
 
 #include <fcntl.h>
+#include <linux/fs.h>
 #include <linux/landlock.h>
 #include <seccomp.h>
 #include <sys/ioctl.h>
@@ -113,10 +114,11 @@ constexpr std::array kRunning{
 
 /// To make files and put them in the place of others. Where, is for Landlock to say.
 constexpr std::array kWriting{
-    SCMP_SYS(open),      SCMP_SYS(openat),    SCMP_SYS(creat),   SCMP_SYS(pwrite64),  SCMP_SYS(pwritev),
-    SCMP_SYS(ftruncate), SCMP_SYS(fallocate), SCMP_SYS(fsync),   SCMP_SYS(fdatasync), SCMP_SYS(rename),
-    SCMP_SYS(renameat),  SCMP_SYS(renameat2), SCMP_SYS(link),    SCMP_SYS(linkat),    SCMP_SYS(unlink),
-    SCMP_SYS(unlinkat),  SCMP_SYS(mkdir),     SCMP_SYS(mkdirat), SCMP_SYS(flock),
+    SCMP_SYS(open),      SCMP_SYS(openat),    SCMP_SYS(creat),     SCMP_SYS(pwrite64),
+    SCMP_SYS(pwritev),   SCMP_SYS(ftruncate), SCMP_SYS(fallocate), SCMP_SYS(copy_file_range),
+    SCMP_SYS(fsync),     SCMP_SYS(fdatasync), SCMP_SYS(rename),    SCMP_SYS(renameat),
+    SCMP_SYS(renameat2), SCMP_SYS(link),      SCMP_SYS(linkat),    SCMP_SYS(unlink),
+    SCMP_SYS(unlinkat),  SCMP_SYS(mkdir),     SCMP_SYS(mkdirat),   SCMP_SYS(flock),
 };
 
 constexpr quint64 kEveryBit = ~quint64{0};
@@ -137,6 +139,10 @@ constexpr std::array kThreadsAndDescriptors{
     ConditionalCall{SCMP_SYS(fcntl), 1, kEveryBit, F_SETFL},
     ConditionalCall{SCMP_SYS(fcntl), 1, kEveryBit, F_DUPFD},
     ConditionalCall{SCMP_SYS(fcntl), 1, kEveryBit, F_DUPFD_CLOEXEC},
+};
+
+constexpr std::array kSharingBlocks{
+    ConditionalCall{SCMP_SYS(ioctl), 1, kEveryBit, FICLONE},
 };
 
 constexpr std::array kOpenToRead{
@@ -176,7 +182,7 @@ const GuardRules &guardRules(GuardProfile profile)
                                      .readable = kEverything,
                                      .programs = kPerl};
     static const GuardRules writer{.calls = {kReading, kWriting},
-                                   .conditionals = {kThreadsAndDescriptors},
+                                   .conditionals = {kThreadsAndDescriptors, kSharingBlocks},
                                    .folderRights = kFolderRights,
                                    .writesFiles = true,
                                    .readable = kEverything,

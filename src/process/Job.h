@@ -55,12 +55,12 @@ struct ExtractionRequest {
     Kind kind = Kind::Attachments;
 };
 
-/// Takes metadata from a copy of an image, which only a writer can do.
+/// Writes an image without some of its metadata, which only a writer can do.
 struct RemovalRequest {
     using Result = RemovalResult;
 
     QString path; ///< of the image, which stays as it is
-    QString copy; ///< a file with the same bytes; "" only tells what would go
+    QString copy; ///< an empty file, which gets the result; "" only tells what would go
     oEXIV2Metadata options;
 };
 

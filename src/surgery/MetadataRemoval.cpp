@@ -6,8 +6,10 @@
 #include "readers/image/ExifTables.h"
 #include "readers/image/Exiv2Library.h"
 #include "surgery/RemovalCheck.h"
+#include "surgery/RewritingIo.h"
 
 #include <QCoreApplication>
+#include <QFile>
 
 #include <algorithm>
 #include <array>
@@ -224,16 +226,23 @@ tl::unexpected<Error> noImage()
         removalText(QT_TRANSLATE_NOOP("MetadataRemoval", "this is no image whose metadata can be read")));
 }
 
-/// Opens and reads an image, and gives it to `use`. What the library throws becomes an error.
-template <typename Use>
-auto withImage(const QString &path, Use use) -> decltype(use(std::declval<Exiv2::Image &>()))
+/// Opens an image by what `source` gives to `openImage`, reads it, and hands it to `use` with what would be
+/// taken from it, unless that is refused. What the library throws becomes an error.
+template <typename Source, typename Use>
+Expected<RemovalResult> withPlan(const oEXIV2Metadata &options, const Source &source, const Use &use)
 try {
     const exiv2::XmpSession session;
-    const auto image = exiv2::openImage(path);
+    const auto image = exiv2::openImage(source());
     if (!image)
         return noImage();
     image->readMetadata();
-    return use(*image);
+    Plan plan = Planner(options, *image).plan();
+    if (!plan.result.removed.empty()) {
+        if (const auto reason = refusal(plan, *image))
+            return failure(*reason);
+        use(plan, *image);
+    }
+    return std::move(plan.result);
 } catch (const std::exception &error) {
     return failure(QString::fromLocal8Bit(error.what()));
 }
@@ -242,30 +251,24 @@ try {
 
 Expected<RemovalResult> plannedRemoval(const oEXIV2Metadata &options, const QString &path)
 {
-    return withImage(path, [&](Exiv2::Image &image) -> Expected<RemovalResult> {
-        Plan plan = Planner(options, image).plan();
-        if (!plan.result.removed.empty()) {
-            if (const auto reason = refusal(plan, image))
-                return failure(*reason);
-        }
-        return std::move(plan.result);
-    });
+    return withPlan(
+        options, [&] { return path; }, [](const Plan &, Exiv2::Image &) {});
 }
 
 Expected<RemovalResult> removeMetadata(const oEXIV2Metadata &options, const QString &original,
                                        const QString &copy)
 {
-    auto result = plannedRemoval(options, original);
+    const auto file = RegularFile::open(original);
+    if (!file)
+        return tl::unexpected(file.error());
+    QFile written(copy);
+    if (!written.open(QIODevice::ReadWrite | QIODevice::Unbuffered | QIODevice::ExistingOnly))
+        return failure(written.errorString());
+    auto result = withPlan(
+        options, [&] { return Exiv2::BasicIo::AutoPtr(new RewritingIo(*file, written.handle())); }, apply);
     if (!result || result->removed.empty())
         return result;
-    const auto written = withImage(copy, [&](Exiv2::Image &image) -> Expected<void> {
-        apply(Planner(options, image).plan(), image);
-        return {};
-    });
-    if (!written)
-        return tl::unexpected(written.error());
-    const auto checked = checkRemoval(options, *result, original, copy);
-    return checked ? result : tl::unexpected(checked.error());
+    return checkRemoval(options, *result, original, copy).map([&] { return *std::move(result); });
 }
 
 } // namespace quorvin

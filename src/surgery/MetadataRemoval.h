@@ -16,9 +16,9 @@ namespace quorvin {
 /// What would go from a file, and what would stay; nothing is written.
 Expected<RemovalResult> plannedRemoval(const oEXIV2Metadata &options, const QString &path);
 
-/// Takes it from `copy`, which has the bytes of the file `original` and is rewritten in place. Both are
-/// compared afterwards: unless exactly what was asked for is gone, and all else is there byte for byte, it is
-/// an error. After an error `copy` is of no use.
+/// Writes the file `original` without it into `copy`, a file that is there and empty; where nothing is to be
+/// taken it stays so. Both are read and compared afterwards: unless exactly what was asked for is gone, and
+/// all else is there byte for byte, it is an error. After an error `copy` is of no use.
 Expected<RemovalResult> removeMetadata(const oEXIV2Metadata &options, const QString &original,
                                        const QString &copy);
 

@@ -4,6 +4,7 @@
 #include "surgery/MetadataRemover.h"
 
 #include "filefacts/FileHash.h"
+#include "filefacts/Paths.h"
 #include "platform/LinkTarget.h"
 #include "platform/NativePath.h"
 #include "platform/RegularFile.h"
@@ -22,6 +23,8 @@
 namespace quorvin {
 
 namespace {
+
+constexpr char kChangedMeanwhile[] = QT_TRANSLATE_NOOP("MetadataRemover", "the file was changed meanwhile");
 
 QString removerText(const char *words)
 {
@@ -44,9 +47,10 @@ Expected<void> checkReplaceable(const QByteArray &path, const struct stat &facts
     return {};
 }
 
-Expected<QString> digestOf(const QString &path)
+Expected<QString> digestOf(const RegularFile &file)
 {
-    return FileHash::sha512HashOfFileAtPath(path);
+    return FileHash::hashesOfFile(file.descriptor(), {FileHash::Digest::SHA256})
+        .map([](const QStringList &hashes) { return hashes.first(); });
 }
 
 } // namespace
@@ -111,10 +115,12 @@ Expected<void> MetadataRemover::workIn(const QString &folder)
         return {};
     _writer.reset();
     _folder.reset();
-    return WorkFolder::create(folder).map([&](std::unique_ptr<WorkFolder> made) {
-        _folder = std::move(made);
-        _writer = makeWriterRunner(_folder->path());
-    });
+    return Utilities::createFolder(folder)
+        .and_then(WorkFolder::create)
+        .map([&](std::unique_ptr<WorkFolder> made) {
+            _folder = std::move(made);
+            _writer = makeWriterRunner(_folder->path());
+        });
 }
 
 Expected<void> MetadataRemover::rewrite(const Order &order, RemovalReceipt &receipt,
@@ -122,7 +128,6 @@ Expected<void> MetadataRemover::rewrite(const Order &order, RemovalReceipt &rece
 {
     const QString real = decodePath(LinkTarget::of(encodePath(order.path)).path);
     const bool isInPlace = order.target.isEmpty();
-    const QString target = isInPlace ? real : order.target;
     const auto file = RegularFile::open(real);
     if (!file)
         return tl::unexpected(file.error());
@@ -132,22 +137,50 @@ Expected<void> MetadataRemover::rewrite(const Order &order, RemovalReceipt &rece
         if (auto allowed = checkReplaceable(encodePath(real), before, order.allowsHardLinks); !allowed)
             return allowed;
     }
-    auto done = workIn(QFileInfo(target).path()).and_then([&] { return _folder->copyFrom(*file); });
-    if (done && !receipt.result.removed.empty())
-        done = run(*_writer, {real, _folder->copy(), _options}, stop).map([&](RemovalResult result) {
-            receipt.result = std::move(result);
-        });
-    if (!done)
-        return done;
-    const auto was = digestOf(real);
-    const auto is = digestOf(_folder->copy());
+    const QString target = isInPlace ? real : order.target;
+    if (auto made
+        = workIn(QFileInfo(target).path()).and_then([&] { return writeCopy(*file, receipt, stop); });
+        !made)
+        return made;
     struct stat now { };
-    if (!was || !is || ::stat(encodePath(real).constData(), &now) != 0 || !isTheSame(before, now))
-        return failure(removerText("the file was changed meanwhile"));
+    if (::stat(encodePath(real).constData(), &now) != 0 || !isTheSame(before, now))
+        return failure(removerText(kChangedMeanwhile));
+    return _folder
+        ->publish(
+            {.target = target, .rightsOf = real, .keepsTimes = order.keepsTimes, .isUnique = !isInPlace})
+        .map([&](const QString &path) { receipt.target = isInPlace ? QString() : path; });
+}
+
+/// The file without what goes.
+Expected<void> MetadataRemover::removeInto(const QString &path, RemovalReceipt &receipt,
+                                           const std::stop_token &stop)
+{
+    const auto remove = [&] { return run(*_writer, {path, _folder->copy(), _options}, stop); };
+    auto result = _folder->makeEmpty().and_then(remove);
+    if (!result)
+        return tl::unexpected(result.error());
+    // Then nothing was written.
+    if (result->removed.empty())
+        return failure(removerText(kChangedMeanwhile));
+    receipt.result = *std::move(result);
+    return {};
+}
+
+/// With its digest and that of the file.
+Expected<void> MetadataRemover::writeCopy(const RegularFile &file, RemovalReceipt &receipt,
+                                          const std::stop_token &stop)
+{
+    if (const auto made = receipt.result.removed.empty() ? _folder->copyFrom(file)
+                                                         : removeInto(file.resolvedPath(), receipt, stop);
+        !made)
+        return made;
+    const auto is = RegularFile::open(_folder->copy()).and_then(digestOf);
+    const auto was = digestOf(file);
+    if (!was || !is)
+        return tl::unexpected((was ? is : was).error());
     receipt.digestBefore = *was;
     receipt.digestAfter = *is;
-    receipt.target = order.target;
-    return _folder->publish({target, real, order.keepsTimes});
+    return {};
 }
 
 } // namespace quorvin

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "platform/RegularFile.h"
 #include "process/JobRunner.h"
 #include "surgery/RemovalReceipt.h"
 #include "surgery/WorkFolder.h"
@@ -15,14 +16,17 @@
 namespace quorvin {
 
 /// Takes metadata from images, file after file, each whole or not at all: the work is done on a copy beside
-/// its place, in a process that may write nothing but this copy, and the copy is renamed over the file.
+/// its place, in a process that may write nothing but this copy, and the copy, read again and synced, is
+/// renamed over the file.
 /// Owner, mode, access lists and extended attributes stay. Where a symbolic link is given, what it leads to
 /// is rewritten. A file in which there is nothing to remove is not written. One thread.
 class MetadataRemover {
 public:
     struct Order {
         QString path;
-        QString target = {}; ///< where the result goes; "" is the place of the file
+        /// Where the result goes: its folder is made, a name that is taken gets a number. "" is the place of
+        /// the file.
+        QString target = {};
         bool keepsTimes = false; ///< of last access and modification
         /// Else a file of several names (hard links) is refused: under the others it would stay as it was.
         bool allowsHardLinks = false;
@@ -42,6 +46,8 @@ private:
     Expected<RemovalResult> run(JobRunner &runner, RemovalRequest request, const std::stop_token &stop) const;
     Expected<void> rewrite(const Order &order, RemovalReceipt &receipt, const std::stop_token &stop);
     Expected<void> workIn(const QString &folder);
+    Expected<void> removeInto(const QString &path, RemovalReceipt &receipt, const std::stop_token &stop);
+    Expected<void> writeCopy(const RegularFile &file, RemovalReceipt &receipt, const std::stop_token &stop);
 
     oEXIV2Metadata _options;
     JobLimits _limits;

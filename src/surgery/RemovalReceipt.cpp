@@ -41,8 +41,8 @@ QString textOf(const RemovalReceipt &receipt, bool isPlan)
     for (const KeptItem &item : receipt.result.kept)
         lines += "    "_L1 + receiptText("%1 stays: %2").arg(item.key, item.reason) + u'\n';
     if (!receipt.digestBefore.isEmpty())
-        lines += "    "_L1 + receiptText("SHA-512 before") + u' ' + receipt.digestBefore + "\n    "_L1
-            + receiptText("SHA-512 after") + u' ' + receipt.digestAfter + u'\n';
+        lines += "    "_L1 + receiptText("SHA-256 before") + u' ' + receipt.digestBefore + "\n    "_L1
+            + receiptText("SHA-256 after") + u' ' + receipt.digestAfter + u'\n';
     return lines;
 }
 

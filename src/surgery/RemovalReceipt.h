@@ -19,7 +19,7 @@ struct RemovalReceipt {
     QString target = {}; ///< where the result stands, if not in the place of the file; "" in its place
     RemovalResult result = {};
     QString failure = {}; ///< why nothing was done; "" when it was, or nothing was to do
-    QString digestBefore = {}; ///< SHA-512 in hex; both are "" where no file was written
+    QString digestBefore = {}; ///< SHA-256 in hex; both are "" where no file was written
     QString digestAfter = {};
 
     /// The file was rewritten, or a copy of it written.

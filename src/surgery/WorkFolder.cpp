@@ -3,14 +3,14 @@
 
 #include "surgery/WorkFolder.h"
 
+#include "filefacts/Paths.h"
 #include "platform/AtomicFile.h"
+#include "platform/FileCopy.h"
 #include "platform/FileRights.h"
 #include "platform/NativePath.h"
 #include "platform/UnfinishedFiles.h"
 
 #include <fcntl.h>
-#include <linux/fs.h>
-#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -24,7 +24,7 @@ namespace quorvin {
 namespace {
 
 const QByteArray kCopyName = QByteArrayLiteral("/copy");
-constexpr std::size_t kPiece = std::size_t{1} << 30;
+constexpr int kMostNames = 1000;
 
 /// Closes a descriptor, and tells what went wrong with it.
 class Descriptor {
@@ -40,41 +40,6 @@ public:
 private:
     int _number;
 };
-
-/// For file systems between which the kernel does not copy.
-bool copyByHand(int from, int to)
-{
-    std::array<char, 65'536> piece;
-    off_t at = 0;
-    while (true) {
-        const ssize_t count = ::pread(from, piece.data(), piece.size(), at);
-        if (count <= 0)
-            return count == 0;
-        for (ssize_t done = 0; done < count;) {
-            const ssize_t written
-                = ::pwrite(to, piece.data() + done, static_cast<std::size_t>(count - done), at + done);
-            if (written <= 0)
-                return false;
-            done += written;
-        }
-        at += count;
-    }
-}
-
-bool copyBytes(int from, int to)
-{
-    if (::ioctl(to, FICLONE, from) == 0)
-        return true;
-    loff_t at = 0;
-    while (true) {
-        const ssize_t count = ::copy_file_range(from, &at, to, nullptr, kPiece, 0);
-        if (count == 0)
-            // Some file systems have files that the kernel takes to be empty.
-            return at > 0 || copyByHand(from, to);
-        if (count < 0)
-            return at == 0 && copyByHand(from, to);
-    }
-}
 
 bool inheritTimes(const QByteArray &from, int to)
 {
@@ -108,6 +73,8 @@ WorkFolder::WorkFolder(QString parent, const TemporaryFiles::Opened &opened)
 WorkFolder::~WorkFolder()
 {
     TemporaryFiles::removeFolder(_path);
+    if (_hasPublished)
+        AtomicFile::syncFolder(_parent);
     UnfinishedFiles::remove(_copySlot);
     UnfinishedFiles::remove(_folderSlot);
     ::close(_descriptor);
@@ -123,18 +90,28 @@ QString WorkFolder::copy() const
     return decodePath(_path + kCopyName);
 }
 
-Expected<void> WorkFolder::copyFrom(const RegularFile &file)
+Expected<void> WorkFolder::makeCopy(const std::function<bool(int)> &fill)
 {
     const QByteArray path = _path + kCopyName;
     const Descriptor to(::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    if (to.isOpen() && copyBytes(file.descriptor(), to.number()))
+    if (to.isOpen() && fill(to.number()))
         return {};
     const int problem = errno;
     discard();
     return posixFailure(problem);
 }
 
-Expected<void> WorkFolder::publish(const Place &place)
+Expected<void> WorkFolder::makeEmpty()
+{
+    return makeCopy([](int) { return true; });
+}
+
+Expected<void> WorkFolder::copyFrom(const RegularFile &file)
+{
+    return makeCopy([&](int to) { return copyBytes(file.descriptor(), to); });
+}
+
+Expected<QString> WorkFolder::publish(const Place &place)
 {
     const QByteArray copy = _path + kCopyName;
     const QByteArray rightsOf = encodePath(place.rightsOf);
@@ -148,10 +125,29 @@ Expected<void> WorkFolder::publish(const Place &place)
     inheritRights(rightsOf, file.number());
     if ((place.keepsTimes && !inheritTimes(rightsOf, file.number())) || ::fsync(file.number()) != 0)
         return posixFailure(errno);
-    if (std::rename(copy.constData(), encodePath(place.target).constData()) != 0)
-        return posixFailure(errno);
-    AtomicFile::syncFolder(_parent);
-    return {};
+    return moveCopyTo(place).map([this](QString path) {
+        _hasPublished = true;
+        return path;
+    });
+}
+
+Expected<QString> WorkFolder::moveCopyTo(const Place &place) const
+{
+    const QByteArray copy = _path + kCopyName;
+    if (!place.isUnique) {
+        if (std::rename(copy.constData(), encodePath(place.target).constData()) != 0)
+            return posixFailure(errno);
+        return place.target;
+    }
+    // Others may take a name between its choice and its use.
+    for (int tries = 0; tries < kMostNames; ++tries) {
+        QString path = Utilities::uniqueFilename(place.target);
+        if (TemporaryFiles::renameKeepingExisting(copy, encodePath(path)))
+            return path;
+        if (errno != EEXIST)
+            break;
+    }
+    return posixFailure(errno);
 }
 
 void WorkFolder::discard()

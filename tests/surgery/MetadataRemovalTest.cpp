@@ -43,13 +43,15 @@ Stripped strippedOf(const QByteArray &file, const oEXIV2Metadata &options)
 {
     const test::TestFolder folder;
     const QString original = folder.write(u"original"_s, file);
-    const QString copy = folder.write(u"copy"_s, file);
+    const QString copy = folder.write(u"copy"_s, {});
     const auto said = removeMetadata(options, original, copy);
     Stripped stripped{{}, said, test::contentOf(copy)};
     if (said) {
-        stripped.keys = keysOf(stripped.bytes);
         EXPECT_EQ(plannedRemoval(options, original), said) << "the plan tells what is done";
+        EXPECT_EQ(stripped.bytes.isEmpty(), said->removed.empty()) << "nothing to remove: not a byte written";
     }
+    if (!stripped.bytes.isEmpty())
+        stripped.keys = keysOf(stripped.bytes);
     return stripped;
 }
 
@@ -109,7 +111,6 @@ TEST(MetadataRemoval, LeavesRawFilesTheirNotes)
     const Stripped stripped = strippedOf(file, {.removeMakernote = true});
     ASSERT_TRUE(stripped.said);
     EXPECT_TRUE(stripped.said->removed.empty());
-    EXPECT_EQ(stripped.bytes, file) << "nothing to remove: not a byte written";
 }
 
 TEST(MetadataRemoval, RefusesWhatTheLibraryWouldSpoil)

@@ -14,7 +14,7 @@ namespace quorvin {
 /// each of its steps; here that only goes back to the start, and what has been read stays at hand. Behaves as
 /// the library's own `FileIo` does: a seek may lead past the end, and only a read that comes short meets it.
 /// Nothing can be written. One thread.
-class DescriptorIo final : public Exiv2::BasicIo {
+class DescriptorIo : public Exiv2::BasicIo {
 public:
     /// The descriptor must outlive the object. `path` tells the library the file's name, nothing is opened by
     /// it. `size` is in bytes.

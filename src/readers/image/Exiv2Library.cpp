@@ -57,14 +57,6 @@ bool isImageType(int type)
     return type != Exiv2::ImageType::none && std::ranges::find(kVideoTypes, type) == kVideoTypes.end();
 }
 
-std::unique_ptr<Exiv2::Image> openImage(Exiv2::BasicIo::AutoPtr io)
-{
-    if (io->open() != 0 || !isImageType(Exiv2::ImageFactory::getType(*io)))
-        return nullptr;
-    io->close();
-    return std::unique_ptr<Exiv2::Image>(Exiv2::ImageFactory::open(io).release());
-}
-
 } // namespace
 
 XmpSession::XmpSession() : _lock(xmpLock) { }
@@ -91,6 +83,14 @@ void setUp()
     Exiv2::XmpProperties::registerNs(kFaceNamespace, "apple-fi");
     Exiv2::enableBMFF(true);
     builtInPrefixes();
+}
+
+std::unique_ptr<Exiv2::Image> openImage(Exiv2::BasicIo::AutoPtr io)
+{
+    if (io->open() != 0 || !isImageType(Exiv2::ImageFactory::getType(*io)))
+        return nullptr;
+    io->close();
+    return std::unique_ptr<Exiv2::Image>(Exiv2::ImageFactory::open(io).release());
 }
 
 std::unique_ptr<Exiv2::Image> openImage(const QString &path)

@@ -47,6 +47,8 @@ bool isBuiltInPrefix(const std::string &prefix);
 std::unique_ptr<Exiv2::Image> openImage(const QString &path);
 /// The same for a file that is open already, and must stay so for as long as the image is used.
 std::unique_ptr<Exiv2::Image> openImage(const RegularFile &file);
+/// The same for what the library is to read, and to write, through an object of ours.
+std::unique_ptr<Exiv2::Image> openImage(Exiv2::BasicIo::AutoPtr io);
 /// The same for bytes, which must outlive the image.
 std::unique_ptr<Exiv2::Image> openImage(QByteArrayView bytes);
 

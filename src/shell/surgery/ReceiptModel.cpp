@@ -73,8 +73,8 @@ ReceiptModel::Texts ReceiptModel::textsOfItem(const RemovalReceipt &receipt, std
     row -= kept.size();
     if (row < removed.size())
         return {removed[row], _isPlan ? tr("goes") : tr("removed")};
-    return row == removed.size() ? Texts{tr("SHA-512 before"), receipt.digestBefore}
-                                 : Texts{tr("SHA-512 after"), receipt.digestAfter};
+    return row == removed.size() ? Texts{tr("SHA-256 before"), receipt.digestBefore}
+                                 : Texts{tr("SHA-256 after"), receipt.digestAfter};
 }
 
 QVariant ReceiptModel::data(const QModelIndex &index, int role) const

@@ -3,26 +3,36 @@
 
 #include "shell/surgery/RemovalTask.h"
 
-#include "surgery/MetadataRemover.h"
+#include "surgery/RemovalLanes.h"
+
+#include <memory>
+#include <optional>
+#include <utility>
 
 namespace quorvin {
 
 namespace {
 
-template <typename Treat>
-std::vector<RemovalReceipt> receiptsOf(const RemovalTask &task, const RunControl &control, Treat treat)
+std::vector<RemovalReceipt> receiptsOf(const RemovalTask &task, const RunControl &control,
+                                       RemovalWork::Treat treat)
 {
-    MetadataRemover remover(task.options, task.setup.limits, task.setup.makeRunner());
+    const auto makeRemover = [&] {
+        return std::make_unique<MetadataRemover>(task.options, task.setup.limits, task.setup.makeRunner());
+    };
+    const auto total = static_cast<int>(task.paths.size());
+    auto path = task.paths.begin();
+    const auto nextOrder = [&]() -> std::optional<MetadataRemover::Order> {
+        if (path == task.paths.end() || control.isStopped() || task.stop.stop_requested())
+            return std::nullopt;
+        return MetadataRemover::Order{
+            .path = *path++, .keepsTimes = task.keepsTimes, .allowsHardLinks = task.allowsHardLinks};
+    };
     std::vector<RemovalReceipt> receipts;
     receipts.reserve(task.paths.size());
-    const auto total = static_cast<int>(task.paths.size());
-    for (const QString &path : task.paths) {
-        if (control.isStopped() || task.stop.stop_requested())
-            break;
-        receipts.push_back(treat(
-            remover, {.path = path, .keepsTimes = task.keepsTimes, .allowsHardLinks = task.allowsHardLinks}));
+    treatFiles({makeRemover, treat, control.stop(), task.stop}, nextOrder, [&](RemovalReceipt receipt) {
+        receipts.push_back(std::move(receipt));
         control.report(static_cast<int>(receipts.size()), total);
-    }
+    });
     return receipts;
 }
 
@@ -30,16 +40,12 @@ std::vector<RemovalReceipt> receiptsOf(const RemovalTask &task, const RunControl
 
 std::vector<RemovalReceipt> plannedReceipts(const RemovalTask &task, const RunControl &control)
 {
-    return receiptsOf(task, control, [&](MetadataRemover &remover, const MetadataRemover::Order &order) {
-        return remover.planned(order, control.stop());
-    });
+    return receiptsOf(task, control, &MetadataRemover::planned);
 }
 
 std::vector<RemovalReceipt> removeFromFiles(const RemovalTask &task, const RunControl &control)
 {
-    return receiptsOf(task, control, [&](MetadataRemover &remover, const MetadataRemover::Order &order) {
-        return remover.remove(order, control.stop());
-    });
+    return receiptsOf(task, control, &MetadataRemover::remove);
 }
 
 } // namespace quorvin

@@ -58,8 +58,8 @@ TEST(ReceiptModel, ShowsWhatStaysThenWhatGoesThenTheDigests)
         items.append(model.index(row, ReceiptModel::Name, file).data().toString() + u'='
                      + model.index(row, ReceiptModel::Outcome, file).data().toString());
     EXPECT_EQ(items,
-              (QStringList{u"c=stays: why"_s, u"a=removed"_s, u"b=removed"_s, u"SHA-512 before=11"_s,
-                           u"SHA-512 after=22"_s}));
+              (QStringList{u"c=stays: why"_s, u"a=removed"_s, u"b=removed"_s, u"SHA-256 before=11"_s,
+                           u"SHA-256 after=22"_s}));
 }
 
 } // namespace quorvin

@@ -1,0 +1,75 @@
+// SPDX-FileCopyrightText: 2026 The Quorvin authors
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "surgery/RewritingIo.h"
+
+#include "platform/FileCopy.h"
+#include "platform/NativePath.h"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+namespace quorvin {
+
+namespace {
+
+bool writeFromStart(int descriptor, const Exiv2::byte *bytes, std::size_t count)
+{
+    for (std::size_t done = 0; done < count;) {
+        const ssize_t written = ::pwrite(descriptor, bytes + done, count - done, static_cast<off_t>(done));
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        done += static_cast<std::size_t>(written);
+    }
+    return true;
+}
+
+} // namespace
+
+RewritingIo::RewritingIo(const RegularFile &original, int copy)
+    : DescriptorIo(original.descriptor(), original.size(), encodePath(original.resolvedPath()).toStdString()),
+      _original(original.descriptor()),
+      _copy(copy)
+{
+}
+
+RewritingIo::~RewritingIo()
+{
+    RewritingIo::munmap();
+}
+
+void RewritingIo::transfer(Exiv2::BasicIo &made)
+{
+    munmap();
+    if (made.open() != 0)
+        throw Exiv2::Error(Exiv2::kerDataSourceOpenFailed, made.path(), Exiv2::strError());
+    if (::ftruncate(_copy, 0) != 0 || !writeFromStart(_copy, made.mmap(), made.size()))
+        throw Exiv2::Error(Exiv2::kerTransferFailed, path(), Exiv2::strError());
+    made.close();
+}
+
+Exiv2::byte *RewritingIo::mmap(bool isWriteable)
+{
+    if (!isWriteable)
+        return DescriptorIo::mmap(false);
+    munmap();
+    void *mapping = copyBytes(_original, _copy)
+        ? ::mmap(nullptr, size(), PROT_READ | PROT_WRITE, MAP_SHARED, _copy, 0)
+        : MAP_FAILED;
+    if (mapping == MAP_FAILED)
+        throw Exiv2::Error(Exiv2::kerCallFailed, path(), Exiv2::strError(), "mmap");
+    _changeable = mapping;
+    return static_cast<Exiv2::byte *>(mapping);
+}
+
+int RewritingIo::munmap()
+{
+    return _changeable ? ::munmap(std::exchange(_changeable, nullptr), size()) : DescriptorIo::munmap();
+}
+
+} // namespace quorvin
