@@ -8,6 +8,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
+#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
@@ -210,6 +211,9 @@ Expected<void> checkParts(const oEXIV2Metadata &options, const QString &original
 Expected<void> checkRemoval(const oEXIV2Metadata &options, const RemovalResult &result,
                             const QString &original, const QString &copy)
 {
+    // Where nothing would be left the library does not write at all.
+    if (QFileInfo(copy).size() == 0)
+        return failure(checkText(kNotAll));
     const QSet<QString> removed(result.removed.begin(), result.removed.end());
     return checkItems(removed, original, copy).and_then([&] { return checkParts(options, original, copy); });
 }
