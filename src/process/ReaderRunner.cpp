@@ -138,7 +138,9 @@ std::unique_ptr<JobRunner> makeReaderRunner(std::shared_ptr<RootSet> roots, cons
 
 std::unique_ptr<JobRunner> makeWriterRunner(const QString &folder, const std::string &program)
 {
-    return std::make_unique<ReaderRunner>(std::make_shared<RootSet>(), program, folder);
+    // One of its own for each file would be started otherwise.
+    const auto everything = std::make_shared<RootSet>(QStringList(QStringLiteral("/")));
+    return std::make_unique<ReaderRunner>(everything, program, folder);
 }
 
 Expected<quint32> guardPartsInForce()

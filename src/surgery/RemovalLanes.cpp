@@ -25,7 +25,7 @@ constexpr std::size_t kOrdersOfLane = 2;
 class Lanes {
 public:
     explicit Lanes(const RemovalWork &work)
-        : _work(work), _count(std::clamp<std::size_t>(std::thread::hardware_concurrency(), 1, kMostLanes))
+        : _work(work), _count(std::clamp<std::size_t>(std::thread::hardware_concurrency() + 1, 2, kMostLanes))
     {
     }
 

@@ -16,6 +16,9 @@ namespace quorvin {
 
 namespace {
 
+/// The library copies the whole file by 4 KiB.
+constexpr std::size_t kReadAtOnce = 1 << 18;
+
 bool writeFromStart(int descriptor, const Exiv2::byte *bytes, std::size_t count)
 {
     for (std::size_t done = 0; done < count;) {
@@ -32,7 +35,8 @@ bool writeFromStart(int descriptor, const Exiv2::byte *bytes, std::size_t count)
 } // namespace
 
 RewritingIo::RewritingIo(const RegularFile &original, int copy)
-    : DescriptorIo(original.descriptor(), original.size(), encodePath(original.resolvedPath()).toStdString()),
+    : DescriptorIo(original.descriptor(), original.size(), encodePath(original.resolvedPath()).toStdString(),
+                   kReadAtOnce),
       _original(original.descriptor()),
       _copy(copy)
 {

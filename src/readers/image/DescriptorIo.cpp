@@ -34,8 +34,8 @@ std::size_t readAt(int descriptor, Exiv2::byte *bytes, std::size_t count, int64_
 
 } // namespace
 
-DescriptorIo::DescriptorIo(int descriptor, std::size_t size, std::string path)
-    : _descriptor(descriptor), _size(size), _path(std::move(path))
+DescriptorIo::DescriptorIo(int descriptor, std::size_t size, std::string path, std::size_t buffer)
+    : _descriptor(descriptor), _size(size), _path(std::move(path)), _buffer(buffer)
 {
 }
 
@@ -73,7 +73,7 @@ long DescriptorIo::read(Exiv2::byte *bytes, long count)
         return 0;
     const auto wanted = static_cast<std::size_t>(count);
     std::size_t done = fromBuffer(bytes, wanted);
-    if (done < wanted && wanted - done >= kBuffer) {
+    if (done < wanted && wanted - done >= _buffer.size()) {
         const std::size_t length = readAt(_descriptor, bytes + done, wanted - done, _place);
         _place += static_cast<int64_t>(length);
         done += length;

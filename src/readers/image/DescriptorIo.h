@@ -5,8 +5,8 @@
 
 #include <exiv2/exiv2.hpp>
 
-#include <array>
 #include <string>
+#include <vector>
 
 namespace quorvin {
 
@@ -17,8 +17,8 @@ namespace quorvin {
 class DescriptorIo : public Exiv2::BasicIo {
 public:
     /// The descriptor must outlive the object. `path` tells the library the file's name, nothing is opened by
-    /// it. `size` is in bytes.
-    DescriptorIo(int descriptor, std::size_t size, std::string path);
+    /// it. `size` is in bytes, as is what is read at once at least.
+    DescriptorIo(int descriptor, std::size_t size, std::string path, std::size_t buffer = 8192);
     ~DescriptorIo() override;
 
     int open() override;
@@ -42,8 +42,6 @@ public:
     std::string path() const override { return _path; }
 
 private:
-    static constexpr std::size_t kBuffer = 8192;
-
     std::size_t fromBuffer(Exiv2::byte *bytes, std::size_t count);
     void fillBuffer();
 
@@ -53,7 +51,7 @@ private:
     bool _isOpen = false;
     bool _metEnd = false;
     int64_t _place = 0;
-    std::array<Exiv2::byte, kBuffer> _buffer;
+    std::vector<Exiv2::byte> _buffer;
     int64_t _bufferPlace = 0; ///< of its first byte in the file
     std::size_t _buffered = 0; ///< bytes in it
     void *_mapping = nullptr;
