@@ -77,11 +77,7 @@ QList<Option> compareOptions()
 {
     const QStringList formats = ComparisonExport::formats();
     return {
-        {.names = {u"f"_s, u"format"_s},
-         .description = u"Format of the table: %1 (default: csv)."_s.arg(formats.join(", "_L1)),
-         .valueName = u"FORMAT"_s,
-         .choices = formats,
-         .take = put<&Arguments::format>},
+        formatOption(u"Format of the table"_s, formats, u"csv"_s),
         outputOption(),
         {.names = {u"only-differing"_s},
          .description = u"Leave out what is equal in all files; exit with 3 if anything is left."_s,

@@ -39,6 +39,15 @@ bool Document::isOutput() const
     return placeOf(_context.arguments.output) == Place::Output;
 }
 
+Option formatOption(const QString &what, const QStringList &formats, const QString &usual)
+{
+    return {.names = {u"f"_s, u"format"_s},
+            .description = u"%1: %2 (default: %3)."_s.arg(what, formats.join(", "_L1), usual),
+            .valueName = u"FORMAT"_s,
+            .choices = formats,
+            .take = put<&Arguments::format>};
+}
+
 Option outputOption()
 {
     return {.names = {u"o"_s, u"output"_s},

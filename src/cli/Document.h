@@ -7,6 +7,7 @@
 #include "intake/FilelistItem.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 #include <vector>
@@ -35,6 +36,8 @@ private:
     const Context &_context;
 };
 
+/// -f of a command with these formats, of which `usual` is taken without it; `what` has them.
+Option formatOption(const QString &what, const QStringList &formats, const QString &usual);
 /// -o of a command with one document.
 Option outputOption();
 /// What lets it replace a file of another kind.

@@ -75,11 +75,7 @@ Status exportFolder(const Context &context)
 QList<Option> exportOptions()
 {
     return {
-        {.names = {u"f"_s, u"format"_s},
-         .description = u"Format: %1 (default: txt)."_s.arg(exportFormats().join(", "_L1)),
-         .valueName = u"FORMAT"_s,
-         .choices = exportFormats(),
-         .take = put<&Arguments::format>},
+        formatOption(u"Format"_s, exportFormats(), u"txt"_s),
         {.names = {u"o"_s, u"output"_s},
          .description = u"Write one compound file; - is standard output (the default)."_s,
          .valueName = u"FILE"_s,

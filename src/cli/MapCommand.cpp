@@ -59,11 +59,7 @@ QList<Option> mapOptions()
 {
     const QStringList formats = placeFormats();
     return {
-        {.names = {u"f"_s, u"format"_s},
-         .description = u"Format: %1 (default: %2)."_s.arg(formats.join(", "_L1), formats.front()),
-         .valueName = u"FORMAT"_s,
-         .choices = formats,
-         .take = put<&Arguments::format>},
+        formatOption(u"Format"_s, formats, formats.front()),
         outputOption(),
         {.names = {u"skip-private"_s},
          .description = u"Leave out names and paths; positions and dates stay."_s,
