@@ -64,7 +64,6 @@ void ComparisonView::layOut()
     column->addWidget(line);
     column->addWidget(_table, 1);
     new FocusRing(_table);
-    setFocusProxy(_table);
 }
 
 void ComparisonView::connectTable()

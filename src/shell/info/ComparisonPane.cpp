@@ -3,6 +3,7 @@
 
 #include "shell/info/ComparisonPane.h"
 
+#include "shell/compare/ComparisonTable.h"
 #include "shell/compare/ComparisonView.h"
 #include "shell/compare/TableLook.h"
 #include "shell/info/EmptyPane.h"
@@ -29,6 +30,10 @@ ComparisonPane::ComparisonPane(LiveSettings &settings, QWidget *parent)
 void ComparisonPane::choosePage()
 {
     _pages->setCurrentWidget(_view->isEmpty() ? static_cast<QWidget *>(_empty) : _view);
+    // While there was no table the keyboard had nowhere else to go.
+    const QWidget *focus = window()->focusWidget();
+    if (!_view->isEmpty() && focus && (focus == this || focus->isAncestorOf(this)))
+        _view->table().setFocus();
 }
 
 void ComparisonPane::showEvent(QShowEvent *event)

@@ -23,6 +23,7 @@ bool isArrow(int key)
 FocusKeeper::FocusKeeper(QWidget *list, QWidget *content) : QObject(content), _list(list), _content(content)
 {
     list->installEventFilter(this);
+    content->installEventFilter(this);
     connect(qApp, &QApplication::focusChanged, this, &FocusKeeper::focusDidChange);
 }
 
@@ -33,12 +34,24 @@ bool FocusKeeper::eventFilter(QObject *watched, QEvent *event)
             _list->setFocus(Qt::OtherFocusReason);
         return false;
     }
+    if (watched == _content && event->type() == QEvent::Show)
+        windowDidShow();
     if (event->type() != QEvent::KeyPress)
         return false;
     const int key = static_cast<QKeyEvent *>(event)->key();
     if (key == Qt::Key_Tab || key == Qt::Key_Backtab)
         _isOwed = false;
     return isArrow(key) && qobject_cast<QAbstractButton *>(watched);
+}
+
+void FocusKeeper::windowDidShow()
+{
+    // The toolkit would give the keyboard to the first widget of the window instead.
+    const QWidget *window = _list->window();
+    if (window->focusWidget() != _list || _list->isVisibleTo(window))
+        return;
+    _isOwed = true;
+    placeInContent()->setFocus(Qt::OtherFocusReason);
 }
 
 void FocusKeeper::focusDidChange(QWidget *old, QWidget *now)
@@ -61,12 +74,17 @@ QWidget *FocusKeeper::placeInContent() const
 {
     if (QWidget *last = _content->focusWidget(); last && last->isVisible())
         return last;
+    QWidget *button = nullptr;
     for (QWidget *next = _content->nextInFocusChain(); next != _content; next = next->nextInFocusChain()) {
-        if (next->focusPolicy() & Qt::TabFocus && next->isEnabled() && next->isVisible()
-            && _content->isAncestorOf(next))
+        if (!(next->focusPolicy() & Qt::TabFocus) || !next->isEnabled() || !next->isVisible()
+            || !_content->isAncestorOf(next))
+            continue;
+        if (!qobject_cast<QAbstractButton *>(next))
             return next;
+        if (!button)
+            button = next;
     }
-    return _content;
+    return button ? button : _content;
 }
 
 } // namespace quorvin

@@ -22,8 +22,10 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    /// The list may be hidden already where the keyboard was meant for it.
+    void windowDidShow();
     void focusDidChange(QWidget *old, QWidget *now);
-    /// Where the keyboard was last in the content; else the first widget there that takes it.
+    /// Where the keyboard was last in the content; else the first widget there that takes it, buttons last.
     QWidget *placeInContent() const;
 
     QWidget *_list;

@@ -32,7 +32,6 @@ public:
         const QString keys = tab->shortcut().toString(QKeySequence::NativeText);
         setToolTip(plainTip(keys));
         setCheckable(true);
-        setFocusPolicy(Qt::TabFocus);
         connect(this, &QAbstractButton::clicked, tab, &QAction::trigger);
         connect(tab, &QAction::changed, this, [this, tab] { setChecked(tab->isChecked()); });
         setChecked(tab->isChecked());
@@ -77,8 +76,13 @@ TabSelector::TabSelector(const std::vector<QAction *> &tabs, QWidget *parent) : 
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
     row->setSpacing(0);
+    // The chosen tab alone is met by the Tab key; arrow keys lead on to the others.
+    connect(&_buttons, &QButtonGroup::buttonToggled, this, [](QAbstractButton *button, bool isChosen) {
+        button->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus);
+    });
     for (QAction *tab : tabs) {
         auto *button = new TabButton(tab);
+        button->setFocusPolicy(button->isChecked() ? Qt::TabFocus : Qt::NoFocus);
         _buttons.addButton(button);
         row->addWidget(button);
     }

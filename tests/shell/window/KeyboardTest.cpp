@@ -1,13 +1,16 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "shell/compare/ComparisonTable.h"
 #include "shell/compare/ComparisonView.h"
 #include "shell/outline/ExtendedOutline.h"
 #include "shell/window/SampleWindow.h"
 #include "shell/window/StatusLine.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QApplication>
+#include <QButtonGroup>
 #include <QContextMenuEvent>
 #include <QLabel>
 #include <QMenuBar>
@@ -17,6 +20,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <vector>
 
 namespace quorvin {
 
@@ -115,7 +119,7 @@ TEST_F(Keyboard, IsToldToReadersOfOneRow)
     EXPECT_EQ(readOut(table), u"movie.mp4 <- tone.wav"_s);
     auto *comparison = window->findChild<ComparisonView *>();
     run(Command::selectComparisonTab);
-    comparison->setFocus();
+    comparison->table().setFocus();
     EXPECT_FALSE(QAccessible::queryAccessibleInterface(comparison)->state().focused) << "but its table";
 }
 
@@ -171,6 +175,44 @@ TEST_F(Keyboard, ADropWithControlHeldSelectsOneRow)
     QApplication::sendEvent(table->viewport(), &menu);
     EXPECT_EQ(selected(), QStringLiteral("0")) << "a menu beside it selects nothing";
     QTest::keyRelease(window->windowHandle(), Qt::Key_Control, Qt::NoModifier);
+}
+
+TEST_F(Keyboard, TabReachesWhatEveryPaneOffers)
+{
+    const auto *comparison = window->findChild<ComparisonView *>();
+    for (const Command tab : {Command::selectComparisonTab, Command::selectGeneralTab,
+                              Command::selectExtendedTab, Command::selectCustomTab}) {
+        run(tab);
+        ASSERT_TRUE(spinUntil([&] { return tab != Command::selectComparisonTab || !comparison->isEmpty(); }));
+        std::vector<QWidget *> missing;
+        for (auto *widget : window->findChildren<QWidget *>()) {
+            const auto *button = qobject_cast<QAbstractButton *>(widget);
+            // Of several that exclude each other the chosen one stands for all.
+            const bool isOther = button && button->group() && !button->isChecked();
+            if (widget->focusPolicy() & Qt::TabFocus && widget->isVisible() && widget->isEnabled()
+                && !isOther)
+                missing.push_back(widget);
+        }
+        ASSERT_FALSE(missing.empty());
+        for (std::size_t step = missing.size() + 2; step > 0; --step) {
+            std::erase(missing, QApplication::focusWidget());
+            QTest::keyClick(window->windowHandle(), Qt::Key_Tab);
+        }
+        // The button that stops reading goes with the last file.
+        std::erase_if(missing, [](const QWidget *widget) { return !widget->isVisible(); });
+        for (const QWidget *widget : missing)
+            ADD_FAILURE() << widget->metaObject()->className() << ' ' << qPrintable(widget->accessibleName());
+    }
+}
+
+TEST_F(Keyboard, IsInTheTableOfAComparisonThatComesLater)
+{
+    const auto *comparison = window->findChild<ComparisonView *>();
+    run(Command::selectExtendedTab);
+    tree->setFocus();
+    run(Command::selectComparisonTab);
+    ASSERT_TRUE(spinUntil([comparison] { return !comparison->isEmpty(); }));
+    EXPECT_TRUE(window->findChild<ComparisonTable *>()->hasFocus());
 }
 
 } // namespace quorvin
