@@ -61,7 +61,7 @@ inline constexpr std::array kEditMenu{
                .icon = "edit-select-all",
                .keys = "Ctrl+A",
                .menu = CommandMenu::Edit,
-               .section = 2,
+               .section = 1,
                .places = CommandPlace::TreeMenu,
                // From the list it would select in another pane than the one that is looked at.
                .isEnabled =
@@ -92,21 +92,21 @@ inline constexpr std::array kEditMenu{
                .icon = "list-remove",
                .keys = "Del; Backspace",
                .menu = CommandMenu::Edit,
-               .section = 2,
+               .section = 3,
                .places = CommandPlace::FileMenu | CommandPlace::ListArea,
                .isEnabled = [](const CommandState &state) { return state.hasFiles; }},
     CommandRow{.command = Command::selectNextFailed,
                .text = QT_TRANSLATE_NOOP("Commands", "&Next Failed File"),
                .keys = "F8",
                .menu = CommandMenu::Edit,
-               .section = 2,
+               .section = 3,
                .isEnabled = [](const CommandState &state) { return state.hasFailed; }},
     CommandRow{.command = Command::openPreferences,
                .text = QT_TRANSLATE_NOOP("Commands", "Pre&ferences…"),
                .icon = "configure",
                .keys = "Ctrl+,",
                .menu = CommandMenu::Edit,
-               .section = 3},
+               .section = 4},
 };
 
 } // namespace quorvin
