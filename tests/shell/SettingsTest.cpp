@@ -12,6 +12,8 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QSpinBox>
 #include <QTabWidget>
@@ -119,6 +121,12 @@ TEST_F(LiveSettingsTest, DialogsBeginWhereTheLastOneEnded)
     QFileDialog second;
     startInLastFolder(second, settings);
     EXPECT_EQ(second.directory().absolutePath(), films);
+    second.setFileMode(QFileDialog::AnyFile);
+    second.setOption(QFileDialog::DontUseNativeDialog);
+    second.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"))->setText(folder / QStringLiteral("typed"));
+    Q_EMIT second.accepted();
+    EXPECT_EQ(settings.string(Setting::lastFolder), QFileInfo(films).path());
+    settings.set(Setting::lastFolder, films);
     QDir(films).removeRecursively();
     QFileDialog third;
     startInLastFolder(third, settings);

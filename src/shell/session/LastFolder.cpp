@@ -7,16 +7,28 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QFileInfo>
 
 namespace quorvin {
+
+namespace {
+
+/// That of what was chosen: a path that is typed leads elsewhere than the folder that is shown.
+QString folderOf(const QFileDialog &dialog)
+{
+    const QString shown = dialog.directory().absolutePath();
+    const QStringList chosen = dialog.selectedFiles();
+    return chosen.isEmpty() || chosen.first() == shown ? shown : QFileInfo(chosen.first()).absolutePath();
+}
+
+} // namespace
 
 void startInLastFolder(QFileDialog &dialog, LiveSettings &settings)
 {
     const QString last = settings.string(Setting::lastFolder);
     dialog.setDirectory(!last.isEmpty() && QDir(last).exists() ? last : QDir::homePath());
-    QObject::connect(&dialog, &QFileDialog::accepted, &dialog, [&dialog, &settings] {
-        settings.set(Setting::lastFolder, dialog.directory().absolutePath());
-    });
+    QObject::connect(&dialog, &QFileDialog::accepted, &dialog,
+                     [&dialog, &settings] { settings.set(Setting::lastFolder, folderOf(dialog)); });
 }
 
 } // namespace quorvin
