@@ -7,6 +7,9 @@
 #include "shell/desktop/PlainText.h"
 #include "shell/surgery/RemovalWords.h"
 
+#include <QColor>
+
+#include <algorithm>
 #include <utility>
 
 namespace quorvin {
@@ -28,6 +31,8 @@ void ReceiptModel::setReceipts(std::vector<RemovalReceipt> receipts, QStringList
     _receipts = std::move(receipts);
     _names = std::move(names);
     _isPlan = isPlan;
+    _hasFailures
+        = std::ranges::any_of(_receipts, [](const auto &receipt) { return !receipt.failure.isEmpty(); });
     endResetModel();
 }
 
@@ -85,8 +90,12 @@ QVariant ReceiptModel::data(const QModelIndex &index, int role) const
     const RemovalReceipt *above = receiptAbove(index);
     const auto row = static_cast<std::size_t>(index.row());
     if (role == Qt::DecorationRole) {
-        const bool isWarned = !above && index.column() == Name && !receiptAt(row).failure.isEmpty();
-        return isWarned ? symbolIcon(QStringLiteral("dialog-warning")) : QVariant();
+        if (above || index.column() != Name || !_hasFailures)
+            return {};
+        if (!receiptAt(row).failure.isEmpty())
+            return symbolIcon(QStringLiteral("dialog-warning"));
+        // As much room, so that all names begin at one place.
+        return QColor(Qt::transparent);
     }
     const bool isTip = role == Qt::ToolTipRole;
     const Texts texts = above ? textsOfItem(*above, row)

@@ -47,6 +47,7 @@ private:
     std::vector<RemovalReceipt> _receipts;
     QStringList _names;
     bool _isPlan = true;
+    bool _hasFailures = false;
 };
 
 } // namespace quorvin

@@ -53,6 +53,7 @@ TEST(ReceiptModel, ShowsWhatStaysThenWhatGoesThenTheDigests)
     EXPECT_EQ(model.rowCount(model.index(0, 0)), 0);
     const QModelIndex file = model.index(1, ReceiptModel::Name);
     EXPECT_EQ(file.data(), u"x/two"_s);
+    EXPECT_TRUE(file.data(Qt::DecorationRole).isValid()) << "names begin at one place";
     QStringList items;
     for (int row = 0; row < model.rowCount(file); ++row)
         items.append(model.index(row, ReceiptModel::Name, file).data().toString() + u'='
@@ -60,6 +61,8 @@ TEST(ReceiptModel, ShowsWhatStaysThenWhatGoesThenTheDigests)
     EXPECT_EQ(items,
               (QStringList{u"c=stays: why"_s, u"a=removed"_s, u"b=removed"_s, u"SHA-256 before=11"_s,
                            u"SHA-256 after=22"_s}));
+    model.setReceipts({written}, {u"x/two"_s}, false);
+    EXPECT_FALSE(model.index(0, ReceiptModel::Name).data(Qt::DecorationRole).isValid());
 }
 
 } // namespace quorvin
