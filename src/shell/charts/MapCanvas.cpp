@@ -21,6 +21,7 @@ namespace quorvin {
 namespace {
 
 constexpr double kStep = 2; ///< of a zoom by keys and buttons
+constexpr double kOneMark = 24; ///< pixels; what lies nearer together looks like one spot
 constexpr double kWheelStep = 240; ///< eighths of a degree that double the scale
 constexpr int kPan = 64; ///< pixels that an arrow key moves the map by
 constexpr QSize kLeastSize(240, 160);
@@ -122,7 +123,11 @@ MapView MapCanvas::viewOfAll() const
     const LocatedFilesPtr &all = files();
     if (!all || all->points.empty())
         return MapView::wholeWorld(_view.type, size());
-    return MapView::fitting(_view.type, size(), boundsOf(all->points));
+    const QRectF bounds = boundsOf(all->points);
+    // What is one mark on the map of a town is shown there, where names tell which part of the Earth it is.
+    const MapView town = MapView::fitting(_view.type, size(), QRectF(bounds.center(), bounds.center()));
+    const bool isOneMark = std::max(bounds.width(), bounds.height()) * town.worldWidth < kOneMark;
+    return isOneMark ? town : MapView::fitting(_view.type, size(), bounds);
 }
 
 void MapCanvas::setView(const MapView &view, bool byUser)
@@ -329,6 +334,8 @@ void MapCanvas::paintEvent(QPaintEvent *)
 
 void MapCanvas::paintMap(QPainter &painter)
 {
+    // A map is not mirrored, and neither is what stands on it.
+    painter.setLayoutDirection(Qt::LeftToRight);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setFont(font());
     paintScaleBar(painter, _view, mapColorsOf(palette()));

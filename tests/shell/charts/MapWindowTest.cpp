@@ -239,6 +239,16 @@ TEST(CanvasWindow, KeysWalkTheMarksAndMoveTheMap)
     EXPECT_TRUE(QRectF(map.canvas.rect()).contains(map.pixelOf(kLausanne)));
 }
 
+TEST(CanvasWindow, OneSpotIsShownWithTheTownsAroundIt)
+{
+    const Location roundTheCorner{kLausanne.latitude + 1e-3, kLausanne.longitude};
+    ShownMap one({fileAt(kLausanne)});
+    ShownMap two({fileAt(kLausanne), fileAt(roundTheCorner)});
+    EXPECT_EQ(two.canvas.view().worldWidth, one.canvas.view().worldWidth);
+    two.click(kLausanne);
+    EXPECT_GT(two.canvas.view().worldWidth, one.canvas.view().worldWidth * 10) << "a click parts them";
+}
+
 TEST(CanvasWindow, ADragMovesWhatIsUnderThePointerAndAWheelKeepsItThere)
 {
     ShownMap map({fileAt(kLausanne), fileAt(kGeneva)});
