@@ -20,6 +20,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/desktop/PlaceText.cpp
     shell/desktop/PlainText.cpp
     shell/desktop/TownLookup.cpp
+    shell/desktop/ValueDelegate.cpp
 
     shell/session/FileDialogs.cpp
     shell/session/LastFolder.cpp

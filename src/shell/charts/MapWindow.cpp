@@ -10,6 +10,7 @@
 #include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/desktop/ValueDelegate.h"
 #include "shell/filelist/FilelistController.h"
 
 #include <QCheckBox>
@@ -197,6 +198,7 @@ void MapWindow::connectParts()
 void MapWindow::connectTable()
 {
     _table->setModel(_model);
+    _table->setItemDelegate(new ValueDelegate(_table));
     _table->setAccessibleName(tr("Files on the map"));
     _table->setSelectionBehavior(QAbstractItemView::SelectRows);
     _table->setAlternatingRowColors(true);

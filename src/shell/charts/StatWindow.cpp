@@ -9,6 +9,7 @@
 #include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/desktop/ValueDelegate.h"
 #include "shell/filelist/FilelistController.h"
 #include "statistics/CountText.h"
 
@@ -173,6 +174,7 @@ void StatWindow::connectTable()
     _table->setShowGrid(false);
     _table->setWordWrap(false);
     _table->setTabKeyNavigation(false);
+    _table->setItemDelegate(new ValueDelegate(_table));
     _table->verticalHeader()->hide();
     _table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     QHeaderView *header = _table->horizontalHeader();

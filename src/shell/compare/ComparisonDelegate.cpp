@@ -107,6 +107,8 @@ void ComparisonDelegate::paintText(QPainter *painter, const QRect &room, const Q
     const bool isPlain = text.size() <= kMostQuickLetters && !text.contains(u'\n') && !text.isRightToLeft();
     if (isPlain && metrics.horizontalAdvance(text) <= room.width()) {
         const auto side = QStyle::visualAlignment(painter->layoutDirection(), Qt::AlignLeading);
+        // As it would be laid out: by its own script, whatever the window's direction.
+        painter->setLayoutDirection(Qt::LeftToRight);
         painter->drawText(room, static_cast<int>(side) | Qt::AlignTop | Qt::TextSingleLine, text);
         return;
     }

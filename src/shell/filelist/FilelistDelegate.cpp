@@ -100,12 +100,16 @@ void drawTexts(QPainter *painter, const QRect &room, const QStyleOptionViewItem 
     const QPalette::ColorGroup group
         = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
     const bool isSelected = option.state & QStyle::State_Selected;
+    const auto draw = [&](int x, const QString &text) {
+        painter->setLayoutDirection(isMirrored && text.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight);
+        painter->drawText(x, baseline, text);
+    };
     painter->setFont(option.font);
     painter->setPen(
         option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::PlaceholderText));
-    painter->drawText(left, baseline, texts.folder);
+    draw(left, texts.folder);
     painter->setPen(option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text));
-    painter->drawText(left + folderWidth, baseline, texts.name);
+    draw(left + folderWidth, texts.name);
     if (!mark.isEmpty())
         painter->drawText(isMirrored ? room.left() : room.right() + 1 - markWidth + kMarkGap, baseline, mark);
 }

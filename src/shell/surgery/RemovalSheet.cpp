@@ -6,6 +6,7 @@
 #include "platform/NativePath.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/desktop/ValueDelegate.h"
 #include "shell/session/FileDialogs.h"
 #include "shell/session/LiveSettings.h"
 #include "shell/surgery/ReceiptModel.h"
@@ -90,6 +91,7 @@ RemovalSheet::RemovalSheet(LiveSettings &settings, const RemovalFiles &files, co
 void RemovalSheet::layOut()
 {
     _list->setModel(_receipts);
+    _list->setItemDelegate(new ValueDelegate(_list));
     _list->setUniformRowHeights(true);
     _list->setTextElideMode(Qt::ElideMiddle);
     _list->setAccessibleName(tr("What comes of each image"));
