@@ -227,6 +227,7 @@ CountPlot::CountPlot(QWidget *parent) : QWidget(parent), _drawing(std::make_uniq
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(_drawing->plot);
+    setMinimumHeight(fontMetrics().height() * (kFewestBars + kLinesOfAxis));
     _drawing->plot->installEventFilter(this);
     setAccessibleName(tr("Plot"));
     setAccessibleDescription(tr("The table below says the same"));

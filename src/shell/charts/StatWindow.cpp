@@ -37,6 +37,8 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr QSize kFirstSize(1000, 640);
+constexpr QSize kLeastSize(600, 400);
+constexpr int kLeastChooserLetters = 28;
 constexpr auto kFirstParameter = "File/Kind"_L1; ///< each file has one
 
 QItemSelection rangesOf(const std::vector<std::size_t> &rows, const QAbstractItemModel &model)
@@ -72,6 +74,7 @@ StatWindow::StatWindow(FilelistController &files, LiveSettings &settings, QWidge
     layOut();
     connectParts();
     connectTable();
+    setMinimumSize(kLeastSize);
     resize(kFirstSize);
     rowsDidChange();
 }
@@ -117,7 +120,7 @@ QWidget *StatWindow::makeButtons()
     auto *buttons = new QWidget;
     auto *row = new QHBoxLayout(buttons);
     row->setContentsMargins(0, 0, 0, 0);
-    row->addWidget(_note, 1);
+    row->addStretch();
     row->addWidget(_showOnly);
     row->addWidget(copyButton);
     row->addWidget(_exportButton);
@@ -128,6 +131,8 @@ void StatWindow::layOut()
 {
     _headline->setWordWrap(true);
     _note->setWordWrap(true);
+    _note->hide();
+    _chooser->setMinimumWidth(fontMetrics().averageCharWidth() * kLeastChooserLetters);
     auto *plotAndTable = new QSplitter(Qt::Vertical);
     plotAndTable->setChildrenCollapsible(false);
     plotAndTable->addWidget(_plot);
@@ -138,6 +143,7 @@ void StatWindow::layOut()
     column->addWidget(_headline);
     column->addWidget(makeControls());
     column->addWidget(plotAndTable, 1);
+    column->addWidget(_note);
     column->addWidget(makeButtons());
     auto *halves = new QSplitter;
     halves->setChildrenCollapsible(false);
@@ -159,7 +165,7 @@ void StatWindow::connectParts()
     connect(_plot, &CountPlot::rowsChosen, this, &StatWindow::chooseRows);
     connect(_showOnly, &QPushButton::clicked, this, &StatWindow::showOnlyThese);
     connect(_export, &StatExport::exported, this,
-            [this](const QString &path) { _note->setText(tr("Exported to “%1”").arg(path)); });
+            [this](const QString &path) { tell(tr("Exported to “%1”").arg(path)); });
     connect(new QShortcut(QKeySequence::Close, this), &QShortcut::activated, this, &QWidget::close);
     connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this, &QWidget::close);
 }
@@ -168,13 +174,13 @@ void StatWindow::connectTable()
 {
     connect(_plot, &CountPlot::isCutDidChange, this, &StatWindow::showNote);
     _table->setModel(_model);
+    _table->setItemDelegate(new ValueDelegate(_table));
     _table->setAccessibleName(tr("Counts"));
     _table->setSelectionBehavior(QAbstractItemView::SelectRows);
     _table->setAlternatingRowColors(true);
     _table->setShowGrid(false);
     _table->setWordWrap(false);
     _table->setTabKeyNavigation(false);
-    _table->setItemDelegate(new ValueDelegate(_table));
     _table->verticalHeader()->hide();
     _table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     QHeaderView *header = _table->horizontalHeader();
@@ -280,6 +286,12 @@ void StatWindow::showControls(const CountTable &table)
     showNote();
 }
 
+void StatWindow::tell(const QString &note)
+{
+    _note->setText(note);
+    _note->setVisible(!note.isEmpty());
+}
+
 void StatWindow::showNote()
 {
     const CountTablePtr &table = _model->table();
@@ -289,7 +301,7 @@ void StatWindow::showNote()
     if (table && _plot->isCut())
         notes.append(tr("The plot shows the most frequent values; the table has all %1.")
                          .arg(groupedCount(static_cast<qint64>(table->counted().size()))));
-    _note->setText(notes.join(u' '));
+    tell(notes.join(u' '));
 }
 
 std::vector<std::size_t> StatWindow::selectedRows() const
@@ -333,9 +345,9 @@ void StatWindow::selectFiles(bool adds)
     // A list takes only so many pieces of a selection.
     const auto count = static_cast<qint64>(files.size());
     const bool isWhole = adds || selection.count() >= count;
-    _note->setText(isWhole ? tr("Selected: %1").arg(countOfFiles(count))
-                           : tr("Selected: %1 of %2; Show Only These has all")
-                                 .arg(groupedCount(selection.count()), countOfFiles(count)));
+    tell(isWhole ? tr("Selected: %1").arg(countOfFiles(count))
+                 : tr("Selected: %1 of %2; Show Only These has all")
+                       .arg(groupedCount(selection.count()), countOfFiles(count)));
 }
 
 void StatWindow::showOnlyThese()

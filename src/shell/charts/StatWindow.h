@@ -59,6 +59,8 @@ private:
     void showCount(const CountTablePtr &table);
     void showControls(const CountTable &table);
     /// What the plot and the table do not tell.
+    /// Says it below the table; "" says nothing.
+    void tell(const QString &note);
     void showNote();
     std::vector<std::size_t> selectedRows() const;
     /// These rows are chosen: their files are selected in the list.
