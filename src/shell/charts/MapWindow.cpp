@@ -92,7 +92,7 @@ MapWindow::MapWindow(FilelistController &files, LiveSettings &settings, QWidget 
 QWidget *MapWindow::makeControls()
 {
     _type->addItems({tr("Web Mercator"), tr("Whole Earth, with the poles")});
-    _type->setAccessibleName(tr("Kind of map"));
+    setChoiceName(_type, tr("Kind of map"));
     _onlyInView->setToolTip(plainTip(tr("List only files recorded in this part of the Earth")));
     auto *controls = new QWidget;
     auto *row = new QHBoxLayout(controls);
@@ -154,6 +154,8 @@ void MapWindow::layOut()
     mapAndTable->setChildrenCollapsible(false);
     mapAndTable->addWidget(_canvas);
     mapAndTable->addWidget(_table);
+    // Readers go by this order, which the splitter turns round.
+    _canvas->lower();
     mapAndTable->setStretchFactor(0, 1);
     mapAndTable->setSizes({kFirstMapSize.height() * 2 / 3, kFirstMapSize.height() / 3});
     auto *column = new QVBoxLayout(this);

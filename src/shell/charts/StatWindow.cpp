@@ -91,7 +91,7 @@ QWidget *StatWindow::makeControls()
           std::pair(tr("Month of the year"), DateStep::MonthOfYear),
           std::pair(tr("Hour of the day"), DateStep::HourOfDay)})
         _steps->addItem(text, static_cast<int>(step));
-    _steps->setAccessibleName(tr("Steps of dates"));
+    setChoiceName(_steps, tr("Steps of dates"));
     _steps->hide();
     auto *controls = new QWidget;
     auto *row = new QHBoxLayout(controls);
@@ -137,6 +137,8 @@ void StatWindow::layOut()
     plotAndTable->setChildrenCollapsible(false);
     plotAndTable->addWidget(_plot);
     plotAndTable->addWidget(_table);
+    // Readers go by this order, which the splitter turns round.
+    _plot->lower();
     auto *right = new QWidget;
     auto *column = new QVBoxLayout(right);
     column->setContentsMargins(0, 0, 0, 0);
@@ -149,6 +151,7 @@ void StatWindow::layOut()
     halves->setChildrenCollapsible(false);
     halves->addWidget(_chooser);
     halves->addWidget(right);
+    _chooser->lower();
     halves->setStretchFactor(1, 1);
     halves->setSizes({kFirstSize.width() / 3, kFirstSize.width() * 2 / 3});
     auto *whole = new QVBoxLayout(this);

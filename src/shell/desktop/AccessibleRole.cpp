@@ -6,6 +6,7 @@
 #include <QAbstractButton>
 #include <QAccessibleWidget>
 #include <QApplication>
+#include <QComboBox>
 #include <QVariant>
 
 namespace quorvin {
@@ -62,6 +63,12 @@ void setAccessibleRole(QWidget *widget, QAccessible::Role role)
     }();
     Q_UNUSED(isInstalled);
     widget->setProperty(kProperty, int{role});
+}
+
+void setChoiceName(QComboBox *box, const QString &name)
+{
+    box->setAccessibleName(name);
+    box->setAccessibleDescription(name);
 }
 
 } // namespace quorvin

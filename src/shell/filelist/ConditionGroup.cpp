@@ -3,6 +3,7 @@
 
 #include "shell/filelist/ConditionGroup.h"
 
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/filelist/ConditionRow.h"
 
@@ -24,7 +25,7 @@ constexpr int kPartIndent = 20;
 ConditionGroup::ConditionGroup(QAbstractItemModel &names, Place place, QWidget *parent)
     : QWidget(parent), _names(names), _mode(new QComboBox), _parts(new QVBoxLayout)
 {
-    _mode->setAccessibleName(tr("How many of the conditions have to hold"));
+    setChoiceName(_mode, tr("How many of the conditions have to hold"));
     for (const QString &text : {tr("All"), tr("Any"), tr("None"), tr("Not all")})
         _mode->addItem(text);
     auto *head = new QHBoxLayout;

@@ -51,7 +51,7 @@ constexpr std::array kComparisons{
 QComboBox *comboOf(const QString &name)
 {
     auto *combo = new QComboBox;
-    combo->setAccessibleName(name);
+    setChoiceName(combo, name);
     return combo;
 }
 

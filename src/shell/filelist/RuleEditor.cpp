@@ -4,6 +4,7 @@
 #include "shell/filelist/RuleEditor.h"
 
 #include "filter/RuleText.h"
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/filelist/ConditionGroup.h"
 #include "shell/filelist/RuleField.h"
@@ -88,7 +89,7 @@ QWidget *RuleEditor::savedRow()
     _savedNames->setEditable(true);
     _savedNames->setInsertPolicy(QComboBox::NoInsert);
     _savedNames->lineEdit()->setPlaceholderText(tr("Name of the rule"));
-    _savedNames->setAccessibleName(tr("Saved rules"));
+    setChoiceName(_savedNames, tr("Saved rules"));
     auto *save = new QPushButton(tr("&Save"));
     auto *forget = new QPushButton(tr("&Forget"));
     row->addWidget(_savedNames, 1);

@@ -4,6 +4,7 @@
 #include "shell/info/CustomPane.h"
 
 #include "platform/NativePath.h"
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/info/ExtSearchBar.h"
 #include "shell/info/RawReports.h"
@@ -66,7 +67,7 @@ CustomPane::CustomPane(LiveSettings &settings, QWidget *parent)
 {
     for (const ReportChoice &choice : kReports)
         _source->addItem(QCoreApplication::translate("Reports", choice.text), QLatin1String(choice.source));
-    _source->setAccessibleName(tr("Which report"));
+    setChoiceName(_source, tr("Which report"));
     _report->view().setAccessibleName(tr("Report"));
     _wrap->setCheckable(true);
     _report->setWrapsLines(false);

@@ -5,6 +5,7 @@
 
 #include "platform/NativePath.h"
 #include "readers/RawReport.h"
+#include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/info/RawReports.h"
 #include "shell/outline/CellText.h"
@@ -39,7 +40,7 @@ RawReportDialog::RawReportDialog(const Settings &settings, const QString &path, 
         if (rawSourceTakesFiles(source))
             _source->addItem(source);
     }
-    _source->setAccessibleName(tr("Library"));
+    setChoiceName(_source, tr("Library"));
     _text->setReadOnly(true);
     _text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     _text->setAccessibleName(tr("Report"));

@@ -12,6 +12,7 @@
 #include "support/TestRecords.h"
 
 #include <QAbstractItemModelTester>
+#include <QAccessible>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -104,6 +105,15 @@ struct PlacesWindow : test::SampleWindow {
 };
 
 } // namespace
+
+TEST_F(PlacesWindow, ReadersMeetTheMapBeforeItsTable)
+{
+    const QAccessibleInterface *halves = QAccessible::queryAccessibleInterface(map->table().parentWidget());
+    ASSERT_TRUE(halves);
+    EXPECT_EQ(halves->child(0)->text(QAccessible::Name), u"Map"_s);
+    const auto *kind = map->findChild<QComboBox *>();
+    EXPECT_EQ(kind->accessibleDescription(), u"Kind of map"_s) << "its name is what is chosen";
+}
 
 TEST_F(PlacesWindow, CountsAndTableSelectTheirFiles)
 {
