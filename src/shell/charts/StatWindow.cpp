@@ -37,7 +37,7 @@ namespace {
 using namespace Qt::StringLiterals;
 
 constexpr QSize kFirstSize(1000, 640);
-constexpr QSize kLeastSize(600, 400);
+constexpr QSize kLeastWindowSize(600, 400);
 constexpr int kLeastChooserLetters = 28;
 constexpr auto kFirstParameter = "File/Kind"_L1; ///< each file has one
 
@@ -74,7 +74,7 @@ StatWindow::StatWindow(FilelistController &files, LiveSettings &settings, QWidge
     layOut();
     connectParts();
     connectTable();
-    setMinimumSize(kLeastSize);
+    setMinimumSize(kLeastWindowSize);
     resize(kFirstSize);
     rowsDidChange();
 }
