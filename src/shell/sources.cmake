@@ -19,6 +19,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/desktop/PictureThread.cpp
     shell/desktop/PlaceText.cpp
     shell/desktop/PlainText.cpp
+    shell/desktop/SearchField.cpp
     shell/desktop/TownLookup.cpp
     shell/desktop/ValueDelegate.cpp
 

@@ -6,11 +6,11 @@
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/Icons.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/desktop/SearchField.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QToolButton>
 
 namespace quorvin {
@@ -22,15 +22,16 @@ constexpr int kTextWidth = 240;
 
 } // namespace
 
-FindBar::FindBar(QWidget *parent) : QWidget(parent), _text(new QLineEdit), _hits(plainLabel())
+FindBar::FindBar(QWidget *parent)
+    : QWidget(parent),
+      _text(new SearchField(nullptr, symbolIcon(QStringLiteral("edit-find")))),
+      _hits(plainLabel())
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(kBarMargin, kBarMargin / 2, kBarMargin, kBarMargin / 2);
     _text->setPlaceholderText(tr("Find in the comparison"));
     _text->setAccessibleName(tr("Find in the comparison"));
-    _text->setClearButtonEnabled(true);
     _text->setMaximumWidth(kTextWidth);
-    _text->addAction(symbolIcon(QStringLiteral("edit-find")), QLineEdit::LeadingPosition);
     _hits->setForegroundRole(QPalette::PlaceholderText);
     row->addWidget(_text, 1);
     QToolButton *previous = addButton(Qt::UpArrow, tr("Previous hit"));

@@ -5,14 +5,13 @@
 
 #include "filter/RuleText.h"
 #include "shell/desktop/Counts.h"
-#include "shell/desktop/Icons.h"
+#include "shell/desktop/SearchField.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/filelist/FilelistTable.h"
 #include "shell/filelist/FilterStrip.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLineEdit>
 #include <QVBoxLayout>
 
 namespace quorvin {
@@ -55,7 +54,7 @@ FilelistPane::FilelistPane(FilelistController &files, FilelistTable *table, QWid
       _files(files),
       _table(table),
       _fieldRow(new QWidget),
-      _filenameSearchField(new QLineEdit),
+      _filenameSearchField(new SearchField),
       _strip(new FilterStrip)
 {
     auto *column = new QVBoxLayout(this);
@@ -70,8 +69,6 @@ FilelistPane::FilelistPane(FilelistController &files, FilelistTable *table, QWid
     column->addWidget(table, 1);
     _filenameSearchField->setPlaceholderText(tr("Filter by name"));
     _filenameSearchField->setAccessibleName(tr("Filter by name"));
-    _filenameSearchField->setClearButtonEnabled(true);
-    _filenameSearchField->addAction(themedIcon(QStringLiteral("edit-find")), QLineEdit::LeadingPosition);
     _filenameSearchField->installEventFilter(this);
     _fieldRow->hide();
     connect(_filenameSearchField, &QLineEdit::textChanged, this, &FilelistPane::updateFilenameSearch);

@@ -15,11 +15,17 @@ RuleField::RuleField(const QStringListModel &names, QWidget *parent)
 {
     setAccessibleName(tr("Rule as text"));
     setPlaceholderText(tr("[Video/Width] >= 1920 AND fileType = 'Video'"));
-    setClearButtonEnabled(true);
     _completer->setWidget(this);
     _completer->setCompletionMode(QCompleter::UnfilteredPopupCompletion);
     connect(_completer, qOverload<const QString &>(&QCompleter::activated), this, &RuleField::take);
     connect(this, &QLineEdit::textEdited, this, &RuleField::offer);
+}
+
+void RuleField::showEvent(QShowEvent *event)
+{
+    // Not before: a window opens without its rules.
+    setClearButtonEnabled(true);
+    QLineEdit::showEvent(event);
 }
 
 void RuleField::offer()

@@ -18,6 +18,9 @@ public:
     /// `names` has the parameters, and must outlive the field.
     explicit RuleField(const QStringListModel &names, QWidget *parent = nullptr);
 
+protected:
+    void showEvent(QShowEvent *event) override;
+
 private:
     void offer();
     void take(const QString &word);

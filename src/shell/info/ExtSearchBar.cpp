@@ -4,13 +4,12 @@
 #include "shell/info/ExtSearchBar.h"
 
 #include "shell/desktop/Counts.h"
-#include "shell/desktop/Icons.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/desktop/SearchField.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QStyle>
 #include <QToolButton>
 
@@ -25,7 +24,7 @@ constexpr int kSearchPauseMilliseconds = 150; ///< a tree of thousands of rows i
 } // namespace
 
 ExtSearchBar::ExtSearchBar(QWidget *parent)
-    : QWidget(parent), _searchField(new QLineEdit), _hits(plainLabel())
+    : QWidget(parent), _searchField(new SearchField), _hits(plainLabel())
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(8, 4, 8, 4);
@@ -35,8 +34,6 @@ ExtSearchBar::ExtSearchBar(QWidget *parent)
     _hits->setForegroundRole(QPalette::PlaceholderText);
     _searchField->setPlaceholderText(tr("Find in this file"));
     _searchField->setAccessibleName(tr("Find in this file"));
-    _searchField->setClearButtonEnabled(true);
-    _searchField->addAction(themedIcon(QStringLiteral("edit-find")), QLineEdit::LeadingPosition);
     _searchField->installEventFilter(this);
     connect(addButton(QStringLiteral("\u25b2"), tr("Previous hit")), &QToolButton::clicked, this,
             [this] { Q_EMIT nextWanted(true); });

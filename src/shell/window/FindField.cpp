@@ -3,8 +3,6 @@
 
 #include "shell/window/FindField.h"
 
-#include "shell/desktop/Icons.h"
-
 #include <QKeyEvent>
 
 namespace quorvin {
@@ -15,13 +13,11 @@ constexpr int kPauseMilliseconds = 600; ///< without a key, and what stands ther
 
 } // namespace
 
-FindField::FindField(QWidget *parent) : QLineEdit(parent)
+FindField::FindField(QWidget *parent) : SearchField(parent)
 {
     setPlaceholderText(tr("Search all files"));
     setAccessibleName(tr("Search all files"));
     setAccessibleDescription(tr("Shows only files that have the text in a parameter"));
-    setClearButtonEnabled(true);
-    addAction(themedIcon(QStringLiteral("edit-find")), LeadingPosition);
     // Comes into the keyboard's way by its command alone.
     setFocusPolicy(Qt::ClickFocus);
     hide();
@@ -78,13 +74,13 @@ void FindField::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Down:
         return Q_EMIT left();
     default:
-        QLineEdit::keyPressEvent(event);
+        SearchField::keyPressEvent(event);
     }
 }
 
 void FindField::focusOutEvent(QFocusEvent *event)
 {
-    QLineEdit::focusOutEvent(event);
+    SearchField::focusOutEvent(event);
     if (event->reason() == Qt::PopupFocusReason || event->reason() == Qt::ActiveWindowFocusReason)
         return;
     if (_pause.isActive())

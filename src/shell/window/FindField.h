@@ -3,14 +3,15 @@
 
 #pragma once
 
-#include <QLineEdit>
+#include "shell/desktop/SearchField.h"
+
 #include <QTimer>
 
 namespace quorvin {
 
 /// The field of the tool bar that searches all files. Stands there while it is used, or has a text and room
 /// beside the tabs. Main thread.
-class FindField final : public QLineEdit {
+class FindField final : public SearchField {
     Q_OBJECT
 public:
     explicit FindField(QWidget *parent = nullptr);
