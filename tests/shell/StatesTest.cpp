@@ -138,6 +138,8 @@ TEST_F(States, TextsGrowAndShrinkAndStaySo)
     QWidget window;
     CommandSet commands(&window, &window);
     info.registerAt(commands);
+    info.clear();
+    info.setCurrentTab(Tab::Extended);
     const double usual = info.outline().font().pointSizeF();
     commands.run(Command::zoomIn);
     commands.run(Command::zoomIn);
@@ -163,6 +165,7 @@ TEST_F(States, SettingsReachEveryPane)
     live.set(Setting::extParameterRightAlign, false);
     EXPECT_TRUE(alignment().testFlag(Qt::AlignLeading)) << "General goes by it too";
     live.set(Setting::extNamesWidth, 222);
+    info.setCurrentTab(Tab::Extended);
     info.outline().resize(800, 300);
     info.outline().doItemsLayout();
     EXPECT_EQ(info.outline().columnWidth(ExtTreeModel::Name), 222);

@@ -18,9 +18,10 @@ ComparisonPane::ComparisonPane(LiveSettings &settings, QWidget *parent)
       _empty(new EmptyPane(QStringLiteral("view-columns"))),
       _pages(new QStackedLayout(this))
 {
-    _empty->setTexts(tr("Nothing to compare yet"), tr("Each file gets a column here once it is read."));
+    // The first page is laid out as it comes, and without texts that takes no time.
     _pages->addWidget(_empty);
     _pages->addWidget(_view);
+    _empty->setTexts(tr("Nothing to compare yet"), tr("Each file gets a column here once it is read."));
     connect(_view, &ComparisonView::isEmptyDidChange, this, &ComparisonPane::choosePage);
     connect(_view, &ComparisonView::selectionDidChange, this, &Pane::selectionDidChange);
     connect(_view, &ComparisonView::menuWanted, this,
@@ -82,7 +83,7 @@ void ComparisonPane::registerAt(CommandSet &commands)
     _view->registerAt(commands);
 }
 
-void ComparisonPane::setLook(const RowLook &look)
+void ComparisonPane::applyLook(const RowLook &look)
 {
     _view->setLook(
         {look.font, look.height, look.wrapsLongLines, look.rightAlignsParameters, look.hasHeavyNames});

@@ -30,10 +30,10 @@ public:
     void findNext(bool backward) override;
     void describe(CommandState &state) const override;
     void registerAt(CommandSet &commands) override;
-    void setLook(const RowLook &look) override;
 
 protected:
     void fill(const QuorvinData *) override { }
+    void applyLook(const RowLook &look) override;
     void showEvent(QShowEvent *event) override;
 
 private:

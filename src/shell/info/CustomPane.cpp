@@ -249,7 +249,7 @@ void CustomPane::describe(CommandState &state) const
     state.canFind = !_report->text().isEmpty();
 }
 
-void CustomPane::setLook(const RowLook &look)
+void CustomPane::applyLook(const RowLook &look)
 {
     QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
     font.setPointSizeF(look.font.pointSizeF());

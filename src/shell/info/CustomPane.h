@@ -41,10 +41,10 @@ public:
     void find() override;
     void findNext(bool backwards) override;
     void describe(CommandState &state) const override;
-    void setLook(const RowLook &look) override;
 
 protected:
     void fill(const QuorvinData *record) override;
+    void applyLook(const RowLook &look) override;
 
 private:
     void layOut();

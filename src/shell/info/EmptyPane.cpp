@@ -88,7 +88,6 @@ EmptyPane::EmptyPane(QString iconName, QWidget *parent)
     _column->addWidget(_title);
     _column->addWidget(_hint);
     _column->addStretch();
-    drawPicture();
 }
 
 void EmptyPane::setTexts(const QString &title, const QString &hint)
@@ -111,10 +110,18 @@ void EmptyPane::drawPicture()
                                                      QIcon::Disabled));
 }
 
+bool EmptyPane::event(QEvent *event)
+{
+    // Not before the first look at it: of all panes one is shown when a window opens.
+    if (event->type() == QEvent::Polish)
+        drawPicture();
+    return Pane::event(event);
+}
+
 void EmptyPane::changeEvent(QEvent *event)
 {
     Pane::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::PaletteChange && testAttribute(Qt::WA_WState_Polished))
         drawPicture();
 }
 

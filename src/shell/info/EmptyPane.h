@@ -23,6 +23,7 @@ public:
 
 protected:
     void fill(const QuorvinData *) override { }
+    bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:

@@ -216,7 +216,7 @@ void ExtendedPane::registerAt(CommandSet &commands)
     commands.on(Command::collapseAll, [this] { _outline->collapseAllIn(); });
 }
 
-void ExtendedPane::setLook(const RowLook &look)
+void ExtendedPane::applyLook(const RowLook &look)
 {
     _outline->setFont(look.font);
     _outline->setRowHeight(look.height);

@@ -50,7 +50,6 @@ public:
     void findNext(bool backwards) override;
     void describe(CommandState &state) const override;
     void registerAt(CommandSet &commands) override;
-    void setLook(const RowLook &look) override;
 
 Q_SIGNALS:
     /// Hits of this file are at an end: the next one is in another file.
@@ -58,6 +57,7 @@ Q_SIGNALS:
 
 protected:
     void fill(const QuorvinData *record) override;
+    void applyLook(const RowLook &look) override;
 
 private:
     void hideExtSearchBar();

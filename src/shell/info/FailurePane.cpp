@@ -50,7 +50,6 @@ FailurePane::FailurePane(QWidget *parent)
     _limit->setForegroundRole(QPalette::PlaceholderText);
     _report->setToolTip(plainTip(tr("What the libraries say of the file, as it comes")));
     layOut();
-    drawPicture();
     connect(_retry, &QPushButton::clicked, this, &FailurePane::retryWanted);
     connect(_preferences, &QPushButton::clicked, this, &FailurePane::preferencesWanted);
     connect(_report, &QPushButton::clicked, this, &FailurePane::reportWanted);
@@ -98,7 +97,7 @@ void FailurePane::setFailure(const QString &path, const FailureAdvice &advice)
     _report->setVisible(advice.mayHaveReport);
 }
 
-void FailurePane::setLook(const RowLook &look)
+void FailurePane::applyLook(const RowLook &look)
 {
     setFont(look.font);
     _name->setFont(look.headlineFont());
@@ -110,10 +109,18 @@ void FailurePane::drawPicture()
                             .pixmap(QSize(kWarningSide, kWarningSide), devicePixelRatioF()));
 }
 
+bool FailurePane::event(QEvent *event)
+{
+    // Not before the first look at it: of all panes one is shown when a window opens.
+    if (event->type() == QEvent::Polish)
+        drawPicture();
+    return Pane::event(event);
+}
+
 void FailurePane::changeEvent(QEvent *event)
 {
     Pane::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
+    if (event->type() == QEvent::PaletteChange && testAttribute(Qt::WA_WState_Polished))
         drawPicture();
 }
 

@@ -20,7 +20,6 @@ public:
     explicit FailurePane(QWidget *parent = nullptr);
 
     void setFailure(const QString &path, const FailureAdvice &advice);
-    void setLook(const RowLook &look) override;
 
 Q_SIGNALS:
     void retryWanted();
@@ -29,6 +28,8 @@ Q_SIGNALS:
 
 protected:
     void fill(const QuorvinData *) override { }
+    void applyLook(const RowLook &look) override;
+    bool event(QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:

@@ -216,7 +216,7 @@ void GeneralPane::showCover(const QuorvinData &record)
         });
 }
 
-void GeneralPane::setLook(const RowLook &look)
+void GeneralPane::applyLook(const RowLook &look)
 {
     setFont(look.font);
     _headline->setFont(look.headlineFont());

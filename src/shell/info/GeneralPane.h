@@ -37,7 +37,6 @@ public:
     void openCurrent() override;
     void describe(CommandState &state) const override;
     void registerAt(CommandSet &commands) override;
-    void setLook(const RowLook &look) override;
 
 Q_SIGNALS:
     void streamActivated(const QString &key, quint64 streamIndex);
@@ -49,6 +48,7 @@ Q_SIGNALS:
 
 protected:
     void fill(const QuorvinData *record) override;
+    void applyLook(const RowLook &look) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:

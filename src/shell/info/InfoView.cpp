@@ -42,12 +42,21 @@ constexpr std::array kFollowed{Setting::extFontSize,     Setting::extRowHeight,
                                Setting::wrapLongLines,   Setting::extParameterRightAlign,
                                Setting::firstColumnBold, Setting::extNamesWidth};
 
+/// Takes the room that the window gives it, and asks no page what it would like: to lay out those that nobody
+/// sees takes as long as to show the one that is seen.
+class PageStack final : public QStackedWidget {
+public:
+    bool hasHeightForWidth() const override { return false; }
+    QSize sizeHint() const override { return minimumSizeHint(); }
+    QSize minimumSizeHint() const override { return {0, 0}; }
+};
+
 } // namespace
 
 InfoView::InfoView(LiveSettings &settings, QWidget *parent)
     : QWidget(parent),
       _settings(settings),
-      _pages(new QStackedWidget),
+      _pages(new PageStack),
       _noFile(new EmptyPane(QStringLiteral("drop-files"))),
       _walk(new EmptyPane(QStringLiteral("drop-files"))),
       _nothingPasses(new EmptyPane(QStringLiteral("edit-find"))),

@@ -31,7 +31,22 @@ void Pane::refill()
 void Pane::setCurrent(bool isCurrent)
 {
     _isCurrent = isCurrent;
+    applyLookIfCurrent();
     fillIfCurrent();
+}
+
+void Pane::setLook(const RowLook &look)
+{
+    _newLook = look;
+    applyLookIfCurrent();
+}
+
+void Pane::applyLookIfCurrent()
+{
+    if (!_isCurrent || !_newLook)
+        return;
+    applyLook(*_newLook);
+    _newLook.reset();
 }
 
 void Pane::fillIfCurrent()

@@ -9,6 +9,8 @@
 #include <QFont>
 #include <QWidget>
 
+#include <optional>
+
 namespace quorvin {
 
 class CommandSet;
@@ -25,8 +27,8 @@ struct RowLook {
     bool hasHeavyNames = true; ///< in Comparison
 };
 
-/// One tab's view of the current file. Draws the record only while it is looked at, so that a step through
-/// the list costs what can be seen. Main thread.
+/// One tab's view of the current file. Draws the record, and takes on the look of its rows, only while it is
+/// looked at, so that a step through the list costs what can be seen. Main thread.
 class Pane : public QWidget {
     Q_OBJECT
 public:
@@ -57,7 +59,7 @@ public:
     virtual void describe(CommandState &) const { }
     /// The commands that this pane alone can do.
     virtual void registerAt(CommandSet &) { }
-    virtual void setLook(const RowLook &) { }
+    void setLook(const RowLook &look);
 
 Q_SIGNALS:
     /// There may be something to copy or not.
@@ -68,13 +70,17 @@ Q_SIGNALS:
 protected:
     /// Draws the record, or that there is none.
     virtual void fill(const QuorvinData *record) = 0;
+    /// Before the first record, and whenever the settings have changed since it was looked at.
+    virtual void applyLook(const RowLook &) { }
     /// What is drawn has changed without the record.
     void refill();
 
 private:
     void fillIfCurrent();
+    void applyLookIfCurrent();
 
     QuorvinDataPtr _record;
+    std::optional<RowLook> _newLook; ///< that it has not taken on
     bool _isCurrent = false;
     bool _isFilled = true;
 };

@@ -33,12 +33,13 @@ ExtendedOutline::ExtendedOutline(QWidget *parent)
       _header(new OutlineHeader(this)),
       _sticky(new StickyGroup(this))
 {
+    // First: it asks for the row at the top, and there is none to lay out yet.
+    setVerticalScrollMode(ScrollPerPixel);
     setModel(&_content);
     setItemDelegate(_delegate);
     setHeader(_header);
     setFrameShape(NoFrame);
     setSelectionMode(ExtendedSelection);
-    setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setUniformRowHeights(false);
     setAllColumnsShowFocus(true);
