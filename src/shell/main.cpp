@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "platform/HeapMemory.h"
+#include "platform/LoadedLibrary.h"
 #include "platform/NativePath.h"
 #include "platform/Settings.h"
 #include "platform/StandardStreams.h"
@@ -13,13 +14,16 @@
 #include "shell/app/StartArguments.h"
 #include "shell/desktop/BackgroundRun.h"
 
+#include <QFontDatabase>
 #include <QIcon>
+#include <QImageReader>
 #include <QMimeDatabase>
 #include <QThreadPool>
 
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <thread>
 
 using namespace quorvin;
 
@@ -39,6 +43,26 @@ int wrongCall(const QString &problem)
 {
     std::fprintf(stderr, "quorvin: %s\nquorvin: try 'quorvin --help'\n", qPrintable(problem));
     return 2;
+}
+
+/// The first text waits for the fonts of the system to be listed. That goes on while the toolkit reaches the
+/// display.
+std::jthread listFonts()
+{
+    return std::jthread([] {
+        const LoadedLibrary fontconfig("libfontconfig.so.1");
+        LibraryEntry<int()>(fontconfig, "FcInit")();
+    });
+}
+
+/// What the first window would otherwise wait for.
+void prepareWindowInBackground()
+{
+    QThreadPool::globalInstance()->start([] { QDBusConnection::sessionBus(); });
+    QThreadPool::globalInstance()->start([] {
+        QFontDatabase::hasFamily(QString());
+        QImageReader::supportedImageFormats();
+    });
 }
 
 /// What the first file would otherwise wait for.
@@ -93,9 +117,11 @@ int main(int argc, char **argv)
         if (const auto set = settings.overrideFrom(assignment); !set)
             return wrongCall(set.error().description);
     }
+    const std::jthread fonts = listFonts();
     // The words are all ours; the toolkit looks at none of them.
     int noWords = 1;
     const Application application(noWords, argv);
+    prepareWindowInBackground();
     nameApplication();
     if (qEnvironmentVariable("QUORVIN_LAYOUT_DIRECTION") == QLatin1String("rtl"))
         QGuiApplication::setLayoutDirection(Qt::RightToLeft);
