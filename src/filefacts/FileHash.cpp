@@ -3,6 +3,7 @@
 
 #include "filefacts/FileHash.h"
 
+#include "platform/LoadedLibrary.h"
 #include "platform/RegularFile.h"
 
 #include <fcntl.h>
@@ -22,52 +23,80 @@ namespace {
 
 constexpr std::size_t kChunk = 1 << 20;
 
+/// Loaded when the first digest is computed: the window leaves that to others, and would wait for thousands
+/// of its names as it opens.
+struct Library {
+    LoadedLibrary loaded{"libcrypto.so.3"};
+    LibraryEntry<decltype(EVP_md5)> md5{loaded, "EVP_md5"};
+    LibraryEntry<decltype(EVP_sha1)> sha1{loaded, "EVP_sha1"};
+    LibraryEntry<decltype(EVP_sha256)> sha256{loaded, "EVP_sha256"};
+    LibraryEntry<decltype(EVP_sha512)> sha512{loaded, "EVP_sha512"};
+    LibraryEntry<decltype(EVP_MD_CTX_new)> create{loaded, "EVP_MD_CTX_new"};
+    LibraryEntry<decltype(EVP_MD_CTX_free)> destroy{loaded, "EVP_MD_CTX_free"};
+    LibraryEntry<decltype(EVP_DigestInit_ex)> begin{loaded, "EVP_DigestInit_ex"};
+    LibraryEntry<decltype(EVP_DigestUpdate)> update{loaded, "EVP_DigestUpdate"};
+    LibraryEntry<decltype(EVP_DigestFinal_ex)> finish{loaded, "EVP_DigestFinal_ex"};
+};
+
+const Library &library()
+{
+    static const Library library;
+    return library;
+}
+
 const EVP_MD *algorithmOf(Digest digest)
 {
     switch (digest) {
     case Digest::MD5:
-        return EVP_md5();
+        return library().md5();
     case Digest::SHA1:
-        return EVP_sha1();
+        return library().sha1();
     case Digest::SHA256:
-        return EVP_sha256();
+        return library().sha256();
     case Digest::SHA512:
         break;
     }
-    return EVP_sha512();
+    return library().sha512();
 }
 
 /// A digest under way.
 class Hasher {
 public:
-    explicit Hasher(Digest digest) : _context(EVP_MD_CTX_new())
+    explicit Hasher(Digest digest) : _context(library().create())
     {
-        EVP_DigestInit_ex(_context.get(), algorithmOf(digest), nullptr);
+        library().begin(_context.get(), algorithmOf(digest), static_cast<ENGINE *>(nullptr));
     }
 
-    void update(const char *bytes, std::size_t length) { EVP_DigestUpdate(_context.get(), bytes, length); }
+    void update(const char *bytes, std::size_t length) { library().update(_context.get(), bytes, length); }
 
     QString finish()
     {
         std::array<uchar, EVP_MAX_MD_SIZE> bytes{};
         unsigned length = 0;
-        EVP_DigestFinal_ex(_context.get(), bytes.data(), &length);
+        library().finish(_context.get(), bytes.data(), &length);
         const auto digest = QByteArray::fromRawData(reinterpret_cast<const char *>(bytes.data()), length);
         return QString::fromLatin1(digest.toHex());
     }
 
 private:
     struct Deleter {
-        void operator()(EVP_MD_CTX *context) const { EVP_MD_CTX_free(context); }
+        void operator()(EVP_MD_CTX *context) const { library().destroy(context); }
     };
     std::unique_ptr<EVP_MD_CTX, Deleter> _context;
 };
 
 } // namespace
 
+void setupLibrary()
+{
+    library();
+}
+
 Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest> digests,
                                    const DigestWatch &watch)
 {
+    if (!library().loaded.isLoaded())
+        return failure(QStringLiteral("the library of the digests is missing"));
     struct stat facts { };
     const quint64 size = ::fstat(descriptor, &facts) == 0 ? static_cast<quint64>(facts.st_size) : 0;
     std::vector<Hasher> hashers(digests.begin(), digests.end());

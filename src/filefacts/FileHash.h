@@ -15,6 +15,9 @@ namespace quorvin::FileHash {
 
 enum class Digest { MD5, SHA1, SHA256, SHA512 };
 
+/// Loads what computes digests; a process that may open no library later calls it before.
+void setupLibrary();
+
 /// The digests of a whole file in lower-case hex, in the order asked for, in one pass over the file with
 /// memory that does not grow with it. Fails when the file cannot be read to its end, or `watch` gives it up.
 /// Reads from the start of the descriptor without moving its position. Any thread.

@@ -3,6 +3,7 @@
 
 #include "readers/RecordBuilder.h"
 
+#include "filefacts/FileHash.h"
 #include "model/Log.h"
 #include "pictures/HeifImage.h"
 #include "platform/RegularFile.h"
@@ -47,6 +48,7 @@ void RecordBuilder::setupLibraries()
         oMediaInfo::setupLibrary();
         oEXIV2::setupLibrary();
         HeifImage::setupLibrary();
+        FileHash::setupLibrary();
     });
 }
 
