@@ -11,6 +11,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/desktop/Counts.cpp
     shell/desktop/FileManager.cpp
     shell/desktop/FocusRing.cpp
+    shell/desktop/GioLibrary.cpp
     shell/desktop/Icons.cpp
     shell/desktop/ItemViewAccess.cpp
     shell/desktop/MapProgram.cpp

@@ -4,16 +4,13 @@
 #include "shell/desktop/MapProgram.h"
 
 #include "places/PositionText.h"
-
-#include <gio/gio.h>
+#include "shell/desktop/GioLibrary.h"
 
 namespace quorvin {
 
 bool hasMapProgram()
 {
-    GAppInfo *info = g_app_info_get_default_for_uri_scheme("geo");
-    if (info)
-        g_object_unref(info);
+    const GioLibrary::AppInfoPtr info{GioLibrary::instance().defaultForScheme("geo")};
     return info != nullptr;
 }
 
@@ -21,11 +18,10 @@ Expected<void> openInMapProgram(const Location &location)
 {
     const QByteArray uri = positionText(location, PositionNotation::GeoUri).toLatin1();
     GError *error = nullptr;
-    if (g_app_info_launch_default_for_uri(uri.constData(), nullptr, &error))
+    const GioLibrary &gio = GioLibrary::instance();
+    if (gio.launchDefault(uri.constData(), static_cast<GAppLaunchContext *>(nullptr), &error))
         return {};
-    const QString reason = QString::fromUtf8(error->message);
-    g_error_free(error);
-    return failure(reason);
+    return failure(gio.take(error));
 }
 
 } // namespace quorvin
