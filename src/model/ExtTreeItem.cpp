@@ -3,6 +3,8 @@
 
 #include "model/ExtTreeItem.h"
 
+#include <utility>
+
 namespace quorvin {
 
 ExtTreeItemPtr ExtTreeItem::itemWithKey(const QString &key, const QString &name, const QString &value)
@@ -23,9 +25,14 @@ ExtTreeItemPtr ExtTreeItem::itemWithKey(const QString &key, const QString &name,
 
 ExtTreeItemPtr ExtTreeItem::itemWithName(const QString &name, const QString &value)
 {
+    return itemWithName(name, StyledText{value});
+}
+
+ExtTreeItemPtr ExtTreeItem::itemWithName(const QString &name, StyledText value)
+{
     auto item = std::make_shared<ExtTreeItem>();
     item->_name = name;
-    item->_value = StyledText{value};
+    item->_value = std::move(value);
     return item;
 }
 

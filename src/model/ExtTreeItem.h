@@ -27,6 +27,7 @@ public:
     static ExtTreeItemPtr itemWithKey(const QString &key, const QString &name, const QString &value,
                                       ParameterFlags storedFlags);
     static ExtTreeItemPtr itemWithName(const QString &name, const QString &value);
+    static ExtTreeItemPtr itemWithName(const QString &name, StyledText value);
     static ExtTreeItemPtr locationItemWithName(const QString &name, const QString &value);
     /// The name is the item's label, or its key when the label is absent.
     static ExtTreeItemPtr itemWithFlatItem(std::shared_ptr<const FlatItem> flatItem);

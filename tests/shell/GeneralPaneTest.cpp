@@ -6,6 +6,7 @@
 #include "shell/info/ElidedLabel.h"
 #include "shell/info/FactList.h"
 #include "shell/info/StreamTable.h"
+#include "shell/outline/ExtTreeModel.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -161,6 +162,15 @@ TEST_F(General, CopiesLinesAndFactsWithAndWithoutTheirNames)
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("1"));
     pane.copyValues();
     EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("1 KB"));
+}
+
+TEST_F(General, ShowsItalicsWithoutAStreamToo)
+{
+    const StyledText aperture{.plain = QStringLiteral("\u0192/4"), .italicLength = 1};
+    pane.showRecord(recordWith(QStringLiteral("/one.jpg"), {{{}, QStringLiteral("Aperture"), aperture}}));
+    const QModelIndex value = part<StreamTable>()->model()->index(0, ExtTreeModel::Value);
+    EXPECT_EQ(value.data().toString(), aperture.plain);
+    EXPECT_EQ(value.data(ExtTreeModel::ItalicRole).toInt(), 1);
 }
 
 } // namespace quorvin

@@ -48,6 +48,15 @@ QString sharedText(const FileSum::Shared &shared, qint64 records)
     return SheetWords::tr("%1 (in %2 of %3)").arg(text, groupedCount(shared.count), countOfFiles(records));
 }
 
+/// In italics where it is no value of any of them.
+StyledText sharedValue(const FileSum::Shared &shared, qint64 records)
+{
+    StyledText value{sharedText(shared, records)};
+    if (shared.differs())
+        value.italicLength = value.plain.size();
+    return value;
+}
+
 QString missingText(const FileSum &sum)
 {
     QStringList texts;
@@ -128,7 +137,7 @@ GeneralSheet sheetOf(const FileSum &sum, bool useSIUnits)
     add(SheetWords::tr("Missing"), missingText(sum));
     for (const FileSum::Line &line : sum.lines) {
         if (line.value.count > 0)
-            sheet.lines.push_back({{}, line.name, {sharedText(line.value, sum.records())}});
+            sheet.lines.push_back({{}, line.name, sharedValue(line.value, sum.records())});
     }
     return sheet;
 }

@@ -30,7 +30,7 @@ ExtTreeItems treeOf(const std::vector<GeneralLine> &lines)
             items.push_back(
                 ExtTreeItem::mediaStreamItemWithKey(line.key, line.name, line.value, line.streamIndex));
         else
-            items.push_back(ExtTreeItem::itemWithName(line.name, line.value.plain));
+            items.push_back(ExtTreeItem::itemWithName(line.name, line.value));
     }
     return items;
 }

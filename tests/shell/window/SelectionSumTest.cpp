@@ -111,7 +111,8 @@ TEST(GeneralSheet, SaysWhatDiffersAndWhatNotAllHave)
               u"Kind=JPEG image: 7\nWAV audio: 3|Size=2.00 KiB in all|Image Size=10 x 10 (in 7 of 10 files)|"
               "Missing=2 failed"_s);
     ASSERT_EQ(sheet.lines.size(), 2U);
-    EXPECT_EQ(sheet.lines[0].value, StyledText{u"differs (in 7 of 10 files)"_s});
+    const QString differs = u"differs (in 7 of 10 files)"_s;
+    EXPECT_EQ(sheet.lines[0].value, (StyledText{.plain = differs, .italicLength = differs.size()}));
     EXPECT_EQ(sheet.lines[1].value, StyledText{u"50 mm"_s});
     EXPECT_FALSE(sheet.lines[1].isMediaStream()) << "it leads to no group of one file";
     for (int i = 0; i < 20; ++i)
