@@ -112,18 +112,25 @@ QString AccessibleTree::busOfReaders() const
     return address;
 }
 
-QVariant AccessibleTree::ask(const Object &object, const QString &interface, const QString &method) const
+QVariant AccessibleTree::ask(const Object &object, const QString &interface, const QString &method)
 {
-    auto call = QDBusMessage::createMethodCall(object.service, object.path, interface, method);
-    return QDBusConnection(kReadersBus).call(call).arguments().value(0);
+    return answerTo(QDBusMessage::createMethodCall(object.service, object.path, interface, method));
 }
 
-QString AccessibleTree::property(const Object &object, const QString &name) const
+QString AccessibleTree::property(const Object &object, const QString &name)
 {
     auto call = QDBusMessage::createMethodCall(object.service, object.path,
                                                u"org.freedesktop.DBus.Properties"_s, u"Get"_s);
     call << QString(kAccessible) << name;
-    return unwrapped(QDBusConnection(kReadersBus).call(call).arguments().value(0)).toString();
+    return unwrapped(answerTo(call)).toString();
+}
+
+QVariant AccessibleTree::answerTo(const QDBusMessage &call)
+{
+    const QDBusMessage reply = QDBusConnection(kReadersBus).call(call);
+    // What was there a moment ago may have gone.
+    _isTorn = _isTorn || reply.type() != QDBusMessage::ReplyMessage;
+    return _isTorn ? QVariant() : reply.arguments().value(0);
 }
 
 std::vector<AccessibleTree::Object> AccessibleTree::objectsIn(const QVariant &list)
@@ -146,14 +153,14 @@ std::vector<AccessibleTree::Object> AccessibleTree::objectsIn(const QVariant &li
     return objects;
 }
 
-std::optional<AccessibleTree::Object> AccessibleTree::application() const
+std::optional<AccessibleTree::Object> AccessibleTree::application()
 {
     const Object registry{u"org.a11y.atspi.Registry"_s, u"/org/a11y/atspi/accessible/root"_s};
     const auto applications = objectsIn(ask(registry, kAccessible, u"GetChildren"_s));
     return applications.empty() ? std::nullopt : std::optional(applications.front());
 }
 
-void AccessibleTree::append(const Object &object, int depth, QStringList &lines) const
+void AccessibleTree::append(const Object &object, int depth, QStringList &lines)
 {
     const QVariant answer = ask(object, kAccessible, u"GetState"_s);
     QList<uint> bits;
@@ -178,20 +185,24 @@ void AccessibleTree::append(const Object &object, int depth, QStringList &lines)
         append(child, depth + 1, lines);
 }
 
-QStringList AccessibleTree::lines() const
+QStringList AccessibleTree::lines()
 {
     QStringList lines;
+    _isTorn = false;
     if (const auto program = application())
         append(*program, 0, lines);
-    return lines;
+    return _isTorn ? QStringList() : lines;
 }
 
 QStringList AccessibleTree::linesWith(const QString &text)
 {
     QStringList found;
-    const bool isThere = spinUntil([&] {
-        found = lines();
-        return !found.filter(text).isEmpty();
+    bool isThere = false;
+    spinUntil([&] {
+        if (!isThere)
+            found = lines();
+        isThere = !found.filter(text).isEmpty();
+        return isThere;
     });
     if (!isThere)
         found.append(QString::fromUtf8(_program.readAllStandardError()).split(u'\n'));

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QProcess>
 #include <QStringList>
 
@@ -22,7 +23,8 @@ public:
     QString problem() const { return _problem; }
     /// All objects that are shown, a line each, the deeper the further in:
     ///     role "name" (description) [states]
-    QStringList lines() const;
+    /// None where one of them went away meanwhile.
+    QStringList lines();
     /// Reads until a line has the text; the lines of the last reading. Where none ever has it, what the
     /// program said to its standard error follows.
     QStringList linesWith(const QString &text);
@@ -37,10 +39,11 @@ private:
     QString firstLineOf(QProcess &process);
     QString busOfReaders() const;
     static std::vector<Object> objectsIn(const QVariant &list);
-    QVariant ask(const Object &object, const QString &interface, const QString &method) const;
-    QString property(const Object &object, const QString &name) const;
-    std::optional<Object> application() const;
-    void append(const Object &object, int depth, QStringList &lines) const;
+    QVariant ask(const Object &object, const QString &interface, const QString &method);
+    QString property(const Object &object, const QString &name);
+    QVariant answerTo(const QDBusMessage &call);
+    std::optional<Object> application();
+    void append(const Object &object, int depth, QStringList &lines);
 
     QProcessEnvironment _environment;
     QProcess _display;
@@ -48,6 +51,7 @@ private:
     QProcess _launcher;
     QProcess _program;
     QString _problem;
+    bool _isTorn = false; ///< the tree changed while it was read
 };
 
 } // namespace quorvin::test
