@@ -170,10 +170,10 @@ TEST(StripCommand, RewritesAFileOfManyLinksOnceAndWritesEachCopy)
 
 TEST(StripCommand, LeavesTheOldFileOrTheNewOneWhateverFails)
 {
-    constexpr std::array kCalls{SYS_mkdir,      SYS_flock,     SYS_ioctl,   SYS_write,     SYS_pwrite64,
-                                SYS_rename,     SYS_fchmod,    SYS_fchown,  SYS_fsetxattr, SYS_fsync,
-                                SYS_ftruncate,  SYS_listxattr, SYS_pread64, SYS_rmdir,     SYS_unlink,
-                                SYS_getdents64, SYS_unlinkat};
+    constexpr std::array kCalls{SYS_mkdir,  SYS_flock,     SYS_ioctl,      SYS_pwrite64,
+                                SYS_rename, SYS_fchmod,    SYS_fchown,     SYS_fsetxattr,
+                                SYS_fsync,  SYS_ftruncate, SYS_listxattr,  SYS_pread64,
+                                SYS_rmdir,  SYS_unlink,    SYS_getdents64, SYS_unlinkat};
     const test::TestFolder folder;
     const QString photo = folder.write(u"one.jpg"_s, photoBytes());
     ASSERT_EQ(test::runCommandLine(kStrip + QStringList(photo)).status, 0);
