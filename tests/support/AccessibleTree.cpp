@@ -199,9 +199,11 @@ QStringList AccessibleTree::linesWith(const QString &text)
     QStringList found;
     bool isThere = false;
     spinUntil([&] {
-        if (!isThere)
-            found = lines();
-        isThere = !found.filter(text).isEmpty();
+        if (isThere)
+            return true;
+        // The text may have come while the tree was read, so that half of it is older.
+        const QStringList before = std::exchange(found, lines());
+        isThere = found == before && !found.filter(text).isEmpty();
         return isThere;
     });
     if (!isThere)

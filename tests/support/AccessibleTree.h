@@ -25,8 +25,8 @@ public:
     ///     role "name" (description) [states]
     /// None where one of them went away meanwhile.
     QStringList lines();
-    /// Reads until a line has the text; the lines of the last reading. Where none ever has it, what the
-    /// program said to its standard error follows.
+    /// Reads until a line has the text and nothing changes; the lines of the last reading. Where none ever
+    /// has it, what the program said to its standard error follows.
     QStringList linesWith(const QString &text);
 
 private:
