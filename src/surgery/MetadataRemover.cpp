@@ -170,8 +170,8 @@ Expected<void> MetadataRemover::removeInto(const QString &path, RemovalReceipt &
 Expected<void> MetadataRemover::writeCopy(const RegularFile &file, RemovalReceipt &receipt,
                                           const std::stop_token &stop)
 {
-    if (const auto made = receipt.result.removed.empty() ? _folder->copyFrom(file)
-                                                         : removeInto(file.resolvedPath(), receipt, stop);
+    if (auto made = receipt.result.removed.empty() ? _folder->copyFrom(file)
+                                                   : removeInto(file.resolvedPath(), receipt, stop);
         !made)
         return made;
     const auto is = RegularFile::open(_folder->copy()).and_then(digestOf);

@@ -15,7 +15,7 @@ QString GioLibrary::take(GError *error) const
 {
     if (!error)
         return QStringLiteral("the library of the desktop's applications is missing");
-    const QString reason = QString::fromUtf8(error->message);
+    QString reason = QString::fromUtf8(error->message);
     freeError(error);
     return reason;
 }

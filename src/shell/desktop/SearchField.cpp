@@ -5,9 +5,11 @@
 
 #include "shell/desktop/Icons.h"
 
+#include <utility>
+
 namespace quorvin {
 
-SearchField::SearchField(QWidget *parent, const QIcon &picture) : QLineEdit(parent), _picture(picture) { }
+SearchField::SearchField(QWidget *parent, QIcon picture) : QLineEdit(parent), _picture(std::move(picture)) { }
 
 void SearchField::showEvent(QShowEvent *event)
 {

@@ -14,7 +14,7 @@ class SearchField : public QLineEdit {
     Q_OBJECT
 public:
     /// Null: the desktop's picture of a search.
-    explicit SearchField(QWidget *parent = nullptr, const QIcon &picture = {});
+    explicit SearchField(QWidget *parent = nullptr, QIcon picture = {});
 
 protected:
     void showEvent(QShowEvent *event) override;
