@@ -6,10 +6,10 @@
 #include <fcntl.h>
 #include <linux/fs.h>
 #include <sys/ioctl.h>
-#include <sys/types.h>
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 
 namespace quorvin {
 
@@ -26,13 +26,8 @@ bool copyByHand(int from, int to)
         const ssize_t count = ::pread(from, piece.data(), piece.size(), at);
         if (count <= 0)
             return count == 0;
-        for (ssize_t done = 0; done < count;) {
-            const ssize_t written
-                = ::pwrite(to, piece.data() + done, static_cast<std::size_t>(count - done), at + done);
-            if (written <= 0)
-                return false;
-            done += written;
-        }
+        if (!writeBytes(to, piece.data(), static_cast<std::size_t>(count), at))
+            return false;
         at += count;
     }
 }
@@ -53,6 +48,22 @@ bool copyBytes(int from, int to)
         if (count < 0)
             return at == 0 && copyByHand(from, to);
     }
+}
+
+bool writeBytes(int to, const void *bytes, std::size_t count, off_t place)
+{
+    const auto *next = static_cast<const char *>(bytes);
+    while (count > 0) {
+        const ssize_t written = ::pwrite(to, next, count, place);
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        next += written;
+        place += written;
+        count -= static_cast<std::size_t>(written);
+    }
+    return true;
 }
 
 } // namespace quorvin

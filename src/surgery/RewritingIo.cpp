@@ -9,7 +9,6 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <utility>
 
 namespace quorvin {
@@ -18,19 +17,6 @@ namespace {
 
 /// The library copies the whole file by 4 KiB.
 constexpr std::size_t kReadAtOnce = 1 << 18;
-
-bool writeFromStart(int descriptor, const Exiv2::byte *bytes, std::size_t count)
-{
-    for (std::size_t done = 0; done < count;) {
-        const ssize_t written = ::pwrite(descriptor, bytes + done, count - done, static_cast<off_t>(done));
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        done += static_cast<std::size_t>(written);
-    }
-    return true;
-}
 
 } // namespace
 
@@ -52,7 +38,7 @@ void RewritingIo::transfer(Exiv2::BasicIo &made)
     munmap();
     if (made.open() != 0)
         throw Exiv2::Error(Exiv2::kerDataSourceOpenFailed, made.path(), Exiv2::strError());
-    if (::ftruncate(_copy, 0) != 0 || !writeFromStart(_copy, made.mmap(), made.size()))
+    if (::ftruncate(_copy, 0) != 0 || !writeBytes(_copy, made.mmap(), made.size(), 0))
         throw Exiv2::Error(Exiv2::kerTransferFailed, path(), Exiv2::strError());
     made.close();
 }
