@@ -3,6 +3,7 @@
 
 #include "surgery/MetadataRemoval.h"
 
+#include "platform/NativePath.h"
 #include "readers/image/ExifTables.h"
 #include "readers/image/Exiv2Library.h"
 #include "surgery/RemovalCheck.h"
@@ -226,10 +227,22 @@ tl::unexpected<Error> noImage()
         removalText(QT_TRANSLATE_NOOP("MetadataRemoval", "this is no image whose metadata can be read")));
 }
 
+/// What the library says of the file, without its path, which it puts before some of its texts: whoever
+/// shows an error names the file beside it.
+QString textWithoutPath(const std::exception &error, const QString &path)
+{
+    QByteArray text(error.what());
+    if (const QByteArray start = encodePath(path) + ": "; text.startsWith(start))
+        text.remove(0, start.size());
+    return QString::fromLocal8Bit(text);
+}
+
 /// Opens an image by what `source` gives to `openImage`, reads it, and hands it to `use` with what would be
-/// taken from it, unless that is refused. What the library throws becomes an error.
+/// taken from it, unless that is refused. `path` is the one by which the library knows it. What the library
+/// throws becomes an error.
 template <typename Source, typename Use>
-Expected<RemovalResult> withPlan(const oEXIV2Metadata &options, const Source &source, const Use &use)
+Expected<RemovalResult> withPlan(const oEXIV2Metadata &options, const QString &path, const Source &source,
+                                 const Use &use)
 try {
     const exiv2::XmpSession session;
     const auto image = exiv2::openImage(source());
@@ -244,7 +257,7 @@ try {
     }
     return std::move(plan.result);
 } catch (const std::exception &error) {
-    return failure(QString::fromLocal8Bit(error.what()));
+    return failure(textWithoutPath(error, path));
 }
 
 } // namespace
@@ -252,7 +265,7 @@ try {
 Expected<RemovalResult> plannedRemoval(const oEXIV2Metadata &options, const QString &path)
 {
     return withPlan(
-        options, [&] { return path; }, [](const Plan &, Exiv2::Image &) {});
+        options, path, [&] { return path; }, [](const Plan &, Exiv2::Image &) {});
 }
 
 Expected<RemovalResult> removeMetadata(const oEXIV2Metadata &options, const QString &original,
@@ -265,7 +278,8 @@ Expected<RemovalResult> removeMetadata(const oEXIV2Metadata &options, const QStr
     if (!written.open(QIODevice::ReadWrite | QIODevice::Unbuffered | QIODevice::ExistingOnly))
         return failure(written.errorString());
     auto result = withPlan(
-        options, [&] { return Exiv2::BasicIo::AutoPtr(new RewritingIo(*file, written.handle())); }, apply);
+        options, file->resolvedPath(),
+        [&] { return Exiv2::BasicIo::AutoPtr(new RewritingIo(*file, written.handle())); }, apply);
     if (!result || result->removed.empty())
         return result;
     return checkRemoval(options, *result, original, copy).map([&] { return *std::move(result); });

@@ -130,6 +130,16 @@ TEST(MetadataRemoval, RefusesWhatTheLibraryWouldSpoil)
     EXPECT_FALSE(strippedOf(heif, {.removeExif = true}).said) << "the library can't write it";
 }
 
+TEST(MetadataRemoval, LeavesThePathToWhoeverShowsTheError)
+{
+    const test::TestFolder folder;
+    const QString original = folder.write(u"original"_s, samplePhoto());
+    const auto said = removeMetadata({.removeExif = true}, original, u"/dev/full"_s);
+    ASSERT_FALSE(said);
+    EXPECT_FALSE(said.error().description.isEmpty());
+    EXPECT_FALSE(said.error().description.contains(original)) << said.error().description.toStdString();
+}
+
 TEST(ImageParts, DifferWhereAFileEndsTooEarly)
 {
     const QByteArray webp = QByteArray("RIFF\x16\0\0\0WEBPVP8L\x0a\0\0\0", 20) + QByteArray(10, 'x');
