@@ -211,13 +211,13 @@ void PlayerView::showPlace()
 void PlayerView::showState()
 {
     const bool isPlaying = _player.playbackState() == QMediaPlayer::PlayingState;
-    _playButton->setIcon(themedIcon(isPlaying ? QStringLiteral("media-playback-pause")
+    _playButton->setIcon(symbolIcon(isPlaying ? QStringLiteral("media-playback-pause")
                                               : QStringLiteral("media-playback-start")));
     _playButton->setAccessibleName(isPlaying ? tr("Pause") : tr("Play"));
     _playButton->setToolTip(plainTip(isPlaying ? tr("Pause (P)") : tr("Play (P)")));
     const bool isSilent = _isMuted || !_sound;
     _muteButton->setIcon(
-        themedIcon(isSilent ? QStringLiteral("audio-volume-muted") : QStringLiteral("audio-volume-high")));
+        symbolIcon(isSilent ? QStringLiteral("audio-volume-muted") : QStringLiteral("audio-volume-high")));
     _muteButton->setAccessibleName(isSilent ? tr("Sound on") : tr("Sound off"));
     _muteButton->setToolTip(plainTip(isSilent ? tr("Sound on (M)") : tr("Sound off (M)")));
 }

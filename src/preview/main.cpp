@@ -33,8 +33,7 @@ int main(int argc, char **argv)
     const QApplication application(noWords, argv);
     QGuiApplication::setDesktopFileName(QStringLiteral("org.quorvin.Quorvin"));
     QCoreApplication::setApplicationName(QStringLiteral("quorvin"));
-    QGuiApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.quorvin.Quorvin"),
-                                                    QIcon(QStringLiteral(":/org.quorvin.Quorvin.svg"))));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/org.quorvin.Quorvin.svg")));
     QGuiApplication::setQuitOnLastWindowClosed(false);
     takeStandardStreams();
     useUtf8CharacterType();

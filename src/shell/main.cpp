@@ -35,8 +35,7 @@ void nameApplication()
 {
     QGuiApplication::setDesktopFileName(kApplicationId);
     QCoreApplication::setApplicationName(QStringLiteral("quorvin"));
-    QGuiApplication::setWindowIcon(
-        QIcon::fromTheme(kApplicationId, QIcon(QStringLiteral(":/org.quorvin.Quorvin.svg"))));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/org.quorvin.Quorvin.svg")));
 }
 
 int wrongCall(const QString &problem)

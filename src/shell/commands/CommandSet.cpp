@@ -59,7 +59,7 @@ QAction *CommandSet::makeAction(const CommandRow &row, QWidget *area)
 {
     auto *action = new QAction(translated(row.text), this);
     if (row.icon)
-        action->setIcon(themedIcon(QLatin1String(row.icon)));
+        action->setIcon(commandIcon(QLatin1String(row.icon)));
     if (row.keys)
         action->setShortcuts(QKeySequence::listFromString(QLatin1String(row.keys)));
     action->setShortcutContext(row.places.testFlag(CommandPlace::ListArea) ? Qt::WidgetWithChildrenShortcut

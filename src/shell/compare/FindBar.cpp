@@ -4,7 +4,6 @@
 #include "shell/compare/FindBar.h"
 
 #include "shell/desktop/Counts.h"
-#include "shell/desktop/Icons.h"
 #include "shell/desktop/PlainText.h"
 #include "shell/desktop/SearchField.h"
 
@@ -22,10 +21,7 @@ constexpr int kTextWidth = 240;
 
 } // namespace
 
-FindBar::FindBar(QWidget *parent)
-    : QWidget(parent),
-      _text(new SearchField(nullptr, symbolIcon(QStringLiteral("edit-find")))),
-      _hits(plainLabel())
+FindBar::FindBar(QWidget *parent) : QWidget(parent), _text(new SearchField), _hits(plainLabel())
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(kBarMargin, kBarMargin / 2, kBarMargin, kBarMargin / 2);

@@ -14,6 +14,8 @@
 #include <QPalette>
 #include <QPixmapCache>
 
+#include <optional>
+
 namespace quorvin {
 
 namespace {
@@ -86,6 +88,42 @@ private:
     QString _name;
 };
 
+/// The icon of that name in the desktop's theme, which is null where it has none.
+class ThemeIconEngine final : public QIconEngine {
+public:
+    explicit ThemeIconEngine(QString name) : _name(std::move(name)) { }
+
+    void paint(QPainter *painter, const QRect &rect, QIcon::Mode mode, QIcon::State state) override
+    {
+        icon().paint(painter, rect, Qt::AlignCenter, mode, state);
+    }
+
+    QPixmap pixmap(const QSize &size, QIcon::Mode mode, QIcon::State state) override
+    {
+        return icon().pixmap(size, 1.0, mode, state);
+    }
+
+    QPixmap scaledPixmap(const QSize &size, QIcon::Mode mode, QIcon::State state, qreal ratio) override
+    {
+        return icon().pixmap((QSizeF(size) / ratio).toSize(), ratio, mode, state);
+    }
+
+    QIconEngine *clone() const override { return new ThemeIconEngine(_name); }
+    QString key() const override { return QStringLiteral("QuorvinTheme"); }
+    bool isNull() override { return icon().isNull(); }
+
+private:
+    const QIcon &icon()
+    {
+        if (!_icon)
+            _icon = QIcon::fromTheme(_name);
+        return *_icon;
+    }
+
+    QString _name;
+    std::optional<QIcon> _icon;
+};
+
 QString bundledNameFor(const QString &mimeName)
 {
     const QString name = mimeName.section(u'/', 0, 0) + QLatin1String("-x-generic");
@@ -108,10 +146,9 @@ QIcon symbolIcon(const QString &name)
     return QIcon(new SymbolIconEngine(name));
 }
 
-QIcon themedIcon(const QString &name)
+QIcon commandIcon(const QString &name)
 {
-    QIcon icon = QIcon::fromTheme(name);
-    return icon.isNull() && QFile::exists(bundledPath(name)) ? symbolIcon(name) : icon;
+    return QFile::exists(bundledPath(name)) ? symbolIcon(name) : QIcon(new ThemeIconEngine(name));
 }
 
 QIcon mimeIcon(const QString &mimeName)

@@ -5,17 +5,13 @@
 
 #include "shell/desktop/Icons.h"
 
-#include <utility>
-
 namespace quorvin {
-
-SearchField::SearchField(QWidget *parent, QIcon picture) : QLineEdit(parent), _picture(std::move(picture)) { }
 
 void SearchField::showEvent(QShowEvent *event)
 {
     if (!isClearButtonEnabled()) {
         setClearButtonEnabled(true);
-        addAction(_picture.isNull() ? themedIcon(QStringLiteral("edit-find")) : _picture, LeadingPosition);
+        addAction(symbolIcon(QStringLiteral("edit-find")), LeadingPosition);
     }
     QLineEdit::showEvent(event);
 }

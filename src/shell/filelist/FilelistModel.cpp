@@ -281,7 +281,7 @@ QVariant FilelistModel::data(const QModelIndex &index, int role) const
         return file.prefixedPath();
     case Qt::DecorationRole:
         if (file.isFailed())
-            return themedIcon(QStringLiteral("dialog-warning"));
+            return symbolIcon(QStringLiteral("dialog-warning"));
         return _icons.pictureFor(shown, file.quorvinData()).icon;
     case FilelistRow::CoverRole:
         return !file.isFailed() && _icons.pictureFor(shown, file.quorvinData()).isCover;
