@@ -21,6 +21,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/desktop/PlaceText.cpp
     shell/desktop/PlainText.cpp
     shell/desktop/SearchField.cpp
+    shell/desktop/SymbolView.cpp
     shell/desktop/TownLookup.cpp
     shell/desktop/ValueDelegate.cpp
 

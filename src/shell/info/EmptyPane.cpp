@@ -3,8 +3,8 @@
 
 #include "shell/info/EmptyPane.h"
 
-#include "shell/desktop/Icons.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/desktop/SymbolView.h"
 
 #include <QEvent>
 #include <QHash>
@@ -63,13 +63,8 @@ QLabel *hintLabel()
 
 } // namespace
 
-EmptyPane::EmptyPane(QString iconName, QWidget *parent)
-    : Pane(parent),
-      _iconName(std::move(iconName)),
-      _picture(centred(plainLabel())),
-      _title(centred(plainLabel())),
-      _hint(centred(hintLabel())),
-      _column(new QVBoxLayout(this))
+EmptyPane::EmptyPane(const QString &iconName, QWidget *parent)
+    : Pane(parent), _title(centred(plainLabel())), _hint(centred(hintLabel())), _column(new QVBoxLayout(this))
 {
     QFont large = font();
     large.setPointSizeF(large.pointSizeF() * 1.3);
@@ -84,7 +79,7 @@ EmptyPane::EmptyPane(QString iconName, QWidget *parent)
     _column->setSpacing(12);
     _column->setContentsMargins(32, 16, 32, 16);
     _column->addStretch();
-    _column->addWidget(_picture);
+    _column->addWidget(new SymbolView(iconName, kPictureSide, QIcon::Disabled), 0, Qt::AlignHCenter);
     _column->addWidget(_title);
     _column->addWidget(_hint);
     _column->addStretch();
@@ -102,27 +97,6 @@ QPushButton *EmptyPane::addButton(const QString &text, ButtonPlace place)
     auto *button = new QPushButton(text);
     _column->insertWidget(_column->indexOf(_hint) + place, button, 0, Qt::AlignHCenter);
     return button;
-}
-
-void EmptyPane::drawPicture()
-{
-    _picture->setPixmap(symbolIcon(_iconName).pixmap(QSize(kPictureSide, kPictureSide), devicePixelRatioF(),
-                                                     QIcon::Disabled));
-}
-
-bool EmptyPane::event(QEvent *event)
-{
-    // Not before the first look at it: of all panes one is shown when a window opens.
-    if (event->type() == QEvent::Polish)
-        drawPicture();
-    return Pane::event(event);
-}
-
-void EmptyPane::changeEvent(QEvent *event)
-{
-    Pane::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && testAttribute(Qt::WA_WState_Polished))
-        drawPicture();
 }
 
 } // namespace quorvin

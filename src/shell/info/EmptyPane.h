@@ -15,7 +15,7 @@ namespace quorvin {
 class EmptyPane final : public Pane {
     Q_OBJECT
 public:
-    explicit EmptyPane(QString iconName, QWidget *parent = nullptr);
+    explicit EmptyPane(const QString &iconName, QWidget *parent = nullptr);
 
     void setTexts(const QString &title, const QString &hint);
     enum ButtonPlace { OverHint, UnderHint };
@@ -23,14 +23,8 @@ public:
 
 protected:
     void fill(const QuorvinData *) override { }
-    bool event(QEvent *event) override;
-    void changeEvent(QEvent *event) override;
 
 private:
-    void drawPicture();
-
-    QString _iconName;
-    QLabel *_picture;
     QLabel *_title;
     QLabel *_hint;
     QVBoxLayout *_column;

@@ -4,12 +4,11 @@
 #include "shell/info/FailurePane.h"
 
 #include "platform/NativePath.h"
-#include "shell/desktop/Icons.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/desktop/SymbolView.h"
 #include "shell/info/ElidedLabel.h"
 #include "shell/info/FailureAdvice.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -35,7 +34,6 @@ QLabel *wrappedLabel()
 
 FailurePane::FailurePane(QWidget *parent)
     : Pane(parent),
-      _picture(plainLabel()),
       _name(new ElidedLabel(Qt::ElideMiddle)),
       _folder(new ElidedLabel(Qt::ElideMiddle)),
       _sentence(wrappedLabel()),
@@ -81,7 +79,7 @@ void FailurePane::layOut()
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(2 * kSpace, 2 * kSpace, 2 * kSpace, 2 * kSpace);
     row->setSpacing(2 * kSpace);
-    row->addWidget(_picture, 0, Qt::AlignTop);
+    row->addWidget(new SymbolView(QStringLiteral("dialog-warning"), kWarningSide), 0, Qt::AlignTop);
     row->addWidget(column, 1);
     row->addStretch();
 }
@@ -101,27 +99,6 @@ void FailurePane::applyLook(const RowLook &look)
 {
     setFont(look.font);
     _name->setFont(look.headlineFont());
-}
-
-void FailurePane::drawPicture()
-{
-    _picture->setPixmap(themedIcon(QStringLiteral("dialog-warning"))
-                            .pixmap(QSize(kWarningSide, kWarningSide), devicePixelRatioF()));
-}
-
-bool FailurePane::event(QEvent *event)
-{
-    // Not before the first look at it: of all panes one is shown when a window opens.
-    if (event->type() == QEvent::Polish)
-        drawPicture();
-    return Pane::event(event);
-}
-
-void FailurePane::changeEvent(QEvent *event)
-{
-    Pane::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange && testAttribute(Qt::WA_WState_Polished))
-        drawPicture();
 }
 
 } // namespace quorvin

@@ -29,14 +29,10 @@ Q_SIGNALS:
 protected:
     void fill(const QuorvinData *) override { }
     void applyLook(const RowLook &look) override;
-    bool event(QEvent *event) override;
-    void changeEvent(QEvent *event) override;
 
 private:
     void layOut();
-    void drawPicture();
 
-    QLabel *_picture;
     ElidedLabel *_name;
     ElidedLabel *_folder;
     QLabel *_sentence;
