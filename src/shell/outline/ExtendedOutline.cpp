@@ -45,7 +45,6 @@ ExtendedOutline::ExtendedOutline(QWidget *parent)
     setAllColumnsShowFocus(true);
     setIndentation(kIndentation);
     setAccessibleName(tr("All parameters"));
-    _header->show();
     // Nothing to be fitted to: values are as long as they like.
     disconnect(_header, &QHeaderView::sectionHandleDoubleClicked, this, nullptr);
     connect(_header, &OutlineHeader::namesWidthChosen, this, &ExtendedOutline::namesWidthChosen);

@@ -23,27 +23,37 @@ constexpr int kPopoverMargin = 12;
 
 FilterPopover::FilterPopover(LiveSettings &settings, MainView &view, FilelistController &files,
                              QObject *parent)
-    : QObject(parent), _view(view), _files(files), _editor(new RuleEditor(settings, &view))
+    : QObject(parent), _settings(settings), _view(view), _files(files)
 {
-    _editor->hide();
-    view.installEventFilter(this);
-    FilelistFiltering &filtering = files.filtering();
-    connect(_editor, &RuleEditor::closeWanted, this, &FilterPopover::close);
-    connect(_editor, &RuleEditor::ruleDidChange, &filtering, [&filtering](const Rule &rule) {
+}
+
+RuleEditor *FilterPopover::makeEditor()
+{
+    auto *editor = new RuleEditor(_settings, &_view);
+    editor->hide();
+    FilelistFiltering &filtering = _files.filtering();
+    const auto showRule = [editor, &filtering] { editor->setRule(filtering.criteria().rule); };
+    const auto showNames = [editor, &filtering] { editor->setNames(filtering.parameterNames()); };
+    showRule();
+    showNames();
+    connect(editor, &RuleEditor::closeWanted, this, &FilterPopover::close);
+    connect(editor, &RuleEditor::ruleDidChange, &filtering, [&filtering](const Rule &rule) {
         FilelistFilter criteria = filtering.criteria();
         criteria.rule = rule;
         filtering.setCriteria(criteria);
     });
-    connect(&filtering, &FilelistFiltering::criteriaDidChange, this,
-            [this, &filtering] { _editor->setRule(filtering.criteria().rule); });
-    connect(&filtering, &FilelistFiltering::parameterNamesDidChange, this,
-            [this, &filtering] { _editor->setNames(filtering.parameterNames()); });
+    connect(&filtering, &FilelistFiltering::criteriaDidChange, editor, showRule);
+    connect(&filtering, &FilelistFiltering::parameterNamesDidChange, editor, showNames);
     connect(&filtering.search(), &BackgroundRunBase::ended, this, &FilterPopover::showMatches);
-    connect(&files, &FilelistController::totalsDidChange, this, &FilterPopover::showMatches);
+    connect(&_files, &FilelistController::totalsDidChange, this, &FilterPopover::showMatches);
+    _view.installEventFilter(this);
+    return editor;
 }
 
 void FilterPopover::toggle()
 {
+    if (!_editor)
+        _editor = makeEditor();
     if (_editor->isVisible())
         return close();
     place();

@@ -26,13 +26,15 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    RuleEditor *makeEditor();
     void place();
     void close();
     void showMatches();
 
+    LiveSettings &_settings;
     MainView &_view;
     FilelistController &_files;
-    RuleEditor *_editor;
+    RuleEditor *_editor = nullptr; ///< made when it is first wanted
 };
 
 } // namespace quorvin
