@@ -277,14 +277,7 @@ void ExtendedOutline::updateStickyGroup()
     const QModelIndex next = group.siblingAtRow(group.row() + 1);
     // The next group pushes it out.
     const int room = next.isValid() && !visualRect(next).isEmpty() ? nameTop(next) : height;
-    const QRect frame = viewport()->geometry();
-    _sticky->setGeometry(frame.left(), frame.top() + std::min(room - height, 0), frame.width(), height);
-    _sticky->setMask(QRect(0, std::max(height - room, 0), frame.width(), height));
-    const QRect text(kIndentation + OutlineDelegate::kMargin, 0,
-                     frame.width() - kIndentation - 2 * OutlineDelegate::kMargin, height);
-    const QRect sign(0, 0, kIndentation, height);
-    _sticky->setGroup(group.data().toString(), QStyle::visualRect(layoutDirection(), _sticky->rect(), text),
-                      QStyle::visualRect(layoutDirection(), _sticky->rect(), sign));
+    _sticky->setGroup(group.data().toString(), viewport()->geometry(), height, room, kIndentation);
 }
 
 void ExtendedOutline::scrollContentsBy(int dx, int dy)

@@ -3,6 +3,8 @@
 
 #include "shell/outline/StickyGroup.h"
 
+#include "shell/outline/OutlineDelegate.h"
+
 #include <QAbstractScrollArea>
 #include <QCoreApplication>
 #include <QMouseEvent>
@@ -10,6 +12,8 @@
 #include <QStyle>
 #include <QStyleOption>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 namespace quorvin {
 
@@ -26,11 +30,15 @@ StickyGroup::StickyGroup(QAbstractScrollArea *view) : QWidget(view), _view(view)
     hide();
 }
 
-void StickyGroup::setGroup(const QString &name, const QRect &text, const QRect &sign)
+void StickyGroup::setGroup(const QString &name, const QRect &frame, int height, int room, int indentation)
 {
+    setGeometry(frame.left(), frame.top() + std::min(room - height, 0), frame.width(), height);
+    setMask(QRect(0, std::max(height - room, 0), frame.width(), height));
+    constexpr int kMargin = OutlineDelegate::kMargin;
+    const QRect text(indentation + kMargin, 0, frame.width() - indentation - 2 * kMargin, height);
     _name = name;
-    _text = text;
-    _sign = sign;
+    _text = QStyle::visualRect(layoutDirection(), rect(), text);
+    _sign = QStyle::visualRect(layoutDirection(), rect(), {0, 0, indentation, height});
     update();
 }
 

@@ -14,11 +14,12 @@ namespace quorvin {
 class StickyGroup final : public QWidget {
     Q_OBJECT
 public:
-    /// Belongs to the view, which says where it stands and whether it is seen.
+    /// Belongs to the view, which says whether it is seen.
     explicit StickyGroup(QAbstractScrollArea *view);
 
-    /// Both rectangles are in this widget.
-    void setGroup(const QString &name, const QRect &text, const QRect &sign);
+    /// At the top of `frame`, which is in the view, and so high; the next group pushes it out as far as there
+    /// is no `room` for it. The name stands behind the disclosure sign, which is as wide as `indentation`.
+    void setGroup(const QString &name, const QRect &frame, int height, int room, int indentation);
 
 Q_SIGNALS:
     void clicked();
