@@ -91,6 +91,28 @@ TEST_F(Outline, TheSameRowStaysAtTheSamePlaceFromFileToFile)
     EXPECT_EQ(topOf(QStringLiteral("b8")), before - 20) << "and here it is again";
 }
 
+TEST_F(Outline, ARowOfANarrowedTreeIsFoundAmongItsNamesakesAgain)
+{
+    const auto tag = [](const QString &value) {
+        return ExtTreeItem::itemWithKey(QStringLiteral("tag"), QStringLiteral("tag"), value);
+    };
+    const auto tree = [](ExtTreeItems leaves) {
+        return ExtTreeItems{
+            ExtTreeItem::groupTreeWithKey(QStringLiteral("G"), QStringLiteral("G"), leaves, 0)};
+    };
+    const ExtTreeItems whole
+        = tree({tag(QStringLiteral("x")), tag(QStringLiteral("y")), tag(QStringLiteral("y"))});
+    outline.setContent(whole);
+    outline.setContent(tree({tag(QStringLiteral("y")), tag(QStringLiteral("y"))}), true, true);
+    const QModelIndex group = outline.model()->index(0, 0);
+    outline.setCurrentIndex(outline.model()->index(1, 0, group));
+    outline.setContent(tree({tag(QStringLiteral("x"))}), true, true);
+    outline.setContent(whole, false, true);
+    EXPECT_EQ(outline.currentIndex().row(), 2);
+    outline.setContent(tree({tag(QStringLiteral("y")), tag(QStringLiteral("x")), tag(QStringLiteral("z"))}));
+    EXPECT_EQ(outline.currentIndex().row(), 2) << "in another file by its place among them";
+}
+
 TEST_F(Outline, TheGroupOfTheFirstRowStaysInSight)
 {
     outline.setContent({group(QStringLiteral("A"), 40), group(QStringLiteral("B"), 40)});

@@ -86,6 +86,8 @@ void ExtSearchBar::hideAnimated()
         return;
     _isOpen = false;
     _pause.stop();
+    // While the field still has the keyboard.
+    Q_EMIT searchWanted();
     slideTo(0, kHideMilliseconds);
 }
 
@@ -115,14 +117,18 @@ bool ExtSearchBar::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() != QEvent::KeyPress)
         return QWidget::eventFilter(watched, event);
-    switch (static_cast<QKeyEvent *>(event)->key()) {
+    const auto &key = static_cast<const QKeyEvent &>(*event);
+    switch (key.key()) {
     case Qt::Key_Escape:
         Q_EMIT closeWanted();
         return true;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        _pause.stop();
-        Q_EMIT searchWanted();
+        if (_pause.isActive()) {
+            _pause.stop();
+            Q_EMIT searchWanted();
+        }
+        Q_EMIT nextWanted(key.modifiers().testFlag(Qt::ShiftModifier));
         return true;
     default:
         return QWidget::eventFilter(watched, event);

@@ -30,8 +30,9 @@ public:
     void setHits(int hits);
 
 Q_SIGNALS:
-    /// At Return, and a moment after the text has changed.
+    /// A moment after the text has changed, at Return if that comes first, and when the bar goes.
     void searchWanted();
+    /// At Return, and with Shift backwards; the search for the text has been wanted before.
     void nextWanted(bool backwards);
     /// The bar is to be closed.
     void closeWanted();

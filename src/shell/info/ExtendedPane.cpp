@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace quorvin {
 
@@ -119,9 +120,12 @@ void ExtendedPane::find()
 
 void ExtendedPane::hideExtSearchBar()
 {
+    // A tree that gets the keyboard without a current row makes its first one so.
+    const bool isOnRow = _outline->currentIndex().isValid();
     _searchBar->hideAnimated();
+    if (isOnRow)
+        _outline->showRow(_outline->currentIndex());
     _outline->setFocus();
-    refill();
 }
 
 void ExtendedPane::findNext(bool backwards)
@@ -227,12 +231,14 @@ void ExtendedPane::applyLook(const RowLook &look)
 
 void ExtendedPane::fill(const QuorvinData *record)
 {
+    const QString path = record ? record->filename() : QString();
+    const bool isSameFile = path == std::exchange(_path, path) && !path.isEmpty();
     const QString text = _searchBar->isOpen() ? _searchBar->text() : QString();
     ExtTreeItems tree = record ? record->extendedContentHaving(text) : ExtTreeItems();
     fillWatched(record);
     _searchBar->setHits(leavesOf(tree));
     _outline->setSearch(searchText());
-    _outline->setContent(std::move(tree), !text.isEmpty());
+    _outline->setContent(std::move(tree), !text.isEmpty(), isSameFile);
 }
 
 } // namespace quorvin

@@ -75,6 +75,7 @@ private:
     std::optional<WatchedParameters> _ownWatched; ///< of this window alone
     ExtendedOutline *_outline;
     QString _globalSearch;
+    QString _path; ///< of the file whose tree is shown; "" for none
 };
 
 } // namespace quorvin

@@ -70,7 +70,7 @@ void ExtendedOutline::noteToggle(const QModelIndex &index, bool opens)
     updateStickyGroup();
 }
 
-void ExtendedOutline::setContent(ExtTreeItems items, bool opensAll)
+void ExtendedOutline::setContent(ExtTreeItems items, bool opensAll, bool isSameFile)
 {
     _places.note(*this, _content, _sticky->isHidden() ? 0 : _sticky->height());
     _content.setContent(std::move(items));
@@ -78,7 +78,7 @@ void ExtendedOutline::setContent(ExtTreeItems items, bool opensAll)
     if (_content.rowCount() == 0)
         return;
     executeDelayedItemsLayout();
-    _places.restore(*this, _content);
+    _places.restore(*this, _content, isSameFile);
     updateStickyGroup();
 }
 
@@ -92,17 +92,20 @@ bool ExtendedOutline::selectHit(bool backwards, bool fromEnd)
 {
     const QModelIndex hit
         = nextHit(_content, _delegate->hits, fromEnd ? QModelIndex() : currentIndex(), backwards);
-    if (!hit.isValid())
-        return false;
+    if (hit.isValid())
+        showRow(hit);
+    return hit.isValid();
+}
+
+void ExtendedOutline::showRow(const QModelIndex &row)
+{
     {
-        // A group that the user has closed opens for this hit, and is not noted as open.
         const QScopedValueRollback toggling(_isToggling, true);
-        for (QModelIndex above = hit.parent(); above.isValid(); above = above.parent())
+        for (QModelIndex above = row.parent(); above.isValid(); above = above.parent())
             expand(above);
     }
-    setCurrentIndex(hit);
-    scrollTo(hit);
-    return true;
+    setCurrentIndex(row);
+    scrollTo(row);
 }
 
 void ExtendedOutline::expandAllItems(bool opensAll)

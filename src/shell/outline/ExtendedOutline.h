@@ -26,8 +26,9 @@ public:
     const ExtTreeModel &content() const { return _content; }
     /// Shows the tree, its groups open but for those that were closed before, and scrolled so that the row
     /// that was looked at stands where it stood, if this tree has it too. `opensAll`: also what was closed,
-    /// which stays so in other trees.
-    void setContent(ExtTreeItems items, bool opensAll = false);
+    /// which stays so in other trees. `isSameFile`: some rows of the tree that is shown are left out now, or
+    /// are back; rows are then told apart by their values too.
+    void setContent(ExtTreeItems items, bool opensAll = false, bool isSameFile = false);
 
     /// Marks the text wherever it stands; "" marks nothing.
     void setSearch(const QString &text);
@@ -41,6 +42,9 @@ public:
     /// Selects the group and brings it to the top of what is seen. Does nothing when there is none.
     void showGroup(const QString &key, quint64 streamIndex);
     void scrollRowToTheTop(const QModelIndex &row);
+    /// Selects the row and brings it in sight. A group that the user has closed opens for it, and is not
+    /// noted as open.
+    void showRow(const QModelIndex &row);
     void scrollTo(const QModelIndex &index, ScrollHint hint = EnsureVisible) override;
 
     /// The item of the one selected row; null when there are none or several.

@@ -29,6 +29,11 @@ int countEarlier(const ExtTreeModel &model, const QModelIndex &row, const QStrin
     return count;
 }
 
+bool areTwins(const ExtTreeItem &item, const QString &name, const QString &value)
+{
+    return nameOf(item) == name && item.stringValue() == value;
+}
+
 QModelIndex childNamed(const ExtTreeModel &model, const QModelIndex &parent, const QString &name, int earlier)
 {
     for (int i = 0; i < model.rowCount(parent); ++i) {
@@ -42,7 +47,11 @@ QModelIndex childNamed(const ExtTreeModel &model, const QModelIndex &parent, con
 } // namespace
 
 RowPlace::RowPlace(const ExtTreeModel &model, const QModelIndex &row)
+    : _value(model.itemAt(row)->stringValue())
 {
+    const QString ownName = nameOf(*model.itemAt(row));
+    for (int i = 0; i < row.row(); ++i)
+        _twins += areTwins(*model.itemAt(row.siblingAtRow(i)), ownName, _value) ? 1 : 0;
     for (QModelIndex at = row.siblingAtColumn(ExtTreeModel::Name); at.isValid(); at = at.parent()) {
         Names names;
         for (int i = at.row(); i >= 0 && at.row() - i <= kMostNeighbours; --i) {
@@ -57,13 +66,34 @@ RowPlace::RowPlace(const ExtTreeModel &model, const QModelIndex &row)
 
 QModelIndex RowPlace::exactIn(const ExtTreeModel &model) const
 {
+    return exactIn(model, _levels.size());
+}
+
+QModelIndex RowPlace::exactIn(const ExtTreeModel &model, std::size_t levels) const
+{
     QModelIndex found;
-    for (const Names &names : _levels) {
-        found = childNamed(model, found, names.front().text, names.front().earlier);
+    for (std::size_t i = 0; i < levels; ++i) {
+        const Name &name = _levels[i].front();
+        found = childNamed(model, found, name.text, name.earlier);
         if (!found.isValid())
             break;
     }
     return found;
+}
+
+QModelIndex RowPlace::sameIn(const ExtTreeModel &model) const
+{
+    const std::size_t above = _levels.size() - 1;
+    const QModelIndex group = exactIn(model, above);
+    if (above > 0 && !group.isValid())
+        return {};
+    int earlier = _twins;
+    for (int i = 0; i < model.rowCount(group); ++i) {
+        const QModelIndex child = model.index(i, ExtTreeModel::Name, group);
+        if (areTwins(*model.itemAt(child), _levels.back().front().text, _value) && earlier-- == 0)
+            return child;
+    }
+    return {};
 }
 
 QModelIndex RowPlace::nearestIn(const ExtTreeModel &model) const

@@ -19,6 +19,9 @@ public:
 
     /// Invalid when there is no such row.
     QModelIndex exactIn(const ExtTreeModel &model) const;
+    /// The very row, in a tree of the same file that lacks other rows or has more of them; invalid when it
+    /// lacks this one.
+    QModelIndex sameIn(const ExtTreeModel &model) const;
     /// The row, or one shortly before it in its group, or the group; invalid without the group.
     QModelIndex nearestIn(const ExtTreeModel &model) const;
 
@@ -30,7 +33,12 @@ private:
     };
     using Names = std::vector<Name>;
 
+    /// The row that is named by so many of the levels.
+    QModelIndex exactIn(const ExtTreeModel &model, std::size_t levels) const;
+
     std::vector<Names> _levels; ///< from the top
+    QString _value;
+    int _twins = 0; ///< so many rows of its name and its value stand before it in its group
 };
 
 } // namespace quorvin

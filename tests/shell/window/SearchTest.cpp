@@ -130,14 +130,44 @@ TEST_F(SearchWindow, TheBarFindsInTheTreeAndGoesWithEscape)
     EXPECT_TRUE(spinUntil([this] { return leaves() == 0; })) << "without Return, after a pause";
 }
 
+TEST_F(SearchWindow, ReturnWalksTheHitsAndEscapeStaysWhereOneIs)
+{
+    run(Command::selectExtendedTab);
+    selectRow(u"Width"_s);
+    const QString before = selectedRow();
+    run(Command::performExtFind);
+    QLineEdit *field = fieldIn(info->extended());
+    QTest::keyClicks(field, u"zzz"_s);
+    ASSERT_TRUE(spinUntil([this] { return leaves() == 0; }));
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_EQ(selectedRow(), before) << "no other was chosen";
+
+    run(Command::performExtFind);
+    QTest::keyClicks(field, u"format"_s);
+    QTest::keyClick(field, Qt::Key_Return);
+    const QString first = selectedRow();
+    EXPECT_TRUE(first.contains(u"format"_s, Qt::CaseInsensitive)) << first.toStdString();
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_NE(selectedRow(), first);
+    QTest::keyClick(field, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_EQ(selectedRow(), first);
+    EXPECT_TRUE(field->hasFocus());
+    // What its group has before it is not in the narrowed tree.
+    QTest::keyClick(field, Qt::Key_Return);
+    const QString chosen = selectedRow();
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_TRUE(tree->hasFocus());
+    EXPECT_EQ(selectedRow(), chosen);
+    EXPECT_TRUE(tree->viewport()->rect().intersects(tree->visualRect(tree->currentIndex())));
+}
+
 TEST_F(SearchWindow, HitsAreWalkedThroughAllFiles)
 {
     run(Command::selectExtendedTab);
     run(Command::performExtFind);
     QTest::keyClicks(fieldIn(info->extended()), u"pcm"_s);
-    QTest::keyClick(fieldIn(info->extended()), Qt::Key_Return);
     ASSERT_EQ(current(), u"matroska.mkv"_s);
-    run(Command::findNext);
+    QTest::keyClick(fieldIn(info->extended()), Qt::Key_Return);
     ASSERT_TRUE(spinUntil([this] { return current() == u"tone.wav"_s && !selectedRow().isEmpty(); }));
     const QString first = selectedRow();
     EXPECT_TRUE(first.contains(u"pcm"_s, Qt::CaseInsensitive)) << first.toStdString();
