@@ -16,6 +16,9 @@ class FileHeader final : public QHeaderView {
 public:
     explicit FileHeader(QWidget *parent = nullptr);
 
+    /// As high as it was made; the toolkit would load a bold font to measure names that stand in another.
+    QSize sizeHint() const override { return minimumSize(); }
+
 Q_SIGNALS:
     void referenceWanted(int column);
     void closeWanted(int column);
