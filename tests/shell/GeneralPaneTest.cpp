@@ -3,6 +3,7 @@
 
 #include "shell/info/GeneralPane.h"
 
+#include "shell/info/CoverView.h"
 #include "shell/info/ElidedLabel.h"
 #include "shell/info/FactList.h"
 #include "shell/info/StreamTable.h"
@@ -10,6 +11,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
+#include <QImage>
 #include <QLabel>
 #include <QTest>
 
@@ -135,6 +138,34 @@ TEST_F(General, OnlyADoubleClickOrReturnOpensALine)
     QTest::mouseDClick(table->viewport(), Qt::LeftButton, {}, second);
     QTest::keyClick(table, Qt::Key_Return);
     EXPECT_EQ(opened, QStringList({QStringLiteral("Audio1"), QStringLiteral("Audio1")}));
+}
+
+TEST_F(General, WhatACoverOffersIsReachedByKeys)
+{
+    int opened = 0;
+    std::vector<CommandPlace> menus;
+    QObject::connect(&pane, &GeneralPane::coverOpened, [&] { ++opened; });
+    QObject::connect(&pane, &Pane::menuWanted, [&](CommandPlace place) { menus.push_back(place); });
+    auto *cover = part<CoverView>();
+    QImage picture(40, 30, QImage::Format_RGB32);
+    picture.fill(Qt::white);
+    cover->setCoverImage(picture);
+    pane.activateWindow();
+    part<StreamTable>()->setFocus();
+    const QImage before = cover->grab().toImage();
+    cover->setFocus();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return cover->hasFocus(); }));
+    EXPECT_NE(cover->grab().toImage(), before) << "one sees where the keys go";
+    QTest::keyClick(cover, Qt::Key_Return);
+    QTest::keyClick(cover, Qt::Key_Space);
+    EXPECT_EQ(opened, 2);
+    QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, cover->mapToGlobal(QPoint()));
+    QApplication::sendEvent(cover, &menu);
+    EXPECT_EQ(menus, std::vector{CommandPlace::CoverMenu});
+    QTest::keyClick(cover, Qt::Key_Tab);
+    EXPECT_TRUE(part<StreamTable>()->hasFocus()) << "in the order of the sheet";
+    pane.clear();
+    EXPECT_EQ(cover->focusPolicy(), Qt::NoFocus) << "nothing is shown";
 }
 
 TEST_F(General, CopiesLinesAndFactsWithAndWithoutTheirNames)

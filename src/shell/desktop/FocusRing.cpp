@@ -14,7 +14,18 @@ namespace {
 
 constexpr int kRingWidth = 2; ///< device-independent pixels
 
+QRegion ringIn(const QRect &rect)
+{
+    return QRegion(rect).subtracted(rect.adjusted(kRingWidth, kRingWidth, -kRingWidth, -kRingWidth));
+}
+
 } // namespace
+
+void paintFocusRing(QPainter &painter, const QRect &rect, const QPalette &palette)
+{
+    for (const QRect &side : ringIn(rect))
+        painter.fillRect(side, palette.color(QPalette::Active, QPalette::Highlight));
+}
 
 FocusRing::FocusRing(QAbstractItemView *view) : QWidget(view), _view(view)
 {
@@ -47,14 +58,15 @@ void FocusRing::follow()
 {
     setGeometry(_view->rect());
     // The inside stays the view's, which scrolls faster under nothing.
-    setMask(QRegion(rect()).subtracted(rect().adjusted(kRingWidth, kRingWidth, -kRingWidth, -kRingWidth)));
+    setMask(ringIn(rect()));
     setVisible(_view->hasFocus() && _view->model()->rowCount(_view->rootIndex()) > 0);
     raise();
 }
 
 void FocusRing::paintEvent(QPaintEvent *)
 {
-    QPainter(this).fillRect(rect(), palette().color(QPalette::Active, QPalette::Highlight));
+    QPainter painter(this);
+    paintFocusRing(painter, rect(), palette());
 }
 
 } // namespace quorvin

@@ -6,8 +6,12 @@
 #include <QWidget>
 
 class QAbstractItemView;
+class QPainter;
 
 namespace quorvin {
+
+/// A thin frame at the inner edge of the rectangle, in the colour of what has the keyboard.
+void paintFocusRing(QPainter &painter, const QRect &rect, const QPalette &palette);
 
 /// A thin frame round a view while it has the keyboard, so that one sees where the keys go; none round an
 /// empty one. Takes no room and no clicks. Main thread.

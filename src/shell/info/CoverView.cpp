@@ -4,7 +4,9 @@
 #include "shell/info/CoverView.h"
 
 #include "shell/desktop/AccessibleRole.h"
+#include "shell/desktop/FocusRing.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
@@ -33,18 +35,20 @@ void CoverView::clear()
 
 void CoverView::setIcon(const QIcon &icon)
 {
-    _icon = icon;
-    _image = {};
-    setAccessibleName(tr("Picture of the file's kind"));
-    update();
-    Q_EMIT coverDidChange();
+    showPicture(icon, {}, tr("Picture of the file's kind"));
 }
 
 void CoverView::setCoverImage(const QImage &image)
 {
-    _icon = {};
+    showPicture({}, image, tr("Cover"));
+}
+
+void CoverView::showPicture(const QIcon &icon, const QImage &image, const QString &name)
+{
+    _icon = icon;
     _image = image;
-    setAccessibleName(tr("Cover"));
+    setAccessibleName(name);
+    setFocusPolicy(isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
     update();
     Q_EMIT coverDidChange();
 }
@@ -56,30 +60,49 @@ QSize CoverView::fittedSize(const QSize &image, const QSize &room)
     return image.scaled(room, Qt::KeepAspectRatio);
 }
 
+QRect CoverView::place() const
+{
+    QRect place(QPoint(),
+                _image.isNull() ? QSize(kIconSide, kIconSide).boundedTo(size())
+                                : fittedSize(_image.size(), size()));
+    // Beside the headline; a drawn sign is smaller than the room of a cover.
+    if (!_image.isNull())
+        return QStyle::visualRect(layoutDirection(), rect(), place);
+    place.moveLeft(rect().center().x() - place.width() / 2);
+    return place;
+}
+
 void CoverView::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    QRect target(QPoint(),
-                 _image.isNull() ? QSize(kIconSide, kIconSide).boundedTo(size())
-                                 : fittedSize(_image.size(), size()));
-    // Beside the headline; a drawn sign is smaller than the room of a cover.
-    if (_image.isNull())
-        target.moveLeft(rect().center().x() - target.width() / 2);
-    else
-        target = QStyle::visualRect(layoutDirection(), rect(), target);
     // What the program drew stands back, and the pictures of a theme have colours of their own.
     const QIcon::Mode mode = _icon.name().isEmpty() ? QIcon::Disabled : QIcon::Normal;
     if (_image.isNull())
-        _icon.paint(&painter, target, Qt::AlignCenter, mode);
+        _icon.paint(&painter, place(), Qt::AlignCenter, mode);
     else
-        painter.drawImage(target, _image);
+        painter.drawImage(place(), _image);
+    if (hasFocus() && !isEmpty())
+        paintFocusRing(painter, place(), palette());
 }
 
 void CoverView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton)
-        Q_EMIT doubleClicked();
+        Q_EMIT opened();
+}
+
+void CoverView::keyPressEvent(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        Q_EMIT opened();
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+    }
 }
 
 } // namespace quorvin

@@ -9,7 +9,8 @@
 
 namespace quorvin {
 
-/// The cover of the current file, or what stands for its kind. Scaled down to fit, never up.
+/// The cover of the current file, or what stands for its kind. Scaled down to fit, never up. Takes the
+/// keyboard while it shows any of them.
 class CoverView : public QWidget {
     Q_OBJECT
 public:
@@ -30,15 +31,22 @@ public:
     QSize sizeHint() const override { return {kSide, kSide}; }
 
 Q_SIGNALS:
-    void doubleClicked();
+    /// By a double click, Return or Space.
+    void opened();
     /// There is a cover now, or there is none any more.
     void coverDidChange();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    bool isEmpty() const { return _icon.isNull() && _image.isNull(); }
+    void showPicture(const QIcon &icon, const QImage &image, const QString &name);
+    /// Where the picture is drawn.
+    QRect place() const;
+
     QIcon _icon;
     QImage _image;
 };

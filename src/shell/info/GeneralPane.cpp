@@ -133,7 +133,7 @@ void GeneralPane::connectParts()
     connect(_facts, &FactList::placeOpened, this, &GeneralPane::locationActivated);
     connect(_privacy, &PrivacyChip::stripWanted, this, &GeneralPane::stripWanted);
     connect(&_towns, &TownLookup::ready, this, &GeneralPane::refill);
-    connect(_cover, &CoverView::doubleClicked, this, &GeneralPane::coverOpened);
+    connect(_cover, &CoverView::opened, this, &GeneralPane::coverOpened);
     _cover->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(_cover, &QWidget::customContextMenuRequested, this, [this](const QPoint &at) {
         Q_EMIT menuWanted(CommandPlace::CoverMenu, _cover->mapToGlobal(at));

@@ -41,7 +41,7 @@ public:
 Q_SIGNALS:
     void streamActivated(const QString &key, quint64 streamIndex);
     void locationActivated();
-    /// A double click on the cover of a file.
+    /// The cover of a file was double-clicked, or had the keyboard at Return or Space.
     void coverOpened();
     /// What gives a person away is to be taken out of the file.
     void stripWanted();

@@ -3,6 +3,8 @@
 
 #include "shell/window/FocusKeeper.h"
 
+#include "shell/info/CoverView.h"
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
@@ -74,17 +76,17 @@ QWidget *FocusKeeper::placeInContent() const
 {
     if (QWidget *last = _content->focusWidget(); last && last->isVisible())
         return last;
-    QWidget *button = nullptr;
+    QWidget *fallback = nullptr;
     for (QWidget *next = _content->nextInFocusChain(); next != _content; next = next->nextInFocusChain()) {
         if (!(next->focusPolicy() & Qt::TabFocus) || !next->isEnabled() || !next->isVisible()
             || !_content->isAncestorOf(next))
             continue;
-        if (!qobject_cast<QAbstractButton *>(next))
+        if (!qobject_cast<QAbstractButton *>(next) && !qobject_cast<CoverView *>(next))
             return next;
-        if (!button)
-            button = next;
+        if (!fallback)
+            fallback = next;
     }
-    return button ? button : _content;
+    return fallback ? fallback : _content;
 }
 
 } // namespace quorvin

@@ -25,7 +25,8 @@ private:
     /// The list may be hidden already where the keyboard was meant for it.
     void windowDidShow();
     void focusDidChange(QWidget *old, QWidget *now);
-    /// Where the keyboard was last in the content; else the first widget there that takes it, buttons last.
+    /// Where the keyboard was last in the content; else the first widget there that takes it, buttons and
+    /// covers last.
     QWidget *placeInContent() const;
 
     QWidget *_list;
