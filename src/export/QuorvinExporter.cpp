@@ -10,7 +10,6 @@
 
 #include <QIODevice>
 
-#include <cerrno>
 #include <utility>
 
 namespace quorvin {
@@ -116,18 +115,14 @@ private:
         });
     }
 
-    /// Another run into the same folder may take a name between its choice and its use.
     static Result putIntoPlace(AtomicFile &file, const QString &path)
     {
-        Result done = file.commit(AtomicFile::Existing::Keep);
-        for (int tries = 1; !done && done.error().code == EEXIST && tries < kMostNames; ++tries) {
-            file.setName(lastPathComponent(Utilities::uniqueFilename(path)));
-            done = file.commit(AtomicFile::Existing::Keep);
-        }
-        return done;
+        const auto attempt = [&](const QString &free) {
+            file.setName(lastPathComponent(free));
+            return file.commit(AtomicFile::Existing::Keep);
+        };
+        return Utilities::takeUniqueFilename(path, attempt).map([](const QString &) {});
     }
-
-    static constexpr int kMostNames = 1000;
 
     QuorvinExporter _exporter;
     QString _folder;

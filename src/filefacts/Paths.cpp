@@ -11,6 +11,7 @@
 
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -18,12 +19,27 @@ namespace quorvin::Utilities {
 
 namespace {
 
-constexpr int kMostTries = 9998;
+constexpr int kMostNumber = 9998;
 
 bool exists(const QString &path)
 {
     struct stat facts { };
     return ::lstat(encodePath(path).constData(), &facts) == 0;
+}
+
+/// The number goes ahead of the extension; 0 for none.
+QString numbered(const QString &path, int number)
+{
+    if (number == 0)
+        return path;
+    const QString extension = pathExtension(path);
+    const QString tail = extension.isEmpty() ? QString() : u'.' + extension;
+    return path.chopped(tail.size()) + QLatin1String(" (") + QString::number(number) + u')' + tail;
+}
+
+bool isTaken(const Error &error)
+{
+    return error.domain == kPosixErrorDomain && error.code == EEXIST;
 }
 
 QString globallyUniqueName()
@@ -44,18 +60,26 @@ Expected<QString> createFolder(const QString &path)
 
 QString uniqueFilename(const QString &path)
 {
-    if (!exists(path))
-        return path;
-    const QString extension = pathExtension(path);
-    const QString tail = extension.isEmpty() ? QString() : u'.' + extension;
-    const QString base = path.left(path.size() - tail.size());
-    QString candidate;
-    for (int n = 1; n <= kMostTries; ++n) {
-        candidate = base + QLatin1String(" (") + QString::number(n) + u')' + tail;
-        if (!exists(candidate))
-            break;
+    int number = 0;
+    while (number < kMostNumber && exists(numbered(path, number)))
+        ++number;
+    return numbered(path, number);
+}
+
+Expected<QString> takeUniqueFilename(const QString &path,
+                                     const std::function<Expected<void>(const QString &path)> &attempt)
+{
+    for (int number = 0; number <= kMostNumber; ++number) {
+        const QString candidate = numbered(path, number);
+        if (exists(candidate))
+            continue;
+        const Expected<void> taken = attempt(candidate);
+        if (taken)
+            return candidate;
+        if (!isTaken(taken.error()))
+            return tl::unexpected(taken.error());
     }
-    return candidate;
+    return posixFailure(EEXIST);
 }
 
 Expected<QString> createUniqueFolder(const QString &path)

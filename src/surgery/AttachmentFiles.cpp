@@ -3,6 +3,7 @@
 
 #include "surgery/AttachmentFiles.h"
 
+#include "filefacts/Paths.h"
 #include "platform/AtomicFile.h"
 #include "platform/NativePath.h"
 #include "platform/RegularFile.h"
@@ -20,7 +21,6 @@ namespace {
 constexpr QByteArrayView kBase64("base64:");
 constexpr qsizetype kPiece = 1 << 20; ///< of base64; four characters are three bytes
 constexpr qsizetype kMostNameBytes = 240; ///< leaves room for a number
-constexpr int kMostTries = 9998;
 constexpr qsizetype kMostToldLetters = 200;
 
 constexpr quint64 kCopied = 1 << 20; ///< bytes at a time
@@ -56,16 +56,6 @@ Expected<void> copyPart(const RegularFile &file, quint64 offset, quint64 size, Q
             return written;
     }
     return {};
-}
-
-/// The name with a number, ahead of its extension; 0 for none.
-QString numbered(const QString &name, int number)
-{
-    if (number == 0)
-        return name;
-    const QString extension = pathExtension(name);
-    const QString tail = extension.isEmpty() ? QString() : u'.' + extension;
-    return QStringLiteral("%1 (%2)%3").arg(name.chopped(tail.size()), QString::number(number), tail);
 }
 
 /// Shorter by its stem, so that its kind can still be told.
@@ -181,17 +171,11 @@ void AttachmentFiles::save(const QString &name, Expected<File> file)
 
 Expected<QString> AttachmentFiles::commit(const QString &name, AtomicFile &file) const
 {
-    const QString plain = fileNameOfAttachment(name);
-    for (int number = 0; number <= kMostTries; ++number) {
-        const QString tried = numbered(plain, number);
-        file.setName(tried);
-        const auto committed = file.commit(AtomicFile::Existing::Keep);
-        if (committed)
-            return _folder + u'/' + tried;
-        if (committed.error().domain != kPosixErrorDomain || committed.error().code != EEXIST)
-            return tl::unexpected(committed.error());
-    }
-    return posixFailure(EEXIST);
+    const QString path = _folder + u'/' + fileNameOfAttachment(name);
+    return Utilities::takeUniqueFilename(path, [&](const QString &free) {
+        file.setName(lastPathComponent(free));
+        return file.commit(AtomicFile::Existing::Keep);
+    });
 }
 
 SavedFiles AttachmentFiles::finish()

@@ -24,7 +24,6 @@ namespace quorvin {
 namespace {
 
 const QByteArray kCopyName = QByteArrayLiteral("/copy");
-constexpr int kMostNames = 1000;
 
 /// Closes a descriptor, and tells what went wrong with it.
 class Descriptor {
@@ -139,15 +138,11 @@ Expected<QString> WorkFolder::moveCopyTo(const Place &place) const
             return posixFailure(errno);
         return place.target;
     }
-    // Others may take a name between its choice and its use.
-    for (int tries = 0; tries < kMostNames; ++tries) {
-        QString path = Utilities::uniqueFilename(place.target);
-        if (TemporaryFiles::renameKeepingExisting(copy, encodePath(path)))
-            return path;
-        if (errno != EEXIST)
-            break;
-    }
-    return posixFailure(errno);
+    return Utilities::takeUniqueFilename(place.target, [&](const QString &path) -> Expected<void> {
+        if (!TemporaryFiles::renameKeepingExisting(copy, encodePath(path)))
+            return posixFailure(errno);
+        return {};
+    });
 }
 
 void WorkFolder::discard()

@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <limits>
 #include <vector>
 
@@ -76,6 +77,37 @@ TEST(Paths, UniqueNamesCountUpFromTheExtension)
     const auto random = createRandomTemporaryFolderInSubfolder(own);
     ASSERT_TRUE(random && random->startsWith(folder.path()));
     EXPECT_NE(random, createRandomTemporaryFolderInSubfolder(own));
+}
+
+TEST(Paths, NameThatAnotherTookMeanwhileIsPassedOver)
+{
+    const test::TestFolder folder;
+    const QString wanted = folder.write(QStringLiteral("a.txt"));
+    QStringList tried;
+    const auto taken = takeUniqueFilename(wanted, [&](const QString &path) -> Expected<void> {
+        tried.append(lastPathComponent(path));
+        // The first free name goes to somebody quicker, who takes the one after it, too.
+        if (tried.size() > 1)
+            return {};
+        folder.write(tried.front());
+        folder.write(QStringLiteral("a (2).txt"));
+        return posixFailure(EEXIST);
+    });
+    EXPECT_EQ(taken, folder / QStringLiteral("a (3).txt"));
+    EXPECT_EQ(tried, QStringList({QStringLiteral("a (1).txt"), QStringLiteral("a (3).txt")}));
+
+    for (const auto &problem : {posixFailure(ENOSPC), tl::unexpected(Error{kErrorDomain, EEXIST, {}})}) {
+        tried.clear();
+        const auto failed = takeUniqueFilename(wanted, [&](const QString &path) -> Expected<void> {
+            tried.append(path);
+            return problem;
+        });
+        EXPECT_EQ(failed.error(), problem.value());
+        EXPECT_EQ(tried.size(), 1);
+    }
+    const auto full = takeUniqueFilename(
+        folder / QStringLiteral("b"), [](const QString &) -> Expected<void> { return posixFailure(EEXIST); });
+    EXPECT_EQ(full.error().code, EEXIST);
 }
 
 TEST(FileHash, DigestsOfTheWholeFileInOnePass)
