@@ -132,8 +132,18 @@ void readKind(const RegularFile &file, const QString &resolvedPath, FileFacts &f
     }
 }
 
-void takeAttributes(const AttributeFacts &attributes, FileFacts &facts)
+enum class Attributes { All, OnlyLists };
+
+void readAttributes(const RegularFile &file, Attributes wanted, FileFacts &facts)
 {
+    // Most files have none, and the path through the descriptor is long.
+    if (!Utilities::hasExtendedAttributes(file.descriptor()))
+        return;
+    AttributeFacts attributes = readAttributeFacts(file.descriptorPath());
+    for (auto *value : {&attributes.whereFroms, &attributes.authors, &attributes.downloadedDate}) {
+        if (wanted == Attributes::OnlyLists && *value && (*value)->typeId() != QMetaType::QVariantList)
+            value->reset();
+    }
     facts.finderComment = attributes.comment;
     facts.fileFrom = joinedText(attributes.whereFroms);
     facts.fileAuthors = joinedText(attributes.authors);
@@ -152,32 +162,19 @@ void readHashes(const RegularFile &file, const DigestWatch &watch, FileFacts &fa
     facts.sha1 = hashes->at(1);
 }
 
-FileFacts collect(const RegularFile &file, const RecordOptions &options, const DigestWatch &watch,
-                  bool listsOnly)
+} // namespace
+
+FileFacts getFileInfo(const RegularFile &file, const RecordOptions &options, const DigestWatch &watch)
 {
     FileFacts facts;
     const QString resolvedPath = file.resolvedPath();
     readSizeAndDates(file, options.useSIUnits, facts);
     readKind(file, resolvedPath, facts);
-    // Most files have none, and the path through the descriptor is long.
-    if (!options.skipExtAttributes && Utilities::hasExtendedAttributes(file.descriptor())) {
-        AttributeFacts attributes = readAttributeFacts(file.descriptorPath());
-        for (auto *value : {&attributes.whereFroms, &attributes.authors, &attributes.downloadedDate}) {
-            if (listsOnly && *value && (*value)->typeId() != QMetaType::QVariantList)
-                value->reset();
-        }
-        takeAttributes(attributes, facts);
-    }
+    if (!options.skipExtAttributes)
+        readAttributes(file, Attributes::All, facts);
     if (options.computeFileHashes)
         readHashes(file, watch, facts);
     return facts;
-}
-
-} // namespace
-
-FileFacts getFileInfo(const RegularFile &file, const RecordOptions &options, const DigestWatch &watch)
-{
-    return collect(file, options, watch, false);
 }
 
 void prepareFileStream(const QString &filename, const FileFacts &facts, PrivateFacts privacy,
@@ -204,9 +201,11 @@ void prepareFileStream(const QString &filename, const FileFacts &facts, PrivateF
 }
 
 FlatInfo prepareFileInfo(const QString &filename, const RegularFile &file, const RecordOptions &options,
-                         const DigestWatch &watch)
+                         const FileFacts &known)
 {
-    FileFacts facts = collect(file, options, watch, true);
+    FileFacts facts = known;
+    if (!options.skipExtAttributes)
+        readAttributes(file, Attributes::OnlyLists, facts);
     FlatInfo info;
     for (const QLatin1String key : kFlatOrder) {
         const Row &row = *std::ranges::find(kRows, key, &Row::key);

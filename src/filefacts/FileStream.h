@@ -28,9 +28,9 @@ enum class PrivateFacts {
 void prepareFileStream(const QString &filename, const FileFacts &facts, PrivateFacts privacy,
                        ParameterGroups &groups);
 
-/// The same facts as a flat list, in an order of its own. Here "FileSizeAndBytes" has the bare number of
-/// bytes, and origin, authors and download date count only when the attribute holds a list.
+/// The facts that `getFileInfo` gave as a flat list, in an order of its own. Here "FileSizeAndBytes" has the
+/// bare number of bytes, and origin, authors and download date count only when the attribute holds a list.
 FlatInfo prepareFileInfo(const QString &filename, const RegularFile &file, const RecordOptions &options,
-                         const DigestWatch &watch = {});
+                         const FileFacts &known);
 
 } // namespace quorvin

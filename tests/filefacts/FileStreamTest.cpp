@@ -90,7 +90,10 @@ TEST(FileStream, FlatListTakesListsOnly)
     const test::TestFolder folder;
     const QString path = folder.write(QStringLiteral("a.bin"), QByteArray(1500, 'x'));
     folder.setAttribute(path, "user.xdg.origin.url", "https://example.org/");
-    const FlatInfo info = prepareFileInfo(path, *RegularFile::open(path), {});
+    const auto file = RegularFile::open(path);
+    const FileFacts facts = getFileInfo(*file, {});
+    EXPECT_TRUE(facts.fileFrom);
+    const FlatInfo info = prepareFileInfo(path, *file, {}, facts);
     EXPECT_EQ(info.keys().mid(0, 4).join(u' '),
               QStringLiteral("FileName FileSize FileSizeInBytes FileSizeAndBytes"));
     EXPECT_EQ(info[QStringLiteral("FileSizeAndBytes")]->value, QStringLiteral("1.50 KB (1500)"));

@@ -100,10 +100,10 @@ Expected<FlatInfo> imageioInfoFromFile(const QString &path)
 }
 
 GeneralFacts prepareImageioGeneral(const FlatInfo &info, const RegularFile &file,
-                                   const RecordOptions &options)
+                                   const RecordOptions &options, const DigestWatch &watch)
 {
     GeneralFacts general;
-    static_cast<FileFacts &>(general) = getFileInfo(file, options);
+    static_cast<FileFacts &>(general) = getFileInfo(file, options, watch);
     general.format = u"HEIC"_s;
     const auto width = info[u"Container.PixelWidth"_s];
     const auto height = info[u"Container.PixelHeight"_s];
@@ -139,15 +139,8 @@ Expected<RecordContents> readSystemImage(const QString &filename, const RegularF
     RecordContents record;
     record.filename = filename;
     record.isImage = true;
-    RecordOptions withoutHashes = options;
-    withoutHashes.computeFileHashes = false;
-    record.general = prepareImageioGeneral(*info, file, withoutHashes);
-    const FlatInfo fileInfo = prepareFileInfo(filename, file, options, watch);
-    if (const auto md5 = fileInfo[u"MD5Hash"_s])
-        record.general.md5 = md5->value;
-    if (const auto sha1 = fileInfo[u"SHA1Hash"_s])
-        record.general.sha1 = sha1->value;
-    prepareImageioExtended(*info, fileInfo, record.groups);
+    record.general = prepareImageioGeneral(*info, file, options, watch);
+    prepareImageioExtended(*info, prepareFileInfo(filename, file, options, record.general), record.groups);
     return record;
 }
 

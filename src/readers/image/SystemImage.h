@@ -21,7 +21,7 @@ Expected<FlatInfo> imageioInfoFromFile(const QString &path);
 
 /// The General facts of such a file; its format is always HEIC.
 GeneralFacts prepareImageioGeneral(const FlatInfo &info, const RegularFile &file,
-                                   const RecordOptions &options);
+                                   const RecordOptions &options, const DigestWatch &watch);
 
 /// Appends the file facts and the properties, a group each. They show in the tree; exports and comparisons
 /// leave them out.

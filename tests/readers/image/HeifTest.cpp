@@ -87,9 +87,13 @@ TEST(Heif, WhatTheMetadataLibrariesRefuseTheImageReaderTells)
     // A box that claims to go far beyond the file ends exiv2's walk, not that of libheif.
     file.append(QByteArray("\x7f\0\0\0free", 8));
     const TestFolder folder;
-    const auto record = RecordBuilder({}).dataAboutFile(folder.write(QStringLiteral("a.heic"), file));
+    const auto record = RecordBuilder({.computeFileHashes = true})
+                            .dataAboutFile(folder.write(QStringLiteral("a.heic"), file));
     ASSERT_TRUE(record);
     EXPECT_TRUE((*record)->isImage());
+    const auto &sha1 = (*record)->generalInfo().sha1;
+    ASSERT_TRUE(sha1);
+    EXPECT_EQ(lineOf(*record, "SHA1 hash"), QStringLiteral("SHA1 hash: ") + *sha1);
     EXPECT_EQ((*record)->format(), QStringLiteral("HEIC"));
     EXPECT_EQ((*record)->generalInfo().imageSize, QStringLiteral("64 x 48"));
     EXPECT_EQ(lineOf(*record, "PixelWidth"), QStringLiteral("PixelWidth: 64"));
