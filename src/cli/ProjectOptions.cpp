@@ -9,6 +9,7 @@
 #include "platform/NativePath.h"
 #include "platform/Settings.h"
 #include "projects/ProjectChanges.h"
+#include "projects/ProjectItems.h"
 #include "projects/ProjectReader.h"
 #include "projects/ProjectWriter.h"
 
@@ -71,8 +72,7 @@ bool isProjectAllowed(const Context &context, const std::vector<FilelistItemPtr>
 bool saveProjectOf(const Context &context, const std::vector<FilelistItemPtr> &files)
 {
     Project project;
-    for (const FilelistItemPtr &file : files)
-        project.files.push_back({file->filename(), shownComponentsOf(file->prefixedPath()), {}});
+    project.files = projectFilesOf(files);
     project.filter.rule = context.arguments.filter;
     keepFacts(project, context.settings.boolean(Setting::computeFileHashes), {}, progressOn(context));
     const auto saved = pathOfGiven(*context.arguments.saveProject).and_then([&](const QString &path) {

@@ -4,6 +4,7 @@
 #include "shell/window/MissingFiles.h"
 
 #include "platform/NativePath.h"
+#include "projects/ProjectItems.h"
 #include "projects/ProjectRelink.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/desktop/Counts.h"
@@ -40,9 +41,7 @@ std::vector<ProjectFile> failedFiles(const std::vector<FilelistItemPtr> &list, c
 /// The same place of the list for a file elsewhere.
 FilelistItemPtr itemAt(const FilelistItem &file, const QString &path)
 {
-    const auto shown = shownComponentsOf(file.prefixedPath());
-    return FilelistItem::itemWithFilename(path,
-                                          ProjectFile{.path = path, .shownComponents = shown}.shownPath());
+    return itemOf({.path = path, .shownComponents = shownComponentsOf(file.prefixedPath())});
 }
 
 } // namespace

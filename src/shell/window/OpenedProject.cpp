@@ -4,6 +4,7 @@
 #include "shell/window/OpenedProject.h"
 
 #include "platform/NativePath.h"
+#include "projects/ProjectItems.h"
 #include "projects/ProjectReader.h"
 
 #include <QCoreApplication>
@@ -29,7 +30,7 @@ Expected<OpenedProject> openProject(const QString &path, const std::stop_token &
     for (const ProjectFile &file : project->files) {
         if (stop.stop_requested())
             break;
-        const FilelistItemPtr item = FilelistItem::itemWithFilename(file.path, file.shownPath());
+        const FilelistItemPtr item = itemOf(file);
         if (isMissing(file.path)) {
             item->setResult(failure(QCoreApplication::translate("WindowProject", "The file is missing")));
             item->setIsDone(true);

@@ -4,6 +4,7 @@
 #include "shell/window/ProjectState.h"
 
 #include "filter/RuleText.h"
+#include "projects/ProjectItems.h"
 #include "shell/compare/ComparisonView.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/filelist/SavedRules.h"
@@ -26,16 +27,6 @@ constexpr std::array kTabNames{"general"_L1, "extended"_L1, "comparison"_L1, "cu
 static_assert(kTabNames.size() == kTabCount);
 
 constexpr std::array kRowNames{"all"_L1, "differing"_L1, "equal"_L1}; ///< by `ComparisonFilter`
-
-std::vector<ProjectFile> filesOf(const std::vector<FilelistItemPtr> &list)
-{
-    std::vector<ProjectFile> files;
-    files.reserve(list.size());
-    for (const FilelistItemPtr &file : list)
-        files.push_back(
-            {.path = file->filename(), .shownComponents = shownComponentsOf(file->prefixedPath())});
-    return files;
-}
 
 ProjectFilter filterOf(const FilelistFilter &criteria)
 {
@@ -65,7 +56,7 @@ bool isSameFile(const ProjectFile &one, const ProjectFile &other)
 Project projectOf(MainView &view, FilelistController &files, LiveSettings &settings)
 {
     Project project;
-    project.files = filesOf(files.filelist());
+    project.files = projectFilesOf(files.filelist());
     project.tab = kTabNames.at(static_cast<std::size_t>(view.info().currentTab()));
     project.filter = filterOf(files.filtering().criteria());
     for (const WatchedParameter &each : view.info().extended().watched())
