@@ -38,8 +38,8 @@ void OrderedResults::dataCacherNewObjectReady(const DataCacherDelivery &delivery
 FileResult OrderedResults::takeNext()
 {
     FileResult result{_files[_next++], nullptr};
-    if (result.file->isFailed())
-        result.record = failure(result.file->failureReason());
+    if (const auto error = result.file->error())
+        result.record = tl::unexpected(*error);
     else
         result.record = result.file->quorvinData();
     if (result.record)

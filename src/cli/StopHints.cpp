@@ -3,23 +3,25 @@
 
 #include "cli/StopHints.h"
 
+#include "model/FailureKind.h"
+
 namespace quorvin::cli {
 
 namespace {
 
 struct Kind {
-    QLatin1String reason;
+    FailureKind kind;
     QLatin1String meaning;
 };
 
 constexpr std::array<Kind, StopHints::kKinds> kKindsOfStop{{
-    {QLatin1String("stopped: took too long"),
+    {FailureKind::TookTooLong,
      QLatin1String("'took too long' is a file that was given up; --set readerCpuSeconds=N and "
                    "--set readerWallSeconds=N allow more")},
-    {QLatin1String("stopped: used too much memory"),
+    {FailureKind::TooMuchMemory,
      QLatin1String(
          "'used too much memory' is a file that was given up; --set readerMemoryMiB=N allows more")},
-    {QLatin1String("stopped: the reader crashed"),
+    {FailureKind::ReaderCrashed,
      QLatin1String("'the reader crashed' is a file that its library can not bear; no setting changes that")},
 }};
 
@@ -28,7 +30,7 @@ constexpr std::array<Kind, StopHints::kKinds> kKindsOfStop{{
 void StopHints::note(const QString &reason)
 {
     for (std::size_t i = 0; i < kKinds; ++i)
-        _noted[i] = _noted[i] || reason.startsWith(kKindsOfStop[i].reason);
+        _noted[i] = _noted[i] || reason.startsWith(wordsOf(kKindsOfStop[i].kind));
 }
 
 QStringList StopHints::lines() const

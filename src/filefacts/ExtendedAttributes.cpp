@@ -3,6 +3,7 @@
 
 #include "filefacts/ExtendedAttributes.h"
 
+#include "model/FailureKind.h"
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "platform/PropertyList.h"
@@ -154,7 +155,7 @@ Expected<void> touchDate(const QString &date, const QString &path)
 {
     const auto time = utcTime(date);
     if (!time)
-        return tl::unexpected(Error{kErrorDomain, 1, QStringLiteral("Failed to convert the date")});
+        return failure(FailureKind::WrongDate);
     const std::array<timespec, 2> times{timespec{0, UTIME_OMIT}, timespec{time->toSecsSinceEpoch(), 0}};
     if (::utimensat(AT_FDCWD, encodePath(path).constData(), times.data(), 0) != 0)
         return posixFailure(errno);

@@ -3,6 +3,7 @@
 
 #include "filefacts/FileHash.h"
 
+#include "model/FailureKind.h"
 #include "platform/LoadedLibrary.h"
 #include "platform/RegularFile.h"
 
@@ -115,7 +116,7 @@ Expected<QStringList> hashesOfFile(int descriptor, std::initializer_list<Digest>
         offset += count;
         const auto done = static_cast<quint64>(offset);
         if (watch && !watch({done, std::max(done, size)}))
-            return failure(QStringLiteral("stopped"));
+            return failure(FailureKind::Stopped);
     }
     QStringList hashes;
     for (Hasher &hasher : hashers)

@@ -128,7 +128,7 @@ void DataCacher::processFileFirstly(const FilelistItemPtr &file)
 
 void DataCacher::skipFile(const FilelistItemPtr &file)
 {
-    _shared->skip(file, QStringLiteral("skipped"));
+    _shared->skip(file);
 }
 
 void DataCacher::stopReading()

@@ -3,6 +3,8 @@
 
 #include "intake/DataCacherShared.h"
 
+#include "model/FailureKind.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -147,7 +149,7 @@ void DataCacherShared::makeOwnThreadFree()
     stop.request_stop();
 }
 
-bool DataCacherShared::skip(const FilelistItemPtr &file, const QString &reason)
+bool DataCacherShared::skip(const FilelistItemPtr &file)
 {
     fileQueue.removeFiles({file});
     std::stop_source stop(std::nostopstate);
@@ -161,7 +163,7 @@ bool DataCacherShared::skip(const FilelistItemPtr &file, const QString &reason)
         letGo(file);
         file->setIsDone(true);
     }
-    dataReady(file, failure(reason));
+    dataReady(file, failure(FailureKind::Skipped));
     stop.request_stop();
     return true;
 }

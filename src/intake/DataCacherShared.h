@@ -89,7 +89,7 @@ struct DataCacherShared {
     /// goes to the end of the queue, and the thread gives it up.
     void makeOwnThreadFree();
     /// The file is answered as failed, and whoever works on it gives it up. False when it is done.
-    bool skip(const FilelistItemPtr &file, const QString &reason);
+    bool skip(const FilelistItemPtr &file);
     /// Nothing is queued or in process any more; files that were are as they were before they were queued.
     void forgetFiles();
     /// No thread will ever come for them.

@@ -4,6 +4,7 @@
 #include "intake/DataCacherThread.h"
 
 #include "intake/DataCacherShared.h"
+#include "model/FailureKind.h"
 #include "model/Log.h"
 #include "pictures/Cover.h"
 
@@ -212,8 +213,8 @@ private:
     /// No reader can be started for this thread, and others may have one.
     bool lacksReader(const JobResult &result) const
     {
-        return !_isLast && !_stop.stop_requested() && !result && result.error().domain == kErrorDomain
-            && result.error().code == kNoReader;
+        return !_isLast && !_stop.stop_requested() && !result
+            && kindOf(result.error()) == FailureKind::NoReader;
     }
 
     void giveBack(const FilelistItemPtr &file)

@@ -22,9 +22,8 @@ FilelistItemPtr FilelistItem::copyWithResult() const
     FilelistItemPtr copy = itemWithFilename(_filename, _prefixedPath);
     const std::lock_guard guard(_lock);
     copy->setQuorvinData(_quorvinData);
-    copy->_isFailed = _isFailed;
-    copy->_failureReason = _failureReason;
-    copy->_isDone = _quorvinData || _isFailed;
+    copy->_error = _error;
+    copy->_isDone = _quorvinData || _error;
     return copy;
 }
 
@@ -37,13 +36,19 @@ QuorvinDataPtr FilelistItem::quorvinData() const
 bool FilelistItem::isFailed() const
 {
     const std::lock_guard guard(_lock);
-    return _isFailed;
+    return _error.has_value();
+}
+
+std::optional<Error> FilelistItem::error() const
+{
+    const std::lock_guard guard(_lock);
+    return _error;
 }
 
 QString FilelistItem::failureReason() const
 {
     const std::lock_guard guard(_lock);
-    return _failureReason;
+    return _error ? _error->description : QString();
 }
 
 std::optional<DigestProgress> FilelistItem::digestProgress() const
@@ -71,8 +76,7 @@ void FilelistItem::setResult(const Expected<QuorvinDataPtr> &result)
     const std::lock_guard guard(_lock);
     setQuorvinData(result.value_or(nullptr));
     _digestProgress.reset();
-    _isFailed = !result;
-    _failureReason = result ? QString() : result.error().description;
+    _error = result ? std::nullopt : std::optional(result.error());
 }
 
 void FilelistItem::setQuorvinData(QuorvinDataPtr data)
@@ -93,8 +97,7 @@ void FilelistItem::resetQuorvinData()
     const std::lock_guard guard(_lock);
     setQuorvinData(nullptr);
     _digestProgress.reset();
-    _isFailed = false;
-    _failureReason.clear();
+    _error.reset();
 }
 
 QString FilelistItem::description() const

@@ -52,7 +52,9 @@ public:
     bool isWanted() const { return _isWanted; }
     /// The last analysis gave no record.
     bool isFailed() const;
-    /// Why the last analysis gave no record; "" when it did not fail.
+    /// Why the last analysis gave no record; absent when it did not fail.
+    std::optional<Error> error() const;
+    /// The same for a person to read; "" when it did not fail.
     QString failureReason() const;
     /// While its digests are computed, and take some time; absent else.
     std::optional<DigestProgress> digestProgress() const;
@@ -86,9 +88,8 @@ private:
     std::atomic<qint64> _duration = 0;
     mutable std::mutex _lock; ///< guards all below
     QuorvinDataPtr _quorvinData;
-    bool _isFailed = false;
-    QString _failureReason;
-    std::optional<DigestProgress> _digestProgress; ///< of the last analysis
+    std::optional<Error> _error; ///< of the last analysis, as below
+    std::optional<DigestProgress> _digestProgress;
 };
 
 using FilelistItemPtr = std::shared_ptr<FilelistItem>;

@@ -17,7 +17,7 @@ inline constexpr QLatin1String kPosixErrorDomain("POSIX");
 /// Why an operation failed.
 struct Error {
     QString domain; ///< `kErrorDomain` for the system's own, `kPosixErrorDomain` for system calls
-    int code = 0; ///< of the POSIX domain: errno
+    int code = 0; ///< of the POSIX domain: errno; of the own one: a `FailureKind`
     QString description; ///< the reason, for a person to read, without the path
 
     bool operator==(const Error &) const = default;

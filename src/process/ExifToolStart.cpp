@@ -3,6 +3,7 @@
 
 #include "process/ExifToolStart.h"
 
+#include "model/FailureKind.h"
 #include "process/Guard.h"
 #include "process/ReaderProgram.h"
 
@@ -124,7 +125,7 @@ Expected<StartedExifTool> startExifTool(int memoryMiB)
 {
     const std::string program = exifToolProgram();
     if (program.empty())
-        return failure(QStringLiteral("exiftool is not installed"));
+        return failure(FailureKind::NoExifTool);
     const auto reader = readerProgram();
     if (!reader)
         return tl::unexpected(reader.error());

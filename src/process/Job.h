@@ -90,9 +90,6 @@ inline const QString &pathOf(const JobRequest &request)
     return std::visit([](const auto &kind) -> const QString & { return kind.path; }, request);
 }
 
-/// The code of a job's error when no process could be started for it; its file has not been looked at.
-inline constexpr int kNoReader = 1;
-
 /// How far a job may go before its process is ended.
 struct JobLimits {
     int cpuSeconds = 20; ///< of processor time

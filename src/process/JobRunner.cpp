@@ -3,12 +3,14 @@
 
 #include "process/JobRunner.h"
 
+#include "model/FailureKind.h"
+
 namespace quorvin {
 
 JobResult JobRunner::run(const Job &job, const std::stop_token &stop)
 {
     begin(job);
-    return await(stop) ? take(stop) : failure(QStringLiteral("stopped"));
+    return await(stop) ? take(stop) : failure(FailureKind::Stopped);
 }
 
 } // namespace quorvin

@@ -25,17 +25,6 @@ constexpr int kGreetingPatience = 10'000; ///< milliseconds
 constexpr qsizetype kLength = sizeof(quint32); ///< of a frame, ahead of its content
 constexpr std::size_t kReadChunk = 65'536;
 
-const QString kCrashed = QStringLiteral("stopped: the reader crashed");
-const QString kSetAside = QStringLiteral("stopped: set aside as slow");
-const QString kStopped = QStringLiteral("stopped");
-const QString kTookTooLong = QStringLiteral("stopped: took too long");
-const QString kTooMuchMemory = QStringLiteral("stopped: used too much memory");
-
-tl::unexpected<Error> noReader()
-{
-    return tl::unexpected(Error{kErrorDomain, kNoReader, QStringLiteral("the reader can not be started")});
-}
-
 /// The number of the job that a message is about; 0 for none.
 quint32 jobOf(const ReaderMessage &message)
 {
@@ -64,14 +53,14 @@ ReaderConnection::open(const std::string &program, const ReaderRoots &roots, con
 {
     auto started = ReaderProcess::start(program);
     if (!started)
-        return noReader();
+        return failure(FailureKind::NoReader);
     std::unique_ptr<ReaderConnection> connection(new ReaderConnection(std::move(*started)));
     connection->_deadline.setRemainingTime(kGreetingPatience);
     connection->sendFrame(frameOf(roots));
     const auto first = connection->receive(stop);
     const auto *greeting = first ? std::get_if<Greeting>(&*first) : nullptr;
     if (!greeting)
-        return stop.stop_requested() ? failure(kStopped) : noReader();
+        return stop.stop_requested() ? failure(FailureKind::Stopped) : failure(FailureKind::NoReader);
     connection->_greeting = *greeting;
     if (greeting->exifTool > 0)
         connection->_reader->setCompanion(greeting->exifTool);
@@ -142,7 +131,7 @@ Expected<void> ReaderConnection::awaitDone(const std::stop_token &stop, const Jo
     }
     if (!isOfThisJob || !std::holds_alternative<JobDone>(*message)) {
         _isLastJobInnocent = !isOfThisJob;
-        return lose(kCrashed);
+        return lose(FailureKind::ReaderCrashed);
     }
     _awaited = _sent;
     return {};
@@ -159,7 +148,7 @@ JobResult ReaderConnection::takeResult(const std::stop_token &stop)
         return tl::unexpected(failed->error);
     auto answer = std::visit([this](const auto &kind) { return answerOf(kind); }, *message);
     if (!answer || !isOfThisJob || answer->index() != _awaited.job.request.index())
-        return lose(kCrashed);
+        return lose(FailureKind::ReaderCrashed);
     return *std::move(answer);
 }
 
@@ -199,9 +188,9 @@ Expected<ReaderMessage> ReaderConnection::receive(const std::stop_token &stop)
             log(*line);
         } else if (const auto *step = std::get_if<JobProgress>(&*message)) {
             if (!advance(*step))
-                return lose(kCrashed);
+                return lose(FailureKind::ReaderCrashed);
             if (!mayGoOn())
-                return lose(kSetAside);
+                return lose(FailureKind::SetAside);
         } else {
             return message;
         }
@@ -211,18 +200,18 @@ Expected<ReaderMessage> ReaderConnection::receive(const std::stop_token &stop)
 Expected<ReaderMessage> ReaderConnection::receiveAny(const std::stop_token &stop)
 {
     if (isLost())
-        return failure(kCrashed);
+        return failure(FailureKind::ReaderCrashed);
     if (auto came = waitForBytes(kLength + 1, stop); !came)
         return tl::unexpected(came.error());
     const auto length = peek<quint32>(0);
     if (length == 0 || length > mostBytesOfMessage(peek<quint8>(kLength)))
-        return lose(kCrashed);
+        return lose(FailureKind::ReaderCrashed);
     if (auto came = waitForBytes(kLength + qsizetype{length}, stop); !came)
         return tl::unexpected(came.error());
     auto message = messageOf(QByteArrayView(_received).sliced(kLength, length));
     _received.remove(0, kLength + qsizetype{length});
     if (!message)
-        return lose(kCrashed);
+        return lose(FailureKind::ReaderCrashed);
     return *std::move(message);
 }
 
@@ -234,10 +223,10 @@ Expected<void> ReaderConnection::waitForBytes(qsizetype count, const std::stop_t
     const std::stop_callback tell(stop, [this] { _stopSignal.raise(); });
     while (_received.size() < count) {
         if (stop.stop_requested())
-            return lose(kStopped);
+            return lose(FailureKind::Stopped);
         // Also for a reader that always has one more byte to send.
         if (_deadline.hasExpired())
-            return lose(kTookTooLong);
+            return lose(FailureKind::TookTooLong);
         const ssize_t came = readSome();
         if (came < 0) {
             if (auto readable = waitReadable(); !readable)
@@ -245,7 +234,7 @@ Expected<void> ReaderConnection::waitForBytes(qsizetype count, const std::stop_t
         }
         if (came == 0) {
             _isLastJobInnocent = !_reader->hasTaken(_sent.number);
-            return lose(kCrashed);
+            return lose(FailureKind::ReaderCrashed);
         }
     }
     return {};
@@ -267,9 +256,9 @@ Expected<void> ReaderConnection::waitReadable()
         if (_reader->cpuTime() - _cpuAtStep > mostCpu)
             break;
         if (!mayGoOn())
-            return lose(kSetAside);
+            return lose(FailureKind::SetAside);
     }
-    return lose(kTookTooLong);
+    return lose(FailureKind::TookTooLong);
 }
 
 ssize_t ReaderConnection::readSome()
@@ -291,14 +280,14 @@ Number ReaderConnection::peek(qsizetype offset) const
 }
 
 /// A reader that ended for want of memory said so by its status.
-tl::unexpected<Error> ReaderConnection::lose(const QString &reason)
+tl::unexpected<Error> ReaderConnection::lose(FailureKind kind)
 {
     const auto status = _reader->kill();
     const bool lacksMemory = status && WIFEXITED(*status) && WEXITSTATUS(*status) == kOutOfMemoryStatus;
-    const QString &named = lacksMemory ? kTooMuchMemory : reason;
+    const auto lost = failure(lacksMemory ? FailureKind::TooMuchMemory : kind);
     _reader.reset();
-    qCInfo(lcQuorvin).noquote() << "Reader" << named;
-    return failure(named);
+    qCInfo(lcQuorvin).noquote() << "Reader" << lost.value().description;
+    return lost;
 }
 
 } // namespace quorvin

@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "model/FailureKind.h"
 #include "process/Frames.h"
 #include "process/JobRunner.h"
 #include "process/ReaderProcess.h"
@@ -86,7 +87,7 @@ private:
         return std::nullopt;
     }
     /// Ends the reader and gives the reason.
-    tl::unexpected<Error> lose(const QString &reason);
+    tl::unexpected<Error> lose(FailureKind kind);
 
     std::unique_ptr<ReaderProcess> _reader; ///< null when lost
     StopSignal _stopSignal;

@@ -13,7 +13,8 @@ namespace quorvin {
 
 /// Does the jobs in a reader process behind a guard, started with the first job. A reader that crashes,
 /// exceeds a job's limit or gives no proper answer is replaced; its job fails with "stopped: …". Where none
-/// can be started, after a few tries, all jobs fail with `kNoReader`. A stop takes effect at once.
+/// can be started, after a few tries, all jobs fail with `FailureKind::NoReader`. A stop takes effect at
+/// once.
 ///
 /// A reader may read what is in `roots` when it starts. A job outside them is done all the same, by a fresh
 /// reader that may read that too; `roots` grows by it. Null stands for a set of the runner's own.

@@ -3,6 +3,7 @@
 
 #include "process/oExifToolStayOpenProcess.h"
 
+#include "model/FailureKind.h"
 #include "process/Reaper.h"
 
 #include <QRandomGenerator>
@@ -96,8 +97,8 @@ Expected<QByteArray> oExifToolStayOpenProcess::outputWithArguments(const QList<Q
     if (!output.isEmpty())
         return output;
     const QByteArray complaint = _errors.first(std::max<qsizetype>(_errors.indexOf('\n'), 0));
-    return failure(complaint.isEmpty() ? QStringLiteral("Can not process the file")
-                                       : QStringLiteral("exiftool: ") + QString::fromUtf8(complaint));
+    return complaint.isEmpty() ? failure(FailureKind::NotUnderstood)
+                               : failure(QStringLiteral("exiftool: ") + QString::fromUtf8(complaint));
 }
 
 Expected<void> oExifToolStayOpenProcess::outputWithArguments(const QList<QByteArray> &arguments,
@@ -139,7 +140,7 @@ Expected<void> oExifToolStayOpenProcess::takeAnswer(const Sink &sink)
         bool hasOutput = false;
         bool hasErrors = false;
         if (auto readable = waitReadable(hasOutput, hasErrors); !readable)
-            return give(readable.error().description);
+            return give(readable.error());
         if (hasErrors)
             readErrors();
         if (!hasOutput)
@@ -176,7 +177,7 @@ Expected<void> oExifToolStayOpenProcess::waitReadable(bool &output, bool &errors
         if (ready > 0)
             return {};
     }
-    return failure(QStringLiteral("stopped: took too long"));
+    return failure(FailureKind::TookTooLong);
 }
 
 void oExifToolStayOpenProcess::readErrors()
@@ -193,17 +194,16 @@ void oExifToolStayOpenProcess::readErrors()
         _errors.remove(kMostErrors, _errors.size() - kMostErrors - _end.size());
 }
 
-tl::unexpected<Error> oExifToolStayOpenProcess::give(const QString &reason)
+tl::unexpected<Error> oExifToolStayOpenProcess::give(const Error &error)
 {
     _isRunning = false;
-    return failure(reason);
+    return tl::unexpected(error);
 }
 
 tl::unexpected<Error> oExifToolStayOpenProcess::ended()
 {
     const bool lacksMemory = _errors.contains("Out of memory");
-    return give(lacksMemory ? QStringLiteral("stopped: used too much memory")
-                            : QStringLiteral("stopped: exiftool broke down"));
+    return give(failure(lacksMemory ? FailureKind::TooMuchMemory : FailureKind::ExifToolBrokeDown).value());
 }
 
 } // namespace quorvin

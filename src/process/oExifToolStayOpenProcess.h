@@ -58,7 +58,7 @@ private:
     Expected<void> takeAnswer(const Sink &sink);
     Expected<void> waitReadable(bool &output, bool &errors) const;
     void readErrors();
-    tl::unexpected<Error> give(const QString &reason);
+    tl::unexpected<Error> give(const Error &error);
     tl::unexpected<Error> ended();
 
     StartedExifTool _started;

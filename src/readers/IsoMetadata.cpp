@@ -3,6 +3,7 @@
 
 #include "readers/IsoMetadata.h"
 
+#include "model/FailureKind.h"
 #include "platform/RegularFile.h"
 
 #include <QByteArrayList>
@@ -253,7 +254,7 @@ Expected<QString> isoMetadataReport(const QString &path)
     const BoxReader reader(*file);
     const auto movie = reader.child({{}, 0, file->size()}, "moov");
     if (!movie)
-        return failure(QStringLiteral("Can not process the file"));
+        return failure(FailureKind::NotUnderstood);
     QStringList lines{QStringLiteral("Metadata Formats:\n")};
     const auto userData = reader.child(*movie, "udta");
     for (const auto &place : {movie, userData}) {

@@ -3,6 +3,7 @@
 
 #include "readers/RawReport.h"
 
+#include "model/FailureKind.h"
 #include "platform/RegularFile.h"
 #include "readers/Engines.h"
 #include "readers/IsoMetadata.h"
@@ -82,9 +83,8 @@ Expected<QString> rawReport(const QString &source, const QString &path, oExifToo
     if (row.reportWith)
         return row.reportWith(path, exifTool);
     // Which library refused and why went to the log.
-    return row.report(path).map_error([](const Error &) {
-        return Error{kErrorDomain, 0, QStringLiteral("Can not process the file")};
-    });
+    return row.report(path).map_error(
+        [](const Error &) { return failure(FailureKind::NotUnderstood).value(); });
 }
 
 } // namespace quorvin

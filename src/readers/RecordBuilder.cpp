@@ -4,6 +4,7 @@
 #include "readers/RecordBuilder.h"
 
 #include "filefacts/FileHash.h"
+#include "model/FailureKind.h"
 #include "model/Log.h"
 #include "pictures/HeifImage.h"
 #include "platform/RegularFile.h"
@@ -23,7 +24,7 @@ Expected<RecordContents> readByItsWays(const QString &filename, const RegularFil
                                        const RecordOptions &options, const DigestWatch &watch,
                                        oExifToolStayOpenProcess *exifTool)
 {
-    Expected<RecordContents> contents = failure(QStringLiteral("Can not process the file"));
+    Expected<RecordContents> contents = failure(FailureKind::NotUnderstood);
     for (const Way *way : waysFor(file.head(kBrandHeadLength), options)) {
         contents = way->read(filename, file, options, watch, exifTool);
         if (contents)

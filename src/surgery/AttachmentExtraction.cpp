@@ -5,6 +5,7 @@
 
 #include "SBJson5/SBJson5StreamParser.h"
 #include "SBJson5/SBJson5StreamParserDelegate.h"
+#include "model/FailureKind.h"
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "platform/RegularFile.h"
@@ -106,7 +107,7 @@ Expected<SavedFiles> ExifToolUtilities::saveEmbeddedFilesFromFile(const QString 
             return saveParts(*file, attachments, folder);
     }
     if (!exifTool)
-        return failure(QStringLiteral("exiftool is not installed"));
+        return failure(FailureKind::NoExifTool);
     AttachmentFiles files(folder);
     AttachmentListener listener(files);
     SBJson5StreamParser parser(listener, kMostNesting);
@@ -116,7 +117,7 @@ Expected<SavedFiles> ExifToolUtilities::saveEmbeddedFilesFromFile(const QString 
     if (!answered)
         return tl::unexpected(answered.error());
     if (!listener.foundFile())
-        return failure(QStringLiteral("Can not process the file"));
+        return failure(FailureKind::NotUnderstood);
     // An answer that makes no sense is one with nothing more to save.
     return files.finish();
 }

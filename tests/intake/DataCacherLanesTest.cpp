@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "model/FailureKind.h"
 #include "support/PoolBench.h"
 
 #include <pthread.h>
@@ -42,7 +43,7 @@ TEST(DataCacher, WithoutAnyReaderOrThreadFilesFailWithTheReason)
     bench.pool->processFiles(filesNamed({"a", "b", "c", "d"}));
     ASSERT_TRUE(bench.await(4));
     EXPECT_EQ(bench.log().count(u'+'), 0);
-    EXPECT_EQ(bench.deliveries[3].file->failureReason(), QStringLiteral("no reader"));
+    EXPECT_EQ(bench.deliveries[3].file->failureReason(), wordsOf(FailureKind::NoReader));
     bench.pool->cancelThreadsAndWait();
 
     pthread_attr_t usual;

@@ -3,6 +3,7 @@
 
 #include "process/ReaderRunner.h"
 
+#include "model/FailureKind.h"
 #include "process/StopSignal.h"
 #include "support/TestFolder.h"
 
@@ -277,7 +278,7 @@ TEST(ReaderRunner, ReaderThatCanNotStartIsTriedAFewTimes)
         const auto result = runner->run(named(QStringLiteral("good")));
         ASSERT_FALSE(result);
         EXPECT_EQ(result.error().description, reason);
-        EXPECT_EQ(result.error().code, kNoReader);
+        EXPECT_EQ(kindOf(result.error()), FailureKind::NoReader);
     }
     EXPECT_EQ(test::contentOf(starts), "x\nx\nx\n");
     EXPECT_EQ(outcome(makeReaderRunner(nullptr, "/no/such/reader")->run(named(QStringLiteral("good")))),

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "jobs/InProcessRunner.h"
+#include "model/FailureKind.h"
 #include "process/ExifToolStart.h"
 #include "process/ReaderRunner.h"
 #include "readers/exiftool/ExifToolImageInfo.h"
@@ -136,7 +137,9 @@ TEST(ExifToolRecord, MissingProgramIsToldAndHurtsNoImage)
 {
     const test::NoExifTool none;
     const auto reader = makeReaderRunner();
-    EXPECT_EQ(outcomeOf(*reader, recordOf(test::sample(u"movie.mp4"_s))), u"exiftool is not installed"_s);
+    const auto refused = reader->run(recordOf(test::sample(u"movie.mp4"_s)));
+    ASSERT_FALSE(refused);
+    EXPECT_EQ(refused.error(), failure(FailureKind::NoExifTool).value()) << "kind and words cross";
     EXPECT_EQ(outcomeOf(*reader, recordOf(test::sample(u"photo.jpg"_s))), u"well"_s);
     EXPECT_EQ(outcomeOf(*reader, {ReportRequest{test::sample(u"photo.jpg"_s), u"exiftool"_s, true}, {}}),
               u"exiftool is not installed"_s);

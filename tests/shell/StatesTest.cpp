@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The Quorvin authors
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "model/FailureKind.h"
 #include "process/Job.h"
 #include "shell/commands/CommandSet.h"
 #include "shell/info/ElidedLabel.h"
@@ -21,6 +22,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace quorvin {
 
@@ -57,17 +59,23 @@ struct States : testing::Test {
 TEST(FailureAdvice, TellsPeopleWhatHappenedAndWhichLimitWasMet)
 {
     const JobLimits limits{7, 61, 333};
-    const FailureAdvice slow = adviceOn(QStringLiteral("stopped: took too long"), limits);
+    const FailureAdvice slow = adviceOn(failure(FailureKind::TookTooLong).value(), limits);
     EXPECT_TRUE(slow.limit.contains(QStringLiteral("61 ")) && slow.limit.contains(QStringLiteral(" 7 ")));
     EXPECT_FALSE(slow.sentence.contains(QStringLiteral("stopped:")));
-    const FailureAdvice large = adviceOn(QStringLiteral("stopped: used too much memory"), limits);
+    const FailureAdvice large = adviceOn(failure(FailureKind::TooMuchMemory).value(), limits);
     EXPECT_TRUE(large.limit.contains(QStringLiteral("333 MiB")));
-    EXPECT_EQ(adviceOn(QStringLiteral("stopped: the reader crashed"), limits).limit, QString());
+    EXPECT_EQ(adviceOn(failure(FailureKind::ReaderCrashed).value(), limits).limit, QString());
 
-    const FailureAdvice other = adviceOn(QStringLiteral("permission denied"), limits);
+    // Of another domain it is no kind, and a broken reader may say any number.
+    const int code = static_cast<int>(FailureKind::TookTooLong);
+    const FailureAdvice other
+        = adviceOn({kPosixErrorDomain, code, QStringLiteral("permission denied")}, limits);
     EXPECT_EQ(other.sentence, QStringLiteral("Permission denied."));
     EXPECT_FALSE(other.mayHaveReport) << "no library can read it either";
-    EXPECT_FALSE(adviceOn(QString(), limits).sentence.isEmpty());
+    for (const int wrong : {-1, 1000})
+        EXPECT_EQ(adviceOn({kErrorDomain, wrong, QStringLiteral("x")}, limits).sentence,
+                  QStringLiteral("X."));
+    EXPECT_FALSE(adviceOn({}, limits).sentence.isEmpty());
 }
 
 TEST_F(States, AnEmptyWindowSaysWhatToDoAndWhatGoesOn)
@@ -96,7 +104,7 @@ TEST_F(States, AnEmptyWindowSaysWhatToDoAndWhatGoesOn)
 
 TEST_F(States, AFailedFileSaysWhichOneAndWhatCanBeDone)
 {
-    info.showFailure(QStringLiteral("/some/where/<b>bad.mkv"), QStringLiteral("stopped: took too long"));
+    info.showFailure(QStringLiteral("/some/where/<b>bad.mkv"), failure(FailureKind::TookTooLong).value());
     const QString shown = texts();
     const auto names = info.findChildren<ElidedLabel *>();
     EXPECT_TRUE(std::ranges::any_of(
@@ -110,7 +118,7 @@ TEST_F(States, AFailedFileSaysWhichOneAndWhatCanBeDone)
     button(QStringLiteral("Preferences…"))->click();
     EXPECT_EQ(wanted, 11);
 
-    info.showFailure(QStringLiteral("/some/x.mkv"), QStringLiteral("No such file or directory"));
+    info.showFailure(QStringLiteral("/some/x.mkv"), posixFailure(ENOENT).value());
     EXPECT_FALSE(button(QStringLiteral("Preferences…"))) << "no limit was met";
     EXPECT_FALSE(button(QStringLiteral("Raw Report…")));
 }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "intake/DataCacher.h"
+#include "model/FailureKind.h"
 #include "support/Events.h"
 
 #include <QCoreApplication>
@@ -84,7 +85,7 @@ public:
     JobResult take(const std::stop_token &) override
     {
         if (!_hasReader)
-            return tl::unexpected(Error{kErrorDomain, kNoReader, QStringLiteral("no reader")});
+            return failure(FailureKind::NoReader);
         if (_isGivenUp)
             return failure(QStringLiteral("given up"));
         if (_done.startsWith(QStringLiteral("bad")))

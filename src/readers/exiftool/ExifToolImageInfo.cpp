@@ -3,6 +3,7 @@
 
 #include "readers/exiftool/ExifToolImageInfo.h"
 
+#include "model/FailureKind.h"
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "process/oExifToolStayOpenProcess.h"
@@ -51,7 +52,7 @@ Expected<ExifToolImageInfo> ExifToolImageInfo::initWithFilename(const QString &f
 {
     if (!exifTool) {
         qCInfo(lcQuorvin) << "No ExifTool process";
-        return failure(QStringLiteral("exiftool is not installed"));
+        return failure(FailureKind::NoExifTool);
     }
     return exifTool->outputWithArguments({encodePath(filename), "-json", "-l", "-G:0:1:2:4", "-D", "-a"})
         .and_then(initWithOutput);

@@ -3,6 +3,7 @@
 
 #include "readers/exiftool/ExifToolUtilities.h"
 
+#include "model/FailureKind.h"
 #include "platform/NativePath.h"
 #include "process/oExifToolStayOpenProcess.h"
 #include "readers/exiftool/ExifToolJson.h"
@@ -13,7 +14,7 @@ Expected<QString> ExifToolUtilities::exiftoolOutputForFile(const QString &path,
                                                            oExifToolStayOpenProcess *exifTool)
 {
     if (!exifTool)
-        return failure(QStringLiteral("exiftool is not installed"));
+        return failure(FailureKind::NoExifTool);
     return exifTool->outputWithArguments({"-G1", "-H", "-a", encodePath(path)})
         .map([](const QByteArray &output) { return QString::fromUtf8(output); });
 }
@@ -23,7 +24,7 @@ Expected<QHash<QString, QString>> ExifToolUtilities::plainTagsOfFile(const QStri
                                                                      oExifToolStayOpenProcess *exifTool)
 {
     if (!exifTool)
-        return failure(QStringLiteral("exiftool is not installed"));
+        return failure(FailureKind::NoExifTool);
     QList<QByteArray> arguments{encodePath(path), "-json", "-n"};
     for (const QString &tag : tags)
         arguments.append('-' + tag.toLatin1());

@@ -3,6 +3,7 @@
 
 #include "readers/image/oEXIV2Reports.h"
 
+#include "model/FailureKind.h"
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "readers/image/Exiv2Library.h"
@@ -26,7 +27,7 @@ QString lenient(const std::string &utf8)
 
 auto unreadable()
 {
-    return failure(u"Can not process the file"_s);
+    return failure(FailureKind::NotUnderstood);
 }
 
 QString errorText(const Exiv2::Error &error)

@@ -4,6 +4,7 @@
 #include "readers/mediainfo/MediaReader.h"
 
 #include "filefacts/FileStream.h"
+#include "model/FailureKind.h"
 #include "model/Log.h"
 #include "readers/mediainfo/MediaExtended.h"
 #include "readers/mediainfo/MediaGeneral.h"
@@ -17,7 +18,7 @@ Expected<RecordContents> readMedia(const QString &filename, const RegularFile &f
     oMediaInfo info;
     if (!info.Open(filename)) {
         qCInfo(lcQuorvin).noquote() << "Failed to parse with MI:" << filename;
-        return failure(QStringLiteral("Can not process the file"));
+        return failure(FailureKind::NotUnderstood);
     }
     RecordContents record;
     record.filename = filename;

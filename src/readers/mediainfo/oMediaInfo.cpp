@@ -5,6 +5,7 @@
 
 #include "filefacts/Durations.h"
 #include "filefacts/Sizes.h"
+#include "model/FailureKind.h"
 #include "model/Log.h"
 #include "platform/NativePath.h"
 #include "platform/UserLocale.h"
@@ -106,7 +107,7 @@ Expected<void> oMediaInfo::openByName(const QString &path)
     if (mi::open(MI, path))
         return {};
     qCDebug(lcLibraries).noquote() << "MediaInfo: does not open" << path;
-    return failure(QStringLiteral("Can not process the file"));
+    return failure(FailureKind::NotUnderstood);
 }
 
 QString oMediaInfo::Inform()

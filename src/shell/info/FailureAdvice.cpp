@@ -3,6 +3,7 @@
 
 #include "shell/info/FailureAdvice.h"
 
+#include "model/FailureKind.h"
 #include "process/Job.h"
 
 #include <QCoreApplication>
@@ -31,36 +32,42 @@ QString sentenceOf(QString reason)
 
 } // namespace
 
-FailureAdvice adviceOn(const QString &reason, const JobLimits &limits)
+FailureAdvice adviceOn(const Error &error, const JobLimits &limits)
 {
-    if (reason == QLatin1String("stopped: took too long"))
+    switch (kindOf(error)) {
+    case FailureKind::TookTooLong:
         return {said("Reading it took too long and was stopped."),
                 said("A file may take %1, and %2 of work. Both can be changed in the preferences.")
                     .arg(secondsOf(limits.wallSeconds), secondsOf(limits.cpuSeconds))};
-    if (reason == QLatin1String("stopped: used too much memory"))
+    case FailureKind::TooMuchMemory:
         return {
             said("Reading it took too much memory and was stopped."),
             said("A file may take %1 MiB. This can be changed in the preferences.").arg(limits.memoryMiB)};
-    if (reason == QLatin1String("stopped: the reader crashed"))
+    case FailureKind::ReaderCrashed:
         return {said("A library that reads such files broke down on it. It may be damaged; no other file is "
                      "affected."),
                 {}};
-    if (reason == QLatin1String("stopped: set aside as slow"))
+    case FailureKind::SetAside:
         return {said("It was set aside, since other files were slow as well."), {}};
-    if (reason == QLatin1String("the reader can not be started"))
+    case FailureKind::NoReader:
         return {said("The part of Quorvin that reads files can not be started. Is it installed completely?"),
                 {},
                 false};
-    if (reason == QLatin1String("stopped: exiftool broke down"))
+    case FailureKind::ExifToolBrokeDown:
         return {said("exiftool broke down on it. It may be damaged; no other file is affected."), {}};
-    if (reason == QLatin1String("exiftool is not installed"))
+    case FailureKind::NoExifTool:
         return {said("It was to be read with exiftool, which is not installed."),
                 said("The preferences say what such files are read with.")};
-    if (reason == QLatin1String("skipped"))
+    case FailureKind::Skipped:
         return {said("It was skipped before it was read."), {}};
-    if (reason == QLatin1String("Can not process the file"))
+    case FailureKind::NotUnderstood:
         return {said("No library knows what it is. It may be damaged, or no media file at all."), {}};
-    return {sentenceOf(reason), {}, false};
+    case FailureKind::WrongDate:
+    case FailureKind::Stopped:
+    case FailureKind::Other:
+        break;
+    }
+    return {sentenceOf(error.description), {}, false};
 }
 
 } // namespace quorvin

@@ -7,6 +7,7 @@
 
 namespace quorvin {
 
+struct Error;
 struct JobLimits;
 
 /// Why a file has no record, for people.
@@ -16,8 +17,8 @@ struct FailureAdvice {
     bool mayHaveReport = true; ///< a library may still tell something of the file
 };
 
-/// `reason` is that of the analysis, `limits` are those under which it ran. A reason that is not known is
-/// told as it is. Any thread.
-FailureAdvice adviceOn(const QString &reason, const JobLimits &limits);
+/// `error` is that of the analysis, `limits` are those under which it ran. One of no kind is told as it is.
+/// Any thread.
+FailureAdvice adviceOn(const Error &error, const JobLimits &limits);
 
 } // namespace quorvin

@@ -200,12 +200,12 @@ void InfoView::showRecord(const QuorvinDataPtr &record)
     showPage();
 }
 
-void InfoView::showFailure(const QString &path, const QString &reason)
+void InfoView::showFailure(const QString &path, const Error &error)
 {
     clear();
     _hasFailed = true;
     setPath(path);
-    _failure->setFailure(path, adviceOn(reason, analysisSetupFrom(_settings.values(), nullptr).limits));
+    _failure->setFailure(path, adviceOn(error, analysisSetupFrom(_settings.values(), nullptr).limits));
     showPage();
 }
 

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "model/DigestProgress.h"
+#include "model/Error.h"
 #include "model/QuorvinData.h"
 #include "shell/commands/Command.h"
 
@@ -50,7 +51,7 @@ public:
     void clear();
     void showRecord(const QuorvinDataPtr &record);
     /// Of the file at that path.
-    void showFailure(const QString &path, const QString &reason);
+    void showFailure(const QString &path, const Error &error);
     /// Several files are selected: General shows their sum in place of the current file. Null: one, or none.
     void showSum(const std::shared_ptr<const FileSum> &sum);
     /// Files are looked for, so many of which are found. A window with files shows nothing of it.

@@ -4,6 +4,7 @@
 #include "shell/info/RawReports.h"
 
 #include "intake/AnalysisOptions.h"
+#include "model/FailureKind.h"
 #include "platform/AtomicFile.h"
 #include "process/RootSet.h"
 #include "readers/RawReport.h"
@@ -48,7 +49,7 @@ Expected<void> writeReport(QStringView text, const QString &path, const std::sto
                 return failure(device.errorString());
             rest = rest.sliced(piece.size());
         }
-        return stop.stop_requested() ? Expected<void>(failure(QStringLiteral("stopped"))) : Expected<void>();
+        return stop.stop_requested() ? Expected<void>(failure(FailureKind::Stopped)) : Expected<void>();
     });
 }
 

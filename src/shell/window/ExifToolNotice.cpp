@@ -3,6 +3,7 @@
 
 #include "shell/window/ExifToolNotice.h"
 
+#include "model/FailureKind.h"
 #include "process/ExifToolStart.h"
 #include "shell/filelist/FilelistController.h"
 #include "shell/window/StatusLine.h"
@@ -26,7 +27,7 @@ void ExifToolNotice::look()
     if (std::exchange(_failed, failed) >= failed || !exifToolProgram().empty())
         return;
     const auto wantedIt = [](const FilelistItemPtr &file) {
-        return file->failureReason() == QLatin1String("exiftool is not installed");
+        return kindOf(file->error().value_or(Error())) == FailureKind::NoExifTool;
     };
     if (std::ranges::none_of(_files.filelist(), wantedIt))
         return;

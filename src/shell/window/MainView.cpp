@@ -167,7 +167,7 @@ void MainView::showCurrentResult()
     if (const QuorvinDataPtr record = file->quorvinData())
         _info->showRecord(record);
     else
-        _info->showFailure(file->filename(), file->failureReason());
+        _info->showFailure(file->filename(), file->error().value_or(Error()));
 }
 
 void MainView::showWait()

@@ -3,6 +3,7 @@
 
 #include "shell/window/WindowProject.h"
 
+#include "model/FailureKind.h"
 #include "platform/NativePath.h"
 #include "projects/FactKeeping.h"
 #include "projects/ProjectWriter.h"
@@ -35,7 +36,7 @@ Expected<Project> writtenProject(Project project, const QString &path, bool with
         run.report(static_cast<int>(done), static_cast<int>(total));
     });
     if (run.isStopped())
-        return failure(QStringLiteral("stopped"));
+        return failure(FailureKind::Stopped);
     return saveProject(project, path).map([&] { return std::move(project); });
 }
 

@@ -72,7 +72,7 @@ using ExifToolNoticeWindow = test::OneWindow;
 
 TEST_F(CustomTabWindow, ShowsTheReportThatIsChosen)
 {
-    info.showFailure(test::sample(u"movie.mp4"_s), u"whatever"_s);
+    info.showFailure(test::sample(u"movie.mp4"_s), failure(u"whatever"_s).value());
     EXPECT_TRUE(shows(exifToolProgram().empty() ? u"One alone:"_s : u"They agree:"_s))
         << "one that could not be read has reports, too";
     choose(u"mediainfo"_s);
@@ -89,7 +89,7 @@ TEST_F(CustomTabWindow, ShowsTheReportThatIsChosen)
     EXPECT_TRUE(says(u"It has nothing to say of this file."_s));
     EXPECT_FALSE(button(u"Save As…"_s)->isEnabled());
     choose(u"iso-metadata"_s);
-    info.showFailure(test::sample(u"tone.wav"_s), u"whatever"_s);
+    info.showFailure(test::sample(u"tone.wav"_s), failure(u"whatever"_s).value());
     EXPECT_TRUE(says(u"No report: Can not process the file"_s));
     info.clear();
     EXPECT_TRUE(says(u"The file is not read yet."_s));
@@ -99,11 +99,11 @@ TEST_F(CustomTabWindow, AReportThatTakesLongIsCancelled)
 {
     const test::FakeExifTool fake;
     choose(u"exiftool"_s);
-    info.showFailure(folder.write(u"hang"_s), u"whatever"_s);
+    info.showFailure(folder.write(u"hang"_s), failure(u"whatever"_s).value());
     ASSERT_TRUE(spinUntil([this] { return button(u"Cancel"_s) != nullptr; }));
     button(u"Cancel"_s)->click();
     EXPECT_TRUE(says(u"Cancelled."_s));
-    info.showFailure(folder.write(u"other"_s), u"whatever"_s);
+    info.showFailure(folder.write(u"other"_s), failure(u"whatever"_s).value());
     EXPECT_TRUE(shows(u"-G1"_s));
     EXPECT_FALSE(button(u"Cancel"_s));
 }
