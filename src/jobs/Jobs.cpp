@@ -35,7 +35,7 @@ Expected<RemovalResult> doJob(const RemovalRequest &request, const JobTools & /*
 
 Expected<Picture> doJob(const PictureRequest &request, const JobTools & /*tools*/)
 {
-    auto picture = pictureOfFile(request.path, request.side, request.isDraft);
+    auto picture = pictureOfFile(request.path, request.side, request.detail);
     const int side = picture ? std::max(picture->width, picture->height) : 0;
     if (side >= std::min(Cover::kMostSide, request.side))
         return picture;

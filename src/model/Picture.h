@@ -12,6 +12,11 @@ namespace quorvin {
 struct Picture {
     static constexpr int kMostSide = 4096;
     static constexpr int kBytesOfPixel = 4;
+    /// How closely it comes to the size that is asked for.
+    enum class Detail : quint8 {
+        Full,
+        Draft, ///< fewer pixels will do, if that is quicker
+    };
 
     int width = 0; ///< pixels, as `height`; at least 1
     int height = 0;

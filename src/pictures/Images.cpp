@@ -46,7 +46,7 @@ bool isPixelFormat(const QByteArray &format)
 }
 
 QImage decoded(QIODevice &device, QSize limit, bool applyOrientation, const PixelLimits &limits = {},
-               bool isDraft = false)
+               Picture::Detail detail = Picture::Detail::Full)
 {
     const JpegScans scans = scansOf(device);
     QImageReader reader(&device);
@@ -65,7 +65,8 @@ QImage decoded(QIODevice &device, QSize limit, bool applyOrientation, const Pixe
         return {};
     // A progressive file is held as a whole whatever size is asked for.
     if (size.isValid() && fitting(size, limit) != size && !scans.isProgressive)
-        reader.setScaledSize(isDraft && isReduced ? draftFitting(size, limit) : fitting(size, limit));
+        reader.setScaledSize(detail == Picture::Detail::Draft && isReduced ? draftFitting(size, limit)
+                                                                           : fitting(size, limit));
     return imageResize(reader.read(), limit);
 }
 
@@ -78,13 +79,14 @@ QImage decodedHeif(const QString &path, int size, qint64 mostPixels)
 
 } // namespace
 
-QImage thumbnailedImageFromURL(const QString &path, int size, const PixelLimits &limits, bool isDraft)
+QImage thumbnailedImageFromURL(const QString &path, int size, const PixelLimits &limits,
+                               Picture::Detail detail)
 {
     const auto file = RegularFile::open(path);
     QFile device;
     if (!file || !device.open(file->descriptor(), QIODevice::ReadOnly))
         return {};
-    QImage image = decoded(device, {size, size}, true, limits, isDraft);
+    QImage image = decoded(device, {size, size}, true, limits, detail);
     return image.isNull() ? decodedHeif(file->descriptorPath(), size, limits.whole) : image;
 }
 

@@ -3,6 +3,8 @@
 
 #pragma once
 
+#include "model/Picture.h"
+
 #include <QByteArray>
 #include <QImage>
 #include <QSize>
@@ -29,7 +31,7 @@ struct PixelLimits {
 /// at reduced size where the format can. A smaller picture keeps its size. A draft of a large JPEG has at
 /// least half as many pixels a side and comes a fifth sooner.
 QImage thumbnailedImageFromURL(const QString &path, int size, const PixelLimits &limits = {},
-                               bool isDraft = false);
+                               Picture::Detail detail = Picture::Detail::Full);
 QImage thumbnailedImageFromData(const QByteArray &data, int size);
 
 /// A copy scaled down to fit the size with its proportions kept; a picture that fits is copied as it is.

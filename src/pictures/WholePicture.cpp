@@ -58,14 +58,14 @@ tl::unexpected<Error> refusal(QSize size)
 
 } // namespace
 
-Expected<Picture> pictureOfFile(const QString &path, int side, bool isDraft)
+Expected<Picture> pictureOfFile(const QString &path, int side, Picture::Detail detail)
 {
     const auto file = RegularFile::open(path);
     if (!file)
         return tl::unexpected(file.error());
     const Frame frame = frameOf(*file);
     const QImage image = Utilities::thumbnailedImageFromURL(
-        file->descriptorPath(), std::clamp(side, 1, Picture::kMostSide), kLimits, isDraft);
+        file->descriptorPath(), std::clamp(side, 1, Picture::kMostSide), kLimits, detail);
     if (image.isNull())
         return refusal(frame.size);
     Picture picture = pictureOf(image);

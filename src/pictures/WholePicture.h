@@ -17,7 +17,8 @@ namespace quorvin {
 /// side, and `Picture::kMostSide` whatever is asked for. Fails for what is no picture of pixels, cannot be
 /// decoded, or has more pixels than can be held. A draft may be smaller, as that of
 /// `thumbnailedImageFromURL`.
-Expected<Picture> pictureOfFile(const QString &path, int side, bool isDraft = false);
+Expected<Picture> pictureOfFile(const QString &path, int side,
+                                Picture::Detail detail = Picture::Detail::Full);
 
 /// A decoded image as a picture that has that size; `image` must not be null, nor larger than
 /// `Picture::kMostSide`.

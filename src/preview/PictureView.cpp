@@ -41,11 +41,11 @@ PictureView::PictureView(QWidget *parent) : QWidget(parent)
     connect(&_sizeTimer, &QTimer::timeout, this, &PictureView::wishLarger);
 }
 
-void PictureView::setPicture(const Picture &picture, bool isDraft)
+void PictureView::setPicture(const Picture &picture, Picture::Detail detail)
 {
     _image = imageOf(picture);
     _fullSide = std::max(picture.fullWidth, picture.fullHeight);
-    _isCoarse = isDraft && hasRoomForMore();
+    _isCoarse = detail == Picture::Detail::Draft && hasRoomForMore();
     if (_isCoarse)
         _sizeTimer.start();
     update();

@@ -25,7 +25,7 @@ public:
 
     /// A draft is shown as large as the picture will be, and followed by a wish for more pixels when it has
     /// too few.
-    void setPicture(const Picture &picture, bool isDraft = false);
+    void setPicture(const Picture &picture, Picture::Detail detail = Picture::Detail::Full);
     /// Plays the pictures of the file in place of the one that is shown, if it can; its decoder runs here.
     void animate(RegularFile file);
     void clear();

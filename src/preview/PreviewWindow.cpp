@@ -59,7 +59,8 @@ PreviewWindow::PreviewWindow()
         _picture->clear();
         showCaption(tr("Reading…"));
     });
-    connect(_picture, &PictureView::largerWanted, this, [this](int side) { showPicture(side, false); });
+    connect(_picture, &PictureView::largerWanted, this,
+            [this](int side) { showPicture(side, Picture::Detail::Full); });
     QCoreApplication::instance()->installEventFilter(this);
 }
 
@@ -115,7 +116,7 @@ void PreviewWindow::showOpened(RegularFile file)
     case PanelView::Picture:
         setView(PanelView::Picture);
         _waiting.start();
-        return showPicture(_picture->wantedSide(), true);
+        return showPicture(_picture->wantedSide(), Picture::Detail::Draft);
     case PanelView::Medium:
         playMedium(std::move(file));
         break;
@@ -130,20 +131,20 @@ void PreviewWindow::showOpened(RegularFile file)
     Q_EMIT settled();
 }
 
-void PreviewWindow::showPicture(int side, bool isDraft)
+void PreviewWindow::showPicture(int side, Picture::Detail detail)
 {
-    _decoder.decode({_path, side, isDraft},
-                    [this, isDraft](const Expected<Picture> &picture) { takePicture(picture, isDraft); });
+    _decoder.decode({_path, side, detail},
+                    [this, detail](const Expected<Picture> &picture) { takePicture(picture, detail); });
 }
 
-void PreviewWindow::takePicture(const Expected<Picture> &picture, bool isDraft)
+void PreviewWindow::takePicture(const Expected<Picture> &picture, Picture::Detail detail)
 {
     _waiting.stop();
     if (!picture)
         return showFacts(tr("It cannot be shown: %1").arg(picture.error().description));
     // The moving one before would stay in front.
     _picture->clear();
-    _picture->setPicture(*picture, isDraft);
+    _picture->setPicture(*picture, detail);
     if (picture->isAnimated) {
         if (auto file = RegularFile::open(_path))
             _picture->animate(*std::move(file));

@@ -58,8 +58,8 @@ protected:
 private:
     void layOut();
     void showOpened(RegularFile file);
-    void showPicture(int side, bool isDraft);
-    void takePicture(const Expected<Picture> &picture, bool isDraft);
+    void showPicture(int side, Picture::Detail detail);
+    void takePicture(const Expected<Picture> &picture, Picture::Detail detail);
     void playMedium(RegularFile file);
     void showFacts(const QString &problem);
     void setView(PanelView view);

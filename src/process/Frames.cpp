@@ -108,7 +108,8 @@ struct Fields<EncodedRemoval> {
 template <>
 struct Fields<PictureRequest> {
     static constexpr auto list
-        = std::tuple(&PictureRequest::path, &PictureRequest::side, &PictureRequest::isDraft);
+        = std::tuple(&PictureRequest::path, &PictureRequest::side, &PictureRequest::detail);
+    static bool isValid(const PictureRequest &request) { return request.detail <= Picture::Detail::Draft; }
 };
 
 template <>

@@ -70,7 +70,7 @@ struct PictureRequest {
 
     QString path;
     int side = Picture::kMostSide; ///< most pixels of its longer side
-    bool isDraft = false; ///< fewer will do, if that is quicker
+    Picture::Detail detail = Picture::Detail::Full;
 };
 
 template <typename... Requests>

@@ -67,7 +67,7 @@ TEST_F(WholePicture, StandsUprightAndFits)
 TEST_F(WholePicture, HasFewerPixelsAsADraft)
 {
     const auto draft = [this](const QByteArray &file, int side) {
-        return described(pictureOfFile(folder.write(u"picture"_s, file), side, true));
+        return described(pictureOfFile(folder.write(u"picture"_s, file), side, Picture::Detail::Draft));
     };
     // No higher, as the toolkit scales what has more pixels in threads.
     const QByteArray photo = test::picture("jpeg", {4800, 27});

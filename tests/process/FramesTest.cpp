@@ -42,6 +42,8 @@ TEST(Frames, OrderCrossesWithoutLoss)
 
 TEST(Frames, WhatIsNoMessageIsRefused)
 {
+    const auto wrong = static_cast<Picture::Detail>(2);
+    EXPECT_FALSE(orderOf(contentOf(JobOrder{1, PictureRequest{QStringLiteral("/a"), 9, wrong}})));
     const QByteArray order = contentOf(JobOrder{1, ReportRequest{QStringLiteral("/a"), {}}});
     for (qsizetype length = 0; length < order.size(); ++length)
         EXPECT_FALSE(orderOf(order.first(length))) << length;
