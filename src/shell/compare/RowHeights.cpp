@@ -35,10 +35,8 @@ int RowHeights::textWidth(int column) const
 
 void RowHeights::noteLetters()
 {
-    if (_letters && _letters->font() == _cells.look.font)
-        return;
-    _letters.emplace(_cells.look.font);
-    _heavyLetters.emplace(_cells.look.heavyFont());
+    if (!_letters || _letters->usual.font() != _cells.look.font)
+        _letters = Letters{LetterWidths(_cells.look.font), LetterWidths(_cells.look.heavyFont())};
 }
 
 void RowHeights::noteWidths()
@@ -68,7 +66,7 @@ int RowHeights::guess(int row)
         const auto count = std::min(_widths.size(), static_cast<std::size_t>(content.values.size()));
         for (std::size_t column = 0; column < count && most.count < kMostLines; ++column) {
             const LetterWidths &letters
-                = isHeavy || (column == 0 && _cells.look.hasHeavyNames) ? *_heavyLetters : *_letters;
+                = isHeavy || (column == 0 && _cells.look.hasHeavyNames) ? _letters->heavy : _letters->usual;
             const auto lines
                 = letters.linesIn(content.values[static_cast<qsizetype>(column)], _widths[column]);
             most.count = std::max(most.count, lines.count);
@@ -108,7 +106,7 @@ int RowHeights::exactHeight(int row) const
         const bool isKnown
             = last && *last == text && column > 1 && width >= _widths[static_cast<std::size_t>(column - 1)];
         last = &text;
-        if (isKnown || _heavyLetters->linesIn(text, width).isExact)
+        if (isKnown || _letters->heavy.linesIn(text, width).isExact)
             continue;
         const CellText cell = column == 0 ? _names.cellOf(row) : _cells.cellOf(_content.index(row, column));
         QTextLayout layout;

@@ -33,6 +33,11 @@ public:
     bool isMeasured(int row) const { return _isMeasured[static_cast<std::size_t>(row)]; }
 
 private:
+    struct Letters {
+        LetterWidths usual;
+        LetterWidths heavy;
+    };
+
     int textWidth(int column) const;
     int heightOfLines(int height) const;
     int plainHeight(int row) const;
@@ -45,8 +50,7 @@ private:
     const ComparisonController &_content;
     const ParameterHeader &_names;
     const ComparisonDelegate &_cells;
-    std::optional<LetterWidths> _letters; ///< as the next, measured for the first rows: it takes a while
-    std::optional<LetterWidths> _heavyLetters;
+    std::optional<Letters> _letters; ///< measured for the first rows: it takes a while
     std::vector<int> _widths; ///< for the text of each column
     std::vector<bool> _isMeasured; ///< by row
 };
