@@ -56,7 +56,8 @@ public:
     void setHighlightDifferences(bool highlight);
     /// As it was left the last time; text has the colour of the view until the highlight is changed.
     void loadHighlight(bool highlight, int value);
-    /// How much equal rows are dimmed, in tenths: 0 not at all, 10 (and more) out of sight.
+    /// How much equal rows are dimmed, in tenths: 0 not at all, 10 (and more) as far as a view goes, which
+    /// need not let them out of sight.
     int highlightValue() const { return _highlightValue; }
     void setHighlightValue(int value);
     /// The value for people: "70%".

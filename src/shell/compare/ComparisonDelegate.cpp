@@ -4,6 +4,7 @@
 #include "shell/compare/ComparisonDelegate.h"
 
 #include "comparison/ComparisonController.h"
+#include "shell/desktop/Contrast.h"
 #include "shell/desktop/PlainText.h"
 
 #include <QAbstractItemView>
@@ -76,7 +77,19 @@ QColor ComparisonDelegate::inkOf(const QStyleOptionViewItem &option, const QMode
     if (index.data(ComparisonController::DiffersFromReferenceRole).toBool())
         return option.palette.color(QPalette::Link);
     const QVariant own = index.data(Qt::ForegroundRole);
-    return own.isValid() ? own.value<QColor>() : option.palette.color(QPalette::Text);
+    QColor ink = own.isValid() ? own.value<QColor>() : option.palette.color(QPalette::Text);
+    const double faintness = 1 - ink.alphaF();
+    if (faintness <= 0)
+        return ink;
+    ink.setAlphaF(1);
+    const QColor page = option.palette.color(QPalette::Base);
+    const QColor tinted = between(page, option.palette.color(QPalette::Highlight), kHitAlpha);
+    return drawnBack(ink, isHit(index) ? tinted : page, faintness);
+}
+
+bool ComparisonDelegate::isHit(const QModelIndex &index) const
+{
+    return !soughtText.isEmpty() && index.data().toString().contains(soughtText, Qt::CaseInsensitive);
 }
 
 void ComparisonDelegate::paintGround(QPainter *painter, const QStyleOptionViewItem &option,
@@ -85,7 +98,7 @@ void ComparisonDelegate::paintGround(QPainter *painter, const QStyleOptionViewIt
     const bool isSelected = option.state.testFlag(QStyle::State_Selected);
     if (isSelected)
         painter->fillRect(option.rect, option.palette.color(groupOf(option), QPalette::Highlight));
-    if (!soughtText.isEmpty() && index.data().toString().contains(soughtText, Qt::CaseInsensitive)) {
+    if (isHit(index)) {
         QColor tint = option.palette.color(isSelected ? QPalette::HighlightedText : QPalette::Highlight);
         tint.setAlphaF(kHitAlpha);
         painter->fillRect(option.rect, tint);

@@ -11,9 +11,9 @@
 
 namespace quorvin {
 
-/// Draws the values of a comparison: what is equal in all files stands back as far as the model says, what
-/// differs from the reference file is heavier and in the colour of links, and cells in which a text is looked
-/// for are tinted. Headings are left to the table.
+/// Draws the values of a comparison: what is equal in all files stands back as far as the model says, but can
+/// be read; what differs from the reference file is heavier and in the colour of links, and cells in which a
+/// text is looked for are tinted. Headings are left to the table.
 class ComparisonDelegate final : public QStyledItemDelegate {
     Q_OBJECT
 public:
@@ -31,6 +31,7 @@ public:
                    const QModelIndex &index) override;
 
 private:
+    bool isHit(const QModelIndex &index) const;
     QColor inkOf(const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void paintGround(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void paintText(QPainter *painter, const QRect &room, const QModelIndex &index) const;

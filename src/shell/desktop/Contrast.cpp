@@ -13,6 +13,7 @@ namespace {
 constexpr int kSecondaryPercent = 68; ///< of the text's colour in what stands back
 constexpr double kRestingSelectionShare = 0.16; ///< of it in a selection without the keyboard
 constexpr int kPercentStep = 2;
+constexpr int kFaintestSteps = 8; ///< of halving: a channel has so many bits
 
 double linear(double channel)
 {
@@ -22,6 +23,25 @@ double linear(double channel)
 double luminance(const QColor &color)
 {
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+QColor faintestReadable(const QColor &text, const QColor &ground)
+{
+    QColor faintest = text;
+    double unreadable = 0;
+    double readable = 1;
+    for (int step = 0; step < kFaintestSteps; ++step) {
+        const double middle = (unreadable + readable) / 2;
+        // As it will be on the screen.
+        const QColor color = between(ground, text, middle).rgb();
+        if (contrastOf(color, ground) >= kReadableContrast) {
+            faintest = color;
+            readable = middle;
+        } else {
+            unreadable = middle;
+        }
+    }
+    return faintest;
 }
 
 /// The text's colour, drawn back towards the page as far as it stays readable.
@@ -52,6 +72,11 @@ QColor between(const QColor &from, const QColor &to, double share)
     const auto mix = [share](double a, double b) { return static_cast<float>(a + (b - a) * share); };
     return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
                             mix(from.blueF(), to.blueF()));
+}
+
+QColor drawnBack(const QColor &text, const QColor &ground, double share)
+{
+    return between(text, faintestReadable(text, ground), share);
 }
 
 QPalette withOwnRoles(QPalette palette)

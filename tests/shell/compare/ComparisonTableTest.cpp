@@ -226,6 +226,7 @@ TEST_F(ComparisonTableTest, DrawsWhatDiffersFromTheReferenceHeavier)
     content.setHighlightValue(10);
     content.setHighlightDifferences(true);
     EXPECT_NE(picture(2, 2), same) << "equal rows stand back";
+    EXPECT_NE(picture(2, 2).copy(6, 3, 20, 14), picture(2, 2).copy(60, 3, 20, 14)) << "and are seen";
     EXPECT_EQ(picture(1, 1), reference);
     content.setHighlightDifferences(false);
     EXPECT_EQ(picture(2, 2), same) << "and no dimmed cell stays behind";

@@ -66,6 +66,28 @@ TEST(Contrast, EveryTextOfBothPalettesIsReadable)
     expectReadable(ColorScheme::ownPalette(true), "dark");
 }
 
+TEST(Contrast, WhatIsDrawnBackStaysReadable)
+{
+    for (const bool dark : {false, true}) {
+        const QPalette palette = ColorScheme::ownPalette(dark);
+        const QColor text = palette.color(QPalette::Text);
+        const QColor page = palette.color(QPalette::Base);
+        const QColor highlight = palette.color(QPalette::Highlight);
+        for (const QColor &ground : {page, between(page, highlight, 0.28)}) {
+            EXPECT_EQ(drawnBack(text, ground, 0), text);
+            double before = contrastOf(text, ground);
+            for (int step = 1; step <= 10; ++step) {
+                const double contrast = contrastOf(drawnBack(text, ground, step / 10.0).rgb(), ground);
+                EXPECT_GE(contrast, kReadableContrast) << dark << ' ' << step;
+                EXPECT_LT(contrast, before) << dark << ' ' << step << ": each step shows";
+                before = contrast;
+            }
+            EXPECT_LT(before, kReadableContrast + 0.2) << "as far as it can be";
+        }
+    }
+    EXPECT_EQ(drawnBack(Qt::gray, Qt::white, 1), QColor(Qt::gray)) << "no better to be had";
+}
+
 TEST(Contrast, EmptyBoxesStandOutFromDarkWindows)
 {
     const BoxStyle style(QStringLiteral("fusion"));
