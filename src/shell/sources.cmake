@@ -83,6 +83,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/preferences/PreferencesWindowController.cpp
 
 
+    shell/charts/ChartTable.cpp
     shell/charts/CountModel.cpp
     shell/charts/CountPlot.cpp
     shell/charts/LocatedFiles.cpp

@@ -3,6 +3,7 @@
 
 #include "shell/charts/MapWindow.h"
 
+#include "shell/charts/ChartTable.h"
 #include "shell/charts/MapCanvas.h"
 #include "shell/charts/MapExportBar.h"
 #include "shell/charts/MapMenu.h"
@@ -10,7 +11,6 @@
 #include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
-#include "shell/desktop/ValueDelegate.h"
 #include "shell/filelist/FilelistController.h"
 
 #include <QCheckBox>
@@ -199,18 +199,8 @@ void MapWindow::connectParts()
 
 void MapWindow::connectTable()
 {
-    _table->setModel(_model);
-    _table->setItemDelegate(new ValueDelegate(_table));
-    _table->setAccessibleName(tr("Files on the map"));
-    _table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    _table->setAlternatingRowColors(true);
-    _table->setShowGrid(false);
-    _table->setWordWrap(false);
-    _table->setTabKeyNavigation(false);
+    setUpChartTable(*_table, _model, tr("Files on the map"));
     _table->setContextMenuPolicy(Qt::CustomContextMenu);
-    _table->verticalHeader()->hide();
-    _table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-    _table->horizontalHeader()->setHighlightSections(false);
     const int letter = fontMetrics().averageCharWidth();
     for (const auto &[column, letters] : {std::pair(MapModel::File, 32), std::pair(MapModel::Latitude, 14),
                                           std::pair(MapModel::Longitude, 14), std::pair(MapModel::Date, 34)})

@@ -3,13 +3,13 @@
 
 #include "shell/charts/StatWindow.h"
 
+#include "shell/charts/ChartTable.h"
 #include "shell/charts/CountModel.h"
 #include "shell/charts/CountPlot.h"
 #include "shell/charts/ParameterChooser.h"
 #include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
-#include "shell/desktop/ValueDelegate.h"
 #include "shell/filelist/FilelistController.h"
 #include "statistics/CountText.h"
 
@@ -176,18 +176,8 @@ void StatWindow::connectParts()
 void StatWindow::connectTable()
 {
     connect(_plot, &CountPlot::isCutDidChange, this, &StatWindow::showNote);
-    _table->setModel(_model);
-    _table->setItemDelegate(new ValueDelegate(_table));
-    _table->setAccessibleName(tr("Counts"));
-    _table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    _table->setAlternatingRowColors(true);
-    _table->setShowGrid(false);
-    _table->setWordWrap(false);
-    _table->setTabKeyNavigation(false);
-    _table->verticalHeader()->hide();
-    _table->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    setUpChartTable(*_table, _model, tr("Counts"));
     QHeaderView *header = _table->horizontalHeader();
-    header->setHighlightSections(false);
     // Columns are as wide as the rows in sight want them: a count has thousands.
     header->setResizeContentsPrecision(0);
     header->setSectionResizeMode(QHeaderView::Interactive);
