@@ -3,6 +3,7 @@
 
 #include "shell/charts/CountPlot.h"
 
+#include "platform/LoadedLibrary.h"
 #include "shell/desktop/ColorScheme.h"
 #include "shell/desktop/Contrast.h"
 #include "shell/desktop/Counts.h"
@@ -10,13 +11,16 @@
 #include "statistics/MeasureText.h"
 
 #include <QBuffer>
+#include <QCoreApplication>
 #include <QEvent>
+#include <QFile>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPdfWriter>
 #include <QToolTip>
 #include <QVBoxLayout>
-#include <qcustomplot.h>
 
 #include <algorithm>
 #include <cmath>
@@ -29,9 +33,6 @@ namespace {
 constexpr int kMostBars = 40; ///< of values; more would be lines
 constexpr int kFewestBars = 5; ///< of values, however low the plot is
 constexpr int kLinesOfAxis = 3; ///< with the margins of the plot
-constexpr double kBarWidth = 0.8;
-constexpr double kFullWidth = 0.98; ///< ranges stand beside each other
-constexpr double kRoomForBox = 1.28; ///< of the highest bar
 constexpr int kLongestName = 28; ///< letters
 constexpr int kFinePicture = 2;
 constexpr double kWeak = 0.7; ///< part of its colour that a bar has while it is not chosen
@@ -42,193 +43,143 @@ QString shortName(const QString &text)
     return line.size() > kLongestName ? line.first(kLongestName - 1) + u'…' : line;
 }
 
-} // namespace
-
-/// The plot of the library, in which bar i stands around i.
-class CountPlot::Drawing {
+/// Where the module of plots is missing.
+class NoBarPlot final : public BarPlot {
 public:
-    explicit Drawing(QWidget *parent) : plot(new QCustomPlot(parent))
+    explicit NoBarPlot(QWidget *parent)
+        : _words(plainLabel(CountPlot::tr("The part that draws plots is missing.")))
     {
-        plot->setFocusPolicy(Qt::NoFocus);
-        plot->setNoAntialiasingOnDrag(true);
+        _words->setParent(parent);
+        _words->setAlignment(Qt::AlignCenter);
     }
 
-    void fill(const CountTablePtr &table, const std::vector<std::size_t> &selected, const QPalette &palette)
+    QWidget &widget() override { return *_words; }
+    void show(const Bars &, const BarColors &) override { }
+    double barAt(QPointF) const override { return -1; }
+    QPointF placeOf(double, double) const override { return {}; }
+    void paint(QPaintDevice &device, Device, const QSize &, int,
+               const std::function<void(QPainter &)> &paintHead) const override
     {
-        plot->clearPlottables();
-        plot->clearItems();
-        isSideways = !table || !table->isInRanges();
-        bars = table ? table->counted().size() : 0;
-        if (isSideways)
-            bars = std::min(bars, barsWithRoom());
-        setColors(palette);
-        if (bars > 0)
-            addBars(*table, selected, palette);
-        if (bars > 0 && !isSideways && !table->step())
-            addBox(*table, palette);
-        plot->replot(QCustomPlot::rpQueuedReplot);
+        QPainter painter(&device);
+        paintHead(painter);
     }
 
-    QCPAxis *barAxis() const { return isSideways ? plot->yAxis : plot->xAxis; }
-    QCPAxis *countAxis() const { return isSideways ? plot->xAxis : plot->yAxis; }
+private:
+    QLabel *_words;
+};
 
-    QCustomPlot *plot;
-    std::size_t bars = 0;
-    bool isSideways = true;
+std::unique_ptr<BarPlot> makePlot(QWidget *parent)
+{
+    static const LoadedLibrary module(
+        QFile::encodeName(QCoreApplication::applicationDirPath() + QLatin1String("/libquorvin-plots.so")));
+    static const LibraryEntry<MakeBarPlot> make(module, "makeBarPlot");
+    std::unique_ptr<BarPlot> plot(make(parent));
+    if (!plot)
+        plot = std::make_unique<NoBarPlot>(parent);
+    return plot;
+}
+
+BarColors colorsFrom(const QPalette &palette)
+{
+    const QColor text = palette.color(QPalette::Text);
+    const QColor base = palette.color(QPalette::Base);
+    const QColor strong = palette.color(QPalette::Active, QPalette::Highlight);
+    return {.ground = base,
+            .text = text,
+            .axis = between(base, text, 0.4),
+            .grid = between(base, text, 0.15),
+            .box = between(base, text, 0.12),
+            .bar = between(base, strong, kWeak),
+            .chosenBar = strong};
+}
+
+/// A count for a plot of that size.
+class BarsOfCount {
+public:
+    BarsOfCount(const CountTable &table, const QWidget &plot) : _table(table), _plot(plot) { }
+
+    Bars bars(const std::vector<std::size_t> &selected) const
+    {
+        Bars bars;
+        bars.isSideways = !_table.isInRanges();
+        const std::size_t all = _table.counted().size();
+        const std::size_t shown = bars.isSideways ? std::min(all, barsWithRoom()) : all;
+        for (std::size_t row = 0; row < shown; ++row)
+            bars.bars.push_back({static_cast<double>(_table.counted()[row].sum.files),
+                                 std::ranges::binary_search(selected, row)});
+        bars.names = names(shown);
+        if (shown > 0 && _table.isInRanges() && !_table.step())
+            bars.box = box(*_table.figures());
+        return bars;
+    }
 
 private:
     /// Of bars one below the other, with a name beside each.
     std::size_t barsWithRoom() const
     {
-        const int line = plot->fontMetrics().height();
+        const int line = _plot.fontMetrics().height();
         return static_cast<std::size_t>(
-            std::clamp(plot->height() / line - kLinesOfAxis, kFewestBars, kMostBars));
+            std::clamp(_plot.height() / line - kLinesOfAxis, kFewestBars, kMostBars));
     }
 
-    void setColors(const QPalette &palette) const
-    {
-        const QColor text = palette.color(QPalette::Text);
-        const QColor base = palette.color(QPalette::Base);
-        plot->setBackground(base);
-        for (QCPAxis *axis : {plot->xAxis, plot->yAxis}) {
-            axis->setBasePen(between(base, text, 0.4));
-            axis->setTickPen(between(base, text, 0.4));
-            axis->setSubTickPen(Qt::NoPen);
-            axis->setTickLabelColor(text);
-            axis->setTickLabelFont(plot->font());
-            axis->setTickLabelRotation(0);
-            axis->grid()->setVisible(false);
-            axis->setRangeReversed(false);
-            axis->setVisible(bars > 0);
-        }
-        countAxis()->grid()->setVisible(bars > 0);
-        countAxis()->grid()->setPen(between(base, text, 0.15));
-        countAxis()->grid()->setZeroLinePen(Qt::NoPen);
-    }
+    bool isNamedAtEdges() const { return _table.isInRanges() && !_table.step(); }
 
-    void addBars(const CountTable &table, const std::vector<std::size_t> &selected, const QPalette &palette)
+    QString nameOf(std::size_t row) const
     {
-        QVector<double> keys[2];
-        QVector<double> counts[2];
-        double most = 1;
-        for (std::size_t row = 0; row < bars; ++row) {
-            const int isChosen = std::ranges::binary_search(selected, row) ? 1 : 0;
-            keys[isChosen].append(static_cast<double>(row));
-            counts[isChosen].append(static_cast<double>(table.counted()[row].sum.files));
-            most = std::max(most, counts[isChosen].last());
-        }
-        const QColor strong = palette.color(QPalette::Active, QPalette::Highlight);
-        const QColor weak = between(palette.color(QPalette::Base), strong, kWeak);
-        for (const int isChosen : {0, 1}) {
-            auto *one = new QCPBars(barAxis(), countAxis());
-            one->setWidth(isSideways ? kBarWidth : kFullWidth);
-            one->setPen(isChosen == 1 ? QPen(palette.color(QPalette::Text)) : QPen(Qt::NoPen));
-            one->setBrush(isChosen == 1 ? strong : weak);
-            one->setData(keys[isChosen], counts[isChosen], true);
-        }
-        const bool hasBox = !isSideways && !table.step();
-        countAxis()->setRange(0, most * (hasBox ? kRoomForBox : 1.05));
-        countAxis()->setTicker(wholeNumbers());
-        barAxis()->setRange(-0.6, static_cast<double>(bars) - 0.4);
-        barAxis()->setRangeReversed(isSideways);
-        barAxis()->setTicker(names(table));
-    }
-
-    static QSharedPointer<QCPAxisTicker> wholeNumbers()
-    {
-        class Ticker : public QCPAxisTicker {
-        protected:
-            double getTickStep(const QCPRange &range) override
-            {
-                return std::max(1.0, QCPAxisTicker::getTickStep(range));
-            }
-            int getSubTickCount(double) override { return 0; }
-            QString getTickLabel(double tick, const QLocale &, QChar, int) override
-            {
-                return QLocale().toString(static_cast<qint64>(tick));
-            }
-        };
-        return QSharedPointer<QCPAxisTicker>(new Ticker);
+        const CountRow &one = _table.counted()[row];
+        return isNamedAtEdges() ? measuredText(one.from, _table.figures()->measure) : shortName(one.text);
     }
 
     /// Of bars side by side as many as have room; numbers stand at the edges between them.
-    QSharedPointer<QCPAxisTicker> names(const CountTable &table) const
+    std::vector<Bars::Name> names(std::size_t bars) const
     {
-        QSharedPointer<QCPAxisTickerText> ticker(new QCPAxisTickerText);
-        ticker->setSubTickCount(0);
-        const bool isAtEdges = !isSideways && !table.step();
-        const auto textOf = [&](std::size_t row) {
-            const CountRow &one = table.counted()[row];
-            return isAtEdges ? measuredText(one.from, table.figures()->measure) : shortName(one.text);
-        };
         std::size_t step = 1;
-        if (!isSideways) {
+        if (_table.isInRanges()) {
             qsizetype longest = 1;
             for (std::size_t row = 0; row < bars; ++row)
-                longest = std::max(longest, textOf(row).size());
-            const int width = plot->fontMetrics().averageCharWidth() * static_cast<int>(longest + 3);
-            const auto room = static_cast<std::size_t>(std::max(1, plot->width() / std::max(1, width)));
-            step = (bars + room - 1) / room;
+                longest = std::max(longest, nameOf(row).size());
+            const int width = _plot.fontMetrics().averageCharWidth() * static_cast<int>(longest + 3);
+            const auto room = static_cast<std::size_t>(std::max(1, _plot.width() / std::max(1, width)));
+            step = std::max<std::size_t>(1, (bars + room - 1) / room);
         }
+        std::vector<Bars::Name> names;
         for (std::size_t row = 0; row < bars; row += step)
-            ticker->addTick(static_cast<double>(row) - (isAtEdges ? 0.5 : 0), textOf(row));
-        if (isAtEdges && bars % step == 0)
-            ticker->addTick(static_cast<double>(bars) - 0.5,
-                            measuredText(table.counted()[bars - 1].to, table.figures()->measure));
-        return ticker;
+            names.push_back({static_cast<double>(row) - (isNamedAtEdges() ? 0.5 : 0), nameOf(row)});
+        if (isNamedAtEdges() && bars > 0 && bars % step == 0)
+            names.push_back({static_cast<double>(bars) - 0.5,
+                             measuredText(_table.counted()[bars - 1].to, _table.figures()->measure)});
+        return names;
+    }
+
+    Bars::Box box(const Figures &figures) const
+    {
+        return {placeOf(figures.least), placeOf(figures.lowerQuartile), placeOf(figures.median),
+                placeOf(figures.upperQuartile), placeOf(figures.greatest)};
     }
 
     /// Where a number stands among the bars.
-    double placeOf(double value, const CountTable &table) const
+    double placeOf(double value) const
     {
-        for (std::size_t row = 0; row < bars; ++row) {
-            const CountRow &one = table.counted()[row];
-            if (value < one.to || row + 1 == bars)
-                return static_cast<double>(row) - 0.5
-                    + std::clamp((value - one.from) / (one.to - one.from), 0.0, 1.0);
-        }
-        return 0;
+        const auto &rows = _table.counted();
+        const auto row = std::ranges::find_if(rows, [&](const CountRow &one) { return value < one.to; });
+        const CountRow &one = row == rows.end() ? rows.back() : *row;
+        return static_cast<double>(&one - rows.data()) - 0.5
+            + std::clamp((value - one.from) / (one.to - one.from), 0.0, 1.0);
     }
 
-    void addBox(const CountTable &table, const QPalette &palette)
-    {
-        const Figures &figures = *table.figures();
-        const auto put = [&](QCPItemPosition *position, double value, double height) {
-            position->setTypeX(QCPItemPosition::ptPlotCoords);
-            position->setTypeY(QCPItemPosition::ptAxisRectRatio);
-            position->setAxisRect(plot->axisRect());
-            position->setAxes(plot->xAxis, plot->yAxis);
-            position->setCoords(placeOf(value, table), height);
-        };
-        const auto addLine = [&](double from, double top, double to, double bottom, int width) {
-            auto *line = new QCPItemLine(plot);
-            put(line->start, from, top);
-            put(line->end, to, bottom);
-            line->setPen(QPen(palette.color(QPalette::Text), width));
-        };
-        constexpr double kTop = 0.04;
-        constexpr double kMiddle = 0.08;
-        constexpr double kBottom = 0.12;
-        addLine(figures.least, kMiddle, figures.lowerQuartile, kMiddle, 1);
-        addLine(figures.upperQuartile, kMiddle, figures.greatest, kMiddle, 1);
-        auto *box = new QCPItemRect(plot);
-        put(box->topLeft, figures.lowerQuartile, kTop);
-        put(box->bottomRight, figures.upperQuartile, kBottom);
-        box->setPen(QPen(palette.color(QPalette::Text), 1));
-        box->setBrush(between(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.12));
-        addLine(figures.median, kTop, figures.median, kBottom, 2);
-        for (const double end : {figures.least, figures.greatest})
-            addLine(end, kTop + 0.02, end, kBottom - 0.02, 1);
-    }
+    const CountTable &_table;
+    const QWidget &_plot;
 };
 
-CountPlot::CountPlot(QWidget *parent) : QWidget(parent), _drawing(std::make_unique<Drawing>(this))
+} // namespace
+
+CountPlot::CountPlot(QWidget *parent) : QWidget(parent), _plot(makePlot(this))
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(_drawing->plot);
+    layout->addWidget(&_plot->widget());
     setMinimumHeight(fontMetrics().height() * (kFewestBars + kLinesOfAxis));
-    _drawing->plot->installEventFilter(this);
+    _plot->widget().installEventFilter(this);
     setAccessibleName(tr("Plot"));
     setAccessibleDescription(tr("The table below says the same"));
     draw();
@@ -236,7 +187,7 @@ CountPlot::CountPlot(QWidget *parent) : QWidget(parent), _drawing(std::make_uniq
 
 CountPlot::~CountPlot()
 {
-    _drawing->plot->removeEventFilter(this);
+    _plot->widget().removeEventFilter(this);
 }
 
 QSize CountPlot::sizeHint() const
@@ -258,30 +209,32 @@ void CountPlot::setSelected(const std::vector<std::size_t> &rows)
     draw();
 }
 
+Bars CountPlot::barsShown() const
+{
+    return _table ? BarsOfCount(*_table, _plot->widget()).bars(_selected) : Bars();
+}
+
 void CountPlot::draw()
 {
-    const bool wasCut = std::exchange(_isCut, false);
-    _drawing->fill(_table, _selected, palette());
-    _isCut = _table && _drawing->bars < _table->counted().size();
-    if (_isCut != wasCut)
+    const Bars bars = barsShown();
+    _isSideways = bars.isSideways;
+    _shown = bars.bars.size();
+    _plot->show(bars, colorsFrom(palette()));
+    const bool isCut = _table && _shown < _table->counted().size();
+    if (std::exchange(_isCut, isCut) != isCut)
         Q_EMIT isCutDidChange();
 }
 
 QPointF CountPlot::placeOf(std::size_t row) const
 {
     const auto files = static_cast<double>(_table->counted()[row].sum.files);
-    const double along = _drawing->barAxis()->coordToPixel(static_cast<double>(row));
-    const double height = _drawing->countAxis()->coordToPixel(files / 2);
-    return _drawing->isSideways ? QPointF(height, along) : QPointF(along, height);
+    return _plot->placeOf(static_cast<double>(row), files / 2);
 }
 
 std::vector<std::size_t> CountPlot::rowsBetween(QPointF from, QPointF to) const
 {
-    const auto barAt = [this](QPointF place) {
-        return _drawing->barAxis()->pixelToCoord(_drawing->isSideways ? place.y() : place.x()) + 0.5;
-    };
-    const auto [least, greatest] = std::minmax({barAt(from), barAt(to)});
-    const double end = std::min(std::floor(greatest) + 1, static_cast<double>(_drawing->bars));
+    const auto [least, greatest] = std::minmax({_plot->barAt(from) + 0.5, _plot->barAt(to) + 0.5});
+    const double end = std::min(std::floor(greatest) + 1, static_cast<double>(_shown));
     std::vector<std::size_t> rows;
     for (auto bar = static_cast<std::ptrdiff_t>(std::max(0.0, std::floor(least)));
          bar < static_cast<std::ptrdiff_t>(end); ++bar)
@@ -296,7 +249,7 @@ void CountPlot::showTip(const QHelpEvent &event) const
         return QToolTip::hideText();
     const CountRow &row = _table->counted()[rows.front()];
     const QString text = tr("%1: %2").arg(row.text.simplified(), countOfFiles(row.sum.files));
-    QToolTip::showText(event.globalPos(), plainTip(text, *_drawing->plot), _drawing->plot);
+    QToolTip::showText(event.globalPos(), plainTip(text, _plot->widget()), &_plot->widget());
 }
 
 bool CountPlot::eventFilter(QObject *watched, QEvent *event)
@@ -314,8 +267,8 @@ bool CountPlot::eventFilter(QObject *watched, QEvent *event)
         _isPressed = true;
         _pressed = mouse->position();
     }
-    const auto rows = rowsBetween(_drawing->isSideways ? mouse->position() : _pressed, mouse->position());
-    if (event->type() == QEvent::MouseMove && _isPressed && !_drawing->isSideways)
+    const auto rows = rowsBetween(_isSideways ? mouse->position() : _pressed, mouse->position());
+    if (event->type() == QEvent::MouseMove && _isPressed && !_isSideways)
         setSelected(rows);
     if (event->type() == QEvent::MouseButtonRelease && std::exchange(_isPressed, false) && !rows.empty())
         Q_EMIT rowsChosen(rows, mouse->modifiers().testFlag(Qt::ControlModifier));
@@ -336,16 +289,13 @@ QByteArray CountPlot::png(const QString &title) const
     QImage image(QSize(width(), height() + head) * kFinePicture, QImage::Format_RGB32);
     image.setDevicePixelRatio(kFinePicture);
     image.fill(palette().color(QPalette::Base));
-    QCPPainter painter(&image);
-    painter.setFont(font());
-    painter.setPen(palette().color(QPalette::Text));
-    const int margin = fontMetrics().height() / 2;
-    painter.drawText(QRect(margin, 0, width() - 2 * margin, head), Qt::AlignVCenter | Qt::TextWordWrap,
-                     title);
-    painter.translate(0, head);
-    painter.setMode(QCPPainter::pmNoCaching);
-    _drawing->plot->toPainter(&painter, width(), height());
-    painter.end();
+    _plot->paint(image, BarPlot::Device::Raster, size(), head, [&](QPainter &painter) {
+        painter.setFont(font());
+        painter.setPen(palette().color(QPalette::Text));
+        const int margin = fontMetrics().height() / 2;
+        painter.drawText(QRect(margin, 0, width() - 2 * margin, head), Qt::AlignVCenter | Qt::TextWordWrap,
+                         title);
+    });
     QBuffer bytes;
     bytes.open(QIODevice::WriteOnly);
     image.save(&bytes, "PNG");
@@ -360,17 +310,16 @@ QByteArray CountPlot::pdf(const QString &title) const
     writer.setPageOrientation(QPageLayout::Landscape);
     writer.setTitle(title);
     writer.setResolution(logicalDpiX());
-    QCPPainter painter(&writer);
-    painter.setMode(QCPPainter::pmVectorized);
-    painter.setMode(QCPPainter::pmNoCaching);
     const int head = 3 * fontMetrics().height();
-    painter.setFont(font());
-    painter.drawText(QRect(0, 0, writer.width(), head), Qt::AlignVCenter | Qt::TextWordWrap, title);
-    painter.translate(0, head);
-    _drawing->fill(_table, _selected, ColorScheme::ownPalette(false));
-    _drawing->plot->toPainter(&painter, writer.width(), writer.height() - head);
-    painter.end();
-    _drawing->fill(_table, _selected, palette());
+    const Bars bars = barsShown();
+    _plot->show(bars, colorsFrom(ColorScheme::ownPalette(false)));
+    _plot->paint(writer, BarPlot::Device::Vectors, {writer.width(), writer.height() - head}, head,
+                 [&](QPainter &painter) {
+                     painter.setFont(font());
+                     painter.drawText(QRect(0, 0, writer.width(), head), Qt::AlignVCenter | Qt::TextWordWrap,
+                                      title);
+                 });
+    _plot->show(bars, colorsFrom(palette()));
     return bytes.data();
 }
 

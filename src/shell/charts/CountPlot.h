@@ -3,6 +3,7 @@
 
 #pragma once
 
+#include "shell/charts/BarPlot.h"
 #include "statistics/CountTable.h"
 
 #include <QByteArray>
@@ -53,16 +54,17 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    class Drawing;
-
     std::vector<std::size_t> rowsBetween(QPointF from, QPointF to) const;
     void showTip(const QHelpEvent &event) const;
+    Bars barsShown() const;
     void draw();
 
-    std::unique_ptr<Drawing> _drawing; ///< all that knows how bars are drawn
+    std::unique_ptr<BarPlot> _plot;
     CountTablePtr _table;
     std::vector<std::size_t> _selected;
     QPointF _pressed;
+    std::size_t _shown = 0; ///< bars
+    bool _isSideways = true;
     bool _isPressed = false;
     bool _isCut = false;
 };
