@@ -17,6 +17,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/desktop/MapProgram.cpp
     shell/desktop/OpenDialog.cpp
     shell/desktop/OpenWith.cpp
+    shell/desktop/OwnDirectionStyle.cpp
     shell/desktop/PictureThread.cpp
     shell/desktop/PlaceText.cpp
     shell/desktop/PlainText.cpp

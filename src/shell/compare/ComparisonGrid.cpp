@@ -13,6 +13,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyle>
 
 #include <algorithm>
 #include <utility>
@@ -307,12 +308,14 @@ void ComparisonGrid::paintHeading(QPainter &painter, int row) const
     line.setAlphaF(0.12F);
     painter.fillRect(QRect(room.left(), room.bottom(), room.width(), 1), line);
     painter.setFont(font());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
-    painter.drawText(
+    style()->drawItemText(
+        &painter,
         room.adjusted(TableLook::kMargin, TableLook::kLead + _names->headingGap(row), -TableLook::kMargin, 0),
         static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading)) | Qt::AlignTop
             | Qt::TextSingleLine,
-        tr("%1 of %2 differ").arg(groupedCount(heading.differing), groupedCount(heading.rows)));
+        palette(), true,
+        tr("%1 of %2 differ").arg(groupedCount(heading.differing), groupedCount(heading.rows)),
+        QPalette::PlaceholderText);
 }
 
 } // namespace quorvin

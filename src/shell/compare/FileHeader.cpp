@@ -9,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QPainter>
+#include <QStyle>
 #include <QToolTip>
 
 #include <utility>
@@ -132,11 +133,11 @@ void FileHeader::paintSection(QPainter *painter, const QRect &rect, int column) 
         = QStyle::visualRect(layoutDirection(), rect, rect.adjusted(kNameMargin, 0, -trailing, 0));
     const QString name = model()->headerData(column, orientation()).toString();
     painter->setFont(font);
-    painter->setPen(palette().color(QPalette::WindowText));
-    painter->drawText(room,
-                      static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading))
-                          | Qt::AlignVCenter | Qt::TextSingleLine,
-                      QFontMetrics(font).elidedText(name, Qt::ElideMiddle, room.width()));
+    style()->drawItemText(painter, room,
+                          static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading))
+                              | Qt::AlignVCenter | Qt::TextSingleLine,
+                          palette(), true, QFontMetrics(font).elidedText(name, Qt::ElideMiddle, room.width()),
+                          QPalette::WindowText);
     if (isReference)
         painter->fillRect(QRect(rect.left(), rect.bottom() + 1 - kMarkHeight, rect.width(), kMarkHeight),
                           palette().color(QPalette::Active, QPalette::Highlight));

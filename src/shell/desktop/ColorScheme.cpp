@@ -5,6 +5,7 @@
 
 #include "shell/desktop/BoxStyle.h"
 #include "shell/desktop/Contrast.h"
+#include "shell/desktop/OwnDirectionStyle.h"
 
 #include <QApplication>
 #include <QDBusConnection>
@@ -12,6 +13,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDBusVariant>
+#include <QGuiApplication>
 #include <QStyle>
 #include <QStyleFactory>
 
@@ -78,13 +80,15 @@ ColorScheme::ColorScheme(QObject *parent)
     : QObject(parent),
       _desktopPalette(QApplication::palette()),
       _desktopStyle(QApplication::style()->name()),
-      _style(_desktopStyle)
+      _style(QGuiApplication::isRightToLeft() ? QString() : _desktopStyle)
 {
 }
 
 ColorScheme::~ColorScheme()
 {
-    setStyle(_desktopStyle, false);
+    // A style that stands before another one has no name.
+    if (QApplication::style()->name() != _desktopStyle)
+        QApplication::setStyle(QStyleFactory::create(_desktopStyle));
     QApplication::setPalette(_desktopPalette);
 }
 
@@ -145,7 +149,8 @@ void ColorScheme::setStyle(const QString &name, bool hasOutlinedBoxes)
         return;
     _style = name;
     _hasOutlinedBoxes = hasOutlinedBoxes;
-    QApplication::setStyle(hasOutlinedBoxes ? new BoxStyle(name) : QStyleFactory::create(name));
+    QStyle *style = hasOutlinedBoxes ? new BoxStyle(name) : QStyleFactory::create(name);
+    QApplication::setStyle(QGuiApplication::isRightToLeft() ? new OwnDirectionStyle(style) : style);
 }
 
 void ColorScheme::apply()

@@ -40,7 +40,7 @@ private:
 
     QPalette _desktopPalette;
     QString _desktopStyle;
-    QString _style; ///< that is set
+    QString _style; ///< that is set; "" before it is first set for a layout from the right
     bool _hasOutlinedBoxes = false; ///< as it is set
     Wish _wish = Wish::System;
     Wish _portal = Wish::System; ///< System: the portal has no opinion, or there is none

@@ -51,11 +51,10 @@ void StickyGroup::paintEvent(QPaintEvent *)
     sign.rect = _sign;
     sign.state |= QStyle::State_Children | QStyle::State_Open;
     style()->drawPrimitive(QStyle::PE_IndicatorBranch, &sign, &painter, _view);
-    painter.setPen(palette().color(QPalette::Text));
-    painter.drawText(_text,
-                     static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading))
-                         | Qt::AlignVCenter,
-                     fontMetrics().elidedText(_name, Qt::ElideRight, _text.width()));
+    style()->drawItemText(
+        &painter, _text,
+        static_cast<int>(QStyle::visualAlignment(layoutDirection(), Qt::AlignLeading)) | Qt::AlignVCenter,
+        palette(), true, fontMetrics().elidedText(_name, Qt::ElideRight, _text.width()), QPalette::Text);
     QColor line = palette().color(QPalette::PlaceholderText);
     line.setAlpha(kLineAlpha);
     painter.fillRect(0, height() - 1, width(), 1, line);
