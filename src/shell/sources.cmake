@@ -97,6 +97,7 @@ set(QUORVIN_SHELL_SOURCES
     shell/charts/MapMenu.cpp
     shell/charts/MapModel.cpp
     shell/charts/MapWindow.cpp
+    shell/charts/NumberAir.cpp
     shell/charts/ParameterChooser.cpp
     shell/charts/StatCounter.cpp
     shell/charts/StatExport.cpp

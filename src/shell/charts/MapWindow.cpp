@@ -8,6 +8,7 @@
 #include "shell/charts/MapExportBar.h"
 #include "shell/charts/MapMenu.h"
 #include "shell/charts/MapModel.h"
+#include "shell/charts/NumberAir.h"
 #include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
@@ -200,10 +201,11 @@ void MapWindow::connectParts()
 void MapWindow::connectTable()
 {
     setUpChartTable(*_table, _model, tr("Files on the map"));
+    giveNumbersAir(*_table);
     _table->setContextMenuPolicy(Qt::CustomContextMenu);
     const int letter = fontMetrics().averageCharWidth();
-    for (const auto &[column, letters] : {std::pair(MapModel::File, 32), std::pair(MapModel::Latitude, 14),
-                                          std::pair(MapModel::Longitude, 14), std::pair(MapModel::Date, 34)})
+    for (const auto &[column, letters] : {std::pair(MapModel::File, 32), std::pair(MapModel::Latitude, 18),
+                                          std::pair(MapModel::Longitude, 18), std::pair(MapModel::Date, 34)})
         _table->horizontalHeader()->resizeSection(column, letters * letter);
     _table->horizontalHeader()->setSectionResizeMode(MapModel::Place, QHeaderView::Stretch);
     _table->installEventFilter(this);

@@ -9,7 +9,7 @@ namespace quorvin {
 
 /// Cells of values, each in the direction of its own letters: "2.5 KB" stays as it is in a window that runs
 /// from the right. Main thread.
-class ValueDelegate final : public QStyledItemDelegate {
+class ValueDelegate : public QStyledItemDelegate {
     Q_OBJECT
 public:
     using QStyledItemDelegate::QStyledItemDelegate;

@@ -17,6 +17,8 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QGuiApplication>
+#include <QHeaderView>
+#include <QImage>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -131,6 +133,22 @@ TEST_F(PlacesWindow, CountsAndTableSelectTheirFiles)
     EXPECT_EQ(files.model()->index(0, MapModel::Latitude).data(), u"48.85770"_s);
     EXPECT_TRUE(spinUntil(
         [&] { return files.model()->index(0, MapModel::Place).data().toString().contains(u"France"_s); }));
+}
+
+TEST_F(PlacesWindow, NumbersEndBeforeTheTextBesideThem)
+{
+    QTableView &files = map->table();
+    const auto inkBefore = [](QWidget *part, int end, int y) {
+        const QImage air = part->grab({end - 16, y, 14, 10}).toImage();
+        return air.copy(1, 0, 13, 10) != air.copy(0, 0, 13, 10);
+    };
+    const QRect number = files.visualRect(files.model()->index(0, MapModel::Longitude));
+    EXPECT_FALSE(inkBefore(files.viewport(), number.right() + 1, number.center().y() - 5));
+    QHeaderView *header = files.horizontalHeader();
+    const int end = header->sectionViewportPosition(MapModel::Longitude) + number.width();
+    EXPECT_FALSE(inkBefore(header->viewport(), end, header->height() / 2 - 5)) << "as their names do";
+    const QRect text = files.visualRect(files.model()->index(0, MapModel::File));
+    EXPECT_TRUE(inkBefore(files.viewport(), text.left() + 30, text.center().y() - 5));
 }
 
 TEST_F(PlacesWindow, OnlyWhatIsInViewIsListedIfWanted)
