@@ -24,7 +24,7 @@ namespace quorvin {
 
 namespace {
 
-using Row = std::array<QString, 4>; ///< a fact and the words on it
+using FactRow = std::array<QString, 4>; ///< a fact and the words on it
 
 constexpr int kDecimals = 6;
 
@@ -145,12 +145,13 @@ bool saysSomething(const Fact &fact, const QString &word)
 }
 
 /// The rows under a heading; "" when there are none.
-QString section(const QString &heading, const std::vector<Row> &rows, const std::array<qsizetype, 4> &widths)
+QString section(const QString &heading, const std::vector<FactRow> &rows,
+                const std::array<qsizetype, 4> &widths)
 {
     if (rows.empty())
         return {};
     QString text = heading + u'\n';
-    for (const Row &row : rows) {
+    for (const FactRow &row : rows) {
         QString line = QStringLiteral("  ");
         for (std::size_t i = 0; i < row.size(); ++i)
             line += row[i].leftJustified(widths[i] + 2);
@@ -185,7 +186,7 @@ Expected<QString> enginesReport(const QString &path, oExifToolStayOpenProcess *e
     const auto image = imageOf(path, *file);
     const auto tags = ExifToolUtilities::plainTagsOfFile(path, tagsOfExifTool(), exifTool);
 
-    std::array<std::vector<Row>, 3> rows;
+    std::array<std::vector<FactRow>, 3> rows;
     std::array<qsizetype, 4> widths{};
     for (const Fact &fact : kFacts) {
         const EngineWords words{
@@ -198,15 +199,15 @@ Expected<QString> enginesReport(const QString &path, oExifToolStayOpenProcess *e
         const EngineVerdict verdict = verdictOn(fact, words);
         if (verdict == EngineVerdict::Silent)
             continue;
-        Row row{fact.name, words[0], words[1], words[2]};
+        FactRow row{fact.name, words[0], words[1], words[2]};
         for (std::size_t i = 0; i < row.size(); ++i) {
             row[i] = row[i].isEmpty() ? QStringLiteral("-") : row[i].simplified();
             widths[i] = std::max(widths[i], row[i].size());
         }
         rows[static_cast<std::size_t>(verdict)].push_back(std::move(row));
     }
-    const Row names{QString(), QStringLiteral("MediaInfo"), QStringLiteral("exiv2"),
-                    QStringLiteral("exiftool")};
+    const FactRow names{QString(), QStringLiteral("MediaInfo"), QStringLiteral("exiv2"),
+                        QStringLiteral("exiftool")};
     for (std::size_t i = 0; i < names.size(); ++i)
         widths[i] = std::max(widths[i], names[i].size());
     QString text = section({}, {names}, widths).sliced(1);

@@ -15,7 +15,7 @@ namespace quorvin {
 
 namespace {
 
-constexpr int kNumberAir = 12; ///< behind numbers, beside the margins of cells; device-independent pixels
+constexpr int kBehindNumbers = 12; ///< of air, beside the margins of cells; device-independent pixels
 
 bool hasAir(Qt::Alignment alignment)
 {
@@ -35,7 +35,7 @@ protected:
         // The room of a picture, and none in it.
         option->features |= QStyleOptionViewItem::HasDecoration;
         option->decorationPosition = QStyleOptionViewItem::Right;
-        option->decorationSize = {kNumberAir, 1};
+        option->decorationSize = {kBehindNumbers, 1};
     }
 };
 
@@ -72,7 +72,7 @@ private:
     /// As much as in the cells, where a picture has margins too.
     int air() const
     {
-        return kNumberAir
+        return kBehindNumbers
             + 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, parentWidget()) + 1);
     }
 };
