@@ -5,8 +5,10 @@
 
 #include "export/HtmlText.h"
 
+#include <QGuiApplication>
 #include <QLabel>
 #include <QScreen>
+#include <QStyle>
 #include <QTextDocument>
 #include <QTextLayout>
 #include <QToolTip>
@@ -49,9 +51,15 @@ QString plainTip(const QString &text, const QWidget &over)
     return plainTip(text, QToolTip::font(), over.screen()->availableGeometry().width() - kBesideTip);
 }
 
+Qt::Alignment alignedInWindow(Qt::Alignment alignment)
+{
+    return QStyle::visualAlignment(QGuiApplication::layoutDirection(), alignment) | Qt::AlignAbsolute;
+}
+
 QLabel *plainLabel(const QString &text)
 {
     auto *label = new QLabel;
+    label->setAlignment(alignedInWindow(Qt::AlignLeading | Qt::AlignVCenter));
     label->setTextFormat(Qt::PlainText);
     label->setText(text);
     return label;

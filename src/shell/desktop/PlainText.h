@@ -5,6 +5,7 @@
 
 #include <QMessageBox>
 #include <QString>
+#include <Qt>
 
 class QFont;
 class QLabel;
@@ -26,7 +27,11 @@ QString plainTip(const QString &text, const QFont &font, int width);
 /// The same for a tip over that widget, in lines that fit on its screen.
 QString plainTip(const QString &text, const QWidget &over);
 
-/// A label that shows its texts letter by letter.
+/// The alignment as the window's direction has it. A label by itself goes by the letters of its text, so that
+/// a name in other letters would leave its column.
+Qt::Alignment alignedInWindow(Qt::Alignment alignment);
+
+/// A label that shows its texts letter by letter, at the side where the window begins its lines.
 QLabel *plainLabel(const QString &text = {});
 
 /// A message of plain texts that belongs to the window, keeps nobody waiting, and goes when it is closed.

@@ -12,6 +12,7 @@ namespace quorvin {
 ElidedLabel::ElidedLabel(Qt::TextElideMode mode, QWidget *parent) : QLabel(parent), _mode(mode)
 {
     setTextFormat(Qt::PlainText);
+    setAlignment(alignedInWindow(Qt::AlignLeading | Qt::AlignVCenter));
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
 }
 

@@ -10,7 +10,6 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QStyle>
 
 #include <algorithm>
 
@@ -33,11 +32,9 @@ void FactList::addRow()
 {
     const Row row{plainLabel(), plainLabel()};
     row.label->setForegroundRole(QPalette::PlaceholderText);
-    row.label->setAlignment(_labelsAlignment | Qt::AlignTop);
+    row.label->setAlignment(alignedInWindow(_labelsAlignment | Qt::AlignTop));
     row.label->setBuddy(row.value);
-    // Beside its label, also where a value reads the other way.
-    row.value->setAlignment(QStyle::visualAlignment(QGuiApplication::layoutDirection(), Qt::AlignLeading)
-                            | Qt::AlignAbsolute | Qt::AlignTop);
+    row.value->setAlignment(alignedInWindow(Qt::AlignLeading | Qt::AlignTop));
     row.value->setWordWrap(true);
     row.value->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     row.value->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -86,7 +83,7 @@ void FactList::setLabelsAlignment(Qt::Alignment alignment)
 {
     _labelsAlignment = alignment;
     for (const Row &row : _rows)
-        row.label->setAlignment(alignment | Qt::AlignTop);
+        row.label->setAlignment(alignedInWindow(alignment | Qt::AlignTop));
 }
 
 void FactList::setLabelsWidth(int width)

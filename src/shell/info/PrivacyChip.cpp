@@ -72,7 +72,7 @@ void PrivacyChip::setKinds(const std::vector<PrivateKind> &kinds, bool canBeRemo
 
 void PrivacyChip::setLabelsAlignment(Qt::Alignment alignment)
 {
-    _label->setAlignment(alignment | Qt::AlignVCenter);
+    _label->setAlignment(alignedInWindow(alignment | Qt::AlignVCenter));
 }
 
 void PrivacyChip::setLabelsWidth(int width)

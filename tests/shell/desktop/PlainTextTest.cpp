@@ -3,7 +3,10 @@
 
 #include "shell/desktop/PlainText.h"
 
+#include <QGuiApplication>
+#include <QImage>
 #include <QLabel>
+#include <QScopeGuard>
 #include <QTextDocument>
 #include <QWidget>
 
@@ -33,6 +36,29 @@ TEST(PlainText, MessagesShowTheirTextsAsTheyAre)
     EXPECT_FALSE(message->informativeText().contains(u"<img"_s));
     const std::unique_ptr<QLabel> label(plainLabel(u"<b>x"_s));
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
+}
+
+TEST(PlainText, LabelsBeginWhereLinesOfTheWindowDo)
+{
+    const auto back = qScopeGuard([] { QGuiApplication::setLayoutDirection(Qt::LeftToRight); });
+    for (const Qt::LayoutDirection direction : {Qt::LeftToRight, Qt::RightToLeft}) {
+        QGuiApplication::setLayoutDirection(direction);
+        for (const QString &text : {u"name"_s, u"שם"_s}) {
+            const std::unique_ptr<QLabel> label(plainLabel(text));
+            label->resize(400, 40);
+            const QImage drawn = label->grab().toImage();
+            const int half = drawn.width() / 2;
+            const QImage left = drawn.copy(0, 0, half, drawn.height());
+            const QImage right = drawn.copy(half, 0, half, drawn.height());
+            const auto isBlank = [](const QImage &part) {
+                QImage blank(part);
+                blank.fill(part.pixelColor(part.width() / 2, 0));
+                return blank == part;
+            };
+            EXPECT_EQ(isBlank(left), direction == Qt::RightToLeft) << text.toStdString();
+            EXPECT_EQ(isBlank(right), direction == Qt::LeftToRight) << text.toStdString();
+        }
+    }
 }
 
 } // namespace quorvin
