@@ -284,7 +284,7 @@ tl::unexpected<Error> ReaderConnection::lose(FailureKind kind)
 {
     const auto status = _reader->kill();
     const bool lacksMemory = status && WIFEXITED(*status) && WEXITSTATUS(*status) == kOutOfMemoryStatus;
-    const auto lost = failure(lacksMemory ? FailureKind::TooMuchMemory : kind);
+    auto lost = failure(lacksMemory ? FailureKind::TooMuchMemory : kind);
     _reader.reset();
     qCInfo(lcQuorvin).noquote() << "Reader" << lost.value().description;
     return lost;
