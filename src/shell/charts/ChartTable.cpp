@@ -3,8 +3,6 @@
 
 #include "shell/charts/ChartTable.h"
 
-#include "shell/desktop/ValueDelegate.h"
-
 #include <QHeaderView>
 #include <QTableView>
 
@@ -13,7 +11,6 @@ namespace quorvin {
 void setUpChartTable(QTableView &table, QAbstractItemModel *model, const QString &accessibleName)
 {
     table.setModel(model);
-    table.setItemDelegate(new ValueDelegate(&table));
     table.setAccessibleName(accessibleName);
     table.setSelectionBehavior(QAbstractItemView::SelectRows);
     table.setAlternatingRowColors(true);

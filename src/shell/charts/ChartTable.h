@@ -10,7 +10,8 @@ class QTableView;
 namespace quorvin {
 
 /// Makes a table the one beside a chart: it shows rows of the model, which are chosen as a whole, each of one
-/// line of the window's letters. The table stands in its window already. Main thread.
+/// line of the window's letters. The table stands in its window already, with the header that it is to have;
+/// what draws its values comes from the caller. Main thread.
 void setUpChartTable(QTableView &table, QAbstractItemModel *model, const QString &accessibleName);
 
 } // namespace quorvin

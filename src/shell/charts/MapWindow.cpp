@@ -200,8 +200,8 @@ void MapWindow::connectParts()
 
 void MapWindow::connectTable()
 {
-    setUpChartTable(*_table, _model, tr("Files on the map"));
     giveNumbersAir(*_table);
+    setUpChartTable(*_table, _model, tr("Files on the map"));
     _table->setContextMenuPolicy(Qt::CustomContextMenu);
     const int letter = fontMetrics().averageCharWidth();
     for (const auto &[column, letters] : {std::pair(MapModel::File, 32), std::pair(MapModel::Latitude, 18),

@@ -41,11 +41,7 @@ protected:
 
 class AiryHeader final : public QHeaderView {
 public:
-    explicit AiryHeader(QWidget *parent) : QHeaderView(Qt::Horizontal, parent)
-    {
-        setSectionsClickable(true);
-        setHighlightSections(false);
-    }
+    explicit AiryHeader(QWidget *parent) : QHeaderView(Qt::Horizontal, parent) { setSectionsClickable(true); }
 
 protected:
     void paintSection(QPainter *painter, const QRect &rect, int column) const override
@@ -81,7 +77,6 @@ private:
 
 void giveNumbersAir(QTableView &table)
 {
-    table.itemDelegate()->deleteLater();
     table.setItemDelegate(new AiryDelegate(&table));
     table.setHorizontalHeader(new AiryHeader(&table));
 }

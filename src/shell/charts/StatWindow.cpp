@@ -10,6 +10,7 @@
 #include "shell/desktop/AccessibleRole.h"
 #include "shell/desktop/Counts.h"
 #include "shell/desktop/PlainText.h"
+#include "shell/desktop/ValueDelegate.h"
 #include "shell/filelist/FilelistController.h"
 #include "statistics/CountText.h"
 
@@ -177,6 +178,7 @@ void StatWindow::connectTable()
 {
     connect(_plot, &CountPlot::isCutDidChange, this, &StatWindow::showNote);
     setUpChartTable(*_table, _model, tr("Counts"));
+    _table->setItemDelegate(new ValueDelegate(_table));
     QHeaderView *header = _table->horizontalHeader();
     // Columns are as wide as the rows in sight want them: a count has thousands.
     header->setResizeContentsPrecision(0);
